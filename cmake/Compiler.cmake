@@ -1,0 +1,22 @@
+# Compiler settings of every target: the language, the warnings, and the floating-point rules that keep the
+# same bits on every run. No contraction and no fast-math anywhere: a fused multiply-add would change last bits.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror=switch -ffp-contract=off)
+if(KORVA_WERROR)
+  add_compile_options(-Werror)
+endif()
+
+# The floating-point flags are read after a calculation, so no operation may be executed that the code does not
+# ask for. GCC keeps to that by default; Clang has to be told.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  add_compile_options(-ffp-exception-behavior=maytrap)
+endif()
+
+if(KORVA_SANITIZE)
+  add_compile_options(-fsanitize=${KORVA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${KORVA_SANITIZE})
+endif()

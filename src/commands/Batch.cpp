@@ -1,0 +1,133 @@
+#include "commands/Batch.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cctype>
+#include <filesystem>
+#include <mutex>
+#include <thread>
+
+#include <fmt/format.h>
+
+#include "commands/FileCommands.h"
+#include "files/ProjectFile.h"
+#include "input/FormNotices.h"
+
+namespace korva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A batch asks nobody: messages are told by the rows.
+class SilentMessages final : public MessagePort {
+ public:
+  MessageAnswer Show(const Message&) override { return MessageAnswer::kCancel; }
+};
+
+bool IsProjectFile(const fs::directory_entry& entry) {
+  std::string extension = entry.path().extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  std::error_code ignored;
+  return extension == fmt::format(".{}", kProjectExtension) && entry.is_regular_file(ignored);
+}
+
+void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project) {
+  row.SFKorva = evaluated.Run.Out.SFKorva;
+  row.BarrierSF = evaluated.Run.Out.BarrierSF;
+  row.RemnantSF = evaluated.Run.Out.RemnantSF;
+  row.RoundedSF = evaluated.Rules.Facts.SF;
+  row.LoadCond = evaluated.Run.Work.LoadCond;
+  row.LastCase = LastCaseShown(project, evaluated.Run.Work);
+  const auto& flags = evaluated.Rules.RuleFlags;
+  for (int flag = flags.kFirst; flag <= flags.kLast; ++flag) {
+    if (flags[flag]) {
+      row.RuleFlags.push_back(flag);
+    }
+  }
+}
+
+BatchRow EvaluateFile(const std::string& file, const Settings& settings, std::optional<std::int16_t> calcMode) {
+  BatchRow row;
+  row.File = file;
+  Korva korva;
+  korva.Preferences = settings;
+  korva.ProjectFileName = file;
+  SilentMessages silent;
+  try {
+    row.ForeignFile = !FileOpen(korva, silent);
+    if (row.ForeignFile) {
+      return row;
+    }
+    for (const FileNotice& notice : korva.FileNotices) {
+      row.Notices.push_back(fmt::format("line {}: {}", notice.line, notice.text));
+    }
+    Project& project = korva.ProjectCalc;
+    project.CalcMode = calcMode.value_or(project.CalcMode);
+    row.Title = korva.Stored.ProjectTitle;
+    row.Units = korva.Stored.ProjectUnits;
+    row.CalcMode = project.CalcMode;
+    Evaluated evaluated = EvaluateProject(project, row.Units, settings.Options);
+    row.Refusal = std::move(evaluated.Refusal);
+    if (!row.Refusal) {
+      FillRun(row, evaluated, project);
+      const auto notices = FormNotices(project);
+      row.Notices.insert(row.Notices.end(), notices.begin(), notices.end());
+    }
+  } catch (const RuntimeError& error) {
+    row.Error = error;
+  } catch (const std::bad_alloc&) {
+    row.Error = RuntimeError(ErrorNumber::kOutOfMemory, file);
+  }
+  return row;
+}
+
+}  // namespace
+
+std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths) {
+  std::vector<std::string> files;
+  for (const std::string& path : paths) {
+    std::error_code failure;
+    if (!fs::is_directory(path, failure)) {
+      files.push_back(path);
+      continue;
+    }
+    fs::recursive_directory_iterator entry(path, fs::directory_options::skip_permission_denied, failure);
+    for (; !failure && entry != fs::end(entry); entry.increment(failure)) {
+      if (IsProjectFile(*entry)) {
+        files.push_back(entry->path().string());
+      }
+    }
+    if (failure) {
+      files.push_back(path);  // its row tells why it could not be walked
+    }
+  }
+  std::sort(files.begin(), files.end());
+  files.erase(std::unique(files.begin(), files.end()), files.end());
+  return files;
+}
+
+std::vector<BatchRow> RunBatch(const std::vector<std::string>& files, const Settings& settings,
+                               std::optional<std::int16_t> calcMode, unsigned jobs, ProgressPort& progress) {
+  std::vector<BatchRow> rows(files.size());
+  std::atomic<std::size_t> next = 0;
+  std::mutex reporting;
+  std::size_t done = 0;
+  const auto work = [&] {
+    for (std::size_t i = next++; i < files.size(); i = next++) {
+      rows[i] = EvaluateFile(files[i], settings, calcMode);
+      const std::scoped_lock lock(reporting);
+      progress.Advance(++done, files.size());
+    }
+  };
+  std::vector<std::jthread> threads;
+  for (unsigned job = 1; job < std::min<std::size_t>(jobs, files.size()); ++job) {
+    threads.emplace_back(work);
+  }
+  work();
+  threads.clear();  // waits for all
+  return rows;
+}
+
+}  // namespace korva

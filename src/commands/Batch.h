@@ -1,0 +1,44 @@
+// Many projects at once, one row a project.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/Progress.h"
+#include "core/RuntimeError.h"
+#include "core/Settings.h"
+#include "commands/Calculate.h"
+
+namespace korva {
+
+// What became of one project file. Without refusal and error, `Result` holds its run.
+struct BatchRow {
+  std::string File;
+  std::string Title;
+  std::int16_t Units = 0;
+  std::int16_t CalcMode = 0;
+  std::optional<std::string> Refusal;
+  std::optional<RuntimeError> Error;
+  bool ForeignFile = false;          // of no project format
+  std::vector<std::string> Notices;  // what was odd in the file, and what the input form would refuse
+  // What the table shows of a run.
+  ByCase<double> SFKorva;
+  ByCase<BySide<double>> BarrierSF;
+  BySide<double> RemnantSF;
+  ByCase<float> RoundedSF;
+  int LoadCond = 0;
+  int LastCase = kDevelopment;  // the last case that the pages show
+  std::vector<int> RuleFlags;   // indices of the flags that are set
+};
+
+// The project files that `paths` name: a folder stands for all files in it and below it with the project extension in
+// any letter case. In name order, none twice.
+std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths);
+
+// Evaluates each file, on `jobs` threads, in the order of `files`. No fault of one file touches another.
+std::vector<BatchRow> RunBatch(const std::vector<std::string>& files, const Settings& settings,
+                               std::optional<std::int16_t> calcMode, unsigned jobs, ProgressPort& progress);
+
+}  // namespace korva

@@ -1,0 +1,88 @@
+#include "commands/Calculate.h"
+
+#include "core/Description.h"
+#include "core/RuntimeError.h"
+#include "model/KORVAmodel.h"
+#include "reports/Reports.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::string_view kEmptyFile = "Current file is empty";
+
+// The plan view's single-precision copies: the same spacing in every slot.
+void FillPlotCopies(Korva& korva) {
+  for (int i = 1; i < korva.ProjectCalc.NumberEntries; ++i) {
+    korva.PlotXcutSpacing[i] = static_cast<float>(korva.ProjectCalc.XcutSpacing);
+    korva.PlotXcutAngle = static_cast<float>(korva.ProjectCalc.XcutAngle);
+  }
+}
+
+struct PageSet {
+  OutputPages Pages;
+  std::string WarningText;
+};
+
+PageSet BuildPages(const Korva& korva, const Evaluated& evaluated) {
+  const OptionSettings& options = korva.Preferences.Options;
+  const Project& project = korva.ProjectCalc;
+  WarningTexts warnings = ComposeWarnings(evaluated.Rules, project, korva.Stored.ProjectUnits);
+  const OutputResults output =
+      ConvertResultUnits(evaluated.Run, {options.OutputStrUnits, options.OutputStrGradUnits});
+  PageSet set;
+  set.Pages[1] = ReportStabilityFactors(evaluated.Run, project, evaluated.Rules, warnings.Page);
+  set.Pages[2] = ReportAMZ(output, project);
+  set.Pages[3] = ReportPillars(output, options);
+  set.Pages[4] = ReportBarriers(output, project);
+  set.Pages[5] = ReportRemnants(output, project);
+  set.Pages[0] = InputEcho(korva.Stored, project, korva.ProjectFileName, options);
+  set.WarningText = std::move(warnings.Popup);
+  return set;
+}
+
+}  // namespace
+
+Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options) {
+  Evaluated evaluated;
+  Prepared prepared = PrepareCalculation(project, units);
+  evaluated.Refusal = std::move(prepared.Refusal);
+  if (evaluated.Refusal) {
+    return evaluated;
+  }
+  if (project.CalcMode != kTraditionalModel) {
+    throw RuntimeError(ErrorNumber::kFileNotFound,
+                       "the laminated overburden model is not part of this version yet; only the traditional loading "
+                       "model can be calculated");
+  }
+  evaluated.Run = prepared.Run;
+  RunCalculation(evaluated.Run);
+  evaluated.Rules = EvaluateRules(project, evaluated.Run, options.RoundKORVASF);
+  return evaluated;
+}
+
+bool CalculateStabilityFactors(Korva& korva, MessagePort& messages, std::optional<std::int16_t> calcMode) {
+  if (korva.ProjectEmpty) {
+    ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}});
+    return false;
+  }
+  korva.OutPageLast = OutputPages::kLast;
+  korva.ProjectCalc = korva.Stored.ProjectInput;
+  if (calcMode) {
+    korva.ProjectCalc.CalcMode = *calcMode;
+  }
+  FillPlotCopies(korva);
+  const Evaluated evaluated = EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
+  if (evaluated.Refusal) {
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
+    return false;
+  }
+  NormalizeDescription(korva.Stored);
+  PageSet set = BuildPages(korva, evaluated);
+  korva.OutBuf = std::move(set.Pages);
+  korva.WarningText = std::move(set.WarningText);
+  HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
+  return true;
+}
+
+}  // namespace korva

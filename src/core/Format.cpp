@@ -1,0 +1,118 @@
+#include "core/Format.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "core/RuntimeError.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::string_view kScientific = "#.00E+00";
+constexpr int kScientificDigits = 3;
+
+// The digits of a number and the power of ten of the first one.
+struct Decimal {
+  bool negative = false;
+  std::string digits;
+  int exponent = 0;
+
+  bool IsZero() const { return digits.find_first_not_of('0') == std::string::npos; }
+};
+
+Decimal ToDecimal(double value, int significant) {
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, std::abs(value), std::chars_format::scientific,
+                                 significant - 1)
+                       .ptr;
+  const char* mark = std::find(static_cast<const char*>(text), static_cast<const char*>(end), 'e');
+  Decimal decimal;
+  decimal.negative = std::signbit(value);
+  decimal.digits.assign(text, 1).append(static_cast<const char*>(text) + 2, mark);
+  std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, decimal.exponent);
+  return decimal;
+}
+
+// Keeps the first `kept` digits, rounded half away from zero. A carry out of the first digit raises the exponent and
+// is one digit more.
+void RoundDigits(Decimal& decimal, int kept) {
+  if (kept >= static_cast<int>(decimal.digits.size())) {
+    return;
+  }
+  const bool up = kept >= 0 && decimal.digits[static_cast<std::size_t>(kept)] >= '5';
+  decimal.digits.resize(static_cast<std::size_t>(std::max(kept, 0)));
+  if (!up) {
+    return;
+  }
+  for (auto digit = decimal.digits.rbegin(); digit != decimal.digits.rend(); ++digit) {
+    if (*digit != '9') {
+      ++*digit;
+      return;
+    }
+    *digit = '0';
+  }
+  decimal.digits.insert(0, 1, '1');
+  ++decimal.exponent;
+}
+
+std::string FixedText(Decimal decimal, int decimals) {
+  RoundDigits(decimal, decimal.exponent + decimals + 1);
+  std::string text = decimal.negative && !decimal.IsZero() ? "-" : "";
+  // The digit of power of ten `power`.
+  const auto digit = [&decimal](int power) {
+    const int at = decimal.exponent - power;
+    return at >= 0 && at < static_cast<int>(decimal.digits.size()) ? decimal.digits[static_cast<std::size_t>(at)] : '0';
+  };
+  for (int power = std::max(decimal.exponent, 0); power >= 0; --power) {
+    text += digit(power);
+  }
+  if (decimals > 0) {
+    text += '.';
+  }
+  for (int power = -1; power >= -decimals; --power) {
+    text += digit(power);
+  }
+  return text;
+}
+
+std::string ScientificText(Decimal decimal) {
+  if (decimal.IsZero()) {
+    return ".00E+00";
+  }
+  RoundDigits(decimal, kScientificDigits);
+  return fmt::format("{}{}.{}E{}{:02}", decimal.negative ? "-" : "", decimal.digits[0],
+                     std::string_view(decimal.digits).substr(1, kScientificDigits - 1),
+                     decimal.exponent < 0 ? '-' : '+', std::abs(decimal.exponent));
+}
+
+std::string FormatDigits(double value, int significant, std::string_view pattern) {
+  if (!std::isfinite(value)) {
+    throw RuntimeError(ErrorNumber::kOverflow, "a result has no finite value");
+  }
+  const Decimal decimal = ToDecimal(value, significant);
+  if (pattern == kScientific) {
+    return ScientificText(decimal);
+  }
+  const auto point = std::min(pattern.find('.'), pattern.size());
+  const bool fixed = point > 0 && pattern[point - 1] == '0' && pattern.find_first_not_of("#0.") == pattern.npos &&
+                     pattern.find('#', point) == pattern.npos;
+  if (!fixed) {
+    throw RuntimeError(ErrorNumber::kInvalidCall, "the number pattern " + std::string(pattern));
+  }
+  const std::size_t decimals = point < pattern.size() ? pattern.size() - point - 1 : 0;
+  return FixedText(decimal, static_cast<int>(decimals));
+}
+
+}  // namespace
+
+std::string Format(double value, std::string_view pattern) { return FormatDigits(value, 15, pattern); }
+
+std::string Format(float value, std::string_view pattern) {
+  return FormatDigits(static_cast<double>(value), 7, pattern);
+}
+
+}  // namespace korva

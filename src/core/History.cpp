@@ -1,0 +1,38 @@
+#include "core/History.h"
+
+#include <fmt/format.h>
+
+#include "core/Text.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::int16_t kLastNumber = 16384;
+constexpr int kLinesKept = 2;
+
+void CutToLastLines(std::string& text) {
+  std::size_t lines = 0;
+  for (auto at = text.find(kLineEnd); at != std::string::npos; at = text.find(kLineEnd, at + kLineEnd.size())) {
+    ++lines;
+  }
+  for (; lines > kLinesKept; --lines) {
+    text.erase(0, text.find(kLineEnd) + kLineEnd.size());
+  }
+}
+
+}  // namespace
+
+void HistoryLog(History& history, const Settings& settings, std::string_view text) {
+  if (settings.DisplayHistoryWin != 1) {
+    return;
+  }
+  if (CharacterCount(history.Text) >= static_cast<std::size_t>(settings.MaxDisplaySize)) {
+    CutToLastLines(history.Text);
+  }
+  history.HistoryCounter =
+      history.HistoryCounter >= kLastNumber ? std::int16_t{1} : static_cast<std::int16_t>(history.HistoryCounter + 1);
+  history.Text += fmt::format("{}. {}{}", history.HistoryCounter, text, kLineEnd);
+}
+
+}  // namespace korva

@@ -1,0 +1,21 @@
+// The history of a session: numbered lines, kept to a size.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/Settings.h"
+
+namespace korva {
+
+struct History {
+  std::string Text;
+  std::int16_t HistoryCounter = 0;
+};
+
+// Appends the next number, ". ", `text` and CR LF if DisplayHistoryWin is 1, else nothing. A history of
+// MaxDisplaySize characters or more is first cut to its last two lines. Numbers restart at 1 after 16384.
+void HistoryLog(History& history, const Settings& settings, std::string_view text);
+
+}  // namespace korva

@@ -1,0 +1,53 @@
+// The program's state. Each program makes one and hands it on; only commands and forms see the whole of it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/FileNotice.h"
+#include "core/History.h"
+#include "core/IndexedArray.h"
+#include "core/Messages.h"
+#include "core/Project.h"
+#include "core/Settings.h"
+
+namespace korva {
+
+inline constexpr std::string_view kProgramTitle = "Korva Panel Review - Laminated Overburden";
+inline constexpr std::string_view kUntitled = "Untitled";
+
+// The six output pages; page 0 is the input echo.
+using OutputPages = IndexedArray<std::string, 0, 5>;
+
+struct Korva {
+  // The open project: what its file holds, and the values around it.
+  StoredProject Stored;
+  std::string ProjectFileName{kUntitled};
+  std::string ProjectPreviousFileName;
+  bool ProjectSaved = true;
+  bool ProjectEmpty = true;
+  bool ProjectUnitsLocked = false;
+  std::int16_t ProjectFileMode = 0;
+  std::int16_t ProjectFormatVersion = 0;
+  std::vector<FileNotice> FileNotices;  // what the open file held beyond what was read
+
+  // The working copy that a calculation reads; never saved.
+  Project ProjectCalc;
+
+  // Single-precision copies for the plan view.
+  IndexedArray<float, 1, 10> PlotXcutSpacing;
+  float PlotXcutAngle = 0;
+
+  // The last run's output. An empty WarningText means no popup.
+  OutputPages OutBuf;
+  std::int16_t OutPageLast = 5;
+  std::string WarningText;
+
+  Settings Preferences;
+  History SessionHistory;
+  MessageTitles Titles;
+};
+
+}  // namespace korva

@@ -1,0 +1,46 @@
+// The one road to a person: messages and questions, with their titles.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korva {
+
+struct Korva;
+
+enum class MessageButtons { kOk, kYesNo, kYesNoDefaultNo, kRetryCancel };
+enum class MessageIcon { kNone, kCritical };
+enum class MessageAnswer { kOk = 1, kCancel = 2, kRetry = 4, kYes = 6, kNo = 7 };
+
+struct Message {
+  std::string text;
+  MessageButtons buttons = MessageButtons::kOk;
+  MessageIcon icon = MessageIcon::kNone;
+  std::string title;
+};
+
+// What shows a message: a box of the desktop, the terminal of the command, a script of answers in tests.
+class MessagePort {
+ public:
+  virtual ~MessagePort() = default;
+  // Returns the button pressed.
+  virtual MessageAnswer Show(const Message& message) = 0;
+};
+
+// The titles of a window's messages.
+struct MessageTitles {
+  std::string TitleMessage = "Message";
+  std::string TitleRangeError = "Range Error";
+  std::string TitleRangeWarning = "Range Warning";
+  std::string TitleInvalidCharacter = "Invalid Character";
+  std::string TitleError = "Error";
+  std::string TitleLogicError = "Logic Error";
+};
+
+// The titles with the prefix of `slot` (1 to 13); run-time error 9 beyond.
+MessageTitles MessageTitlesOf(int slot);
+
+// Writes the message to the history, then shows it; an empty title becomes the program's title.
+MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message);
+
+}  // namespace korva

@@ -1,0 +1,19 @@
+// Reading a number out of a text, with a point as separator whatever the locale.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace korva {
+
+struct ParsedNumber {
+  std::size_t length = 0;  // characters of the number; 0 if the text does not begin with one
+  double value = 0;        // the largest number with the sign of the text if `overflow`
+  bool overflow = false;
+};
+
+// The number at the very start of `text`: a sign, digits with at most one point among them, and an exponent. Words
+// such as "inf" and "nan" are no numbers. A number too small to be told from 0 is 0.
+ParsedNumber ParseNumberPrefix(std::string_view text);
+
+}  // namespace korva

@@ -1,0 +1,54 @@
+#include "core/NumberText.h"
+
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "core/RuntimeError.h"
+
+namespace korva {
+
+namespace {
+
+std::string General(double value, int digits) {
+  if (!std::isfinite(value)) {
+    throw RuntimeError(ErrorNumber::kOverflow, "a number without a finite value has no text");
+  }
+  return value == 0 ? "0" : fmt::format("{:.{}G}", value, digits);
+}
+
+std::string Padded(std::string digits) {
+  return (digits.front() == '-' ? digits : " " + digits) + " ";
+}
+
+}  // namespace
+
+std::string GeneralText(double value) { return General(value, 15); }
+
+std::string GeneralText(float value) { return General(static_cast<double>(value), 7); }
+
+std::string PaddedText(std::int16_t value) { return Padded(fmt::format("{}", value)); }
+
+std::string PaddedText(float value) { return Padded(GeneralText(value)); }
+
+double RoundHalfEven(double value, int decimals) {
+  static constexpr double kScales[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+  const double scale = kScales[decimals];
+  const double scaled = value * scale;
+  if (!(std::abs(scaled) < 0x1p52)) {
+    return value;  // no fraction left at this size
+  }
+  double rounded = std::nearbyint(scaled);
+  if (std::abs(scaled - rounded) == 0.5) {
+    // The product looks like a tie; what the multiplication rounded away decides.
+    const double rest = std::fma(value, scale, -scaled);
+    if (rest > 0) {
+      rounded = std::ceil(scaled);
+    } else if (rest < 0) {
+      rounded = std::floor(scaled);
+    }
+  }
+  return rounded / scale;
+}
+
+}  // namespace korva

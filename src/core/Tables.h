@@ -1,0 +1,54 @@
+// Text tables that reports, forms and messages share.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace korva {
+
+// The kind of a quantity, a row of the unit label table.
+enum class UnitKind {
+  kLength = 0,
+  kStrength = 1,
+  kUnitWeight = 2,
+  kMetricStress = 4,
+  kMetricLoad = 5,
+};
+
+// The label behind a field's name in unit system `units` (0 or 1), such as " (ft)". Run-time error 9 for another
+// system.
+std::string_view UnitLabel(UnitKind kind, std::int16_t units);
+
+// A label without its leading blank and without its parentheses: "ft".
+std::string_view BareUnit(std::string_view label);
+
+// By LoadingCondition 0 to 3.
+inline constexpr std::array<std::string_view, 4> kLoadingConditionTitles = {
+    "DEVELOPMENT LOAD (NO NEARBY GOB)", "ONE ACTIVE RETREAT SECTION", "ONE ACTIVE SECTION AND ONE SIDE GOB",
+    "ONE ACTIVE SECTION AND TWO SIDE GOBS"};
+
+// By side, the first side gob first.
+inline constexpr std::array<std::string_view, 2> kBarrierTitles = {"FIRST SIDE GOB BARRIER",
+                                                                   "SECOND SIDE GOB BARRIER"};
+inline constexpr std::array<std::string_view, 2> kFirstSecond = {"First", "Second"};
+inline constexpr std::array<std::string_view, 2> kRowLetters = {"C", "D"};
+inline constexpr std::array<std::string_view, 2> kBleederNotes = {
+    " *Includes contribution from row 'C' bleeder pillar", "**Includes contribution from row 'D' bleeder pillar"};
+
+// By case, development first.
+inline constexpr std::array<std::string_view, 2> kStageTitles = {"Development", "Retreat"};
+inline constexpr std::array<std::string_view, 2> kModelStageTitles = {"Development (KORVA)", "Retreat (KORVA)"};
+
+// By case and number of side gobs: development with one, with two, retreat with one, with two.
+inline constexpr std::array<std::string_view, 4> kSideGobNotes = {
+    "*Development loading includes one side gob.", "*Development loading includes two side gobs.",
+    "*Retreat loading includes one side gob.", "*Retreat loading includes two side gobs."};
+
+inline constexpr std::array<std::string_view, 2> kNoYes = {"no", "yes"};
+
+// Names for people, by unit system and by overburden model.
+inline constexpr std::array<std::string_view, 2> kUnitSystemNames = {"English", "Metric"};
+inline constexpr std::array<std::string_view, 3> kModelNames = {"traditional", "laminated", "compared"};
+
+}  // namespace korva

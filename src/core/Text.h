@@ -1,0 +1,39 @@
+// Texts in characters: lengths, padding, trimming and wrapping. Texts are UTF-8; a width counts characters, and a
+// byte that belongs to no valid character counts as one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace korva {
+
+inline constexpr std::string_view kLineEnd = "\r\n";
+
+std::size_t CharacterCount(std::string_view text);
+
+// The byte position at which character number `characters` (from 0) begins, or the length if there are fewer.
+std::size_t BytesOfCharacters(std::string_view text, std::size_t characters);
+
+// Without blanks (and only blanks) at both ends.
+std::string_view Trimmed(std::string_view text);
+
+// `text` with blanks in front, blanks behind, or dots behind up to `width`. A longer text is returned whole.
+std::string PadLeft(std::string_view text, std::size_t width);
+std::string PadRight(std::string_view text, std::size_t width);
+std::string DotPad(std::string_view text, std::size_t width);
+
+// `text` broken at blanks into lines of at most `width` characters, each with a line end, the last one too. A word
+// longer than the width loses its front to "...". A width of 20 or less returns the text unchanged.
+std::string WrapText(std::string_view text, std::size_t width);
+
+// One line of a text without its end, and what stands behind it. CR LF, CR and LF end a line.
+struct SplitLine {
+  std::string_view line;
+  std::string_view rest;
+  bool ended = false;  // false if the text stops without a line end
+};
+SplitLine TakeLine(std::string_view text);
+
+}  // namespace korva

@@ -1,0 +1,15 @@
+// The program's version.
+#pragma once
+
+#include <string>
+
+namespace korva {
+
+inline constexpr int kVersionMajor = 1;
+inline constexpr int kVersionMinor = 1;
+inline constexpr int kVersionRevision = 5;
+
+// "1.1.05" if `separated`, for people; else "1105", the form that versions are compared in.
+std::string ProgramVersionText(bool separated);
+
+}  // namespace korva

@@ -1,0 +1,110 @@
+#include "files/OptionsFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <variant>
+
+#include "core/NumberParsing.h"
+#include "core/Text.h"
+#include "files/UtilINI.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::string_view kSection = "KORVAOptions";
+
+struct Option {
+  std::string_view key;
+  std::variant<std::int16_t OptionSettings::*, float OptionSettings::*> member;
+  double missing;  // the value of a missing key
+  double low = 0;
+  double high = 1;
+};
+
+// Cell sizes have no upper bound; 0, and what lies below, becomes the factory value.
+constexpr double kNoBound = 32767;
+// Percentages of a swept range, read as whole numbers though they are held as fractions.
+constexpr double kLargestRange = 150;
+
+constexpr auto kOptions = std::to_array<Option>({
+    {"OutputStrUnits", &OptionSettings::OutputStrUnits, 0},
+    {"OutputStrGradUnits", &OptionSettings::OutputStrGradUnits, 0},
+    {"ShowInputScreenOnLoad", &OptionSettings::ShowInputScreenOnLoad, 0},
+    {"IssueWarningCancel", &OptionSettings::IssueWarningCancel, 1},
+    {"ViewChildWindow", &OptionSettings::ViewChildWindow, 1},
+    {"PrintModuleHeader", &OptionSettings::PrintModuleHeader, 1},
+    {"PlotEntryDims", &OptionSettings::PlotEntryDims, 1},
+    {"PlotXcutDims", &OptionSettings::PlotXcutDims, 1},
+    {"PlotGobDims", &OptionSettings::PlotGobDims, 1},
+    {"PlotSingleXcutDims", &OptionSettings::PlotSingleXcutDims, 1},
+    {"PlotGobExtLoose", &OptionSettings::PlotGobExtLoose, 1},
+    {"PlotRangeMin", &OptionSettings::PlotRangeMin, 100, 0, kLargestRange},
+    {"PlotRangeMax", &OptionSettings::PlotRangeMax, 150, 0, kLargestRange},
+    {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, 1},
+    {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, 1},
+    {"RoundKORVASF", &OptionSettings::RoundKORVASF, 0, 0, 2},
+    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, 1, kNoBound},
+    {"CellSizeMetric", &OptionSettings::CellSizeMetric, 0.5, 0, kNoBound},
+    {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, 0},
+    {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, 0},
+    {"Strond2DViewOutput", &OptionSettings::Strond2DViewOutput, 0},
+    {"iOptDir", &OptionSettings::iOptDir, 1, 0, 3},
+});
+
+// Stores `value`, whole numbers to the nearest; false if it lay outside its range.
+bool Store(OptionSettings& options, const Option& option, double value) {
+  const bool cellSize = option.high == kNoBound;
+  const bool whole = std::holds_alternative<std::int16_t OptionSettings::*>(option.member);
+  const double number = whole ? std::nearbyint(value) : value;
+  const bool inside = cellSize ? number > 0 && number <= option.high : number >= option.low && number <= option.high;
+  const double kept = inside ? number : cellSize ? option.missing : option.low;
+  std::visit(
+      [&options, kept](auto member) {
+        options.*member = static_cast<std::remove_reference_t<decltype(options.*member)>>(kept);
+      },
+      option.member);
+  return inside;
+}
+
+bool SameKey(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+    return std::tolower(x) == std::tolower(y);
+  });
+}
+
+}  // namespace
+
+OptionSettings ReadOptions(std::string_view text) {
+  OptionSettings options;
+  for (const Option& option : kOptions) {
+    const auto value = FindIniValue(text, kSection, option.key);
+    const double number = value && !value->empty() ? ParseNumberPrefix(*value).value : option.missing;
+    Store(options, option, option.high == kLargestRange ? std::nearbyint(number) : number);
+  }
+  if (options.PlotRangeMin == options.PlotRangeMax) {
+    options.PlotRangeMin = OptionSettings{}.PlotRangeMin;
+    options.PlotRangeMax = OptionSettings{}.PlotRangeMax;
+  }
+  return options;
+}
+
+OptionChange SetOption(OptionSettings& options, std::string_view key, std::string_view value) {
+  const auto* option =
+      std::find_if(kOptions.begin(), kOptions.end(), [key](const Option& o) { return SameKey(o.key, Trimmed(key)); });
+  if (option == kOptions.end()) {
+    return OptionChange::kUnknownKey;
+  }
+  const std::string_view number = Trimmed(value);
+  const ParsedNumber parsed = ParseNumberPrefix(number);
+  if (parsed.length == 0 || parsed.length != number.size()) {
+    return OptionChange::kNoNumber;
+  }
+  return Store(options, *option, parsed.value) ? OptionChange::kDone : OptionChange::kReset;
+}
+
+}  // namespace korva

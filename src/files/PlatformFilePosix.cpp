@@ -1,0 +1,214 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "core/RuntimeError.h"
+#include "files/PlatformFile.h"
+
+namespace korva {
+
+namespace {
+
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd = -1) : fd_(fd) {}
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+  }
+  ~Descriptor() {
+    if (fd_ >= 0) {
+      ::close(fd_);
+    }
+  }
+  int Get() const { return fd_; }
+  int Release() { return std::exchange(fd_, -1); }
+
+ private:
+  int fd_;
+};
+
+bool FolderExists(const std::string& path) {
+  struct stat state {};
+  return ::stat(FolderOf(path).c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+}
+
+ErrorNumber ErrorOfCode(int code, const std::string& path) {
+  switch (code) {
+    case ENOENT: return FolderExists(path) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
+    case ENOTDIR: return ErrorNumber::kPathNotFound;
+    case EACCES: case EPERM: case EROFS: return ErrorNumber::kPermissionDenied;
+    case ENOSPC: case EDQUOT: return ErrorNumber::kDiskFull;
+    case ENOMEM: return ErrorNumber::kOutOfMemory;
+    case EIO: return ErrorNumber::kDeviceIo;
+    default: return ErrorNumber::kPathFileAccess;
+  }
+}
+
+// Calls `step` again while a signal interrupts it.
+template <class Step>
+auto Uninterrupted(Step step) {
+  for (;;) {
+    const auto result = step();
+    if (result != -1 || errno != EINTR) {
+      return result;
+    }
+  }
+}
+
+class PosixFileReplacement final : public FileReplacement {
+ public:
+  ~PosixFileReplacement() override { Discard(); }
+
+  void CreateBeside(const std::string& target, std::uint32_t mode) override {
+    std::string name = target + ".XXXXXX";
+    fd_ = Descriptor(Uninterrupted([&name] { return ::mkostemp(name.data(), O_CLOEXEC); }));
+    if (fd_.Get() < 0) {
+      ThrowSystemError(errno, target, "making a file beside it");
+    }
+    name_ = name;
+    if (mode == 0) {
+      const mode_t mask = ::umask(0);
+      ::umask(mask);
+      mode = 0666 & ~mask;
+    }
+    if (::fchmod(fd_.Get(), mode) != 0) {
+      ThrowSystemError(errno, name_, "setting its permissions");
+    }
+  }
+
+  void Write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const auto written = Uninterrupted([&] { return ::write(fd_.Get(), bytes.data(), bytes.size()); });
+      if (written < 0) {
+        ThrowSystemError(errno, name_, "writing");
+      }
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+
+  void Flush() override {
+    if (Uninterrupted([this] { return ::fsync(fd_.Get()); }) != 0) {
+      ThrowSystemError(errno, name_, "flushing");
+    }
+  }
+
+  void Close() override {
+    if (::close(fd_.Release()) != 0) {
+      ThrowSystemError(errno, name_, "closing");
+    }
+  }
+
+  void Rename(const std::string& target) override {
+    if (::rename(name_.c_str(), target.c_str()) != 0) {
+      ThrowSystemError(errno, target, "replacing it");
+    }
+    name_.clear();
+    // The new file stands; a folder that cannot be flushed takes nothing away from it.
+    const Descriptor folder(::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.Get() >= 0) {
+      ::fsync(folder.Get());
+    }
+  }
+
+  void Discard() noexcept override {
+    if (!name_.empty()) {
+      ::unlink(name_.c_str());
+      name_.clear();
+    }
+  }
+
+ private:
+  Descriptor fd_;
+  std::string name_;
+};
+
+}  // namespace
+
+void ThrowSystemError(int code, const std::string& path, std::string_view action) {
+  throw RuntimeError(ErrorOfCode(code, path), fmt::format("{}: {}: {}", path, action, std::strerror(code)));
+}
+
+FileState StateOfFile(const std::string& path) {
+  struct stat state {};
+  if (::stat(path.c_str(), &state) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) {
+      return {};
+    }
+    ThrowSystemError(errno, path, "looking at it");
+  }
+  return {.exists = true,
+          .isRegular = S_ISREG(state.st_mode),
+          .isFolder = S_ISDIR(state.st_mode),
+          .size = static_cast<std::uint64_t>(state.st_size),
+          .mode = state.st_mode & 07777,
+          .device = state.st_dev,
+          .node = state.st_ino};
+}
+
+std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
+  // Without O_NONBLOCK a named pipe would hold the program until somebody writes into it.
+  const Descriptor file(Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
+  if (file.Get() < 0) {
+    ThrowSystemError(errno, path, "opening");
+  }
+  struct stat state {};
+  if (::fstat(file.Get(), &state) != 0) {
+    ThrowSystemError(errno, path, "looking at it");
+  }
+  if (!S_ISREG(state.st_mode)) {
+    throw RuntimeError(ErrorNumber::kPathFileAccess,
+                       fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
+  }
+  std::string bytes;
+  std::size_t filled = 0;
+  bytes.resize(static_cast<std::size_t>(state.st_size < static_cast<off_t>(limit) ? state.st_size : 0) + 1);
+  for (;;) {
+    const auto count =
+        Uninterrupted([&] { return ::read(file.Get(), bytes.data() + filled, bytes.size() - filled); });
+    if (count < 0) {
+      ThrowSystemError(errno, path, "reading");
+    }
+    filled += static_cast<std::size_t>(count);
+    if (count == 0 || filled > limit) {
+      break;
+    }
+    if (filled == bytes.size()) {
+      bytes.resize(2 * bytes.size() + 65536);
+    }
+  }
+  if (filled > limit) {
+    throw RuntimeError(ErrorNumber::kOutOfMemory,
+                       fmt::format("{}: more than the {} bytes that such a file can have", path, limit));
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+std::unique_ptr<FileReplacement> SystemFileReplacement() { return std::make_unique<PosixFileReplacement>(); }
+
+std::string ResolveLinks(const std::string& path) {
+  char* resolved = ::realpath(path.c_str(), nullptr);
+  if (resolved == nullptr) {
+    return path;
+  }
+  std::string target(resolved);
+  std::free(resolved);
+  return target;
+}
+
+}  // namespace korva

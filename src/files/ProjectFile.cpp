@@ -1,0 +1,214 @@
+#include "files/ProjectFile.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <variant>
+
+#include <fmt/format.h>
+
+#include "core/NumberText.h"
+#include "core/RuntimeError.h"
+#include "core/Text.h"
+
+namespace korva {
+
+namespace {
+
+struct Magic {
+  std::string_view text;
+  std::int16_t format;
+};
+
+// In the order in which they are tried; the first one is written.
+constexpr std::array<Magic, 5> kMagics = {
+    {{"KORVA_603", 54}, {"KORVA_602", 53}, {"KORVA_601", 52}, {"KORVA_501", 51}, {"KORVA_500", 50}}};
+
+constexpr std::string_view kDescriptionStart = "##StartDesc##";
+constexpr std::string_view kDescriptionEnd = "##EndDesc##";
+
+// The one real number that is written like an integer, with blanks around it.
+struct PaddedSingle {
+  float Project::*member;
+};
+// XcutCenters 1 to NumberEntries - 1, a line each.
+struct Centers {};
+
+using FieldMember =
+    std::variant<double Project::*, float Project::*, PaddedSingle, std::int16_t Project::*, Centers>;
+
+struct FieldLine {
+  const char* name;
+  FieldMember member;
+  std::int16_t since = 50;  // the format from which the line exists
+};
+
+// The lines behind the description. Reader and writer both walk this table.
+constexpr auto kFieldLines = std::to_array<FieldLine>({
+    {"EntryHeight", &Project::EntryHeight},
+    {"DepthCover", &Project::DepthCover},
+    {"XcutAngle", &Project::XcutAngle},
+    {"EntryWidth", &Project::EntryWidth},
+    {"XcutSpacing", &Project::XcutSpacing},
+    {"NumberEntries", &Project::NumberEntries},
+    {"XcutCenters", Centers{}},
+    {"CoalStrength", &Project::CoalStrength},
+    {"UnitWeight", &Project::UnitWeight},
+    {"BreadthAMZ", &Project::BreadthAMZ},
+    {"AMZAuto", &Project::AMZAuto},
+    {"ArchAuto", &Project::ArchAuto, 53},
+    {"LoadingCondition", &Project::LoadingCondition},
+    {"LoadingConditionAux", &Project::LoadingConditionAux, 51},
+    {"ArchFactor", PaddedSingle{&Project::ArchFactor}, 52},
+    {"CalcMode", &Project::CalcMode, 54},
+    {"ExtentActiveGob", &Project::ExtentActiveGob},
+    {"AbutmentAngleActiveGob", &Project::AbutmentAngleActiveGob},
+    {"ExtentFirstGob", &Project::ExtentFirstGob},
+    {"AbutmentAngleFirstGob", &Project::AbutmentAngleFirstGob},
+    {"BarrierFirstGob", &Project::BarrierFirstGob},
+    {"SlabcutFirstGob", &Project::SlabcutFirstGob},
+    {"ExtentSecondGob", &Project::ExtentSecondGob},
+    {"AbutmentAngleSecondGob", &Project::AbutmentAngleSecondGob},
+    {"BarrierSecondGob", &Project::BarrierSecondGob},
+    {"SlabcutSecondGob", &Project::SlabcutSecondGob},
+    {"RowA", &Project::RowA, 53},
+    {"RowB", &Project::RowB, 53},
+    {"RowC", &Project::RowC, 53},
+    {"RowD", &Project::RowD, 53},
+    {"WidthRowC", &Project::WidthRowC, 53},
+    {"WidthRowD", &Project::WidthRowD, 53},
+});
+
+constexpr std::int16_t kLastLoadingCondition = 3;
+
+class FieldReader {
+ public:
+  FieldReader(FieldCursor& cursor, Project& project, const char* name) : cursor_(cursor), p_(project), name_(name) {}
+
+  void operator()(double Project::*member) const { p_.*member = cursor_.ReadNumber(name_); }
+  void operator()(float Project::*member) const { p_.*member = cursor_.ReadSingle(name_); }
+  void operator()(PaddedSingle single) const { (*this)(single.member); }
+  void operator()(Centers) const {
+    for (int i = 1; i < p_.NumberEntries; ++i) {
+      p_.XcutCenters[i] = cursor_.ReadNumber(fmt::format("{} {}", name_, i));
+    }
+  }
+  void operator()(std::int16_t Project::*member) const {
+    const std::int16_t value = cursor_.ReadInteger(name_);
+    p_.*member = value;
+    if (member == &Project::NumberEntries) {
+      p_.NumberEntries = value == 0 ? std::int16_t{1} : value;
+      if (value > kMaxEntries) {
+        cursor_.Fail(ErrorNumber::kSubscript, fmt::format("{} of at most {}", name_, kMaxEntries), fmt::format("{}", value));
+      }
+    } else if (member == &Project::LoadingCondition) {
+      p_.LoadingCondition = std::min(value, kLastLoadingCondition);
+    }
+  }
+
+ private:
+  FieldCursor& cursor_;
+  Project& p_;
+  const char* name_;
+};
+
+class FieldWriter {
+ public:
+  FieldWriter(std::string& text, const Project& project) : text_(text), p_(project) {}
+
+  void operator()(double Project::*member) const { Line(GeneralText(p_.*member)); }
+  void operator()(float Project::*member) const { Line(GeneralText(p_.*member)); }
+  void operator()(PaddedSingle single) const { Line(PaddedText(p_.*single.member)); }
+  void operator()(std::int16_t Project::*member) const { Line(PaddedText(p_.*member)); }
+  void operator()(Centers) const {
+    for (int i = 1; i < p_.NumberEntries; ++i) {
+      Line(GeneralText(p_.XcutCenters[i]));
+    }
+  }
+
+ private:
+  void Line(const std::string& value) const { text_.append(value).append(kLineEnd); }
+
+  std::string& text_;
+  const Project& p_;
+};
+
+// Reads the block between the markers. Its first line is read whole, the others as fields: there a comma ends a line
+// and is dropped, blanks in front are dropped, and a quote at the start delimits it.
+void ReadDescription(FieldCursor& cursor, StoredProject& project) {
+  project.ProjectDescription.clear();
+  std::string_view text = cursor.ReadLine(kDescriptionStart);
+  if (text == kDescriptionStart) {
+    text = cursor.ReadLine("the description");
+  }
+  int lines = 1;
+  while (text != kDescriptionEnd) {
+    if (!Trimmed(text).empty()) {
+      ++lines;
+      project.ProjectDescription.append(text).append(kLineEnd);
+    }
+    text = cursor.ReadText(kDescriptionEnd);
+  }
+  project.ProjectDescriptionLines =
+      static_cast<std::int16_t>(std::min<int>(lines, std::numeric_limits<std::int16_t>::max()));
+}
+
+// Whether a reader that takes the description off `text` stops just at its end.
+bool DescriptionReadsBack(std::string_view text) {
+  std::vector<FileNotice> notices;
+  FieldCursor cursor(text, {}, notices);
+  StoredProject ignored;
+  ReadDescription(cursor, ignored);
+  return cursor.AtEnd();
+}
+
+}  // namespace
+
+std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std::string& fileName) {
+  std::vector<FileNotice> notices;
+  const std::string_view first = FieldCursor(text, fileName, notices).ReadText("the format of a project file");
+  const auto* magic = std::find_if(kMagics.begin(), kMagics.end(), [first](const Magic& m) { return m.text == first; });
+  return magic == kMagics.end() ? std::nullopt : std::optional(magic->format);
+}
+
+void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version, StoredProject& project,
+                 std::vector<FileNotice>& notices) {
+  FieldCursor cursor(text, fileName, notices);
+  cursor.ReadText("the format of a project file");
+  const std::int16_t units = cursor.ReadInteger("ProjectUnits");
+  project.ProjectUnits = units == kMetric ? kMetric : kEnglish;
+  project.ProjectTitle = cursor.ReadLine("ProjectTitle");
+  ReadDescription(cursor, project);
+  for (const FieldLine& line : kFieldLines) {
+    if (version >= line.since) {
+      std::visit(FieldReader(cursor, project.ProjectInput, line.name), line.member);
+    }
+  }
+  cursor.NoticeRest();
+}
+
+std::string ComposeProject(const StoredProject& project) {
+  if (project.ProjectTitle.find_first_of("\r\n") != std::string::npos) {
+    throw RuntimeError(ErrorNumber::kInvalidCall, "the project title has more than one line");
+  }
+  std::string description;
+  for (const std::string_view line : {kDescriptionStart, std::string_view(project.ProjectDescription), kDescriptionEnd}) {
+    description.append(line).append(kLineEnd);
+  }
+  if (!DescriptionReadsBack(description)) {
+    throw RuntimeError(ErrorNumber::kInvalidCall,
+                       fmt::format("the project description holds the line \"{}\", which ends it in the file", kDescriptionEnd));
+  }
+
+  std::string text;
+  text.append(kMagics.front().text).append(kLineEnd);
+  text.append(PaddedText(project.ProjectUnits)).append(kLineEnd);
+  text.append(project.ProjectTitle).append(kLineEnd);
+  text.append(description);
+  for (const FieldLine& line : kFieldLines) {
+    std::visit(FieldWriter(text, project.ProjectInput), line.member);
+  }
+  return text;
+}
+
+}  // namespace korva

@@ -1,0 +1,23 @@
+// Profile files: sections in brackets, a key and its value on a line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/Settings.h"
+
+namespace korva {
+
+// Longest value that a profile gives, in bytes.
+inline constexpr std::size_t kLongestIniValue = 254;
+
+// The value of `key` in `section` of the profile `text`, or nothing. Letter case and blanks around names and values do
+// not count, and one pair of quotes around a value is dropped.
+std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key);
+
+// The same, with `fallback` for a missing or empty value.
+std::string GetIniValue(std::string_view text, std::string_view section, std::string_view key,
+                        const std::string& fallback);
+
+}  // namespace korva

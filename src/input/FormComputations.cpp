@@ -1,0 +1,120 @@
+#include "input/FormComputations.h"
+
+#include <cmath>
+#include <limits>
+
+#include "core/NumberText.h"
+#include "input/FieldNumber.h"
+#include "core/ArithmeticWatch.h"
+#include "core/Format.h"
+
+namespace korva {
+
+namespace {
+
+constexpr double kLeastArchDepth = 25;  // feet in both systems
+constexpr double kEnglishWidePanelDepth = 80;
+constexpr double kMetricWidePanelDepth = 262.4671916010498;
+constexpr float kLeastArchFactor = 0.28F;
+
+double FieldOf(double value) { return FieldNumber(GeneralText(value)); }
+
+int LastCenter(const ParameterFields& fields) {
+  return static_cast<int>(std::nearbyint(fields.NumberEntries)) - 1;
+}
+
+// The centers' sum in 32 bits, narrowed at each addition.
+float SumOfCenters(const ParameterFields& fields) {
+  float sum = 0;
+  for (int i = 1; i <= LastCenter(fields); ++i) {
+    sum = static_cast<float>(static_cast<double>(sum) + fields.XcutCenters[i]);
+  }
+  return sum;
+}
+
+}  // namespace
+
+ParameterFields FieldsOfProject(const Project& project, std::int16_t units) {
+  ParameterFields fields;
+  fields.DepthCover = FieldOf(project.DepthCover);
+  fields.XcutAngle = FieldOf(project.XcutAngle);
+  fields.EntryWidth = FieldOf(project.EntryWidth);
+  fields.XcutSpacing = FieldOf(project.XcutSpacing);
+  fields.NumberEntries = project.NumberEntries;
+  fields.BreadthAMZ = FieldOf(project.BreadthAMZ);
+  fields.ProjectUnits = units;
+  for (int i = 1; i <= LastCenter(fields); ++i) {
+    const double center = FieldOf(project.XcutCenters[i]);
+    fields.XcutCenters[i] = center == 0 ? fields.XcutCenters[1] : center;
+  }
+  return fields;
+}
+
+std::int32_t Calc_AMZ(double depth, std::int16_t units) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  double breadth = 0;
+  if (units == kMetric) {
+    const auto feet = static_cast<float>(depth * kFeetPerMeter);
+    breadth = 5 * SquareRoot(static_cast<double>(feet), "Calc_AMZ") / kFeetPerMeter;
+  } else {
+    breadth = 5 * SquareRoot(depth, "Calc_AMZ");
+  }
+  watch.Step("Calc_AMZ");
+  breadth = std::nearbyint(breadth);
+  if (breadth > std::numeric_limits<std::int32_t>::max()) {
+    throw RuntimeError(ErrorNumber::kOverflow, "Calc_AMZ");
+  }
+  return static_cast<std::int32_t>(breadth);
+}
+
+float Calc_Arch(const ParameterFields& fields) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  const bool metric = fields.ProjectUnits == kMetric;
+  auto depth = static_cast<float>(fields.DepthCover);
+  float width = SumOfCenters(fields);
+  if (width == 0) {
+    return 1;
+  }
+  if (metric) {
+    depth = static_cast<float>(static_cast<double>(depth) * kFeetPerMeter);
+    width = static_cast<float>(static_cast<double>(width) * kFeetPerMeter);
+  }
+  const auto h = static_cast<double>(depth);
+  const auto w = static_cast<double>(width);
+  float factor = 0;
+  if (h > kLeastArchDepth) {
+    factor = static_cast<float>(1 - 0.28 * NaturalLog(h / w, "Calc_Arch"));
+  }
+  if (h - (metric ? kMetricWidePanelDepth : kEnglishWidePanelDepth) < w) {
+    factor = 1;
+  }
+  if (factor < kLeastArchFactor) {
+    factor = kLeastArchFactor;
+  }
+  watch.Step("Calc_Arch");
+  return static_cast<float>(RoundHalfEven(static_cast<double>(factor), 2));
+}
+
+std::string Calc_Ext_Ratio(const ParameterFields& fields) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  const double angle = fields.XcutAngle * kRadiansPerDegree;
+  const double spacing = fields.XcutSpacing;
+  const double panelArea = static_cast<double>(SumOfCenters(fields)) * fields.BreadthAMZ;
+  watch.Step("Calc_Ext_Ratio");
+  if (angle == 0 || spacing == 0 || panelArea == 0) {
+    return {};
+  }
+  const double s = std::sin(angle);
+  double pillars = 0;
+  for (int i = 1; i <= LastCenter(fields); ++i) {
+    const double length = (spacing - fields.EntryWidth / s) * s;
+    const double width = (fields.XcutCenters[i] - fields.EntryWidth) * (1 / s);
+    pillars += length * width;
+  }
+  const double withinZone = pillars * fields.BreadthAMZ / spacing;
+  const double percent = (panelArea - withinZone) / panelArea * 100;
+  watch.Step("Calc_Ext_Ratio");
+  return Format(percent, "##0.0");
+}
+
+}  // namespace korva

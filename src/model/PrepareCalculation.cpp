@@ -1,0 +1,88 @@
+#include "core/ArithmeticWatch.h"
+#include "model/KORVAmodel.h"
+
+namespace korva {
+
+namespace {
+
+constexpr double kSquareInchesPerSquareFoot = 144;
+constexpr double kKPaPerMPa = 1000;
+
+double GobAngleRadians(double degrees) {
+  return degrees < 90 ? degrees * kRadiansPerDegree : kSteepestGobAngle;
+}
+
+// 0 stands for a condition that the model does not know.
+int InternalLoadCondition(std::int16_t loadingCondition) {
+  switch (loadingCondition) {
+    case 0: return kNoGob;
+    case 1: return kActiveGob;
+    case 2: return kOneSideGob;
+    case 3: return kTwoSideGobs;
+    case 4: return kOneSideGob;
+    default: return 0;
+  }
+}
+
+void FillGobs(const Project& p, WorkValues& w) {
+  w.ExtentActiveGob = p.ExtentActiveGob;
+  w.GobExtent[kFront] = p.ExtentActiveGob;
+  w.GobExtent[kFirstSide] = p.ExtentFirstGob;
+  w.GobExtent[kSecondSide] = p.ExtentSecondGob;
+  w.GobAngle[kFront] = GobAngleRadians(p.AbutmentAngleActiveGob);
+  w.GobAngle[kFirstSide] = GobAngleRadians(p.AbutmentAngleFirstGob);
+  w.GobAngle[kSecondSide] = GobAngleRadians(p.AbutmentAngleSecondGob);
+  w.BarrierWidth[kFirstSide] = p.BarrierFirstGob;
+  w.BarrierWidth[kSecondSide] = p.BarrierSecondGob;
+  w.SlabCut[kFirstSide] = p.SlabcutFirstGob;
+  w.SlabCut[kSecondSide] = p.SlabcutSecondGob;
+  w.SlabDepth = w.SlabCut;
+}
+
+void FillLeaveRows(const Project& p, WorkValues& w) {
+  w.LeaveRow[kRowA] = p.RowA;
+  w.LeaveRow[kRowB] = p.RowB;
+  w.LeaveRow[kFirstSide] = p.RowC;
+  w.LeaveRow[kSecondSide] = p.RowD;
+  w.LeaveRowWidth[kFirstSide] = static_cast<double>(p.WidthRowC);
+  w.LeaveRowWidth[kSecondSide] = static_cast<double>(p.WidthRowD);
+}
+
+}  // namespace
+
+Prepared PrepareCalculation(const Project& p, std::int16_t units) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  Prepared prepared;
+  WorkValues& w = prepared.Run.Work;
+  w.Units = units;
+  w.EntryHeight = p.EntryHeight;
+  w.DepthCover = p.DepthCover;
+  w.EntryWidth = p.EntryWidth;
+  w.XcutSpacing = p.XcutSpacing;
+  w.CoalStress = p.CoalStrength * (units == kMetric ? kKPaPerMPa : kSquareInchesPerSquareFoot);
+  watch.Step("CoalStress");
+  w.UnitWt = p.UnitWeight;
+  w.AMZBreadth = p.BreadthAMZ;
+  w.XcutClear = p.XcutSpacing - p.EntryWidth;
+  w.XcutAngleRadians = p.XcutAngle * kRadiansPerDegree;
+  watch.Step("XcutClear");
+
+  w.NumRows = PillarRows(p);
+  for (int i = 1; i <= w.NumRows; ++i) {
+    w.EntryCenters[i] = p.XcutCenters[i];
+    w.PillarWidth[i] = p.XcutCenters[i] - p.EntryWidth;
+    w.PanelWidth += p.XcutCenters[i];
+  }
+  watch.Step("PanelWidth");
+  FillGobs(p, w);
+  FillLeaveRows(p, w);
+  w.ArchAuto = p.ArchAuto;
+  w.ArchFactor = p.ArchFactor;
+  prepared.Run.Out.Fpa = p.ArchFactor;
+  w.LoadCond = InternalLoadCondition(p.LoadingCondition);
+
+  prepared.Refusal = CheckProject(p);
+  return prepared;
+}
+
+}  // namespace korva

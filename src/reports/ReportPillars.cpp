@@ -1,0 +1,46 @@
+// Page 3: the pillars of the panel.
+#include <fmt/format.h>
+
+#include "core/Tables.h"
+#include "core/Format.h"
+#include "reports/PageText.h"
+#include "reports/Reports.h"
+
+namespace korva {
+
+std::string ReportPillars(const OutputResults& output, const OptionSettings& options) {
+  const WorkValues& w = output.Work;
+  const Results& r = output.Out;
+  const std::string_view length = UnitLabel(UnitKind::kLength, w.Units);
+  const std::string_view bareLength = length.substr(1);
+  const auto cell = [](double value, std::string_view pattern) { return PadLeft(Format(value, pattern), 14); };
+  const auto number = [](int row) { return PadLeft(fmt::format("{}", row), 6); };
+
+  PageText page("[PILLAR PARAMETERS]");
+  page.Line("PILLAR         ENTRY       MINIMUM       MAXIMUM");
+  page.Line("              CENTER     DIMENSION     DIMENSION");
+  page.Line(PadLeft(length, 20), PadLeft(length, 14), PadLeft(length, 14));
+  for (int i = 1; i <= w.NumRows; ++i) {
+    page.Line(number(i), cell(w.EntryCenters[i], "##0.00"), cell(r.PillarMinDim[i], "##0.00"),
+              cell(r.PillarMaxDim[i], "##0.00"));
+  }
+  page.Line();
+  page.Line("PILLAR          AREA      STRENGTH  LOAD-BEARING");
+  page.Line("                                        CAPACITY");
+  page.Line(PadLeft(fmt::format("{}*{}", bareLength, bareLength), 20), PadLeft(output.StressLabel, 14),
+            PadLeft(output.LoadLabel, 14));
+  for (int i = 1; i <= w.NumRows; ++i) {
+    page.Line(number(i), cell(r.PillarArea[i], "#.00E+00"), cell(r.PillarStrength[i], "##0.00"),
+              cell(r.PillarCapacity[i], "#.00E+00"));
+  }
+  page.Line();
+  page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, "#.00E+00"), output.LoadLabel);
+  if (options.PrintPlotReminder == 1) {
+    page.Line();
+    page.Line("To view the distribution of Pillar Load Bearing Capacity");
+    page.Line("select 'View Plots->Settings->Pillar Load Bearing Capacity'");
+  }
+  return page.Line().Take();
+}
+
+}  // namespace korva

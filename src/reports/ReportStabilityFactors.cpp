@@ -1,0 +1,51 @@
+// Page 1: stability factors and warnings.
+#include "core/Tables.h"
+#include "core/Format.h"
+#include "reports/PageText.h"
+#include "reports/Reports.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::size_t kLabelWidth = 45;
+constexpr std::size_t kValueWidth = 6;
+
+std::string FactorRow(std::string_view label, const std::string& factor) {
+  return DotPad(label, kLabelWidth) + PadLeft(factor, kValueWidth);
+}
+
+}  // namespace
+
+std::string ReportStabilityFactors(const Calculation& calculation, const Project& project, const RuleOutcome& outcome,
+                                   const std::string& warnings) {
+  const int loadCond = calculation.Work.LoadCond;
+  const int lastCase = LastCaseShown(project, calculation.Work);
+  const bool sideGobs = loadCond >= kOneSideGob;
+
+  PageText page("[KORVA STABILITY FACTORS]");
+  for (int c = kDevelopment; c <= lastCase; ++c) {
+    const auto stage = static_cast<std::size_t>(c - kDevelopment);
+    page.Line(FactorRow(kModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
+    if (sideGobs) {
+      page.Line(kSideGobNotes[2 * stage + static_cast<std::size_t>(loadCond - kOneSideGob)]);
+    }
+  }
+  if (sideGobs) {
+    page.Line().Line("[BARRIER PILLAR STABILITY FACTORS]").Line();
+    for (int c = kDevelopment; c <= lastCase; ++c) {
+      page.Line("[", kStageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
+      for (int k = kFirstSide; k <= loadCond; ++k) {
+        page.Line(FactorRow(kBarrierTitles[static_cast<std::size_t>(k - kFirstSide)],
+                            Format(calculation.Out.BarrierSF[c][k], "##0.00")));
+      }
+    }
+  }
+  page.Line().Line();
+  if (outcome.AnyWarning) {
+    page.Line("[WARNINGS]").Line().Text(warnings);
+  }
+  return page.Line().Take();
+}
+
+}  // namespace korva

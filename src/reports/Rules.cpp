@@ -1,0 +1,134 @@
+#include "reports/Rules.h"
+
+#include <algorithm>
+
+#include "core/ArithmeticWatch.h"
+#include "reports/RoundSF.h"
+
+namespace korva {
+
+namespace {
+
+// Limits in feet and factors, in the 32 bits in which they are compared.
+constexpr float kWidePanel = 425;
+constexpr float kModerateDepth = 650;
+constexpr float kDeepCover = 1000;
+constexpr float kExtremeDepth = 2000;
+constexpr float kSoundSF = 1.5F;
+constexpr float kDeepNarrowSF = 1.3F;
+constexpr float kSoundBarrierSF = 2.0F;
+constexpr float kSlenderSF = 2.0F;
+constexpr float kSlenderRatio = 4.0F;
+
+RuleFacts CollectFacts(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF) {
+  const WorkValues& w = calculation.Work;
+  const Results& r = calculation.Out;
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  const double feet = w.Units == kMetric ? kFeetPerMeter : 1;
+  RuleFacts facts;
+  facts.Depth = static_cast<float>(w.DepthCover * feet);
+  watch.Step("the depth of cover in feet");
+  facts.PanelWidth = static_cast<float>(w.PanelWidth * feet);
+  watch.Step("the panel width in feet");
+  facts.MeanRatio = static_cast<float>((w.PanelWidth - w.NumRows * w.EntryWidth) / (w.NumRows * w.EntryHeight));
+  watch.Step("the mean width-to-height ratio");
+  facts.CritSF = static_cast<float>(1.5 - (static_cast<double>(facts.Depth) - 650) * 0.2 / 350);
+  for (int c = kDevelopment; c <= kRetreat; ++c) {
+    facts.SF[c] = RoundSF(r.SFKorva[c], roundKORVASF);
+  }
+  for (int c = kDevelopment; c <= LastCaseShown(project, w); ++c) {
+    for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+      facts.MinBarrierSF = std::min(facts.MinBarrierSF, static_cast<float>(r.BarrierSF[c][k]));
+    }
+  }
+  watch.Step("the smallest barrier factor");
+  return facts;
+}
+
+class RuleSet {
+ public:
+  RuleSet(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF)
+      : project_(project), calculation_(calculation), work_(calculation.Work) {
+    outcome_.Facts = CollectFacts(project, calculation, roundKORVASF);
+    critSF_ = RoundSF(static_cast<double>(outcome_.Facts.CritSF), roundKORVASF);
+  }
+
+  RuleOutcome Evaluate() {
+    BarrierRule();
+    for (int c = kDevelopment; c <= kRetreat; ++c) {
+      LowFactorRules(outcome_.Facts.SF[c]);
+      DepthRules(outcome_.Facts.SF[c]);
+    }
+    SettingsRules();
+    outcome_.AnyWarning = std::any_of(outcome_.RuleFlags.begin(), outcome_.RuleFlags.end(), [](bool set) { return set; });
+    return outcome_;
+  }
+
+ private:
+  bool Metric() const { return work_.Units == kMetric; }
+  bool SideGobs() const { return work_.LoadCond >= kOneSideGob; }
+  void SetIf(int flag, bool condition) { outcome_.RuleFlags[flag] = outcome_.RuleFlags[flag] || condition; }
+
+  // A printed barrier factor below 1.5, judged by its 64-bit value.
+  void BarrierRule() {
+    for (int c = kDevelopment; c <= LastCaseShown(project_, work_); ++c) {
+      for (int k = kFirstSide; k <= work_.LoadCond; ++k) {
+        SetIf(8, outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < 1.5);
+      }
+    }
+  }
+
+  void LowFactorRules(float sf) {
+    if (!(sf < kSoundSF)) {
+      return;
+    }
+    const RuleFacts& f = outcome_.Facts;
+    const bool narrow = f.PanelWidth <= kWidePanel && (!SideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
+    const bool moderate = f.Depth > kModerateDepth && f.Depth <= kDeepCover;
+    SetIf(0, f.Depth <= kModerateDepth);
+    SetIf(1, moderate && !(narrow && sf >= critSF_));
+    SetIf(2, f.Depth > kDeepCover && !(narrow && sf >= kDeepNarrowSF));
+  }
+
+  void DepthRules(float sf) {
+    const RuleFacts& f = outcome_.Facts;
+    const bool activeGob = project_.ExtentActiveGob > 0;
+    SetIf(3, f.Depth > kModerateDepth && SideGobs() && f.MinBarrierSF < kSoundSF);
+    SetIf(5, sf < kSlenderSF && f.MeanRatio < kSlenderRatio);
+    SetIf(6, activeGob && f.Depth > kExtremeDepth);
+    SetIf(7, activeGob && f.Depth > kDeepCover);
+  }
+
+  // Inputs that differ from those with which the data base was analyzed.
+  void SettingsRules() {
+    const Project& p = project_;
+    const int lc = work_.LoadCond;
+    SetIf(9, p.AMZAuto != 1);
+    SetIf(10, p.UnitWeight != (Metric() ? 25.45 : 162.0));
+    SetIf(11, p.CoalStrength != (Metric() ? 6.21 : 900.0));
+    SetIf(12, (p.AbutmentAngleActiveGob != 21 && lc >= kActiveGob) ||
+                  (p.AbutmentAngleFirstGob != 21 && lc >= kOneSideGob) ||
+                  (p.AbutmentAngleSecondGob != 21 && lc == kTwoSideGobs));
+    SetIf(13, lc == kTwoSideGobs);
+    SetIf(14, p.ArchAuto != 1);
+    SetIf(15, p.ArchFactor < 1);
+  }
+
+  const Project& project_;
+  const Calculation& calculation_;
+  const WorkValues& work_;
+  RuleOutcome outcome_;
+  float critSF_ = 0;
+};
+
+}  // namespace
+
+int LastCaseShown(const Project& project, const WorkValues& work) {
+  return project.ExtentActiveGob == 0 || work.LoadCond < kRetreat ? kDevelopment : kRetreat;
+}
+
+RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF) {
+  return RuleSet(project, calculation, roundKORVASF).Evaluate();
+}
+
+}  // namespace korva
