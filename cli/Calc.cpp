@@ -1,0 +1,110 @@
+// korva calc: every number of a calculation, before the conversion to output units.
+#include <memory>
+#include <type_traits>
+
+#include <fmt/format.h>
+
+#include "Commands.h"
+#include "commands/Calculate.h"
+#include "core/NumberText.h"
+#include "input/FormComputations.h"
+
+namespace korva::cli {
+
+namespace {
+
+struct CalcCall {
+  std::string File;
+  std::string Model;
+  bool AsJson = false;
+};
+
+template <class T>
+Json ValueJson(const T& value) {
+  if constexpr (std::is_arithmetic_v<T>) {
+    return value == 0 ? 0.0 : static_cast<double>(value);  // no -0
+  } else {
+    Json object = Json::object();
+    for (int i = T::kFirst; i <= T::kLast; ++i) {
+      object[std::to_string(i)] = ValueJson(value[i]);
+    }
+    return object;
+  }
+}
+
+Json FormJson(const Korva& korva) {
+  const ParameterFields fields = FieldsOfProject(korva.ProjectCalc, korva.Stored.ProjectUnits);
+  return {{"Calc_AMZ", Calc_AMZ(fields.DepthCover, fields.ProjectUnits)},
+          {"Calc_Arch", static_cast<double>(Calc_Arch(fields))},
+          {"Calc_Ext_Ratio", Calc_Ext_Ratio(fields)}};
+}
+
+Json CalcJson(const Korva& korva, const Calculation& run) {
+  Json json = Json::object();
+  VisitResults(run.Out, [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
+  json["LoadCond"] = run.Work.LoadCond;
+  json["PanelWidth"] = run.Work.PanelWidth;
+  json["form"] = FormJson(korva);
+  return json;
+}
+
+// The same as lines of name and value.
+std::string CalcText(const Json& json, const std::string& prefix = {}) {
+  std::string text;
+  for (const auto& [key, value] : json.items()) {
+    const std::string name = prefix.empty() || prefix == "form" ? key : fmt::format("{}[{}]", prefix, key);
+    if (value.is_object()) {
+      text += CalcText(value, name);
+    } else if (value.is_number_float()) {
+      text += fmt::format("{:<24} {}\n", name, GeneralText(value.get<double>()));
+    } else {
+      text += fmt::format("{:<24} {}\n", name, value.is_string() ? value.get<std::string>() : value.dump());
+    }
+  }
+  return text;
+}
+
+int Calc(Korva& korva, const CalcCall& call) {
+  if (!OpenProject(korva, call.File)) {
+    return kFailed;
+  }
+  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+  const Evaluated evaluated =
+      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
+  if (evaluated.Refusal) {
+    TerminalMessages messages(call.File);
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
+    if (call.AsJson) {
+      Print(JsonText({{"file", call.File}, {"refused", *evaluated.Refusal}, {"pages", Json::array()}, {"warnings", ""}}));
+    }
+    return kRefused;
+  }
+  TellFormNotices(korva, call.File);
+  const Json json = CalcJson(korva, evaluated.Run);
+  Print(call.AsJson ? JsonText(json) : CalcText(json));
+  return kDone;
+}
+
+}  // namespace
+
+Command AddCalc(CLI::App& app, const CommonOptions& common) {
+  auto call = std::make_shared<CalcCall>();
+  CLI::App* parser = app.add_subcommand("calc", "Print every number of a calculation");
+  parser->add_option("FILE", call->File, "project file")->required();
+  AddModelOption(*parser, call->Model);
+  parser->add_flag("--json", call->AsJson, "as JSON, arrays index by index");
+  parser->footer("Example:\n  korva calc examples/two-side-gobs.KVL --json");
+  return {parser, [call, &common] {
+            Korva korva;
+            korva.Preferences = PreferencesOf(common);
+            return Guarded(
+                korva, call->File, [&] { return Calc(korva, *call); },
+                [&](const RuntimeError& error) {
+                  if (call->AsJson) {
+                    Print(JsonText({{"file", call->File}, {"error", ErrorJson(error)}}));
+                  }
+                });
+          }};
+}
+
+}  // namespace korva::cli

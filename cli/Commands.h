@@ -1,0 +1,17 @@
+// The commands of `korva`, one file each.
+#pragma once
+
+#include "Session.h"
+
+namespace korva::cli {
+
+Command AddReport(CLI::App& app, const CommonOptions& common);
+Command AddCalc(CLI::App& app, const CommonOptions& common);
+Command AddBatch(CLI::App& app, const CommonOptions& common);
+Command AddSave(CLI::App& app, const CommonOptions& common);
+Command AddConvert(CLI::App& app, const CommonOptions& common);
+
+// Commands that are named but not built yet; each says so.
+std::vector<Command> AddPlanned(CLI::App& app);
+
+}  // namespace korva::cli

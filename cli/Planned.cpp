@@ -1,0 +1,20 @@
+// Commands that have their name but are not built yet.
+#include <fmt/format.h>
+
+#include "Commands.h"
+
+namespace korva::cli {
+
+std::vector<Command> AddPlanned(CLI::App& app) {
+  std::vector<Command> commands;
+  for (const char* name : {"sweep", "plan", "import", "units"}) {
+    CLI::App* parser = app.add_subcommand(name, "Not built yet")->prefix_command();
+    commands.push_back({parser, [name] {
+                          Complain(fmt::format("the command {} is not built yet", name));
+                          return kFailed;
+                        }});
+  }
+  return commands;
+}
+
+}  // namespace korva::cli

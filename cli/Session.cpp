@@ -1,0 +1,104 @@
+#include "Session.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "commands/FileCommands.h"
+#include "core/ClassifyError.h"
+#include "core/Encoding.h"
+#include "core/Tables.h"
+#include "files/OptionsFile.h"
+#include "files/PlatformFile.h"
+#include "files/ProjectFile.h"
+#include "input/FormNotices.h"
+
+namespace korva::cli {
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+  app.add_option("--settings", options.SettingsFile, "take the options of this settings file")->type_name("FILE");
+  app.add_option("--set", options.Changes, "change an option for this call, such as OutputStrUnits=1")
+      ->type_name("KEY=VALUE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+Settings PreferencesOf(const CommonOptions& options) {
+  Settings settings;
+  if (!options.SettingsFile.empty()) {
+    settings.Options = ReadOptions(TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile)));
+  }
+  settings.Options.RoundKORVASF = 0;
+  for (const std::string& change : options.Changes) {
+    const auto equals = change.find('=');
+    if (equals == std::string::npos) {
+      throw UsageError{fmt::format("--set {}: expected KEY=VALUE", change)};
+    }
+    switch (SetOption(settings.Options, change.substr(0, equals), change.substr(equals + 1))) {
+      case OptionChange::kDone: break;
+      case OptionChange::kReset:
+        Complain(fmt::format("--set {}: outside the option's range; its lower bound is used", change));
+        break;
+      case OptionChange::kUnknownKey: throw UsageError{fmt::format("--set {}: there is no such option", change)};
+      case OptionChange::kNoNumber: throw UsageError{fmt::format("--set {}: the value is no number", change)};
+    }
+  }
+  return settings;
+}
+
+void AddModelOption(CLI::App& command, std::string& model) {
+  command.add_option("--model", model, "overburden model, instead of the project's own")
+      ->type_name("MODEL")
+      ->check(CLI::IsMember(std::vector<std::string>(kModelNames.begin(), kModelNames.end())));
+}
+
+std::optional<std::int16_t> ModelOf(const std::string& name) {
+  const auto* found = std::find(kModelNames.begin(), kModelNames.end(), name);
+  return found == kModelNames.end() ? std::nullopt
+                                    : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
+}
+
+bool OpenProject(Korva& korva, const std::string& file) {
+  korva.ProjectFileName = file;
+  TerminalMessages messages(file);
+  const bool opened = FileOpen(korva, messages);
+  for (const FileNotice& notice : korva.FileNotices) {
+    Complain(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
+  }
+  return opened;
+}
+
+void TellFormNotices(const Korva& korva, const std::string& file) {
+  for (const std::string& notice : FormNotices(korva.ProjectCalc)) {
+    Complain(fmt::format("warning: {}: {}", file, notice));
+  }
+}
+
+int Guarded(Korva& korva, const std::string& file, const std::function<int()>& action,
+            const std::function<void(const RuntimeError&)>& onError) {
+  const auto fail = [&](const RuntimeError& error) {
+    if (onError) {
+      onError(error);
+    }
+    TerminalMessages messages(file);
+    ClassifyError(korva, messages, error, true);
+    return kFailed;
+  };
+  try {
+    return action();
+  } catch (const RuntimeError& error) {
+    return fail(error);
+  } catch (const std::bad_alloc&) {
+    return fail(RuntimeError(ErrorNumber::kOutOfMemory));
+  }
+}
+
+std::string JsonText(const Json& json) {
+  return json.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Json ErrorJson(const RuntimeError& error) {
+  return {{"number", static_cast<std::int64_t>(error.Number())}, {"text", error.what()}};
+}
+
+}  // namespace korva::cli

@@ -1,0 +1,68 @@
+// What every command of `korva` shares: settings, the model asked for, opening a project and ending a failed call.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include "core/Korva.h"
+#include "core/RuntimeError.h"
+#include "Terminal.h"
+
+namespace korva::cli {
+
+// An object whose members keep the order in which they are made.
+using Json = nlohmann::ordered_json;
+
+// A command's parser, and what it does when called; Run returns the exit status.
+struct Command {
+  CLI::App* Parser = nullptr;
+  std::function<int()> Run;
+};
+
+// The options before or behind any command.
+struct CommonOptions {
+  std::string SettingsFile;
+  std::vector<std::string> Changes;  // KEY=VALUE
+};
+
+// A call that cannot be understood.
+struct UsageError {
+  std::string text;
+};
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options);
+
+// The preferences of this call: those of a fresh settings file or of the one named, what a start-up forces, then the
+// changes. Throws UsageError for an unknown key or a value that is no number.
+Settings PreferencesOf(const CommonOptions& options);
+
+// Adds the option --model, which gives `model` its name.
+void AddModelOption(CLI::App& command, std::string& model);
+
+// The overburden model of that name, or nothing for an empty one.
+std::optional<std::int16_t> ModelOf(const std::string& name);
+
+// Opens `file` into `korva`, telling what was odd in it. False for a file of no project format, which has been told.
+bool OpenProject(Korva& korva, const std::string& file);
+
+// Tells what the input form would refuse about the working copy.
+void TellFormNotices(const Korva& korva, const std::string& file);
+
+// Runs `action`; a run-time error in it is told and becomes status 3, and goes to `onError` first.
+int Guarded(Korva& korva, const std::string& file, const std::function<int()>& action,
+            const std::function<void(const RuntimeError&)>& onError = {});
+
+// JSON as text with a line end. Bytes that are no valid text are replaced.
+std::string JsonText(const Json& json);
+
+// The object that tells a run-time error.
+Json ErrorJson(const RuntimeError& error);
+
+}  // namespace korva::cli

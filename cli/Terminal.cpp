@@ -1,0 +1,74 @@
+#include "Terminal.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include <fmt/format.h>
+
+#include "core/RuntimeError.h"
+#include "files/PlatformFile.h"
+
+namespace korva::cli {
+
+namespace {
+
+constexpr std::size_t kBarWidth = 40;
+constexpr std::chrono::milliseconds kBarInterval{100};
+
+void ToStandardError(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+}  // namespace
+
+void Print(std::string_view text) {
+  errno = 0;
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    ThrowSystemError(errno, "standard output", "writing");
+  }
+}
+
+void Complain(std::string_view text) { ToStandardError(fmt::format("korva: {}\n", PlatformLines(text))); }
+
+std::string PlatformLines(std::string_view text) {
+  std::string lines;
+  lines.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n') {
+      lines += text[i];
+    }
+  }
+  return lines;
+}
+
+MessageAnswer TerminalMessages::Show(const Message& message) {
+  Complain(file_ + ": " + message.text);
+  switch (message.buttons) {
+    case MessageButtons::kOk: return MessageAnswer::kOk;
+    case MessageButtons::kRetryCancel: return MessageAnswer::kCancel;
+    case MessageButtons::kYesNo:
+    case MessageButtons::kYesNoDefaultNo: return MessageAnswer::kNo;
+  }
+  return MessageAnswer::kCancel;
+}
+
+TerminalProgress::TerminalProgress() : terminal_(::isatty(STDERR_FILENO) == 1) {}
+
+TerminalProgress::~TerminalProgress() {
+  if (shown_) {
+    ToStandardError(fmt::format("\r{:{}}\r", "", kBarWidth + 30));
+  }
+}
+
+void TerminalProgress::Advance(std::size_t done, std::size_t total) {
+  const auto now = std::chrono::steady_clock::now();
+  if (!terminal_ || (now - last_ < kBarInterval && done < total)) {
+    return;
+  }
+  last_ = now;
+  shown_ = true;
+  const std::size_t filled = kBarWidth * done / total;
+  ToStandardError(fmt::format("\r[{:#<{}}{:{}}] {} of {}", "", filled, "", kBarWidth - filled, done, total));
+}
+
+}  // namespace korva::cli

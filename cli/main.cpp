@@ -1,0 +1,86 @@
+// The command `korva`: parses a call, runs its command, and answers with an exit status.
+#include <algorithm>
+#include <exception>
+#include <numeric>
+
+#include <fmt/format.h>
+
+#include "Commands.h"
+#include "core/Version.h"
+
+namespace korva::cli {
+
+namespace {
+
+// How many letters have to be changed, put in or left out to get from `a` to `b`.
+std::size_t EditDistance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+constexpr std::size_t kLikelyTypo = 2;
+
+// The command that a mistyped first word probably meant.
+std::string Suggestion(const std::vector<Command>& commands, int argc, char** argv) {
+  const std::string_view word = argc > 1 ? argv[1] : "";
+  for (const Command& command : commands) {
+    const std::string name = command.Parser->get_name();
+    if (word.size() > kLikelyTypo && word != name && EditDistance(word, name) <= kLikelyTypo) {
+      return fmt::format("; did you mean \"korva {}\"?", name);
+    }
+  }
+  return "; see \"korva --help\"";
+}
+
+int Run(int argc, char** argv) {
+  CLI::App app("Stability of coal pillars in room-and-pillar retreat panels", "korva");
+  app.set_version_flag("--version", "korva " + ProgramVersionText(true));
+  app.fallthrough();
+  CommonOptions common;
+  AddCommonOptions(app, common);
+  std::vector<Command> commands = {AddReport(app, common), AddCalc(app, common), AddBatch(app, common),
+                                   AddSave(app, common), AddConvert(app, common)};
+  for (Command& planned : AddPlanned(app)) {
+    commands.push_back(std::move(planned));
+  }
+  app.require_subcommand(1);
+  app.footer("Exit status: 0 done, 1 refused by a check, 2 usage, 3 file or run-time error.");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& asked) {  // help or version
+    return app.exit(asked);
+  } catch (const CLI::ParseError& error) {
+    Complain(error.what() + Suggestion(commands, argc, argv));
+    return kUsage;
+  }
+  const auto called =
+      std::find_if(commands.begin(), commands.end(), [](const Command& command) { return command.Parser->parsed(); });
+  return called->Run();
+}
+
+}  // namespace
+
+}  // namespace korva::cli
+
+int main(int argc, char** argv) {
+  try {
+    return korva::cli::Run(argc, argv);
+  } catch (const korva::cli::UsageError& error) {
+    korva::cli::Complain(error.text);
+    return korva::cli::kUsage;
+  } catch (const std::exception& error) {
+    korva::cli::Complain(error.what());
+    return korva::cli::kFailed;
+  }
+}
