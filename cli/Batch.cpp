@@ -1,12 +1,13 @@
 // korva batch: many projects, one row each.
+#include "commands/Batch.h"
+
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <memory>
 #include <thread>
 
-#include <fmt/format.h>
-
 #include "Commands.h"
-#include "commands/Batch.h"
 #include "core/Format.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
@@ -25,14 +26,18 @@ struct BatchCall {
   unsigned Jobs = std::max(1U, std::thread::hardware_concurrency());
 };
 
-bool HasRun(const BatchRow& row) { return !row.Refusal && !row.Error && !row.ForeignFile; }
+bool HasRun(const BatchRow& row) {
+  return !row.Refusal && !row.Error && !row.ForeignFile;
+}
 
-int StatusOf(const BatchRow& row) { return HasRun(row) ? kDone : row.Refusal ? kRefused : kFailed; }
+int StatusOf(const BatchRow& row) {
+  return HasRun(row) ? kDone : row.Refusal ? kRefused : kFailed;
+}
 
 // Why a row has no run, or nothing.
 std::string Reason(const BatchRow& row) {
-  return row.Refusal      ? *row.Refusal
-         : row.Error      ? row.Error->what()
+  return row.Refusal       ? *row.Refusal
+         : row.Error       ? row.Error->what()
          : row.ForeignFile ? std::string(kInvalidFormat)
                            : "";
 }
@@ -46,8 +51,8 @@ std::string ModelName(std::int16_t calcMode) {
   return index < kModelNames.size() ? std::string(kModelNames[index]) : fmt::format("{}", calcMode);
 }
 
-// One text for each result of a run: both factors, the barriers' by case and side, the remnants'; `factor` and `other`
-// make them.
+// One text for each result of a run: both factors, the barriers' by case and side, the remnants'; `factor`
+// and `other` make them.
 template <class FactorText, class OtherText>
 std::vector<std::string> ResultTexts(const BatchRow& row, FactorText factor, OtherText other) {
   std::vector<std::string> texts;
@@ -72,8 +77,8 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     width = std::max(width, CharacterCount(row.File));
   }
   std::string text = fmt::format("{}  {:<7}  {:<11} {:>7} {:>7} {:>7} {:>7} {:>7} {:>7} {:>7} {:>7}  {}\n",
-                                 PadRight("FILE", width), "UNITS", "MODEL", "SF dev", "SF ret", "B1 dev", "B2 dev",
-                                 "B1 ret", "B2 ret", "REM 1", "REM 2", "RULES / TITLE");
+                                 PadRight("FILE", width), "UNITS", "MODEL", "SF dev", "SF ret", "B1 dev",
+                                 "B2 dev", "B1 ret", "B2 ret", "REM 1", "REM 2", "RULES / TITLE");
   for (const BatchRow& row : rows) {
     text += PadRight(row.File, width);
     if (!HasRun(row)) {
@@ -83,8 +88,11 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     const auto shown = [&row](int c) { return c <= row.LastCase; };
     const auto results = ResultTexts(
         row, [&](int c) { return shown(c) ? Format(row.RoundedSF[c], "##0.00") : "-"; },
-        [&](int c, int k, double value) { return shown(c) && k <= row.LoadCond ? Format(value, "##0.00") : "-"; });
-    text += fmt::format("  {:<7}  {:<11}", kUnitSystemNames[static_cast<std::size_t>(row.Units)], ModelName(row.CalcMode));
+        [&](int c, int k, double value) {
+          return shown(c) && k <= row.LoadCond ? Format(value, "##0.00") : "-";
+        });
+    text += fmt::format("  {:<7}  {:<11}", kUnitSystemNames[static_cast<std::size_t>(row.Units)],
+                        ModelName(row.CalcMode));
     for (const std::string& result : results) {
       text += " " + PadLeft(result, 7);
     }
@@ -107,7 +115,8 @@ std::string CsvCell(const std::string& text) {
 
 std::string CsvText(const std::vector<BatchRow>& rows) {
   std::string text =
-      "file,title,units,model,sf_development,sf_retreat,barrier1_development,barrier2_development,barrier1_retreat,"
+      "file,title,units,model,sf_development,sf_retreat,barrier1_development,barrier2_development,barrier1_"
+      "retreat,"
       "barrier2_retreat,remnant1,remnant2,rules,refused,error,notices\n";
   for (const BatchRow& row : rows) {
     std::vector<std::string> cells = {row.File, row.Title};
@@ -116,7 +125,9 @@ std::string CsvText(const std::vector<BatchRow>& rows) {
     cells.push_back(known ? ModelName(row.CalcMode) : "");
     const auto results = ResultTexts(
         row, [&row](int c) { return HasRun(row) ? GeneralText(row.SFKorva[c]) : ""; },
-        [&row](int, int k, double value) { return HasRun(row) && k <= row.LoadCond ? GeneralText(value) : ""; });
+        [&row](int, int k, double value) {
+          return HasRun(row) && k <= row.LoadCond ? GeneralText(value) : "";
+        });
     cells.insert(cells.end(), results.begin(), results.end());
     cells.push_back(fmt::format("{}", fmt::join(row.RuleFlags, " ")));
     cells.push_back(row.Refusal.value_or(""));
@@ -151,7 +162,8 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
     }
     if (HasRun(row)) {
       object["SFKorva"] = {{"1", row.SFKorva[kDevelopment]}, {"2", row.SFKorva[kRetreat]}};
-      object["BarrierSF"] = {{"1", SidesJson(row.BarrierSF[kDevelopment])}, {"2", SidesJson(row.BarrierSF[kRetreat])}};
+      object["BarrierSF"] = {{"1", SidesJson(row.BarrierSF[kDevelopment])},
+                             {"2", SidesJson(row.BarrierSF[kRetreat])}};
       object["RemnantSF"] = SidesJson(row.RemnantSF);
       object["RuleFlags"] = row.RuleFlags;
     }
@@ -189,7 +201,9 @@ Command AddBatch(CLI::App& app, const CommonOptions& common) {
   AddModelOption(*parser, call->Model);
   auto* csv = parser->add_flag("--csv", call->AsCsv, "rows as comma separated values");
   parser->add_flag("--json", call->AsJson, "rows as JSON")->excludes(csv);
-  parser->add_option("--jobs", call->Jobs, "how many to calculate at once")->type_name("N")->check(CLI::Range(1, 256));
+  parser->add_option("--jobs", call->Jobs, "how many to calculate at once")
+      ->type_name("N")
+      ->check(CLI::Range(1, 256));
   parser->footer("Example:\n  korva batch examples --csv");
   return {parser, [call, &common] {
             Korva korva;

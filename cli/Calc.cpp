@@ -1,8 +1,8 @@
 // korva calc: every number of a calculation, before the conversion to output units.
+#include <fmt/format.h>
+
 #include <memory>
 #include <type_traits>
-
-#include <fmt/format.h>
 
 #include "Commands.h"
 #include "commands/Calculate.h"
@@ -75,7 +75,10 @@ int Calc(Korva& korva, const CalcCall& call) {
     TerminalMessages messages(call.File);
     ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
     if (call.AsJson) {
-      Print(JsonText({{"file", call.File}, {"refused", *evaluated.Refusal}, {"pages", Json::array()}, {"warnings", ""}}));
+      Print(JsonText({{"file", call.File},
+                      {"refused", *evaluated.Refusal},
+                      {"pages", Json::array()},
+                      {"warnings", ""}}));
     }
     return kRefused;
   }

@@ -1,7 +1,7 @@
 // korva save and korva convert: a project in the newest format, as it is or in the other unit system.
-#include <memory>
-
 #include <fmt/format.h>
+
+#include <memory>
 
 #include "Commands.h"
 #include "commands/FileCommands.h"

@@ -1,7 +1,7 @@
 // korva report: the output pages of a project.
-#include <memory>
-
 #include <fmt/format.h>
+
+#include <memory>
 
 #include "Commands.h"
 #include "commands/Calculate.h"
@@ -19,7 +19,8 @@ struct ReportCall {
   std::string Out;
 };
 
-Json ReportJson(const std::string& file, const Json& refused, const Json& pages, const std::string& warnings) {
+Json ReportJson(const std::string& file, const Json& refused, const Json& pages,
+                const std::string& warnings) {
   return {{"file", file}, {"refused", refused}, {"pages", pages}, {"warnings", warnings}};
 }
 
@@ -77,7 +78,7 @@ int Report(Korva& korva, const ReportCall& call) {
   }
   output(PagesText(korva, call.Pages));
   if (!korva.WarningText.empty()) {
-    Complain("KORVA Warnings\n" + korva.WarningText);
+    PrintBeside("KORVA Warnings\n" + PlatformLines(korva.WarningText));
   }
   return kDone;
 }

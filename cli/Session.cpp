@@ -1,8 +1,8 @@
 #include "Session.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include <algorithm>
 
 #include "commands/FileCommands.h"
 #include "core/ClassifyError.h"
@@ -16,7 +16,8 @@
 namespace korva::cli {
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
-  app.add_option("--settings", options.SettingsFile, "take the options of this settings file")->type_name("FILE");
+  app.add_option("--settings", options.SettingsFile, "take the options of this settings file")
+      ->type_name("FILE");
   app.add_option("--set", options.Changes, "change an option for this call, such as OutputStrUnits=1")
       ->type_name("KEY=VALUE")
       ->expected(1)
@@ -26,7 +27,8 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 Settings PreferencesOf(const CommonOptions& options) {
   Settings settings;
   if (!options.SettingsFile.empty()) {
-    settings.Options = ReadOptions(TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile)));
+    settings.Options =
+        ReadOptions(TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile)));
   }
   settings.Options.RoundKORVASF = 0;
   for (const std::string& change : options.Changes) {
@@ -35,12 +37,15 @@ Settings PreferencesOf(const CommonOptions& options) {
       throw UsageError{fmt::format("--set {}: expected KEY=VALUE", change)};
     }
     switch (SetOption(settings.Options, change.substr(0, equals), change.substr(equals + 1))) {
-      case OptionChange::kDone: break;
+      case OptionChange::kDone:
+        break;
       case OptionChange::kReset:
         Complain(fmt::format("--set {}: outside the option's range; its lower bound is used", change));
         break;
-      case OptionChange::kUnknownKey: throw UsageError{fmt::format("--set {}: there is no such option", change)};
-      case OptionChange::kNoNumber: throw UsageError{fmt::format("--set {}: the value is no number", change)};
+      case OptionChange::kUnknownKey:
+        throw UsageError{fmt::format("--set {}: there is no such option", change)};
+      case OptionChange::kNoNumber:
+        throw UsageError{fmt::format("--set {}: the value is no number", change)};
     }
   }
   return settings;

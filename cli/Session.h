@@ -1,19 +1,19 @@
-// What every command of `korva` shares: settings, the model asked for, opening a project and ending a failed call.
+// What every command of `korva` shares: settings, the model asked for, opening a project and ending a failed
+// call.
 #pragma once
 
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <functional>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-
+#include "Terminal.h"
 #include "core/Korva.h"
 #include "core/RuntimeError.h"
-#include "Terminal.h"
 
 namespace korva::cli {
 
@@ -39,8 +39,8 @@ struct UsageError {
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options);
 
-// The preferences of this call: those of a fresh settings file or of the one named, what a start-up forces, then the
-// changes. Throws UsageError for an unknown key or a value that is no number.
+// The preferences of this call: those of a fresh settings file or of the one named, what a start-up forces,
+// then the changes. Throws UsageError for an unknown key or a value that is no number.
 Settings PreferencesOf(const CommonOptions& options);
 
 // Adds the option --model, which gives `model` its name.
@@ -49,7 +49,8 @@ void AddModelOption(CLI::App& command, std::string& model);
 // The overburden model of that name, or nothing for an empty one.
 std::optional<std::int16_t> ModelOf(const std::string& name);
 
-// Opens `file` into `korva`, telling what was odd in it. False for a file of no project format, which has been told.
+// Opens `file` into `korva`, telling what was odd in it. False for a file of no project format, which has
+// been told.
 bool OpenProject(Korva& korva, const std::string& file);
 
 // Tells what the input form would refuse about the working copy.

@@ -1,11 +1,10 @@
 #include "Terminal.h"
 
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-
-#include <fmt/format.h>
 
 #include "core/RuntimeError.h"
 #include "files/PlatformFile.h"
@@ -17,8 +16,6 @@ namespace {
 constexpr std::size_t kBarWidth = 40;
 constexpr std::chrono::milliseconds kBarInterval{100};
 
-void ToStandardError(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
-
 }  // namespace
 
 void Print(std::string_view text) {
@@ -28,7 +25,13 @@ void Print(std::string_view text) {
   }
 }
 
-void Complain(std::string_view text) { ToStandardError(fmt::format("korva: {}\n", PlatformLines(text))); }
+void Complain(std::string_view text) {
+  PrintBeside(fmt::format("korva: {}\n", PlatformLines(text)));
+}
+
+void PrintBeside(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
 
 std::string PlatformLines(std::string_view text) {
   std::string lines;
@@ -44,10 +47,13 @@ std::string PlatformLines(std::string_view text) {
 MessageAnswer TerminalMessages::Show(const Message& message) {
   Complain(file_ + ": " + message.text);
   switch (message.buttons) {
-    case MessageButtons::kOk: return MessageAnswer::kOk;
-    case MessageButtons::kRetryCancel: return MessageAnswer::kCancel;
+    case MessageButtons::kOk:
+      return MessageAnswer::kOk;
+    case MessageButtons::kRetryCancel:
+      return MessageAnswer::kCancel;
     case MessageButtons::kYesNo:
-    case MessageButtons::kYesNoDefaultNo: return MessageAnswer::kNo;
+    case MessageButtons::kYesNoDefaultNo:
+      return MessageAnswer::kNo;
   }
   return MessageAnswer::kCancel;
 }
@@ -56,7 +62,7 @@ TerminalProgress::TerminalProgress() : terminal_(::isatty(STDERR_FILENO) == 1) {
 
 TerminalProgress::~TerminalProgress() {
   if (shown_) {
-    ToStandardError(fmt::format("\r{:{}}\r", "", kBarWidth + 30));
+    PrintBeside(fmt::format("\r{:{}}\r", "", kBarWidth + 30));
   }
 }
 
@@ -68,7 +74,7 @@ void TerminalProgress::Advance(std::size_t done, std::size_t total) {
   last_ = now;
   shown_ = true;
   const std::size_t filled = kBarWidth * done / total;
-  ToStandardError(fmt::format("\r[{:#<{}}{:{}}] {} of {}", "", filled, "", kBarWidth - filled, done, total));
+  PrintBeside(fmt::format("\r[{:#<{}}{:{}}] {} of {}", "", filled, "", kBarWidth - filled, done, total));
 }
 
 }  // namespace korva::cli

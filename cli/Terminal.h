@@ -19,8 +19,9 @@ inline constexpr int kFailed = 3;
 // Writes to standard output; run-time error 57 or 61 if that cannot be written.
 void Print(std::string_view text);
 
-// A line on standard error behind the program's name.
+// A line on standard error behind the program's name, and text on standard error as it is.
 void Complain(std::string_view text);
+void PrintBeside(std::string_view text);
 
 // The text with the line ends of this platform.
 std::string PlatformLines(std::string_view text);

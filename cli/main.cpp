@@ -1,9 +1,9 @@
 // The command `korva`: parses a call, runs its command, and answers with an exit status.
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
 #include <numeric>
-
-#include <fmt/format.h>
 
 #include "Commands.h"
 #include "core/Version.h"
@@ -64,8 +64,8 @@ int Run(int argc, char** argv) {
     Complain(error.what() + Suggestion(commands, argc, argv));
     return kUsage;
   }
-  const auto called =
-      std::find_if(commands.begin(), commands.end(), [](const Command& command) { return command.Parser->parsed(); });
+  const auto called = std::find_if(commands.begin(), commands.end(),
+                                   [](const Command& command) { return command.Parser->parsed(); });
   return called->Run();
 }
 

@@ -1,13 +1,13 @@
 #include "commands/Batch.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <atomic>
 #include <cctype>
 #include <filesystem>
 #include <mutex>
 #include <thread>
-
-#include <fmt/format.h>
 
 #include "commands/FileCommands.h"
 #include "files/ProjectFile.h"
@@ -48,7 +48,8 @@ void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project) 
   }
 }
 
-BatchRow EvaluateFile(const std::string& file, const Settings& settings, std::optional<std::int16_t> calcMode) {
+BatchRow EvaluateFile(const std::string& file, const Settings& settings,
+                      std::optional<std::int16_t> calcMode) {
   BatchRow row;
   row.File = file;
   Korva korva;

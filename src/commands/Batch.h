@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "commands/Calculate.h"
 #include "core/Progress.h"
 #include "core/RuntimeError.h"
 #include "core/Settings.h"
-#include "commands/Calculate.h"
 
 namespace korva {
 
@@ -33,8 +33,8 @@ struct BatchRow {
   std::vector<int> RuleFlags;   // indices of the flags that are set
 };
 
-// The project files that `paths` name: a folder stands for all files in it and below it with the project extension in
-// any letter case. In name order, none twice.
+// The project files that `paths` name: a folder stands for all files in it and below it with the project
+// extension in any letter case. In name order, none twice.
 std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths);
 
 // Evaluates each file, on `jobs` threads, in the order of `files`. No fault of one file touches another.

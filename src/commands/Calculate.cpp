@@ -51,9 +51,10 @@ Evaluated EvaluateProject(const Project& project, std::int16_t units, const Opti
     return evaluated;
   }
   if (project.CalcMode != kTraditionalModel) {
-    throw RuntimeError(ErrorNumber::kFileNotFound,
-                       "the laminated overburden model is not part of this version yet; only the traditional loading "
-                       "model can be calculated");
+    throw RuntimeError(
+        ErrorNumber::kFileNotFound,
+        "the laminated overburden model is not part of this version yet; only the traditional loading "
+        "model can be calculated");
   }
   evaluated.Run = prepared.Run;
   RunCalculation(evaluated.Run);
@@ -72,7 +73,8 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages, std::optiona
     korva.ProjectCalc.CalcMode = *calcMode;
   }
   FillPlotCopies(korva);
-  const Evaluated evaluated = EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
+  const Evaluated evaluated =
+      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
   if (evaluated.Refusal) {
     ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
     return false;

@@ -18,13 +18,14 @@ struct Evaluated {
   std::optional<std::string> Refusal;
 };
 
-// Runs the traditional model on a record and judges it. Run-time errors of the calculation, and 53 for a project that
-// asks for the laminated model, which is not there yet.
+// Runs the traditional model on a record and judges it. Run-time errors of the calculation, and 53 for a
+// project that asks for the laminated model, which is not there yet.
 Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options);
 
-// Copies the project to the working copy, with the overburden model `calcMode` if one is given, runs it and fills all
-// output pages and WarningText. False, after a message, for an empty project or one that the check refuses. Neither
-// then nor after a run-time error is any page changed.
-bool CalculateStabilityFactors(Korva& korva, MessagePort& messages, std::optional<std::int16_t> calcMode = {});
+// Copies the project to the working copy, with the overburden model `calcMode` if one is given, runs it and
+// fills all output pages and WarningText. False, after a message, for an empty project or one that the check
+// refuses. Neither then nor after a run-time error is any page changed.
+bool CalculateStabilityFactors(Korva& korva, MessagePort& messages,
+                               std::optional<std::int16_t> calcMode = {});
 
 }  // namespace korva

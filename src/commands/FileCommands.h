@@ -8,16 +8,18 @@
 
 namespace korva {
 
-// Resets the project, in the default units if `resetUnits`, under the name "Untitled" if `resetName`. Output page 0,
-// the working copy and LoadingConditionAux stay.
+// Resets the project, in the default units if `resetUnits`, under the name "Untitled" if `resetName`. Output
+// page 0, the working copy and LoadingConditionAux stay.
 void FileNew(Korva& korva, bool resetName, bool resetUnits);
 
-// Reads the file ProjectFileName, any of the five formats, into the project and copies it to the working copy. False,
-// after a message, for a file of another format; a run-time error for one that cannot be read whole: the project then
-// holds what was read in front of the fault, with the flags of FileNew. FileNotices tells what was odd.
+// Reads the file ProjectFileName, any of the five formats, into the project and copies it to the working
+// copy. False, after a message, for a file of another format; a run-time error for one that cannot be read
+// whole: the project then holds what was read in front of the fault, with the flags of FileNew. FileNotices
+// tells what was odd.
 bool FileOpen(Korva& korva, MessagePort& messages);
 
-// Writes the project to the file ProjectFileName in the newest format. A run-time error leaves the file as it was.
+// Writes the project to the file ProjectFileName in the newest format. A run-time error leaves the file as it
+// was.
 void FileSave(Korva& korva);
 
 // The project in the other unit system, under its new name, unsaved.

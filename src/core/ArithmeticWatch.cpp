@@ -1,9 +1,9 @@
 #include "core/ArithmeticWatch.h"
 
+#include <fmt/format.h>
+
 #include <cfenv>
 #include <cmath>
-
-#include <fmt/format.h>
 
 #include "core/RuntimeError.h"
 
@@ -21,7 +21,9 @@ ArithmeticWatch::ArithmeticWatch(Mode mode) : mode_(mode) {
   }
 }
 
-bool ArithmeticWatch::Raised() const { return std::fetestexcept(kFaults) != 0; }
+bool ArithmeticWatch::Raised() const {
+  return std::fetestexcept(kFaults) != 0;
+}
 
 void ArithmeticWatch::ThrowIfRaised(std::string_view quantity, int index) const {
   const int raised = std::fetestexcept(kFaults);

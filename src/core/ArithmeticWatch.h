@@ -5,9 +5,10 @@
 
 namespace korva {
 
-// Clears the processor's floating-point flags when made. Raised() tells whether an operation since then divided by
-// zero, overflowed or had no value. A stepwise watch does so after each named quantity and throws the run-time error
-// that names it: 11 for a division by zero or 0/0, 6 for an overflow. Flags belong to a thread.
+// Clears the processor's floating-point flags when made. Raised() tells whether an operation since then
+// divided by zero, overflowed or had no value. A stepwise watch does so after each named quantity and throws
+// the run-time error that names it: 11 for a division by zero or 0/0, 6 for an overflow. Flags belong to a
+// thread.
 class ArithmeticWatch {
  public:
   enum class Mode { kWhole, kStepwise };

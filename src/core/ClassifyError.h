@@ -20,8 +20,8 @@ enum class ErrorAction {
 // ". Procedure Terminated", and on a line of its own what was at fault.
 std::string ErrorMessage(const RuntimeError& error);
 
-// Logs and shows `error` and says what follows. Device, file and printer errors offer Retry and Cancel. With `show`
-// false nothing is shown and such errors give kContinue.
+// Logs and shows `error` and says what follows. Device, file and printer errors offer Retry and Cancel. With
+// `show` false nothing is shown and such errors give kContinue.
 ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& error, bool show);
 
 }  // namespace korva

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-
-#include <fmt/format.h>
+#include <string>
 
 #include "core/RuntimeError.h"
 
@@ -26,9 +25,9 @@ struct Decimal {
 
 Decimal ToDecimal(double value, int significant) {
   char text[40];
-  const auto end = std::to_chars(text, text + sizeof text, std::abs(value), std::chars_format::scientific,
-                                 significant - 1)
-                       .ptr;
+  const auto end =
+      std::to_chars(text, text + sizeof text, std::abs(value), std::chars_format::scientific, significant - 1)
+          .ptr;
   const char* mark = std::find(static_cast<const char*>(text), static_cast<const char*>(end), 'e');
   Decimal decimal;
   decimal.negative = std::signbit(value);
@@ -37,8 +36,8 @@ Decimal ToDecimal(double value, int significant) {
   return decimal;
 }
 
-// Keeps the first `kept` digits, rounded half away from zero. A carry out of the first digit raises the exponent and
-// is one digit more.
+// Keeps the first `kept` digits, rounded half away from zero. A carry out of the first digit raises the
+// exponent and is one digit more.
 void RoundDigits(Decimal& decimal, int kept) {
   if (kept >= static_cast<int>(decimal.digits.size())) {
     return;
@@ -65,7 +64,9 @@ std::string FixedText(Decimal decimal, int decimals) {
   // The digit of power of ten `power`.
   const auto digit = [&decimal](int power) {
     const int at = decimal.exponent - power;
-    return at >= 0 && at < static_cast<int>(decimal.digits.size()) ? decimal.digits[static_cast<std::size_t>(at)] : '0';
+    return at >= 0 && at < static_cast<int>(decimal.digits.size())
+               ? decimal.digits[static_cast<std::size_t>(at)]
+               : '0';
   };
   for (int power = std::max(decimal.exponent, 0); power >= 0; --power) {
     text += digit(power);
@@ -84,9 +85,11 @@ std::string ScientificText(Decimal decimal) {
     return ".00E+00";
   }
   RoundDigits(decimal, kScientificDigits);
-  return fmt::format("{}{}.{}E{}{:02}", decimal.negative ? "-" : "", decimal.digits[0],
-                     std::string_view(decimal.digits).substr(1, kScientificDigits - 1),
-                     decimal.exponent < 0 ? '-' : '+', std::abs(decimal.exponent));
+  std::string text = decimal.negative ? "-" : "";
+  text.append(decimal.digits, 0, 1).append(".").append(decimal.digits, 1, kScientificDigits - 1);
+  text += decimal.exponent < 0 ? "E-" : "E+";
+  const std::string power = std::to_string(std::abs(decimal.exponent));
+  return text.append(power.size() < 2 ? "0" : "").append(power);
 }
 
 std::string FormatDigits(double value, int significant, std::string_view pattern) {
@@ -98,7 +101,8 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
     return ScientificText(decimal);
   }
   const auto point = std::min(pattern.find('.'), pattern.size());
-  const bool fixed = point > 0 && pattern[point - 1] == '0' && pattern.find_first_not_of("#0.") == pattern.npos &&
+  const bool fixed = point > 0 && pattern[point - 1] == '0' &&
+                     pattern.find_first_not_of("#0.") == pattern.npos &&
                      pattern.find('#', point) == pattern.npos;
   if (!fixed) {
     throw RuntimeError(ErrorNumber::kInvalidCall, "the number pattern " + std::string(pattern));
@@ -109,7 +113,9 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
 
 }  // namespace
 
-std::string Format(double value, std::string_view pattern) { return FormatDigits(value, 15, pattern); }
+std::string Format(double value, std::string_view pattern) {
+  return FormatDigits(value, 15, pattern);
+}
 
 std::string Format(float value, std::string_view pattern) {
   return FormatDigits(static_cast<double>(value), 7, pattern);

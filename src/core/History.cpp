@@ -13,7 +13,8 @@ constexpr int kLinesKept = 2;
 
 void CutToLastLines(std::string& text) {
   std::size_t lines = 0;
-  for (auto at = text.find(kLineEnd); at != std::string::npos; at = text.find(kLineEnd, at + kLineEnd.size())) {
+  for (auto at = text.find(kLineEnd); at != std::string::npos;
+       at = text.find(kLineEnd, at + kLineEnd.size())) {
     ++lines;
   }
   for (; lines > kLinesKept; --lines) {
@@ -30,8 +31,9 @@ void HistoryLog(History& history, const Settings& settings, std::string_view tex
   if (CharacterCount(history.Text) >= static_cast<std::size_t>(settings.MaxDisplaySize)) {
     CutToLastLines(history.Text);
   }
-  history.HistoryCounter =
-      history.HistoryCounter >= kLastNumber ? std::int16_t{1} : static_cast<std::int16_t>(history.HistoryCounter + 1);
+  history.HistoryCounter = history.HistoryCounter >= kLastNumber
+                               ? std::int16_t{1}
+                               : static_cast<std::int16_t>(history.HistoryCounter + 1);
   history.Text += fmt::format("{}. {}{}", history.HistoryCounter, text, kLineEnd);
 }
 

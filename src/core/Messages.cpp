@@ -13,11 +13,16 @@ std::string_view TitlePrefix(int slot) {
     ThrowSubscript(slot, 1, 13);
   }
   switch (slot) {
-    case 1: return "Project Description: ";
-    case 2: return "Project Parameters: ";
-    case 7: return "Program Options: ";
-    case 8: return "Settings: ";
-    default: return "";
+    case 1:
+      return "Project Description: ";
+    case 2:
+      return "Project Parameters: ";
+    case 7:
+      return "Program Options: ";
+    case 8:
+      return "Settings: ";
+    default:
+      return "";
   }
 }
 
@@ -27,8 +32,8 @@ MessageTitles MessageTitlesOf(int slot) {
   const std::string prefix(TitlePrefix(slot));
   MessageTitles titles;
   for (std::string MessageTitles::*title :
-       {&MessageTitles::TitleRangeError, &MessageTitles::TitleRangeWarning, &MessageTitles::TitleInvalidCharacter,
-        &MessageTitles::TitleError, &MessageTitles::TitleLogicError}) {
+       {&MessageTitles::TitleRangeError, &MessageTitles::TitleRangeWarning,
+        &MessageTitles::TitleInvalidCharacter, &MessageTitles::TitleError, &MessageTitles::TitleLogicError}) {
     (titles.*title).insert(0, prefix);
   }
   return titles;

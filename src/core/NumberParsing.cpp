@@ -7,7 +7,9 @@ namespace korva {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && IsDigit(text[at])) {
@@ -16,7 +18,9 @@ std::size_t SkipDigits(std::string_view text, std::size_t at) {
   return at;
 }
 
-bool IsSign(std::string_view text, std::size_t at) { return at < text.size() && (text[at] == '-' || text[at] == '+'); }
+bool IsSign(std::string_view text, std::size_t at) {
+  return at < text.size() && (text[at] == '-' || text[at] == '+');
+}
 
 // The end of an exponent at `at`, or `at` if none stands there.
 std::size_t SkipExponent(std::string_view text, std::size_t at) {
@@ -28,8 +32,8 @@ std::size_t SkipExponent(std::string_view text, std::size_t at) {
   return end > digits ? end : at;
 }
 
-// Whether an unsigned number that no double holds is too small, not too large: by the power of ten of its first
-// digit that counts.
+// Whether an unsigned number that no double holds is too small, not too large: by the power of ten of its
+// first digit that counts.
 bool IsTiny(std::string_view number) {
   const auto first = number.find_first_of("123456789");
   const auto mark = number.find_first_of("eE");
@@ -37,7 +41,8 @@ bool IsTiny(std::string_view number) {
     return true;
   }
   const auto point = std::min(number.find('.'), std::min(mark, number.size()));
-  const double power = first < point ? static_cast<double>(point - first) : -static_cast<double>(first - point);
+  const double power =
+      first < point ? static_cast<double>(point - first) : -static_cast<double>(first - point);
   if (mark == std::string_view::npos) {
     return power < 0;
   }

@@ -12,8 +12,8 @@ struct ParsedNumber {
   bool overflow = false;
 };
 
-// The number at the very start of `text`: a sign, digits with at most one point among them, and an exponent. Words
-// such as "inf" and "nan" are no numbers. A number too small to be told from 0 is 0.
+// The number at the very start of `text`: a sign, digits with at most one point among them, and an exponent.
+// Words such as "inf" and "nan" are no numbers. A number too small to be told from 0 is 0.
 ParsedNumber ParseNumberPrefix(std::string_view text);
 
 }  // namespace korva

@@ -1,8 +1,8 @@
 #include "core/NumberText.h"
 
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <cmath>
 
 #include "core/RuntimeError.h"
 
@@ -23,13 +23,21 @@ std::string Padded(std::string digits) {
 
 }  // namespace
 
-std::string GeneralText(double value) { return General(value, 15); }
+std::string GeneralText(double value) {
+  return General(value, 15);
+}
 
-std::string GeneralText(float value) { return General(static_cast<double>(value), 7); }
+std::string GeneralText(float value) {
+  return General(static_cast<double>(value), 7);
+}
 
-std::string PaddedText(std::int16_t value) { return Padded(fmt::format("{}", value)); }
+std::string PaddedText(std::int16_t value) {
+  return Padded(fmt::format("{}", value));
+}
 
-std::string PaddedText(float value) { return Padded(GeneralText(value)); }
+std::string PaddedText(float value) {
+  return Padded(GeneralText(value));
+}
 
 double RoundHalfEven(double value, int decimals) {
   static constexpr double kScales[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};

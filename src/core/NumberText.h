@@ -6,9 +6,9 @@
 
 namespace korva {
 
-// The general form: the shortest text of the value at 15 significant digits (7 for a 32-bit value), with a point,
-// a leading zero before it, and an exponent ("1.5E-05", "1E+15") below 1E-04 and from 1E+15 (1E+07) on.
-// Run-time error 6 for a value that is not finite.
+// The general form: the shortest text of the value at 15 significant digits (7 for a 32-bit value), with a
+// point, a leading zero before it, and an exponent ("1.5E-05", "1E+15") below 1E-04 and from 1E+15 (1E+07)
+// on. Run-time error 6 for a value that is not finite.
 std::string GeneralText(double value);
 std::string GeneralText(float value);
 

@@ -25,8 +25,8 @@ inline constexpr double kPsiPerMPa = 145.0377;
 inline constexpr double kPcfPerKNm3 = 6.3663022639200495;
 inline constexpr double kRadiansPerDegree = 0.017453292519943278;
 
-// All lengths in ft or m, strengths in psi or MPa, unit weight in pcf or kN/m3, angles in degrees, by the unit
-// system of the project. Flags hold 1 and 0. The values here are those of an empty English project.
+// All lengths in ft or m, strengths in psi or MPa, unit weight in pcf or kN/m3, angles in degrees, by the
+// unit system of the project. Flags hold 1 and 0. The values here are those of an empty English project.
 struct Project {
   double EntryHeight = 0;
   double DepthCover = 0;
@@ -68,17 +68,17 @@ struct Project {
 struct StoredProject {
   Project ProjectInput;
   std::string ProjectTitle;
-  std::string ProjectDescription;             // lines joined by CR LF
-  std::int16_t ProjectDescriptionLines = 0;   // count kept while the description is read and normalized
+  std::string ProjectDescription;            // lines joined by CR LF
+  std::int16_t ProjectDescriptionLines = 0;  // count kept while the description is read and normalized
   std::int16_t ProjectUnits = kEnglish;
 };
 
 // The record of an empty project. LoadingConditionAux is the caller's to carry over.
 Project EmptyProject(std::int16_t units);
 
-// Changes all values to the unit system `targetUnits`, each rounded to 2 decimals half to even (unit weight in
-// metric units to 3). It does not look at the present units: offering only the other system is the caller's part.
-// Run-time error 6 if a value leaves its range.
+// Changes all values to the unit system `targetUnits`, each rounded to 2 decimals half to even (unit weight
+// in metric units to 3). It does not look at the present units: offering only the other system is the
+// caller's part. Run-time error 6 if a value leaves its range.
 void ConvertProjectUnits(StoredProject& project, std::int16_t targetUnits);
 
 // The file name after a conversion: "Metric_" or "English_" and the name without its folder.

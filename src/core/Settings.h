@@ -1,5 +1,5 @@
-// The program's lasting preferences, by the names of their keys. The values here are those of a fresh settings
-// file after it has been read back.
+// The program's lasting preferences, by the names of their keys. The values here are those of a fresh
+// settings file after it has been read back.
 #pragma once
 
 #include <cstdint>
@@ -34,9 +34,9 @@ struct OptionSettings {
 };
 
 struct Settings {
-  std::int16_t DefaultUnits = 0;          // unit system of new projects
-  std::int16_t DisplayHistoryWin = 0;     // 1 keeps the history
-  std::int16_t MaxDisplaySize = 4096;     // characters of the history
+  std::int16_t DefaultUnits = 0;       // unit system of new projects
+  std::int16_t DisplayHistoryWin = 0;  // 1 keeps the history
+  std::int16_t MaxDisplaySize = 4096;  // characters of the history
   OptionSettings Options;
 };
 

@@ -38,12 +38,17 @@ constexpr std::array<LabelPair, 18> kUnitLabels = {{
 std::string_view UnitLabel(UnitKind kind, std::int16_t units) {
   const LabelPair& labels = kUnitLabels[static_cast<std::size_t>(kind)];
   switch (units) {
-    case 0: return labels.english;
-    case 1: return labels.metric;
-    default: ThrowSubscript(units, 0, 1);
+    case 0:
+      return labels.english;
+    case 1:
+      return labels.metric;
+    default:
+      ThrowSubscript(units, 0, 1);
   }
 }
 
-std::string_view BareUnit(std::string_view label) { return label.substr(2, label.size() - 3); }
+std::string_view BareUnit(std::string_view label) {
+  return label.substr(2, label.size() - 3);
+}
 
 }  // namespace korva

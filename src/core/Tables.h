@@ -16,8 +16,8 @@ enum class UnitKind {
   kMetricLoad = 5,
 };
 
-// The label behind a field's name in unit system `units` (0 or 1), such as " (ft)". Run-time error 9 for another
-// system.
+// The label behind a field's name in unit system `units` (0 or 1), such as " (ft)". Run-time error 9 for
+// another system.
 std::string_view UnitLabel(UnitKind kind, std::int16_t units);
 
 // A label without its leading blank and without its parentheses: "ft".
@@ -34,11 +34,13 @@ inline constexpr std::array<std::string_view, 2> kBarrierTitles = {"FIRST SIDE G
 inline constexpr std::array<std::string_view, 2> kFirstSecond = {"First", "Second"};
 inline constexpr std::array<std::string_view, 2> kRowLetters = {"C", "D"};
 inline constexpr std::array<std::string_view, 2> kBleederNotes = {
-    " *Includes contribution from row 'C' bleeder pillar", "**Includes contribution from row 'D' bleeder pillar"};
+    " *Includes contribution from row 'C' bleeder pillar",
+    "**Includes contribution from row 'D' bleeder pillar"};
 
 // By case, development first.
 inline constexpr std::array<std::string_view, 2> kStageTitles = {"Development", "Retreat"};
-inline constexpr std::array<std::string_view, 2> kModelStageTitles = {"Development (KORVA)", "Retreat (KORVA)"};
+inline constexpr std::array<std::string_view, 2> kModelStageTitles = {"Development (KORVA)",
+                                                                      "Retreat (KORVA)"};
 
 // By case and number of side gobs: development with one, with two, retreat with one, with two.
 inline constexpr std::array<std::string_view, 4> kSideGobNotes = {

@@ -8,7 +8,9 @@ namespace {
 
 constexpr std::size_t kLeastWrapWidth = 21;
 
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+bool IsContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 
 // The bytes of the character that begins at `at`: the lead byte and the continuations that it announces.
 std::size_t CharacterLength(std::string_view text, std::size_t at) {

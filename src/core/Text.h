@@ -1,5 +1,5 @@
-// Texts in characters: lengths, padding, trimming and wrapping. Texts are UTF-8; a width counts characters, and a
-// byte that belongs to no valid character counts as one.
+// Texts in characters: lengths, padding, trimming and wrapping. Texts are UTF-8; a width counts characters,
+// and a byte that belongs to no valid character counts as one.
 #pragma once
 
 #include <cstddef>
@@ -24,8 +24,8 @@ std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);
 std::string DotPad(std::string_view text, std::size_t width);
 
-// `text` broken at blanks into lines of at most `width` characters, each with a line end, the last one too. A word
-// longer than the width loses its front to "...". A width of 20 or less returns the text unchanged.
+// `text` broken at blanks into lines of at most `width` characters, each with a line end, the last one too. A
+// word longer than the width loses its front to "...". A width of 20 or less returns the text unchanged.
 std::string WrapText(std::string_view text, std::size_t width);
 
 // One line of a text without its end, and what stands behind it. CR LF, CR and LF end a line.

@@ -1,10 +1,10 @@
 #include "files/FieldCursor.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-#include <fmt/format.h>
 
 #include "core/NumberParsing.h"
 #include "core/Text.h"
@@ -34,7 +34,8 @@ FieldCursor::FieldCursor(std::string_view text, std::string fileName, std::vecto
     : rest_(text), fileName_(std::move(fileName)), notices_(notices) {}
 
 void FieldCursor::Fail(ErrorNumber number, std::string_view expected, std::string_view found) const {
-  throw RuntimeError(number, fmt::format("{}, line {}: expected {}, found {}", fileName_, fieldLine_, expected, found));
+  throw RuntimeError(
+      number, fmt::format("{}, line {}: expected {}, found {}", fileName_, fieldLine_, expected, found));
 }
 
 std::string_view FieldCursor::ReadLine(std::string_view expected) {
@@ -48,14 +49,19 @@ std::string_view FieldCursor::ReadLine(std::string_view expected) {
   return split.line;
 }
 
-std::string_view FieldCursor::ReadText(std::string_view expected) { return TakeField(expected).text; }
+std::string_view FieldCursor::ReadText(std::string_view expected) {
+  return TakeField(expected).text;
+}
 
 double FieldCursor::ReadNumber(std::string_view expected) {
   const Field field = TakeField(expected);
   if (field.end == End::kComma) {
-    notices_.push_back({fieldLine_, fmt::format("a comma ends {}; what stands behind it was read as the next value", expected)});
+    notices_.push_back(
+        {fieldLine_,
+         fmt::format("a comma ends {}; what stands behind it was read as the next value", expected)});
   } else if (field.end == End::kFile) {
-    notices_.push_back({fieldLine_, fmt::format("{} has no line end behind it; the file may have been cut off", expected)});
+    notices_.push_back(
+        {fieldLine_, fmt::format("{} has no line end behind it; the file may have been cut off", expected)});
   }
   const std::size_t first = field.text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) {
@@ -64,7 +70,8 @@ double FieldCursor::ReadNumber(std::string_view expected) {
   const std::string_view text = field.text.substr(first, field.text.find_last_not_of(kBlanks) - first + 1);
   const ParsedNumber parsed = ParseNumberPrefix(text);
   if (parsed.length != text.size()) {
-    Fail(ErrorNumber::kTypeMismatch, fmt::format("{}, a number", expected), fmt::format("\"{}\"", Shown(text)));
+    Fail(ErrorNumber::kTypeMismatch, fmt::format("{}, a number", expected),
+         fmt::format("\"{}\"", Shown(text)));
   }
   if (parsed.overflow) {
     Fail(ErrorNumber::kOverflow, fmt::format("{}, a number", expected), fmt::format("\"{}\"", Shown(text)));
@@ -83,7 +90,8 @@ float FieldCursor::ReadSingle(std::string_view expected) {
 std::int16_t FieldCursor::ReadInteger(std::string_view expected) {
   const double value = std::nearbyint(ReadNumber(expected));
   if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
-    Fail(ErrorNumber::kOverflow, fmt::format("{}, an integer from -32768 to 32767", expected), fmt::format("{}", value));
+    Fail(ErrorNumber::kOverflow, fmt::format("{}, an integer from -32768 to 32767", expected),
+         fmt::format("{}", value));
   }
   return static_cast<std::int16_t>(value);
 }
@@ -93,7 +101,8 @@ void FieldCursor::NoticeRest() {
     const SplitLine split = TakeLine(rest_);
     rest_ = split.rest;
     if (split.line.find_first_not_of(kBlanks) != std::string_view::npos) {
-      notices_.push_back({line_, fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
+      notices_.push_back(
+          {line_, fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
     }
     ++line_;
   }
@@ -119,7 +128,9 @@ FieldCursor::Field FieldCursor::TakeField(std::string_view expected) {
   return {text, TakeDelimiter()};
 }
 
-void FieldCursor::SkipBlanks() { Advance(std::min(rest_.find_first_not_of(' '), rest_.size())); }
+void FieldCursor::SkipBlanks() {
+  Advance(std::min(rest_.find_first_not_of(' '), rest_.size()));
+}
 
 FieldCursor::End FieldCursor::TakeDelimiter() {
   if (rest_.empty()) {

@@ -61,7 +61,8 @@ bool Store(OptionSettings& options, const Option& option, double value) {
   const bool cellSize = option.high == kNoBound;
   const bool whole = std::holds_alternative<std::int16_t OptionSettings::*>(option.member);
   const double number = whole ? std::nearbyint(value) : value;
-  const bool inside = cellSize ? number > 0 && number <= option.high : number >= option.low && number <= option.high;
+  const bool inside =
+      cellSize ? number > 0 && number <= option.high : number >= option.low && number <= option.high;
   const double kept = inside ? number : cellSize ? option.missing : option.low;
   std::visit(
       [&options, kept](auto member) {
@@ -72,9 +73,8 @@ bool Store(OptionSettings& options, const Option& option, double value) {
 }
 
 bool SameKey(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 }  // namespace
@@ -94,8 +94,8 @@ OptionSettings ReadOptions(std::string_view text) {
 }
 
 OptionChange SetOption(OptionSettings& options, std::string_view key, std::string_view value) {
-  const auto* option =
-      std::find_if(kOptions.begin(), kOptions.end(), [key](const Option& o) { return SameKey(o.key, Trimmed(key)); });
+  const auto* option = std::find_if(kOptions.begin(), kOptions.end(),
+                                    [key](const Option& o) { return SameKey(o.key, Trimmed(key)); });
   if (option == kOptions.end()) {
     return OptionChange::kUnknownKey;
   }

@@ -1,4 +1,5 @@
-// The operating system's file calls, and nothing above them. The one place that knows how this platform does it.
+// The operating system's file calls, and nothing above them. The one place that knows how this platform does
+// it.
 #pragma once
 
 #include <cstdint>
@@ -22,25 +23,26 @@ struct FileState {
   std::uint64_t node = 0;
 };
 
-// The state of what `path` names, links followed. A missing file or folder does not exist; other failures throw.
+// The state of what `path` names, links followed. A missing file or folder does not exist; other failures
+// throw.
 FileState StateOfFile(const std::string& path);
 
-// The whole content of a regular file of at most `limit` bytes. Run-time errors: 53 missing file, 76 missing folder,
-// 75 a folder or device, 70 no permission, 7 more than `limit` bytes, 57 a read that fails.
+// The whole content of a regular file of at most `limit` bytes. Run-time errors: 53 missing file, 76 missing
+// folder, 75 a folder or device, 70 no permission, 7 more than `limit` bytes, 57 a read that fails.
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit);
 
 // The file that `path` leads to through symbolic links; `path` itself if it is none.
 std::string ResolveLinks(const std::string& path);
 
-// What replacing a file takes, step by step. Each call throws the run-time error of its failure. Tests put one that
-// fails in its place.
+// What replacing a file takes, step by step. Each call throws the run-time error of its failure. Tests put
+// one that fails in its place.
 class FileReplacement {
  public:
   virtual ~FileReplacement() = default;
   // Makes a new file beside `target`, with the permissions `mode`, or the usual ones if that is 0.
   virtual void CreateBeside(const std::string& target, std::uint32_t mode) = 0;
   virtual void Write(std::string_view bytes) = 0;
-  virtual void Flush() = 0;   // to the disk itself
+  virtual void Flush() = 0;  // to the disk itself
   virtual void Close() = 0;
   virtual void Rename(const std::string& target) = 0;  // over the target, the folder flushed
   virtual void Discard() noexcept = 0;                 // after a failure

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -6,8 +7,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <utility>
-
-#include <fmt/format.h>
 
 #include "core/RuntimeError.h"
 #include "files/PlatformFile.h"
@@ -49,13 +48,23 @@ bool FolderExists(const std::string& path) {
 
 ErrorNumber ErrorOfCode(int code, const std::string& path) {
   switch (code) {
-    case ENOENT: return FolderExists(path) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
-    case ENOTDIR: return ErrorNumber::kPathNotFound;
-    case EACCES: case EPERM: case EROFS: return ErrorNumber::kPermissionDenied;
-    case ENOSPC: case EDQUOT: return ErrorNumber::kDiskFull;
-    case ENOMEM: return ErrorNumber::kOutOfMemory;
-    case EIO: return ErrorNumber::kDeviceIo;
-    default: return ErrorNumber::kPathFileAccess;
+    case ENOENT:
+      return FolderExists(path) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
+    case ENOTDIR:
+      return ErrorNumber::kPathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ErrorNumber::kPermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+      return ErrorNumber::kDiskFull;
+    case ENOMEM:
+      return ErrorNumber::kOutOfMemory;
+    case EIO:
+      return ErrorNumber::kDeviceIo;
+    default:
+      return ErrorNumber::kPathFileAccess;
   }
 }
 
@@ -162,7 +171,8 @@ FileState StateOfFile(const std::string& path) {
 
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
   // Without O_NONBLOCK a named pipe would hold the program until somebody writes into it.
-  const Descriptor file(Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
+  const Descriptor file(
+      Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
   if (file.Get() < 0) {
     ThrowSystemError(errno, path, "opening");
   }
@@ -171,8 +181,9 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
     ThrowSystemError(errno, path, "looking at it");
   }
   if (!S_ISREG(state.st_mode)) {
-    throw RuntimeError(ErrorNumber::kPathFileAccess,
-                       fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
+    throw RuntimeError(
+        ErrorNumber::kPathFileAccess,
+        fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
   }
   std::string bytes;
   std::size_t filled = 0;
@@ -199,7 +210,9 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
   return bytes;
 }
 
-std::unique_ptr<FileReplacement> SystemFileReplacement() { return std::make_unique<PosixFileReplacement>(); }
+std::unique_ptr<FileReplacement> SystemFileReplacement() {
+  return std::make_unique<PosixFileReplacement>();
+}
 
 std::string ResolveLinks(const std::string& path) {
   char* resolved = ::realpath(path.c_str(), nullptr);

@@ -1,11 +1,11 @@
 #include "files/ProjectFile.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <variant>
-
-#include <fmt/format.h>
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
@@ -83,7 +83,8 @@ constexpr std::int16_t kLastLoadingCondition = 3;
 
 class FieldReader {
  public:
-  FieldReader(FieldCursor& cursor, Project& project, const char* name) : cursor_(cursor), p_(project), name_(name) {}
+  FieldReader(FieldCursor& cursor, Project& project, const char* name)
+      : cursor_(cursor), p_(project), name_(name) {}
 
   void operator()(double Project::*member) const { p_.*member = cursor_.ReadNumber(name_); }
   void operator()(float Project::*member) const { p_.*member = cursor_.ReadSingle(name_); }
@@ -99,7 +100,8 @@ class FieldReader {
     if (member == &Project::NumberEntries) {
       p_.NumberEntries = value == 0 ? std::int16_t{1} : value;
       if (value > kMaxEntries) {
-        cursor_.Fail(ErrorNumber::kSubscript, fmt::format("{} of at most {}", name_, kMaxEntries), fmt::format("{}", value));
+        cursor_.Fail(ErrorNumber::kSubscript, fmt::format("{} of at most {}", name_, kMaxEntries),
+                     fmt::format("{}", value));
       }
     } else if (member == &Project::LoadingCondition) {
       p_.LoadingCondition = std::min(value, kLastLoadingCondition);
@@ -133,8 +135,8 @@ class FieldWriter {
   const Project& p_;
 };
 
-// Reads the block between the markers. Its first line is read whole, the others as fields: there a comma ends a line
-// and is dropped, blanks in front are dropped, and a quote at the start delimits it.
+// Reads the block between the markers. Its first line is read whole, the others as fields: there a comma ends
+// a line and is dropped, blanks in front are dropped, and a quote at the start delimits it.
 void ReadDescription(FieldCursor& cursor, StoredProject& project) {
   project.ProjectDescription.clear();
   std::string_view text = cursor.ReadLine(kDescriptionStart);
@@ -166,13 +168,15 @@ bool DescriptionReadsBack(std::string_view text) {
 
 std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std::string& fileName) {
   std::vector<FileNotice> notices;
-  const std::string_view first = FieldCursor(text, fileName, notices).ReadText("the format of a project file");
-  const auto* magic = std::find_if(kMagics.begin(), kMagics.end(), [first](const Magic& m) { return m.text == first; });
+  const std::string_view first =
+      FieldCursor(text, fileName, notices).ReadText("the format of a project file");
+  const auto* magic =
+      std::find_if(kMagics.begin(), kMagics.end(), [first](const Magic& m) { return m.text == first; });
   return magic == kMagics.end() ? std::nullopt : std::optional(magic->format);
 }
 
-void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version, StoredProject& project,
-                 std::vector<FileNotice>& notices) {
+void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version,
+                 StoredProject& project, std::vector<FileNotice>& notices) {
   FieldCursor cursor(text, fileName, notices);
   cursor.ReadText("the format of a project file");
   const std::int16_t units = cursor.ReadInteger("ProjectUnits");
@@ -192,12 +196,14 @@ std::string ComposeProject(const StoredProject& project) {
     throw RuntimeError(ErrorNumber::kInvalidCall, "the project title has more than one line");
   }
   std::string description;
-  for (const std::string_view line : {kDescriptionStart, std::string_view(project.ProjectDescription), kDescriptionEnd}) {
+  for (const std::string_view line :
+       {kDescriptionStart, std::string_view(project.ProjectDescription), kDescriptionEnd}) {
     description.append(line).append(kLineEnd);
   }
   if (!DescriptionReadsBack(description)) {
     throw RuntimeError(ErrorNumber::kInvalidCall,
-                       fmt::format("the project description holds the line \"{}\", which ends it in the file", kDescriptionEnd));
+                       fmt::format("the project description holds the line \"{}\", which ends it in the file",
+                                   kDescriptionEnd));
   }
 
   std::string text;

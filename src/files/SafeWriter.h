@@ -8,9 +8,9 @@
 
 namespace korva {
 
-// Puts `bytes` in the place of `path`: written beside it, flushed, closed, then renamed over it, so that a failure at
-// any step leaves what was there as it was. Permissions are kept and a symbolic link is followed. Run-time errors as
-// the steps give them, and 75 for a target that is a folder or a device.
+// Puts `bytes` in the place of `path`: written beside it, flushed, closed, then renamed over it, so that a
+// failure at any step leaves what was there as it was. Permissions are kept and a symbolic link is followed.
+// Run-time errors as the steps give them, and 75 for a target that is a folder or a device.
 void WriteFileSafely(const std::string& path, std::string_view bytes);
 void WriteFileSafely(const std::string& path, std::string_view bytes, FileReplacement& replacement);
 

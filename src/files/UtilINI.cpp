@@ -8,10 +8,13 @@ namespace korva {
 
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 std::string_view WithoutQuotes(std::string_view value) {
@@ -22,7 +25,8 @@ std::string_view WithoutQuotes(std::string_view value) {
 
 }  // namespace
 
-std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
+std::optional<std::string> FindIniValue(std::string_view text, std::string_view section,
+                                        std::string_view key) {
   bool within = false;
   while (!text.empty()) {
     const SplitLine split = TakeLine(text);
@@ -33,7 +37,8 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
       continue;
     }
     const auto equals = line.find('=');
-    if (within && equals != std::string_view::npos && SameName(Trimmed(line.substr(0, equals)), Trimmed(key))) {
+    if (within && equals != std::string_view::npos &&
+        SameName(Trimmed(line.substr(0, equals)), Trimmed(key))) {
       return std::string(WithoutQuotes(Trimmed(line.substr(equals + 1))).substr(0, kLongestIniValue));
     }
   }

@@ -12,9 +12,10 @@ namespace korva {
 // Longest value that a profile gives, in bytes.
 inline constexpr std::size_t kLongestIniValue = 254;
 
-// The value of `key` in `section` of the profile `text`, or nothing. Letter case and blanks around names and values do
-// not count, and one pair of quotes around a value is dropped.
-std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key);
+// The value of `key` in `section` of the profile `text`, or nothing. Letter case and blanks around names and
+// values do not count, and one pair of quotes around a value is dropped.
+std::optional<std::string> FindIniValue(std::string_view text, std::string_view section,
+                                        std::string_view key);
 
 // The same, with `fallback` for a missing or empty value.
 std::string GetIniValue(std::string_view text, std::string_view section, std::string_view key,

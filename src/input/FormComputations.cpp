@@ -3,10 +3,10 @@
 #include <cmath>
 #include <limits>
 
-#include "core/NumberText.h"
-#include "input/FieldNumber.h"
 #include "core/ArithmeticWatch.h"
 #include "core/Format.h"
+#include "core/NumberText.h"
+#include "input/FieldNumber.h"
 
 namespace korva {
 
@@ -17,7 +17,9 @@ constexpr double kEnglishWidePanelDepth = 80;
 constexpr double kMetricWidePanelDepth = 262.4671916010498;
 constexpr float kLeastArchFactor = 0.28F;
 
-double FieldOf(double value) { return FieldNumber(GeneralText(value)); }
+double FieldOf(double value) {
+  return FieldNumber(GeneralText(value));
+}
 
 int LastCenter(const ParameterFields& fields) {
   return static_cast<int>(std::nearbyint(fields.NumberEntries)) - 1;

@@ -1,8 +1,8 @@
 #include "input/FormNotices.h"
 
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <cmath>
 
 #include "core/NumberText.h"
 
@@ -18,12 +18,14 @@ constexpr float kLeastArchFactor = 0.28F;
 std::vector<std::string> FormNotices(const Project& p) {
   std::vector<std::string> notices;
   if (p.XcutAngle < kLeastXcutAngle) {
-    notices.push_back(fmt::format("the crosscut angle of {} degrees is below the 30 that the input form asks for",
-                                  GeneralText(p.XcutAngle)));
+    notices.push_back(
+        fmt::format("the crosscut angle of {} degrees is below the 30 that the input form asks for",
+                    GeneralText(p.XcutAngle)));
   }
   const double clearLength = p.XcutSpacing * std::sin(p.XcutAngle * kRadiansPerDegree) - p.EntryWidth;
   if (p.XcutSpacing <= p.EntryWidth || clearLength <= 0) {
-    notices.push_back("the pillars have no length: the crosscut spacing leaves nothing beside the entry width");
+    notices.push_back(
+        "the pillars have no length: the crosscut spacing leaves nothing beside the entry width");
   }
   if (p.ArchFactor < kLeastArchFactor) {
     notices.push_back(fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
@@ -31,8 +33,9 @@ std::vector<std::string> FormNotices(const Project& p) {
   }
   for (int i = 1; i <= PillarRows(p); ++i) {
     if (p.XcutCenters[i] <= p.EntryWidth) {
-      notices.push_back(fmt::format("the pillars of row {} have no width: center-to-center distance {}, entry width {}",
-                                    i, GeneralText(p.XcutCenters[i]), GeneralText(p.EntryWidth)));
+      notices.push_back(
+          fmt::format("the pillars of row {} have no width: center-to-center distance {}, entry width {}", i,
+                      GeneralText(p.XcutCenters[i]), GeneralText(p.EntryWidth)));
     }
   }
   return notices;

@@ -8,8 +8,8 @@
 
 namespace korva {
 
-// One line for each such thing, in the order of the form; empty for a project that the form would take. The numbers
-// of such a panel are computed as the formulas give them, so a person should know.
+// One line for each such thing, in the order of the form; empty for a project that the form would take. The
+// numbers of such a panel are computed as the formulas give them, so a person should know.
 std::vector<std::string> FormNotices(const Project& project);
 
 }  // namespace korva

@@ -25,7 +25,8 @@ double ShareWithin(double extent, double distance) {
   return std::min(1 - rest * rest * rest, 1.0);
 }
 
-// The two volumes of overburden over a gob's corner of side `a`, as loads: beneath the abutment line and above it.
+// The two volumes of overburden over a gob's corner of side `a`, as loads: beneath the abutment line and
+// above it.
 double CornerLoad(const WorkValues& w, double a, double tangent) {
   const double h = w.DepthCover;
   const double hS = h - a / tangent;
@@ -34,8 +35,8 @@ double CornerLoad(const WorkValues& w, double a, double tangent) {
   return v1 + v2;
 }
 
-// Front abutment load on the AMZ and the length of a remnant. Returns whether the panel is narrower than the gob, and
-// one of them subcritical.
+// Front abutment load on the AMZ and the length of a remnant. Returns whether the panel is narrower than the
+// gob, and one of them subcritical.
 bool FrontAbutment(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   const double h = w.DepthCover;
   const double g = w.UnitWt;
@@ -110,7 +111,8 @@ void SideLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& wa
   }
 }
 
-// Cumulative load on the AMZ by stage. LTRANSBAR comes in after the pressure arch factor, which does not reduce it.
+// Cumulative load on the AMZ by stage. LTRANSBAR comes in after the pressure arch factor, which does not
+// reduce it.
 void TotalLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   const auto fpa = static_cast<double>(r.Fpa);
   r.AMZTotalLoad[c][kTributary] = fpa * r.DevLoad;
@@ -127,8 +129,8 @@ void TotalLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
 }  // namespace
 
 void CaseLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
-  // Rows A and B are taken off the loaded area and the capacity under an active gob alone; with side gobs they
-  // only narrow the front.
+  // Rows A and B are taken off the loaded area and the capacity under an active gob alone; with side gobs
+  // they only narrow the front.
   const bool netPanel = w.LoadCond == kActiveGob;
   r.DevLoad = w.UnitWt * w.DepthCover * (netPanel ? r.NetAMZArea : r.AMZArea);
   watch.Step("DevLoad");

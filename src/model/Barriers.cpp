@@ -1,4 +1,5 @@
-// Leave rows, barrier and remnant pillars: what they carry, and what they throw back on the active mining zone.
+// Leave rows, barrier and remnant pillars: what they carry, and what they throw back on the active mining
+// zone.
 #include <algorithm>
 #include <cmath>
 
@@ -26,8 +27,9 @@ void RemnantTransfer(const WorkValues& w, Results& r, int c, int k) {
     r.RemnantSF[k] = 0;
   }
   const double front =
-      w.BarrierWidth[k] == 0 ? 0
-                             : (w.EntryWidth / 2 + w.BarrierWidth[k]) * r.AbutLoad[kFront] * r.RFront - r.SlabLoad[c][k];
+      w.BarrierWidth[k] == 0
+          ? 0
+          : (w.EntryWidth / 2 + w.BarrierWidth[k]) * r.AbutLoad[kFront] * r.RFront - r.SlabLoad[c][k];
   r.BarFrontLoad[c][k] =
       r.RemnantSF[k] < kSoundFactor ? (kSoundFactor - r.RemnantSF[k]) * kTransferRate * front : 0;
 }
@@ -104,8 +106,7 @@ void BarrierLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch&
     if (w.BarrierWidth[k] == 0) {
       continue;
     }
-    r.BarTribLoad[c][k] =
-        (w.EntryWidth / 2 + w.BarrierWidth[k]) * (w.UnitWt * w.DepthCover) * w.AMZBreadth;
+    r.BarTribLoad[c][k] = (w.EntryWidth / 2 + w.BarrierWidth[k]) * (w.UnitWt * w.DepthCover) * w.AMZBreadth;
     r.BarSideLoad[c][k] = r.AbutLoad[k] * r.RSide[k] * w.AMZBreadth;
     r.BarTotalLoad[c][k] = r.BarTribLoad[c][k] + r.BarFrontLoad[c][k] + r.BarSideLoad[c][k] +
                            r.BarArchLoad[c][k] + r.SlabLoad[c][k];

@@ -8,8 +8,8 @@
 
 namespace korva {
 
-// Index ranges: pillar row i 1 to 9; case 1 Development, 2 Retreat; side k 3 first, 4 second side gob; stage j
-// 1 tributary, 2 front abutment, 3 first side, 4 second side abutment.
+// Index ranges: pillar row i 1 to 9; case 1 Development, 2 Retreat; side k 3 first, 4 second side gob; stage
+// j 1 tributary, 2 front abutment, 3 first side, 4 second side abutment.
 inline constexpr int kDevelopment = 1;
 inline constexpr int kRetreat = 2;
 inline constexpr int kTributary = 1;
@@ -71,8 +71,8 @@ struct WorkValues {
   BySide<double> SlabCut;
 };
 
-// Loads and capacities in lb or kN, stresses and strengths in psf or kPa, lengths and areas in ft or m. Arrays without
-// a case hold what the retreat case left. What a run does not write is 0.
+// Loads and capacities in lb or kN, stresses and strengths in psf or kPa, lengths and areas in ft or m.
+// Arrays without a case hold what the retreat case left. What a run does not write is 0.
 struct Results {
   ByCase<double> SFKorva;
   ByCase<BySide<double>> BarrierSF;

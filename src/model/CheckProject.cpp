@@ -15,7 +15,9 @@ struct Check {
   const char* message;
 };
 
-bool IsAngle(double degrees) { return degrees >= 0 && degrees <= 90; }
+bool IsAngle(double degrees) {
+  return degrees >= 0 && degrees <= 90;
+}
 
 }  // namespace
 
@@ -23,8 +25,8 @@ std::optional<std::string> CheckProject(const Project& p) {
   const bool first = p.LoadingCondition >= kWithFirstGob;
   const bool second = p.LoadingCondition >= kWithSecondGob;
 
-  // The upper bounds of angles and slab cuts hold even when a gob plays no part, and the slab cut against a left row
-  // is refused on both sides from the first side gob on.
+  // The upper bounds of angles and slab cuts hold even when a gob plays no part, and the slab cut against a
+  // left row is refused on both sides from the first side gob on.
   const Check checks[] = {
       {!(p.EntryHeight > 0), "Invalid entry height"},
       {!(p.DepthCover > 0), "Invalid depth of cover"},

@@ -15,12 +15,18 @@ double GobAngleRadians(double degrees) {
 // 0 stands for a condition that the model does not know.
 int InternalLoadCondition(std::int16_t loadingCondition) {
   switch (loadingCondition) {
-    case 0: return kNoGob;
-    case 1: return kActiveGob;
-    case 2: return kOneSideGob;
-    case 3: return kTwoSideGobs;
-    case 4: return kOneSideGob;
-    default: return 0;
+    case 0:
+      return kNoGob;
+    case 1:
+      return kActiveGob;
+    case 2:
+      return kOneSideGob;
+    case 3:
+      return kTwoSideGobs;
+    case 4:
+      return kOneSideGob;
+    default:
+      return 0;
   }
 }
 

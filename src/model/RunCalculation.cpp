@@ -1,6 +1,6 @@
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <cmath>
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"

@@ -17,7 +17,8 @@ constexpr std::string_view kDegrees = " (deg)";
 
 class EchoPage {
  public:
-  EchoPage(const StoredProject& project, const Project& calc) : stored_(project), p_(calc), units_(project.ProjectUnits) {}
+  EchoPage(const StoredProject& project, const Project& calc)
+      : stored_(project), p_(calc), units_(project.ProjectUnits) {}
 
   void Head(const std::string& fileName, const OptionSettings& options) {
     page_.Line("KORVA-STROND module build: ", ProgramVersionText(true));
@@ -56,16 +57,19 @@ class EchoPage {
     Row("Breadth of AMZ", p_.BreadthAMZ, length_);
     page_.Line(p_.AMZAuto == 1 ? "AMZ set automatically" : "AMZ set manualy");
     TextRow("Pressure Arch Factor", GeneralText(p_.ArchFactor));
-    page_.Line(p_.ArchAuto == 1 ? "Pressure Arch Factor set automatically" : "Pressure Arch Factor set manualy");
-    TextRow("Calculation Mode", p_.CalcMode == kTraditionalModel ? "KORVA Traditional Model" : "KORVA-STROND Model");
+    page_.Line(p_.ArchAuto == 1 ? "Pressure Arch Factor set automatically"
+                                : "Pressure Arch Factor set manualy");
+    TextRow("Calculation Mode",
+            p_.CalcMode == kTraditionalModel ? "KORVA Traditional Model" : "KORVA-STROND Model");
   }
 
   // The gob sections by the record's own condition; 0 and 4 have none.
   void Retreat() {
     const auto condition = static_cast<std::size_t>(p_.LoadingCondition);
     page_.Line("[RETREAT MINING PARAMETERS]");
-    page_.Line(DotPad("Loading Condition", kConditionWidth),
-               condition < kLoadingConditionTitles.size() ? kLoadingConditionTitles[condition] : std::string_view{});
+    page_.Line(DotPad("Loading Condition", kConditionWidth), condition < kLoadingConditionTitles.size()
+                                                                 ? kLoadingConditionTitles[condition]
+                                                                 : std::string_view{});
     page_.Line();
     if (condition >= 1 && condition <= 3) {
       ActiveGob();
@@ -85,7 +89,9 @@ class EchoPage {
   void TextRow(std::string_view label, std::string_view value, std::string_view unit = {}) {
     page_.Line(DotPad(label, kLabelWidth), value, unit);
   }
-  void Row(std::string_view label, double value, std::string_view unit) { TextRow(label, GeneralText(value), unit); }
+  void Row(std::string_view label, double value, std::string_view unit) {
+    TextRow(label, GeneralText(value), unit);
+  }
   void FlagRow(std::string_view label, std::int16_t flag) { TextRow(label, kNoYes[flag == 1 ? 1 : 0]); }
 
   void ActiveGob() {

@@ -27,9 +27,10 @@ void LoadsToTons(Results& r) {
   const auto toTons = [](double& load) { load /= kPoundsPerTon; };
   toTons(r.DevLoad);
   toTons(r.AMZCapacity);
-  ChangeEach(toTons, r.AbutLoad, r.LTRANSBAR, r.LTRANSREM, r.AMZLoad, r.AMZTotalLoad, r.SlabLoad, r.BarArchLoad,
-             r.BarTribLoad, r.BarFrontLoad, r.BarSideLoad, r.BarTotalLoad, r.LFBAR, r.RemnantLoad, r.BarrierCapacity,
-             r.RowCapacity, r.RowTribLoad, r.RowExcess, r.RemnantCapacity, r.PillarCapacity);
+  ChangeEach(toTons, r.AbutLoad, r.LTRANSBAR, r.LTRANSREM, r.AMZLoad, r.AMZTotalLoad, r.SlabLoad,
+             r.BarArchLoad, r.BarTribLoad, r.BarFrontLoad, r.BarSideLoad, r.BarTotalLoad, r.LFBAR,
+             r.RemnantLoad, r.BarrierCapacity, r.RowCapacity, r.RowTribLoad, r.RowExcess, r.RemnantCapacity,
+             r.PillarCapacity);
 }
 
 void StressesToPsi(Results& r) {

@@ -22,8 +22,8 @@ struct OutputResults {
   std::string_view StressLabel;
 };
 
-// Metric results stay in kN and kPa. NetAMZCapacity, RemnantOwnCapacity and RemnantStrength are printed nowhere and
-// keep the calculation's units.
+// Metric results stay in kN and kPa. NetAMZCapacity, RemnantOwnCapacity and RemnantStrength are printed
+// nowhere and keep the calculation's units.
 OutputResults ConvertResultUnits(const Calculation& calculation, const OutputUnits& units);
 
 }  // namespace korva

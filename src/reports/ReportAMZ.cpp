@@ -1,6 +1,6 @@
 // Page 2: the active mining zone and its loads.
-#include "core/Tables.h"
 #include "core/Format.h"
+#include "core/Tables.h"
 #include "reports/PageText.h"
 #include "reports/Reports.h"
 
@@ -14,8 +14,12 @@ constexpr std::array<std::string_view, 2> kCaseNames = {"DEVELOPMENT", "RETREAT"
 class AMZPage {
  public:
   AMZPage(const OutputResults& output, const Project& project)
-      : output_(output), w_(output.Work), r_(output.Out), project_(project),
-        length_(UnitLabel(UnitKind::kLength, w_.Units)), bareLength_(length_.substr(1)) {}
+      : output_(output),
+        w_(output.Work),
+        r_(output.Out),
+        project_(project),
+        length_(UnitLabel(UnitKind::kLength, w_.Units)),
+        bareLength_(length_.substr(1)) {}
 
   std::string Build() {
     Geometry();
@@ -45,7 +49,8 @@ class AMZPage {
     static constexpr std::array<std::string_view, 3> kLabels = {
         "Front Abutment Load", "First Side Abutment Load", "Second Side Abutment Load"};
     for (int j = kFront; j <= w_.LoadCond; ++j) {
-      Row(kLabels[static_cast<std::size_t>(j - kFront)], r_.AbutLoad[j], "##0", output_.LoadLabel, "/", bareLength_);
+      Row(kLabels[static_cast<std::size_t>(j - kFront)], r_.AbutLoad[j], "##0", output_.LoadLabel, "/",
+          bareLength_);
     }
     page_.Line();
   }
@@ -86,14 +91,17 @@ class AMZPage {
 
   void Notes() {
     page_.Line();
-    for (const std::string_view note :
-         {"R-Factor for front abutment is the percent of the total front abutment load that is applied to the AMZ.",
-          "R-Factor for side abutment is the percent of the total side abutment load that is applied to the barrier "
-          "pillar (the remainder is applied to the AMZ).",
-          "LTRANSBAR is the load transferred to the AMZ from the barrier pillar between the side and active gob if "
-          "the barrier's SF is less than 1.5.",
-          "LTRANSREM is the load transferred to the AMZ from the remnant barrier between the side and active gob if "
-          "the remnant's SF is less than 1.5."}) {
+    for (const std::string_view note : {"R-Factor for front abutment is the percent of the total front "
+                                        "abutment load that is applied to the AMZ.",
+                                        "R-Factor for side abutment is the percent of the total side "
+                                        "abutment load that is applied to the barrier "
+                                        "pillar (the remainder is applied to the AMZ).",
+                                        "LTRANSBAR is the load transferred to the AMZ from the barrier "
+                                        "pillar between the side and active gob if "
+                                        "the barrier's SF is less than 1.5.",
+                                        "LTRANSREM is the load transferred to the AMZ from the remnant "
+                                        "barrier between the side and active gob if "
+                                        "the remnant's SF is less than 1.5."}) {
       page_.Text(WrapText(note, kPageWidth)).Line();
     }
     page_.Line();
@@ -110,6 +118,8 @@ class AMZPage {
 
 }  // namespace
 
-std::string ReportAMZ(const OutputResults& output, const Project& project) { return AMZPage(output, project).Build(); }
+std::string ReportAMZ(const OutputResults& output, const Project& project) {
+  return AMZPage(output, project).Build();
+}
 
 }  // namespace korva

@@ -1,8 +1,8 @@
 // Page 4: barrier pillars and their loads. Page 5: remnant and leave pillars.
 #include <fmt/format.h>
 
-#include "core/Tables.h"
 #include "core/Format.h"
+#include "core/Tables.h"
 #include "reports/PageText.h"
 #include "reports/Reports.h"
 
@@ -12,14 +12,22 @@ namespace {
 
 constexpr std::string_view kLoadPattern = "#.00E+00";
 
-std::size_t SideIndex(int k) { return static_cast<std::size_t>(k - kFirstSide); }
+std::size_t SideIndex(int k) {
+  return static_cast<std::size_t>(k - kFirstSide);
+}
 
-std::string LoadCell(double load, std::size_t width) { return PadLeft(Format(load, kLoadPattern), width); }
+std::string LoadCell(double load, std::size_t width) {
+  return PadLeft(Format(load, kLoadPattern), width);
+}
 
-std::string SideName(int k) { return PadLeft(kFirstSecond[SideIndex(k)], 7); }
+std::string SideName(int k) {
+  return PadLeft(kFirstSecond[SideIndex(k)], 7);
+}
 
 // Whether a bleeder row adds to the pillar on side `k`.
-bool HasBleeder(const Project& project, int k) { return (k == kFirstSide ? project.RowC : project.RowD) == 1; }
+bool HasBleeder(const Project& project, int k) {
+  return (k == kFirstSide ? project.RowC : project.RowD) == 1;
+}
 
 // The mark behind the row of a pillar that a bleeder row adds to.
 std::string_view BleederMark(const Project& project, int k) {
@@ -34,7 +42,9 @@ void BleederFootnotes(PageText& page, const WorkValues& w, const Project& projec
   }
 }
 
-void NoSideGobs(PageText& page) { page.Line("***none***").Line(); }
+void NoSideGobs(PageText& page) {
+  page.Line("***none***").Line();
+}
 
 void BarrierTable(PageText& page, const OutputResults& output, const Project& project) {
   const WorkValues& w = output.Work;
@@ -64,18 +74,25 @@ void BarrierLoadTable(PageText& page, const OutputResults& output, int c) {
   page.Line("[BARRIER PILLAR LOADS - ", kStageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
   page.Line(PadRight(fmt::format("LOAD{}", output.LoadLabel), 15), PadLeft("1st BARRIER", 21),
             two ? PadLeft("2nd BARRIER", 16) : "");
-  row("Tributary Area", [&](int k) { return r.BarTribLoad[c][k]; }, kLoadPattern);
+  row(
+      "Tributary Area", [&](int k) { return r.BarTribLoad[c][k]; }, kLoadPattern);
   if (c == kRetreat) {
-    row("Front Abutment", [&](int k) { return r.BarFrontLoad[c][k] + r.SlabLoad[c][k]; }, kLoadPattern);
+    row(
+        "Front Abutment", [&](int k) { return r.BarFrontLoad[c][k] + r.SlabLoad[c][k]; }, kLoadPattern);
   }
-  row("Side Abutment", [&](int k) { return r.BarSideLoad[c][k]; }, kLoadPattern);
-  row("Pressure Arch", [&](int k) { return r.BarArchLoad[c][k]; }, kLoadPattern);
-  row("TOTAL", [&](int k) { return r.BarTotalLoad[c][k]; }, kLoadPattern);
+  row(
+      "Side Abutment", [&](int k) { return r.BarSideLoad[c][k]; }, kLoadPattern);
+  row(
+      "Pressure Arch", [&](int k) { return r.BarArchLoad[c][k]; }, kLoadPattern);
+  row(
+      "TOTAL", [&](int k) { return r.BarTotalLoad[c][k]; }, kLoadPattern);
   if (two) {
     page.Line();
   }
-  row("Stability Factor", [&](int k) { return r.BarrierSF[c][k]; }, "#0.00");
-  row("LTRANSBAR", [&](int k) { return r.LTRANSBAR[c][k]; }, kLoadPattern);
+  row(
+      "Stability Factor", [&](int k) { return r.BarrierSF[c][k]; }, "#0.00");
+  row(
+      "LTRANSBAR", [&](int k) { return r.LTRANSBAR[c][k]; }, kLoadPattern);
   page.Line().Line();
 }
 
@@ -99,8 +116,9 @@ void RemnantTables(PageText& page, const OutputResults& output, const Project& p
   page.Line(" PILLAR", PadLeft(output.LoadLabel, 14), PadLeft("FACTOR", 14), PadLeft(output.LoadLabel, 12),
             PadLeft(output.LoadLabel, 12));
   for (int k = kFirstSide; k <= w.LoadCond; ++k) {
-    page.Line(SideName(k), LoadCell(r.RemnantLoad[kRetreat][k], 14), PadLeft(Format(r.RemnantSF[k], "#0.00"), 14),
-              LoadCell(r.LFBAR[kRetreat][k], 12), LoadCell(r.LTRANSREM[kRetreat][k], 12));
+    page.Line(SideName(k), LoadCell(r.RemnantLoad[kRetreat][k], 14),
+              PadLeft(Format(r.RemnantSF[k], "#0.00"), 14), LoadCell(r.LFBAR[kRetreat][k], 12),
+              LoadCell(r.LTRANSREM[kRetreat][k], 12));
   }
   page.Line();
 }
@@ -115,8 +133,9 @@ void LeaveRowTable(PageText& page, const OutputResults& output) {
             PadLeft(output.LoadLabel, 12), PadLeft(output.LoadLabel, 12));
   for (int j = kFirstSide; j <= w.LoadCond; ++j) {
     if (w.LeaveRow[j] == 1) {
-      page.Line(std::string(6, ' '), kRowLetters[SideIndex(j)], PadLeft(Format(r.RowStrength[j], "###0.0"), 10),
-                LoadCell(r.RowCapacity[j], 16), LoadCell(r.RowTribLoad[j], 12), LoadCell(r.RowExcess[j], 12), "*");
+      page.Line(std::string(6, ' '), kRowLetters[SideIndex(j)],
+                PadLeft(Format(r.RowStrength[j], "###0.0"), 10), LoadCell(r.RowCapacity[j], 16),
+                LoadCell(r.RowTribLoad[j], 12), LoadCell(r.RowExcess[j], 12), "*");
     }
   }
   page.Line("*Adjusted for effective length of the remnant barrier.");

@@ -1,8 +1,8 @@
 // Page 3: the pillars of the panel.
 #include <fmt/format.h>
 
-#include "core/Tables.h"
 #include "core/Format.h"
+#include "core/Tables.h"
 #include "reports/PageText.h"
 #include "reports/Reports.h"
 
@@ -13,7 +13,9 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
   const Results& r = output.Out;
   const std::string_view length = UnitLabel(UnitKind::kLength, w.Units);
   const std::string_view bareLength = length.substr(1);
-  const auto cell = [](double value, std::string_view pattern) { return PadLeft(Format(value, pattern), 14); };
+  const auto cell = [](double value, std::string_view pattern) {
+    return PadLeft(Format(value, pattern), 14);
+  };
   const auto number = [](int row) { return PadLeft(fmt::format("{}", row), 6); };
 
   PageText page("[PILLAR PARAMETERS]");
@@ -34,7 +36,8 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
               cell(r.PillarCapacity[i], "#.00E+00"));
   }
   page.Line();
-  page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, "#.00E+00"), output.LoadLabel);
+  page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, "#.00E+00"),
+            output.LoadLabel);
   if (options.PrintPlotReminder == 1) {
     page.Line();
     page.Line("To view the distribution of Pillar Load Bearing Capacity");

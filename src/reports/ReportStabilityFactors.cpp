@@ -1,6 +1,6 @@
 // Page 1: stability factors and warnings.
-#include "core/Tables.h"
 #include "core/Format.h"
+#include "core/Tables.h"
 #include "reports/PageText.h"
 #include "reports/Reports.h"
 
@@ -17,8 +17,8 @@ std::string FactorRow(std::string_view label, const std::string& factor) {
 
 }  // namespace
 
-std::string ReportStabilityFactors(const Calculation& calculation, const Project& project, const RuleOutcome& outcome,
-                                   const std::string& warnings) {
+std::string ReportStabilityFactors(const Calculation& calculation, const Project& project,
+                                   const RuleOutcome& outcome, const std::string& warnings) {
   const int loadCond = calculation.Work.LoadCond;
   const int lastCase = LastCaseShown(project, calculation.Work);
   const bool sideGobs = loadCond >= kOneSideGob;

@@ -30,7 +30,8 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, s
   watch.Step("the depth of cover in feet");
   facts.PanelWidth = static_cast<float>(w.PanelWidth * feet);
   watch.Step("the panel width in feet");
-  facts.MeanRatio = static_cast<float>((w.PanelWidth - w.NumRows * w.EntryWidth) / (w.NumRows * w.EntryHeight));
+  facts.MeanRatio =
+      static_cast<float>((w.PanelWidth - w.NumRows * w.EntryWidth) / (w.NumRows * w.EntryHeight));
   watch.Step("the mean width-to-height ratio");
   facts.CritSF = static_cast<float>(1.5 - (static_cast<double>(facts.Depth) - 650) * 0.2 / 350);
   for (int c = kDevelopment; c <= kRetreat; ++c) {
@@ -60,7 +61,8 @@ class RuleSet {
       DepthRules(outcome_.Facts.SF[c]);
     }
     SettingsRules();
-    outcome_.AnyWarning = std::any_of(outcome_.RuleFlags.begin(), outcome_.RuleFlags.end(), [](bool set) { return set; });
+    outcome_.AnyWarning =
+        std::any_of(outcome_.RuleFlags.begin(), outcome_.RuleFlags.end(), [](bool set) { return set; });
     return outcome_;
   }
 

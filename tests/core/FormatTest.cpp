@@ -1,9 +1,8 @@
-#include "core/Format.h"
+#include <gtest/gtest.h>
 
 #include <limits>
 
-#include <gtest/gtest.h>
-
+#include "core/Format.h"
 #include "core/RuntimeError.h"
 
 namespace korva {
