@@ -61,21 +61,16 @@ void RoundDigits(Decimal& decimal, int kept) {
 std::string FixedText(Decimal decimal, int decimals) {
   RoundDigits(decimal, decimal.exponent + decimals + 1);
   std::string text = decimal.negative && !decimal.IsZero() ? "-" : "";
-  // The digit of power of ten `power`.
-  const auto digit = [&decimal](int power) {
-    const int at = decimal.exponent - power;
-    return at >= 0 && at < static_cast<int>(decimal.digits.size())
-               ? decimal.digits[static_cast<std::size_t>(at)]
-               : '0';
-  };
-  for (int power = std::max(decimal.exponent, 0); power >= 0; --power) {
-    text += digit(power);
+  // All digits from the power of ten 0 or higher down to the last decimal, zeros on either side of those there are.
+  if (decimal.exponent < 0) {
+    decimal.digits.insert(0, static_cast<std::size_t>(-decimal.exponent), '0');
+    decimal.exponent = 0;
   }
+  const auto whole = static_cast<std::size_t>(decimal.exponent) + 1;
+  decimal.digits.resize(whole + static_cast<std::size_t>(decimals), '0');
+  text.append(decimal.digits, 0, whole);
   if (decimals > 0) {
-    text += '.';
-  }
-  for (int power = -1; power >= -decimals; --power) {
-    text += digit(power);
+    text.append(".").append(decimal.digits, whole);
   }
   return text;
 }

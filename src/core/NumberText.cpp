@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "core/RuntimeError.h"
@@ -14,7 +16,13 @@ std::string General(double value, int digits) {
   if (!std::isfinite(value)) {
     throw RuntimeError(ErrorNumber::kOverflow, "a number without a finite value has no text");
   }
-  return value == 0 ? "0" : fmt::format("{:.{}G}", value, digits);
+  if (value == 0) {
+    return "0";  // -0 too
+  }
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr;
+  std::replace(text, end, 'e', 'E');
+  return {text, end};
 }
 
 std::string Padded(std::string digits) {

@@ -8,6 +8,15 @@ namespace {
 
 constexpr std::size_t kLeastWrapWidth = 21;
 
+// Nearly every text is; then a character is a byte.
+bool IsAscii(std::string_view text) {
+  unsigned char all = 0;
+  for (const char c : text) {
+    all |= static_cast<unsigned char>(c);
+  }
+  return all < 0x80;
+}
+
 bool IsContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
@@ -36,6 +45,9 @@ std::size_t LastBlankWithin(std::string_view text, std::size_t width) {
 }  // namespace
 
 std::size_t CharacterCount(std::string_view text) {
+  if (IsAscii(text)) {
+    return text.size();
+  }
   std::size_t count = 0;
   for (std::size_t at = 0; at < text.size(); at += CharacterLength(text, at)) {
     ++count;
@@ -44,6 +56,9 @@ std::size_t CharacterCount(std::string_view text) {
 }
 
 std::size_t BytesOfCharacters(std::string_view text, std::size_t characters) {
+  if (IsAscii(text.substr(0, characters))) {
+    return std::min(characters, text.size());
+  }
   std::size_t at = 0;
   for (; characters > 0 && at < text.size(); --characters) {
     at += CharacterLength(text, at);
