@@ -153,7 +153,7 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
     if (row.Error) {
       object["error"] = ErrorJson(*row.Error);
     } else if (row.ForeignFile) {
-      object["error"] = {{"number", nullptr}, {"text", kInvalidFormat}};
+      object["error"] = ForeignFileJson();
     }
     if (!row.Error && !row.ForeignFile) {
       object["title"] = row.Title;
@@ -208,7 +208,7 @@ Command AddBatch(CLI::App& app, const CommonOptions& common) {
   return {parser, [call, &common] {
             Korva korva;
             korva.Preferences = PreferencesOf(common);
-            return Guarded(korva, "batch", [&] { return RunCall(korva.Preferences, *call); });
+            return Guarded(korva, "batch", false, [&] { return RunCall(korva.Preferences, *call); });
           }};
 }
 

@@ -65,7 +65,7 @@ std::string CalcText(const Json& json, const std::string& prefix = {}) {
 }
 
 int Calc(Korva& korva, const CalcCall& call) {
-  if (!OpenProject(korva, call.File)) {
+  if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
@@ -100,13 +100,7 @@ Command AddCalc(CLI::App& app, const CommonOptions& common) {
   return {parser, [call, &common] {
             Korva korva;
             korva.Preferences = PreferencesOf(common);
-            return Guarded(
-                korva, call->File, [&] { return Calc(korva, *call); },
-                [&](const RuntimeError& error) {
-                  if (call->AsJson) {
-                    Print(JsonText({{"file", call->File}, {"error", ErrorJson(error)}}));
-                  }
-                });
+            return Guarded(korva, call->File, call->AsJson, [&] { return Calc(korva, *call); });
           }};
 }
 

@@ -26,7 +26,7 @@ bool WouldLoseContent(const Korva& korva, const SaveCall& call) {
 }
 
 int Save(Korva& korva, const SaveCall& call) {
-  if (!OpenProject(korva, call.File)) {
+  if (!OpenProject(korva, call.File, false)) {
     return kFailed;
   }
   if (!call.Force && WouldLoseContent(korva, call)) {
@@ -53,7 +53,7 @@ Command AddSaving(CLI::App& app, const CommonOptions& common, const char* name, 
   return {parser, [call, &common] {
             Korva korva;
             korva.Preferences = PreferencesOf(common);
-            return Guarded(korva, call->File, [&] { return Save(korva, *call); });
+            return Guarded(korva, call->File, false, [&] { return Save(korva, *call); });
           }};
 }
 

@@ -60,7 +60,7 @@ int Report(Korva& korva, const ReportCall& call) {
       WriteFileSafely(call.Out, text);
     }
   };
-  if (!OpenProject(korva, call.File)) {
+  if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
   RefusalMessages messages(call.File);
@@ -105,13 +105,7 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
               Complain("a report as PDF is not built yet; give the file another ending for plain text");
               return kFailed;
             }
-            return Guarded(
-                korva, call->File, [&] { return Report(korva, *call); },
-                [&](const RuntimeError& error) {
-                  if (call->AsJson) {
-                    Print(JsonText({{"file", call->File}, {"error", ErrorJson(error)}}));
-                  }
-                });
+            return Guarded(korva, call->File, call->AsJson, [&] { return Report(korva, *call); });
           }};
 }
 

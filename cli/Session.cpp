@@ -63,10 +63,13 @@ std::optional<std::int16_t> ModelOf(const std::string& name) {
                                     : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
 }
 
-bool OpenProject(Korva& korva, const std::string& file) {
+bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
   korva.ProjectFileName = file;
   TerminalMessages messages(file);
   const bool opened = FileOpen(korva, messages);
+  if (!opened && asJson) {
+    Print(JsonText({{"file", file}, {"error", ForeignFileJson()}}));
+  }
   for (const FileNotice& notice : korva.FileNotices) {
     Complain(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
   }
@@ -79,14 +82,13 @@ void TellFormNotices(const Korva& korva, const std::string& file) {
   }
 }
 
-int Guarded(Korva& korva, const std::string& file, const std::function<int()>& action,
-            const std::function<void(const RuntimeError&)>& onError) {
+int Guarded(Korva& korva, const std::string& file, bool asJson, const std::function<int()>& action) {
   const auto fail = [&](const RuntimeError& error) {
-    if (onError) {
-      onError(error);
-    }
     TerminalMessages messages(file);
     ClassifyError(korva, messages, error, true);
+    if (asJson) {
+      Print(JsonText({{"file", file}, {"error", ErrorJson(error)}}));
+    }
     return kFailed;
   };
   try {
@@ -104,6 +106,10 @@ std::string JsonText(const Json& json) {
 
 Json ErrorJson(const RuntimeError& error) {
   return {{"number", static_cast<std::int64_t>(error.Number())}, {"text", error.what()}};
+}
+
+Json ForeignFileJson() {
+  return {{"number", 0}, {"text", kInvalidFormat}};
 }
 
 }  // namespace korva::cli

@@ -51,19 +51,19 @@ std::optional<std::int16_t> ModelOf(const std::string& name);
 
 // Opens `file` into `korva`, telling what was odd in it. False for a file of no project format, which has
 // been told.
-bool OpenProject(Korva& korva, const std::string& file);
+bool OpenProject(Korva& korva, const std::string& file, bool asJson);
 
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);
 
-// Runs `action`; a run-time error in it is told and becomes status 3, and goes to `onError` first.
-int Guarded(Korva& korva, const std::string& file, const std::function<int()>& action,
-            const std::function<void(const RuntimeError&)>& onError = {});
+// Runs `action`; a run-time error in it is told, with `asJson` as the result too, and becomes status 3.
+int Guarded(Korva& korva, const std::string& file, bool asJson, const std::function<int()>& action);
 
 // JSON as text with a line end. Bytes that are no valid text are replaced.
 std::string JsonText(const Json& json);
 
-// The object that tells a run-time error.
+// The object that tells a run-time error, and the one for a file of no project format.
 Json ErrorJson(const RuntimeError& error);
+Json ForeignFileJson();
 
 }  // namespace korva::cli

@@ -61,7 +61,8 @@ void RoundDigits(Decimal& decimal, int kept) {
 std::string FixedText(Decimal decimal, int decimals) {
   RoundDigits(decimal, decimal.exponent + decimals + 1);
   std::string text = decimal.negative && !decimal.IsZero() ? "-" : "";
-  // All digits from the power of ten 0 or higher down to the last decimal, zeros on either side of those there are.
+  // All digits from the power of ten 0 or higher down to the last decimal, zeros on either side of those
+  // there are.
   if (decimal.exponent < 0) {
     decimal.digits.insert(0, static_cast<std::size_t>(-decimal.exponent), '0');
     decimal.exponent = 0;

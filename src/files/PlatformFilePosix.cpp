@@ -146,6 +146,34 @@ class PosixFileReplacement final : public FileReplacement {
   std::string name_;
 };
 
+struct OpenedFile {
+  Descriptor descriptor;
+  std::uint64_t size = 0;
+};
+
+OpenedFile OpenRegularFile(const std::string& path) {
+  // Without O_NONBLOCK a named pipe would hold the program until somebody writes into it.
+  Descriptor file(Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
+  if (file.Get() < 0) {
+    ThrowSystemError(errno, path, "opening");
+  }
+  struct stat state {};
+  if (::fstat(file.Get(), &state) != 0) {
+    ThrowSystemError(errno, path, "looking at it");
+  }
+  if (!S_ISREG(state.st_mode)) {
+    throw RuntimeError(
+        ErrorNumber::kPathFileAccess,
+        fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
+  }
+  return {std::move(file), static_cast<std::uint64_t>(state.st_size)};
+}
+
+[[noreturn]] void ThrowTooLarge(const std::string& path, std::uint64_t limit) {
+  throw RuntimeError(ErrorNumber::kOutOfMemory,
+                     fmt::format("{}: more than the {} bytes that such a file can have", path, limit));
+}
+
 }  // namespace
 
 void ThrowSystemError(int code, const std::string& path, std::string_view action) {
@@ -170,41 +198,29 @@ FileState StateOfFile(const std::string& path) {
 }
 
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
-  // Without O_NONBLOCK a named pipe would hold the program until somebody writes into it.
-  const Descriptor file(
-      Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
-  if (file.Get() < 0) {
-    ThrowSystemError(errno, path, "opening");
+  const OpenedFile file = OpenRegularFile(path);
+  if (file.size > limit) {
+    ThrowTooLarge(path, limit);
   }
-  struct stat state {};
-  if (::fstat(file.Get(), &state) != 0) {
-    ThrowSystemError(errno, path, "looking at it");
-  }
-  if (!S_ISREG(state.st_mode)) {
-    throw RuntimeError(
-        ErrorNumber::kPathFileAccess,
-        fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
-  }
-  std::string bytes;
+  // The size is a hint: a file may grow while it is read.
+  std::string bytes(static_cast<std::size_t>(file.size) + 1, '\0');
   std::size_t filled = 0;
-  bytes.resize(static_cast<std::size_t>(state.st_size < static_cast<off_t>(limit) ? state.st_size : 0) + 1);
   for (;;) {
-    const auto count =
-        Uninterrupted([&] { return ::read(file.Get(), bytes.data() + filled, bytes.size() - filled); });
+    const auto count = Uninterrupted(
+        [&] { return ::read(file.descriptor.Get(), bytes.data() + filled, bytes.size() - filled); });
     if (count < 0) {
       ThrowSystemError(errno, path, "reading");
     }
     filled += static_cast<std::size_t>(count);
-    if (count == 0 || filled > limit) {
+    if (filled > limit) {
+      ThrowTooLarge(path, limit);
+    }
+    if (count == 0) {
       break;
     }
     if (filled == bytes.size()) {
-      bytes.resize(2 * bytes.size() + 65536);
+      bytes.resize(2 * bytes.size());
     }
-  }
-  if (filled > limit) {
-    throw RuntimeError(ErrorNumber::kOutOfMemory,
-                       fmt::format("{}: more than the {} bytes that such a file can have", path, limit));
   }
   bytes.resize(filled);
   return bytes;
