@@ -26,6 +26,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   korva.ProjectFileMode = 1;
   korva.ProjectUnitsLocked = false;
   korva.FileNotices.clear();
+  korva.WarningText.clear();
   for (int page = kFirstResultPage; page <= OutputPages::kLast; ++page) {
     korva.OutBuf[page].clear();
   }

@@ -16,7 +16,7 @@ inline constexpr std::string_view kProjectExtension = "KVL";
 inline constexpr std::string_view kInvalidFormat = "Invalid file format";
 
 // A project file of this size is taken for something else.
-inline constexpr std::uint64_t kLargestProjectFile = 16 * 1024 * 1024;
+inline constexpr std::uint64_t kLargestProjectFile = std::uint64_t{16} << 20;
 
 // The format number, 50 to 54, that the magic in the first field of `text` stands for, or nothing. Run-time
 // error 62 for an empty text.
