@@ -1,5 +1,6 @@
 #include "core/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <fmt/format.h>
@@ -10,11 +11,14 @@ namespace korva {
 
 namespace {
 
+// The largest number of 15 digits; what lies above would be rounded up to a text that no double holds.
+constexpr double kLargest = 1.79769313486231e308;
+
 std::string General(double value, int digits) {
   if (!std::isfinite(value)) {
     throw RuntimeError(ErrorNumber::kOverflow, "a number without a finite value has no text");
   }
-  return value == 0 ? "0" : fmt::format("{:.{}G}", value, digits);
+  return value == 0 ? "0" : fmt::format("{:.{}G}", std::clamp(value, -kLargest, kLargest), digits);
 }
 
 std::string Padded(std::string digits) {
@@ -35,8 +39,8 @@ double RoundHalfEven(double value, int decimals) {
   static constexpr double kScales[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
   const double scale = kScales[decimals];
   const double scaled = value * scale;
-  if (!(std::abs(scaled) < 0x1p52)) {
-    return value;  // no fraction left at this size
+  if (!(std::abs(scaled) < 0x1p53)) {
+    return value;  // its neighbours are further away than the decimals
   }
   double rounded = std::nearbyint(scaled);
   if (std::abs(scaled - rounded) == 0.5) {

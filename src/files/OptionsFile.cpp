@@ -60,7 +60,9 @@ constexpr auto kOptions = std::to_array<Option>({
 bool Store(OptionSettings& options, const Option& option, double value) {
   const bool cellSize = option.high == kNoBound;
   const bool whole = std::holds_alternative<std::int16_t OptionSettings::*>(option.member);
-  const double number = whole ? std::nearbyint(value) : value;
+  // As the setting holds it: a whole number, or 32 bits.
+  const double number = whole ? std::nearbyint(value)
+                              : static_cast<double>(static_cast<float>(std::clamp(value, -kNoBound, 2 * kNoBound)));
   const bool inside = cellSize ? number > 0 && number <= option.high : number >= option.low && number <= option.high;
   const double kept = inside ? number : cellSize ? option.missing : option.low;
   std::visit(

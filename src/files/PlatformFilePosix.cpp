@@ -3,8 +3,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <utility>
 
 #include <fmt/format.h>
@@ -202,13 +202,17 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
 std::unique_ptr<FileReplacement> SystemFileReplacement() { return std::make_unique<PosixFileReplacement>(); }
 
 std::string ResolveLinks(const std::string& path) {
-  char* resolved = ::realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) {
-    return path;
+  static constexpr int kMostLinks = 40;
+  std::filesystem::path target = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    std::error_code noLink;
+    const auto next = std::filesystem::read_symlink(target, noLink);
+    if (noLink) {
+      break;
+    }
+    target = target.parent_path() / next;
   }
-  std::string target(resolved);
-  std::free(resolved);
-  return target;
+  return target.string();
 }
 
 }  // namespace korva
