@@ -30,7 +30,7 @@ void Complain(std::string_view text) {
 }
 
 void PrintBeside(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
 std::string PlatformLines(std::string_view text) {

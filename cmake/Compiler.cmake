@@ -10,6 +10,11 @@ if(KORVA_WERROR)
   add_compile_options(-Werror)
 endif()
 
+# GCC 12 warns of overlapping copies inside its own std::string where there are none.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  add_compile_options(-Wno-restrict)
+endif()
+
 # The floating-point flags are read after a calculation, so no operation may be executed that the code does not
 # ask for. GCC keeps to that by default; Clang has to be told.
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")

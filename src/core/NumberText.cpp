@@ -12,6 +12,9 @@ namespace korva {
 
 namespace {
 
+// The largest number of 15 digits; what lies above would be rounded up to a text that no double holds.
+constexpr double kLargest = 1.79769313486231e308;
+
 std::string General(double value, int digits) {
   if (!std::isfinite(value)) {
     throw RuntimeError(ErrorNumber::kOverflow, "a number without a finite value has no text");
@@ -20,7 +23,9 @@ std::string General(double value, int digits) {
     return "0";  // -0 too
   }
   char text[40];
-  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr;
+  const auto end = std::to_chars(text, text + sizeof text, std::clamp(value, -kLargest, kLargest),
+                                 std::chars_format::general, digits)
+                       .ptr;
   std::replace(text, end, 'e', 'E');
   return {text, end};
 }
@@ -51,8 +56,8 @@ double RoundHalfEven(double value, int decimals) {
   static constexpr double kScales[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
   const double scale = kScales[decimals];
   const double scaled = value * scale;
-  if (!(std::abs(scaled) < 0x1p52)) {
-    return value;  // no fraction left at this size
+  if (!(std::abs(scaled) < 0x1p53)) {
+    return value;  // its neighbours are further away than the decimals
   }
   double rounded = std::nearbyint(scaled);
   if (std::abs(scaled - rounded) == 0.5) {

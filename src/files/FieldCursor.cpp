@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kLineEnds = "\r\n";
+// So many lines behind the last value have a notice of their own.
+constexpr int kMostRestNotices = 20;
 
 // What stood in the file, short enough for a message and without control characters.
 std::string Shown(std::string_view found) {
@@ -70,7 +72,11 @@ double FieldCursor::ReadNumber(std::string_view expected) {
   const std::string_view text = field.text.substr(first, field.text.find_last_not_of(kBlanks) - first + 1);
   const ParsedNumber parsed = ParseNumberPrefix(text);
   if (parsed.length != text.size()) {
-    Fail(ErrorNumber::kTypeMismatch, fmt::format("{}, a number", expected),
+    // What the end of the file cuts off in front of a digit, such as "-" or "1E+", is a value that is
+    // missing.
+    const bool cut =
+        field.end == End::kFile && ParseNumberPrefix(std::string(text) + "0").length > text.size();
+    Fail(cut ? ErrorNumber::kInputPastEnd : ErrorNumber::kTypeMismatch, fmt::format("{}, a number", expected),
          fmt::format("\"{}\"", Shown(text)));
   }
   if (parsed.overflow) {
@@ -97,14 +103,19 @@ std::int16_t FieldCursor::ReadInteger(std::string_view expected) {
 }
 
 void FieldCursor::NoticeRest() {
+  int found = 0;
   while (!rest_.empty()) {
     const SplitLine split = TakeLine(rest_);
     rest_ = split.rest;
-    if (split.line.find_first_not_of(kBlanks) != std::string_view::npos) {
+    if (split.line.find_first_not_of(kBlanks) != std::string_view::npos && ++found <= kMostRestNotices) {
       notices_.push_back(
           {line_, fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
     }
     ++line_;
+  }
+  if (found > kMostRestNotices) {
+    notices_.push_back(
+        {line_ - 1, fmt::format("{} more lines up to here were not read", found - kMostRestNotices)});
   }
 }
 

@@ -14,7 +14,8 @@ namespace korva {
 // Walks the text of a file. A field ends at a comma or a line end, blanks in front of it do not count, and a
 // double quote at its start delimits it: what stands behind the closing quote begins the next field.
 // `expected` names the value for messages. Run-time errors name file, line and what was expected: 62 where
-// the text has ended, 13 for a text that is not wholly a number, 6 for a number beyond the range of its type.
+// the text has ended, also within a number, 13 for a text that is not wholly a number, 6 for a number beyond
+// the range of its type.
 class FieldCursor {
  public:
   FieldCursor(std::string_view text, std::string fileName, std::vector<FileNotice>& notices);
@@ -31,7 +32,7 @@ class FieldCursor {
 
   bool AtEnd() const { return rest_.empty(); }
 
-  // A notice for each line from here on that is not empty.
+  // A notice for each line from here on that is not empty; after many, one for all others.
   void NoticeRest();
 
   [[noreturn]] void Fail(ErrorNumber number, std::string_view expected, std::string_view found) const;

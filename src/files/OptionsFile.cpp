@@ -8,6 +8,7 @@
 #include <string>
 #include <variant>
 
+#include "core/ClampOrReset.h"
 #include "core/NumberParsing.h"
 #include "core/Text.h"
 #include "files/UtilINI.h"
@@ -26,7 +27,7 @@ struct Option {
   double high = 1;
 };
 
-// Cell sizes have no upper bound; 0, and what lies below, becomes the factory value.
+// Cell sizes have no bound but that of their type; 0 becomes the value of a missing key.
 constexpr double kNoBound = 32767;
 // Percentages of a swept range, read as whole numbers though they are held as fractions.
 constexpr double kLargestRange = 150;
@@ -48,7 +49,7 @@ constexpr auto kOptions = std::to_array<Option>({
     {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, 1},
     {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, 1},
     {"RoundKORVASF", &OptionSettings::RoundKORVASF, 0, 0, 2},
-    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, 1, kNoBound},
+    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, 0, kNoBound},
     {"CellSizeMetric", &OptionSettings::CellSizeMetric, 0.5, 0, kNoBound},
     {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, 0},
     {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, 0},
@@ -56,20 +57,23 @@ constexpr auto kOptions = std::to_array<Option>({
     {"iOptDir", &OptionSettings::iOptDir, 1, 0, 3},
 });
 
-// Stores `value`, whole numbers to the nearest; false if it lay outside its range.
+// Stores `value` as the setting holds it, a whole number or 32 bits; false if it lay outside its range.
 bool Store(OptionSettings& options, const Option& option, double value) {
-  const bool cellSize = option.high == kNoBound;
   const bool whole = std::holds_alternative<std::int16_t OptionSettings::*>(option.member);
-  const double number = whole ? std::nearbyint(value) : value;
-  const bool inside =
-      cellSize ? number > 0 && number <= option.high : number >= option.low && number <= option.high;
-  const double kept = inside ? number : cellSize ? option.missing : option.low;
+  double kept = ClampOrReset(whole ? std::nearbyint(value) : value, option.low, option.high);
+  if (!whole) {
+    kept = static_cast<double>(static_cast<float>(kept));
+  }
+  const bool noCell = option.high == kNoBound && kept == 0;
+  if (noCell) {
+    kept = option.missing;
+  }
   std::visit(
       [&options, kept](auto member) {
         options.*member = static_cast<std::remove_reference_t<decltype(options.*member)>>(kept);
       },
       option.member);
-  return inside;
+  return value >= option.low && value <= option.high && !noCell;
 }
 
 bool SameKey(std::string_view a, std::string_view b) {

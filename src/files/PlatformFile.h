@@ -31,7 +31,8 @@ FileState StateOfFile(const std::string& path);
 // folder, 75 a folder or device, 70 no permission, 7 more than `limit` bytes, 57 a read that fails.
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit);
 
-// The file that `path` leads to through symbolic links; `path` itself if it is none.
+// The file that `path` leads to through symbolic links, whether it is there or not; `path` itself if it is
+// none.
 std::string ResolveLinks(const std::string& path);
 
 // What replacing a file takes, step by step. Each call throws the run-time error of its failure. Tests put

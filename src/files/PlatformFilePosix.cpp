@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <utility>
 
 #include "core/RuntimeError.h"
@@ -84,7 +84,7 @@ class PosixFileReplacement final : public FileReplacement {
   ~PosixFileReplacement() override { Discard(); }
 
   void CreateBeside(const std::string& target, std::uint32_t mode) override {
-    std::string name = target + ".XXXXXX";
+    std::string name = FolderOf(target) + "/.korva-XXXXXX";
     fd_ = Descriptor(Uninterrupted([&name] { return ::mkostemp(name.data(), O_CLOEXEC); }));
     if (fd_.Get() < 0) {
       ThrowSystemError(errno, target, "making a file beside it");
@@ -231,13 +231,17 @@ std::unique_ptr<FileReplacement> SystemFileReplacement() {
 }
 
 std::string ResolveLinks(const std::string& path) {
-  char* resolved = ::realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) {
-    return path;
+  static constexpr int kMostLinks = 40;
+  std::filesystem::path target = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    std::error_code noLink;
+    const auto next = std::filesystem::read_symlink(target, noLink);
+    if (noLink) {
+      break;
+    }
+    target = target.parent_path() / next;
   }
-  std::string target(resolved);
-  std::free(resolved);
-  return target;
+  return target.string();
 }
 
 }  // namespace korva

@@ -1,0 +1,122 @@
+// Any bytes as a project file: read, written, read again, converted and calculated. Only run-time errors may
+// come of it, the text written has to read back, and no page may show a number without a value.
+#include <cctype>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "Require.h"
+#include "commands/Calculate.h"
+#include "core/Description.h"
+#include "core/Encoding.h"
+#include "core/RuntimeError.h"
+#include "files/ProjectFile.h"
+
+namespace {
+
+using namespace korva;
+
+class SilentMessages final : public MessagePort {
+ public:
+  MessageAnswer Show(const Message&) override { return MessageAnswer::kCancel; }
+};
+
+bool IsLetter(const std::string& text, std::size_t at) {
+  return at < text.size() && std::isalpha(static_cast<unsigned char>(text[at])) != 0;
+}
+
+// Whether "inf" or "nan" stands in `text` as a word of its own.
+bool ShowsNoNumber(std::string text) {
+  for (char& c : text) {
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  for (const char* word : {"inf", "nan"}) {
+    for (auto at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
+      if ((at == 0 || !IsLetter(text, at - 1)) && !IsLetter(text, at + 3)) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+StoredProject ReadText(const std::string& text) {
+  std::vector<FileNotice> notices;
+  StoredProject project;
+  const auto format = DetectProjectFormat(text, "fuzz.kvl");
+  if (!format) {
+    throw RuntimeError(ErrorNumber::kTypeMismatch);
+  }
+  ReadProject(text, "fuzz.kvl", *format, project, notices);
+  Require(notices.size() < 100, "few notices");
+  NormalizeDescription(project);
+  return project;
+}
+
+// A description is left out: its lines may be split once more at each reading.
+std::string WithoutDescription(StoredProject project) {
+  project.ProjectDescription.clear();
+  return ComposeProject(project);
+}
+
+void CheckRoundTrip(const StoredProject& project) {
+  const std::string bytes = FileBytesFromText(ComposeProject(project));
+  const StoredProject again = [&bytes] {
+    try {
+      return ReadText(TextFromFileBytes(bytes));
+    } catch (const RuntimeError& error) {
+      Require(false, error.what());
+      throw;
+    }
+  }();
+  StoredProject expected = project;
+  if (expected.ProjectInput.NumberEntries == 0) {
+    expected.ProjectInput.NumberEntries = 1;
+  }
+  Require(WithoutDescription(again) == WithoutDescription(expected), "a written project reads back");
+}
+
+void CheckPages(StoredProject project) {
+  Korva korva;
+  korva.Stored = std::move(project);
+  korva.Stored.ProjectTitle.clear();
+  korva.Stored.ProjectDescription.clear();
+  korva.ProjectEmpty = false;
+  SilentMessages silent;
+  if (!CalculateStabilityFactors(korva, silent, kTraditionalModel)) {
+    return;
+  }
+  for (const std::string& page : korva.OutBuf) {
+    Require(!ShowsNoNumber(page), page);
+  }
+  Require(!ShowsNoNumber(korva.WarningText), korva.WarningText);
+}
+
+template <class Step>
+void RuntimeErrorsAside(Step step) {
+  try {
+    step();
+  } catch (const RuntimeError&) {
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  StoredProject project;
+  try {
+    project = ReadText(TextFromFileBytes(bytes));
+  } catch (const RuntimeError&) {
+    return 0;
+  }
+  RuntimeErrorsAside([&] { CheckRoundTrip(project); });
+  RuntimeErrorsAside([&] { CheckPages(project); });
+  RuntimeErrorsAside([&] {
+    const auto other = static_cast<std::int16_t>(kMetric - project.ProjectUnits);
+    ConvertProjectUnits(project, other);
+    CheckRoundTrip(project);
+    CheckPages(project);
+  });
+  return 0;
+}
