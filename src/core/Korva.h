@@ -15,7 +15,7 @@
 
 namespace korva {
 
-inline constexpr std::string_view kProgramTitle = "Korva Panel Review - Laminated Overburden";
+inline constexpr std::string_view ProgramTitle = "Korva Panel Review - Laminated Overburden";
 inline constexpr std::string_view kUntitled = "Untitled";
 
 // The six output pages; page 0 is the input echo.

@@ -43,7 +43,7 @@ MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message) {
   HistoryLog(korva.SessionHistory, korva.Preferences,
              (message.title.empty() ? "Message" : message.title) + ": " + message.text);
   if (message.title.empty()) {
-    message.title = kProgramTitle;
+    message.title = ProgramTitle;
   }
   return port.Show(message);
 }

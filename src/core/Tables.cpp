@@ -12,7 +12,7 @@ struct LabelPair {
 };
 
 // Several rows pair units of different scale, row 7 for instance feet with centimeters; they stay as listed.
-constexpr std::array<LabelPair, 18> kUnitLabels = {{
+constexpr std::array<LabelPair, 18> UnitLabels = {{
     {" (ft)", " (m)"},
     {" (psi)", " (MPa)"},
     {" (pcf)", " (kN/m3)"},
@@ -36,7 +36,7 @@ constexpr std::array<LabelPair, 18> kUnitLabels = {{
 }  // namespace
 
 std::string_view UnitLabel(UnitKind kind, std::int16_t units) {
-  const LabelPair& labels = kUnitLabels[static_cast<std::size_t>(kind)];
+  const LabelPair& labels = UnitLabels[static_cast<std::size_t>(kind)];
   switch (units) {
     case 0:
       return labels.english;

@@ -23,31 +23,45 @@ std::string_view UnitLabel(UnitKind kind, std::int16_t units);
 // A label without its leading blank and without its parentheses: "ft".
 std::string_view BareUnit(std::string_view label);
 
+// The tables keep the names that the whole program knows them by.
+
+// Captions of the choice of units, by unit system.
+inline constexpr std::array<std::string_view, 2> UnitSummary = {"ft, in, lbs, psi, pcf",
+                                                                "m, cm, kN, MPa, kN/m3"};
+
 // By LoadingCondition 0 to 3.
-inline constexpr std::array<std::string_view, 4> kLoadingConditionTitles = {
+inline constexpr std::array<std::string_view, 4> LoadingConditionTitles = {
     "DEVELOPMENT LOAD (NO NEARBY GOB)", "ONE ACTIVE RETREAT SECTION", "ONE ACTIVE SECTION AND ONE SIDE GOB",
     "ONE ACTIVE SECTION AND TWO SIDE GOBS"};
 
+// By load case.
+inline constexpr std::array<std::string_view, 6> LoadCaseTitles = {"TRIBUTARY AREA",       "ACTIVE GOB",
+                                                                   "DEVELOPMENT & 1S GOB", "ACTIVE + 1S GOB",
+                                                                   "DEVELOPMENT & 2S GOB", "ACTIVE + 2S GOB"};
+
 // By side, the first side gob first.
-inline constexpr std::array<std::string_view, 2> kBarrierTitles = {"FIRST SIDE GOB BARRIER",
-                                                                   "SECOND SIDE GOB BARRIER"};
-inline constexpr std::array<std::string_view, 2> kFirstSecond = {"First", "Second"};
-inline constexpr std::array<std::string_view, 2> kRowLetters = {"C", "D"};
-inline constexpr std::array<std::string_view, 2> kBleederNotes = {
+inline constexpr std::array<std::string_view, 2> BarrierTitles = {"FIRST SIDE GOB BARRIER",
+                                                                  "SECOND SIDE GOB BARRIER"};
+inline constexpr std::array<std::string_view, 2> RemnantTitles = {"FIRST SIDE GOB REMNANT",
+                                                                  "SECOND SIDE GOB REMNANT"};
+inline constexpr std::array<std::string_view, 2> SideTitles = {"First Side", "Second Side"};
+inline constexpr std::array<std::string_view, 2> FirstSecond = {"First", "Second"};
+inline constexpr std::array<std::string_view, 2> RowLetters = {"C", "D"};
+inline constexpr std::array<std::string_view, 2> BleederNotes = {
     " *Includes contribution from row 'C' bleeder pillar",
     "**Includes contribution from row 'D' bleeder pillar"};
 
-// By case, development first.
-inline constexpr std::array<std::string_view, 2> kStageTitles = {"Development", "Retreat"};
-inline constexpr std::array<std::string_view, 2> kModelStageTitles = {"Development (KORVA)",
-                                                                      "Retreat (KORVA)"};
+// By case, development first; those of the models also by model, the traditional one first.
+inline constexpr std::array<std::string_view, 2> StageTitles = {"Development", "Retreat"};
+inline constexpr std::array<std::string_view, 4> ModelStageTitles = {
+    "Development (KORVA)", "Retreat (KORVA)", "Development (KORVA-STROND)", "Retreat (KORVA-STROND)"};
 
 // By case and number of side gobs: development with one, with two, retreat with one, with two.
-inline constexpr std::array<std::string_view, 4> kSideGobNotes = {
+inline constexpr std::array<std::string_view, 4> SideGobNotes = {
     "*Development loading includes one side gob.", "*Development loading includes two side gobs.",
     "*Retreat loading includes one side gob.", "*Retreat loading includes two side gobs."};
 
-inline constexpr std::array<std::string_view, 2> kNoYes = {"no", "yes"};
+inline constexpr std::array<std::string_view, 2> NoYes = {"no", "yes"};
 
 // Names for people, by unit system and by overburden model.
 inline constexpr std::array<std::string_view, 2> kUnitSystemNames = {"English", "Metric"};

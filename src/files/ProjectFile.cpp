@@ -21,7 +21,7 @@ struct Magic {
 };
 
 // In the order in which they are tried; the first one is written.
-constexpr std::array<Magic, 5> kMagics = {
+constexpr std::array<Magic, 5> FileMagics = {
     {{"KORVA_603", 54}, {"KORVA_602", 53}, {"KORVA_601", 52}, {"KORVA_501", 51}, {"KORVA_500", 50}}};
 
 constexpr std::string_view kDescriptionStart = "##StartDesc##";
@@ -171,8 +171,8 @@ std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std
   const std::string_view first =
       FieldCursor(text, fileName, notices).ReadText("the format of a project file");
   const auto* magic =
-      std::find_if(kMagics.begin(), kMagics.end(), [first](const Magic& m) { return m.text == first; });
-  return magic == kMagics.end() ? std::nullopt : std::optional(magic->format);
+      std::find_if(FileMagics.begin(), FileMagics.end(), [first](const Magic& m) { return m.text == first; });
+  return magic == FileMagics.end() ? std::nullopt : std::optional(magic->format);
 }
 
 void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version,
@@ -207,7 +207,7 @@ std::string ComposeProject(const StoredProject& project) {
   }
 
   std::string text;
-  text.append(kMagics.front().text).append(kLineEnd);
+  text.append(FileMagics.front().text).append(kLineEnd);
   text.append(PaddedText(project.ProjectUnits)).append(kLineEnd);
   text.append(project.ProjectTitle).append(kLineEnd);
   text.append(description);

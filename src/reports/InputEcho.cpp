@@ -67,8 +67,8 @@ class EchoPage {
   void Retreat() {
     const auto condition = static_cast<std::size_t>(p_.LoadingCondition);
     page_.Line("[RETREAT MINING PARAMETERS]");
-    page_.Line(DotPad("Loading Condition", kConditionWidth), condition < kLoadingConditionTitles.size()
-                                                                 ? kLoadingConditionTitles[condition]
+    page_.Line(DotPad("Loading Condition", kConditionWidth), condition < LoadingConditionTitles.size()
+                                                                 ? LoadingConditionTitles[condition]
                                                                  : std::string_view{});
     page_.Line();
     if (condition >= 1 && condition <= 3) {
@@ -92,7 +92,7 @@ class EchoPage {
   void Row(std::string_view label, double value, std::string_view unit) {
     TextRow(label, GeneralText(value), unit);
   }
-  void FlagRow(std::string_view label, std::int16_t flag) { TextRow(label, kNoYes[flag == 1 ? 1 : 0]); }
+  void FlagRow(std::string_view label, std::int16_t flag) { TextRow(label, NoYes[flag == 1 ? 1 : 0]); }
 
   void ActiveGob() {
     page_.Line("[Active Gob]");

@@ -21,7 +21,7 @@ std::string LoadCell(double load, std::size_t width) {
 }
 
 std::string SideName(int k) {
-  return PadLeft(kFirstSecond[SideIndex(k)], 7);
+  return PadLeft(FirstSecond[SideIndex(k)], 7);
 }
 
 // Whether a bleeder row adds to the pillar on side `k`.
@@ -37,7 +37,7 @@ std::string_view BleederMark(const Project& project, int k) {
 void BleederFootnotes(PageText& page, const WorkValues& w, const Project& project) {
   for (int k = kFirstSide; k <= w.LoadCond; ++k) {
     if (HasBleeder(project, k)) {
-      page.Line(kBleederNotes[SideIndex(k)]);
+      page.Line(BleederNotes[SideIndex(k)]);
     }
   }
 }
@@ -71,7 +71,7 @@ void BarrierLoadTable(PageText& page, const OutputResults& output, int c) {
     page.Line(PadRight(label, 20), cell(kFirstSide), two ? cell(kSecondSide) : "");
   };
 
-  page.Line("[BARRIER PILLAR LOADS - ", kStageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
+  page.Line("[BARRIER PILLAR LOADS - ", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
   page.Line(PadRight(fmt::format("LOAD{}", output.LoadLabel), 15), PadLeft("1st BARRIER", 21),
             two ? PadLeft("2nd BARRIER", 16) : "");
   row(
@@ -133,7 +133,7 @@ void LeaveRowTable(PageText& page, const OutputResults& output) {
             PadLeft(output.LoadLabel, 12), PadLeft(output.LoadLabel, 12));
   for (int j = kFirstSide; j <= w.LoadCond; ++j) {
     if (w.LeaveRow[j] == 1) {
-      page.Line(std::string(6, ' '), kRowLetters[SideIndex(j)],
+      page.Line(std::string(6, ' '), RowLetters[SideIndex(j)],
                 PadLeft(Format(r.RowStrength[j], "###0.0"), 10), LoadCell(r.RowCapacity[j], 16),
                 LoadCell(r.RowTribLoad[j], 12), LoadCell(r.RowExcess[j], 12), "*");
     }

@@ -26,17 +26,17 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
   PageText page("[KORVA STABILITY FACTORS]");
   for (int c = kDevelopment; c <= lastCase; ++c) {
     const auto stage = static_cast<std::size_t>(c - kDevelopment);
-    page.Line(FactorRow(kModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
+    page.Line(FactorRow(ModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
     if (sideGobs) {
-      page.Line(kSideGobNotes[2 * stage + static_cast<std::size_t>(loadCond - kOneSideGob)]);
+      page.Line(SideGobNotes[2 * stage + static_cast<std::size_t>(loadCond - kOneSideGob)]);
     }
   }
   if (sideGobs) {
     page.Line().Line("[BARRIER PILLAR STABILITY FACTORS]").Line();
     for (int c = kDevelopment; c <= lastCase; ++c) {
-      page.Line("[", kStageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
+      page.Line("[", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
       for (int k = kFirstSide; k <= loadCond; ++k) {
-        page.Line(FactorRow(kBarrierTitles[static_cast<std::size_t>(k - kFirstSide)],
+        page.Line(FactorRow(BarrierTitles[static_cast<std::size_t>(k - kFirstSide)],
                             Format(calculation.Out.BarrierSF[c][k], "##0.00")));
       }
     }
