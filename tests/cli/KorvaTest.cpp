@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <clocale>
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -378,6 +377,9 @@ TEST_F(KorvaCommand, BadFiles) {
     ExpectFailure({command, "torn.KVL"}, 3, "Input past end of file (62)");
     ExpectFailure({command, "notes.KVL"}, 3, "Invalid file format");
   }
+  const json foreign = json::parse(Call({"report", "notes.KVL", "--json"}).Out);
+  EXPECT_TRUE(Holds(foreign["error"]["text"], "Invalid file format"));
+
   const auto faultOf = [&](const std::string& value) {
     std::string text = whole;
     folder_.Put("value.KVL", text.replace(text.find("\r\n400\r\n") + 2, 3, value));
@@ -414,21 +416,18 @@ TEST_F(KorvaCommand, LocaleOfTheUserDoesNotCount) {
   Project p = test::TwoSideGobs();
   p.EntryHeight = 6.5;
   folder_.Put("half.KVL", FileOf(p));
-  std::string name;
-  for (const char* locale : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"}) {
-    if (std::setlocale(LC_NUMERIC, locale) != nullptr) {
-      name = locale;
-    }
-  }
-  std::setlocale(LC_NUMERIC, "C");
-  if (name.empty()) {
-    GTEST_SKIP() << "this machine has no locale with a decimal comma";
+  const std::vector<std::pair<std::string, std::string>> german = {{"LC_ALL", "de_DE.UTF-8"},
+                                                                   {"LOCPATH", folder_ / ""}};
+  RunProgram(
+      {"/usr/bin/localedef", {"-i", "de_DE", "-f", "UTF-8", folder_ / "de_DE.UTF-8"}, folder_ / "", {}, {}});
+  if (RunProgram({"/usr/bin/locale", {"decimal_point"}, folder_ / "", german, {}}).Out != ",\n") {
+    GTEST_SKIP() << "this machine cannot make a locale with a decimal comma; its package is locales";
   }
   for (const std::vector<std::string>& call : {std::vector<std::string>{"report", "half.KVL"},
                                                {"calc", "half.KVL"},
                                                {"calc", "half.KVL", "--json"},
                                                {"batch", "half.KVL", "--csv"}}) {
-    EXPECT_EQ(Call(call, {{"LC_ALL", name}}).Out, Call(call, {{"LC_ALL", "C"}}).Out);
+    EXPECT_EQ(Call(call, german).Out, Call(call, {{"LC_ALL", "C"}}).Out);
   }
 }
 
