@@ -30,16 +30,20 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 
 constexpr std::size_t kLikelyTypo = 2;
 
-// The command that a mistyped first word probably meant.
+// Where to look after a usage error: the command that a mistyped first word probably meant, or the help.
 std::string Suggestion(const std::vector<Command>& commands, int argc, char** argv) {
-  const std::string_view word = argc > 1 ? argv[1] : "";
+  const std::string word = argc > 1 ? argv[1] : "";
+  std::string suggestion = "; see \"korva --help\"";
   for (const Command& command : commands) {
     const std::string name = command.Parser->get_name();
-    if (word.size() > kLikelyTypo && word != name && EditDistance(word, name) <= kLikelyTypo) {
-      return fmt::format("; did you mean \"korva {}\"?", name);
+    if (word == name) {
+      return fmt::format("; see \"korva {} --help\"", name);
+    }
+    if (word.size() > kLikelyTypo && EditDistance(word, name) <= kLikelyTypo) {
+      suggestion = fmt::format("; did you mean \"korva {}\"?", name);
     }
   }
-  return "; see \"korva --help\"";
+  return suggestion;
 }
 
 int Run(int argc, char** argv) {

@@ -1,0 +1,73 @@
+// Pages and warnings of the shipped examples, character by character. scripts/renew-goldens rewrites what
+// they are compared with; read its changes as a diff before committing them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include "commands/Calculate.h"
+#include "commands/FileCommands.h"
+
+namespace korva {
+namespace {
+
+namespace fs = std::filesystem;
+
+class KeptMessage final : public MessagePort {
+ public:
+  MessageAnswer Show(const Message& message) override {
+    Text = message.text;
+    return MessageAnswer::kOk;
+  }
+  std::string Text;
+};
+
+// The pages with a form feed line between two and in front of the warnings, or why there are none.
+std::string OutputOf(const std::string& example) {
+  Korva korva;
+  korva.ProjectFileName = example;
+  KeptMessage message;
+  std::string text;
+  if (!FileOpen(korva, message) || !CalculateStabilityFactors(korva, message)) {
+    text = message.Text + "\n";
+  } else {
+    for (const std::string& page : korva.OutBuf) {
+      text.append(text.empty() ? "" : "\f\n").append(page);
+    }
+    if (!korva.WarningText.empty()) {
+      text.append("\f\nKORVA Warnings\n").append(korva.WarningText).append("\n");
+    }
+  }
+  std::erase(text, '\r');
+  return text;
+}
+
+std::set<std::string> StemsIn(const fs::path& folder, const std::string& extension) {
+  std::set<std::string> stems;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() == extension) {
+      stems.insert(entry.path().stem().string());
+    }
+  }
+  return stems;
+}
+
+TEST(GoldenPages, OfEveryExample) {
+  fs::current_path(KORVA_EXAMPLES);  // page 0 shows the bare name
+  const std::set<std::string> examples = StemsIn(".", ".KVL");
+  EXPECT_FALSE(examples.empty());
+  EXPECT_EQ(StemsIn(KORVA_GOLDEN, ".txt"), examples);
+  for (const std::string& stem : examples) {
+    std::ifstream file(fs::path(KORVA_GOLDEN) / (stem + ".txt"), std::ios::binary);
+    EXPECT_TRUE(file) << stem << " has no golden pages";
+    const std::string golden{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(OutputOf(stem + ".KVL"), golden) << stem;
+  }
+}
+
+}  // namespace
+}  // namespace korva
