@@ -1,6 +1,6 @@
-#include "input/FieldNumber.h"
-
 #include <gtest/gtest.h>
+
+#include "input/FieldNumber.h"
 
 namespace korva {
 namespace {

@@ -1,7 +1,6 @@
-#include "input/FormNotices.h"
-
 #include <gtest/gtest.h>
 
+#include "input/FormNotices.h"
 #include "support/Panels.h"
 
 namespace korva {
