@@ -107,7 +107,7 @@ TEST(FileOpen, ForeignFileLeavesAnEmptyProjectUnderItsName) {
   ScriptedMessages messages;
   messages.Expect("Invalid file format");
   EXPECT_FALSE(FileOpen(korva, messages));
-  EXPECT_EQ(messages.Shown.front().title, kProgramTitle);
+  EXPECT_EQ(messages.Shown.front().title, ProgramTitle);
   EXPECT_EQ(korva.ProjectFileName, folder / "notes.txt");
   EXPECT_TRUE(korva.ProjectEmpty);
   EXPECT_EQ(korva.ProjectCalc, DevelopmentPanel());

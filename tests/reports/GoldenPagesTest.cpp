@@ -39,7 +39,7 @@ std::string OutputOf(const std::string& example) {
       text.append(text.empty() ? "" : "\f\n").append(page);
     }
     if (!korva.WarningText.empty()) {
-      text.append("\f\nKORVA Warnings\n").append(korva.WarningText).append("\n");
+      text.append("\f\nKORVA Warnings\n").append(korva.WarningText);
     }
   }
   std::erase(text, '\r');
