@@ -39,14 +39,16 @@ void ArithmeticWatch::ThrowIfRaised(std::string_view quantity, int index) const 
 
 double SquareRoot(double value, std::string_view quantity) {
   if (value < 0) {
-    throw RuntimeError(ErrorNumber::kInvalidCall, fmt::format("{}: the square root of {}", quantity, value));
+    throw RuntimeError(ErrorNumber::kInvalidCall,
+                       fmt::format("in the calculation of {}: the square root of {}", quantity, value));
   }
   return std::sqrt(value);
 }
 
 double NaturalLog(double value, std::string_view quantity) {
   if (value <= 0) {
-    throw RuntimeError(ErrorNumber::kInvalidCall, fmt::format("{}: the logarithm of {}", quantity, value));
+    throw RuntimeError(ErrorNumber::kInvalidCall,
+                       fmt::format("in the calculation of {}: the logarithm of {}", quantity, value));
   }
   return std::log(value);
 }

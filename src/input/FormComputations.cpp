@@ -74,6 +74,7 @@ float Calc_Arch(const ParameterFields& fields) {
   const bool metric = fields.ProjectUnits == kMetric;
   auto depth = static_cast<float>(fields.DepthCover);
   float width = SumOfCenters(fields);
+  watch.Step("Calc_Arch");
   if (width == 0) {
     return 1;
   }
@@ -81,6 +82,7 @@ float Calc_Arch(const ParameterFields& fields) {
     depth = static_cast<float>(static_cast<double>(depth) * kFeetPerMeter);
     width = static_cast<float>(static_cast<double>(width) * kFeetPerMeter);
   }
+  watch.Step("Calc_Arch");
   const auto h = static_cast<double>(depth);
   const auto w = static_cast<double>(width);
   float factor = 0;

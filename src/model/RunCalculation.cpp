@@ -62,6 +62,9 @@ float CalcArchFactor(const WorkValues& w) {
   for (int i = 1; i <= w.NumRows; ++i) {
     width = static_cast<float>(static_cast<double>(width) + w.EntryCenters[i]);
   }
+  if (!std::isfinite(width)) {
+    throw RuntimeError(ErrorNumber::kOverflow, "in the calculation of Fpa");
+  }
   if (width == 0) {
     return 1;
   }
