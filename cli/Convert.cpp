@@ -20,9 +20,7 @@ struct SaveCall {
 
 // Whether saving would replace the very file that was read, parts of which were not.
 bool WouldLoseContent(const Korva& korva, const SaveCall& call) {
-  const FileState in = StateOfFile(call.File);
-  const FileState out = StateOfFile(call.Out);
-  return !korva.FileNotices.empty() && out.exists && in.device == out.device && in.node == out.node;
+  return !korva.FileNotices.empty() && IsSameFile(call.File, call.Out);
 }
 
 int Save(Korva& korva, const SaveCall& call) {

@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
+#include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 
 namespace korva::cli {
@@ -101,6 +102,9 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
   return {parser, [call, &common] {
             Korva korva;
             korva.Preferences = PreferencesOf(common);
+            if (!call->Out.empty() && IsSameFile(call->File, call->Out)) {
+              throw UsageError{"the report would replace the project file itself"};
+            }
             if (call->Out.ends_with(".pdf") || call->Out.ends_with(".PDF")) {
               Complain("a report as PDF is not built yet; give the file another ending for plain text");
               return kFailed;

@@ -27,6 +27,9 @@ struct FileState {
 // throw.
 FileState StateOfFile(const std::string& path);
 
+// Whether both names lead to one existing file.
+bool IsSameFile(const std::string& a, const std::string& b);
+
 // The whole content of a regular file of at most `limit` bytes. Run-time errors: 53 missing file, 76 missing
 // folder, 75 a folder or device, 70 no permission, 7 more than `limit` bytes, 57 a read that fails.
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit);

@@ -197,6 +197,12 @@ FileState StateOfFile(const std::string& path) {
           .node = state.st_ino};
 }
 
+bool IsSameFile(const std::string& a, const std::string& b) {
+  const FileState first = StateOfFile(a);
+  const FileState second = StateOfFile(b);
+  return first.exists && second.exists && first.device == second.device && first.node == second.node;
+}
+
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
   const OpenedFile file = OpenRegularFile(path);
   if (file.size > limit) {
