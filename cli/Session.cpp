@@ -40,7 +40,8 @@ Settings PreferencesOf(const CommonOptions& options) {
       case OptionChange::kDone:
         break;
       case OptionChange::kReset:
-        Complain(fmt::format("--set {}: outside the option's range; its lowest or factory value is used", change));
+        Complain(
+            fmt::format("--set {}: outside the option's range; its lowest or factory value is used", change));
         break;
       case OptionChange::kUnknownKey:
         throw UsageError{fmt::format("--set {}: there is no such option", change)};
