@@ -27,19 +27,17 @@ struct BatchCall {
 };
 
 bool HasRun(const BatchRow& row) {
-  return !row.Refusal && !row.Error && !row.ForeignFile;
+  return !row.Refusal && !row.Error && row.Failure.empty();
 }
 
 int StatusOf(const BatchRow& row) {
   return HasRun(row) ? kDone : row.Refusal ? kRefused : kFailed;
 }
 
-// Why a row has no run, or nothing.
-std::string Reason(const BatchRow& row) {
-  return row.Refusal       ? *row.Refusal
-         : row.Error       ? row.Error->what()
-         : row.ForeignFile ? std::string(kInvalidFormat)
-                           : "";
+// Why a row without refusal has no run, or nothing.
+std::string Failure(const BatchRow& row) {
+  return row.Error ? fmt::format("{} ({})", row.Error->what(), static_cast<std::int64_t>(row.Error->Number()))
+                   : row.Failure;
 }
 
 std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
@@ -70,6 +68,17 @@ std::vector<std::string> ResultTexts(const BatchRow& row, FactorText factor, Oth
   return texts;
 }
 
+// Without control characters, which a title or a file name might bring to the terminal.
+std::string Printable(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+  return text;
+}
+
+std::string NoticeText(const BatchRow& row) {
+  return row.Notices.empty() ? "" : "  (" + Joined(row.Notices, "; ") + ")";
+}
+
 // As on the pages, with "-" for what they do not show.
 std::string TableText(const std::vector<BatchRow>& rows) {
   std::size_t width = 4;
@@ -80,9 +89,10 @@ std::string TableText(const std::vector<BatchRow>& rows) {
                                  PadRight("FILE", width), "UNITS", "MODEL", "SF dev", "SF ret", "B1 dev",
                                  "B2 dev", "B1 ret", "B2 ret", "REM 1", "REM 2", "RULES / TITLE");
   for (const BatchRow& row : rows) {
-    text += PadRight(row.File, width);
+    text += PadRight(Printable(row.File), width);
     if (!HasRun(row)) {
-      text += fmt::format("  {}: {}\n", row.Refusal ? "refused" : "error", Reason(row));
+      text += row.Refusal ? "  refused: " + *row.Refusal : "  error: " + Failure(row);
+      text += NoticeText(row) + "\n";
       continue;
     }
     const auto shown = [&row](int c) { return c <= row.LastCase; };
@@ -96,8 +106,8 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     for (const std::string& result : results) {
       text += " " + PadLeft(result, 7);
     }
-    text += fmt::format("  [{}] {}{}\n", fmt::join(row.RuleFlags, " "), row.Title,
-                        row.Notices.empty() ? "" : "  (" + Joined(row.Notices, "; ") + ")");
+    text +=
+        fmt::format("  [{}] {}{}\n", fmt::join(row.RuleFlags, " "), Printable(row.Title), NoticeText(row));
   }
   return text;
 }
@@ -120,9 +130,8 @@ std::string CsvText(const std::vector<BatchRow>& rows) {
       "barrier2_retreat,remnant1,remnant2,rules,refused,error,notices\n";
   for (const BatchRow& row : rows) {
     std::vector<std::string> cells = {row.File, row.Title};
-    const bool known = !row.ForeignFile && !row.Error;
-    cells.push_back(known ? std::string(kUnitSystemNames[static_cast<std::size_t>(row.Units)]) : "");
-    cells.push_back(known ? ModelName(row.CalcMode) : "");
+    cells.push_back(row.Read ? std::string(kUnitSystemNames[static_cast<std::size_t>(row.Units)]) : "");
+    cells.push_back(row.Read ? ModelName(row.CalcMode) : "");
     const auto results = ResultTexts(
         row, [&row](int c) { return HasRun(row) ? GeneralText(row.SFKorva[c]) : ""; },
         [&row](int, int k, double value) {
@@ -131,7 +140,7 @@ std::string CsvText(const std::vector<BatchRow>& rows) {
     cells.insert(cells.end(), results.begin(), results.end());
     cells.push_back(fmt::format("{}", fmt::join(row.RuleFlags, " ")));
     cells.push_back(row.Refusal.value_or(""));
-    cells.push_back(row.Refusal ? "" : Reason(row));
+    cells.push_back(Failure(row));
     cells.push_back(Joined(row.Notices, "; "));
     std::transform(cells.begin(), cells.end(), cells.begin(), CsvCell);
     text += Joined(cells, ",") + "\n";
@@ -152,10 +161,10 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
     }
     if (row.Error) {
       object["error"] = ErrorJson(*row.Error);
-    } else if (row.ForeignFile) {
-      object["error"] = ForeignFileJson();
+    } else if (!row.Failure.empty()) {
+      object["error"] = PlainErrorJson(row.Failure);
     }
-    if (!row.Error && !row.ForeignFile) {
+    if (row.Read) {
       object["title"] = row.Title;
       object["units"] = kUnitSystemNames[static_cast<std::size_t>(row.Units)];
       object["model"] = ModelName(row.CalcMode);
@@ -177,6 +186,9 @@ int RunCall(const Settings& settings, const BatchCall& call) {
   const std::vector<std::string> files = FindProjectFiles(call.Paths);
   if (files.empty()) {
     Complain(fmt::format("no project files (*.{}) found", kProjectExtension));
+    if (call.AsJson) {
+      Print(JsonText(Json::array()));
+    }
     return kFailed;
   }
   std::vector<BatchRow> rows;
@@ -207,8 +219,7 @@ Command AddBatch(CLI::App& app, const CommonOptions& common) {
   parser->footer("Example:\n  korva batch examples --csv");
   return {parser, [call, &common] {
             Korva korva;
-            korva.Preferences = PreferencesOf(common);
-            return Guarded(korva, "batch", false, [&] { return RunCall(korva.Preferences, *call); });
+            return Guarded(korva, "batch", false, [&] { return RunCall(PreferencesOf(common), *call); });
           }};
 }
 

@@ -32,19 +32,29 @@ Json ValueJson(const T& value) {
   }
 }
 
-Json FormJson(const Korva& korva) {
+// What the input form would compute. A value that has none is null and told; the calculation stands without
+// it.
+Json FormJson(const Korva& korva, const std::string& file) {
   const ParameterFields fields = FieldsOfProject(korva.ProjectCalc, korva.Stored.ProjectUnits);
-  return {{"Calc_AMZ", Calc_AMZ(fields.DepthCover, fields.ProjectUnits)},
-          {"Calc_Arch", static_cast<double>(Calc_Arch(fields))},
-          {"Calc_Ext_Ratio", Calc_Ext_Ratio(fields)}};
+  const auto value = [&file](auto compute) -> Json {
+    try {
+      return compute();
+    } catch (const RuntimeError& error) {
+      Complain(fmt::format("warning: {}: {}", file, error.what()));
+      return nullptr;
+    }
+  };
+  return {{"Calc_AMZ", value([&] { return Calc_AMZ(fields.DepthCover, fields.ProjectUnits); })},
+          {"Calc_Arch", value([&] { return static_cast<double>(Calc_Arch(fields)); })},
+          {"Calc_Ext_Ratio", value([&] { return Calc_Ext_Ratio(fields); })}};
 }
 
-Json CalcJson(const Korva& korva, const Calculation& run) {
+Json CalcJson(const Korva& korva, const Calculation& run, const std::string& file) {
   Json json = Json::object();
   VisitResults(run.Out, [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
   json["LoadCond"] = run.Work.LoadCond;
   json["PanelWidth"] = run.Work.PanelWidth;
-  json["form"] = FormJson(korva);
+  json["form"] = FormJson(korva, file);
   return json;
 }
 
@@ -69,6 +79,9 @@ int Calc(Korva& korva, const CalcCall& call) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+  if (ModelIsMissing(korva, call.File, call.AsJson)) {
+    return kFailed;
+  }
   const Evaluated evaluated =
       EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
   if (evaluated.Refusal) {
@@ -83,7 +96,7 @@ int Calc(Korva& korva, const CalcCall& call) {
     return kRefused;
   }
   TellFormNotices(korva, call.File);
-  const Json json = CalcJson(korva, evaluated.Run);
+  const Json json = CalcJson(korva, evaluated.Run, call.File);
   Print(call.AsJson ? JsonText(json) : CalcText(json));
   return kDone;
 }
@@ -99,8 +112,10 @@ Command AddCalc(CLI::App& app, const CommonOptions& common) {
   parser->footer("Example:\n  korva calc examples/two-side-gobs.KVL --json");
   return {parser, [call, &common] {
             Korva korva;
-            korva.Preferences = PreferencesOf(common);
-            return Guarded(korva, call->File, call->AsJson, [&] { return Calc(korva, *call); });
+            return Guarded(korva, call->File, call->AsJson, [&] {
+              korva.Preferences = PreferencesOf(common);
+              return Calc(korva, *call);
+            });
           }};
 }
 

@@ -1,6 +1,7 @@
 // korva save and korva convert: a project in the newest format, as it is or in the other unit system.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "Commands.h"
@@ -20,7 +21,9 @@ struct SaveCall {
 
 // Whether saving would replace the very file that was read, parts of which were not.
 bool WouldLoseContent(const Korva& korva, const SaveCall& call) {
-  return !korva.FileNotices.empty() && IsSameFile(call.File, call.Out);
+  const bool unread = std::any_of(korva.FileNotices.begin(), korva.FileNotices.end(),
+                                  [](const FileNotice& n) { return n.kind == FileNoticeKind::kNotRead; });
+  return unread && IsSameFile(call.File, call.Out);
 }
 
 int Save(Korva& korva, const SaveCall& call) {
@@ -28,7 +31,9 @@ int Save(Korva& korva, const SaveCall& call) {
     return kFailed;
   }
   if (!call.Force && WouldLoseContent(korva, call)) {
-    Complain(fmt::format("{}: not replaced, since not all of it was read; --force replaces it", call.Out));
+    Complain(fmt::format(
+        "{}: not replaced, since what stands behind its last value would be lost; --force replaces it",
+        call.Out));
     return kRefused;
   }
   if (call.Convert) {
@@ -50,8 +55,10 @@ Command AddSaving(CLI::App& app, const CommonOptions& common, const char* name, 
   parser->footer(example);
   return {parser, [call, &common] {
             Korva korva;
-            korva.Preferences = PreferencesOf(common);
-            return Guarded(korva, call->File, false, [&] { return Save(korva, *call); });
+            return Guarded(korva, call->File, false, [&] {
+              korva.Preferences = PreferencesOf(common);
+              return Save(korva, *call);
+            });
           }};
 }
 

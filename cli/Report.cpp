@@ -61,11 +61,23 @@ int Report(Korva& korva, const ReportCall& call) {
       WriteFileSafely(call.Out, text);
     }
   };
+  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
+    throw UsageError{"the report would replace the project file itself"};
+  }
+  if (call.Out.ends_with(".pdf") || call.Out.ends_with(".PDF")) {
+    Complain("a report as PDF is not built yet; give the file another ending for plain text");
+    return kFailed;
+  }
   if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
+  const auto model = ModelOf(call.Model);
+  korva.ProjectCalc.CalcMode = model.value_or(korva.ProjectCalc.CalcMode);
+  if (ModelIsMissing(korva, call.File, call.AsJson)) {
+    return kFailed;
+  }
   RefusalMessages messages(call.File);
-  if (!CalculateStabilityFactors(korva, messages, ModelOf(call.Model))) {
+  if (!CalculateStabilityFactors(korva, messages, model)) {
     if (call.AsJson) {
       output(JsonText(ReportJson(call.File, messages.Text, Json::array(), "")));
     }
@@ -101,15 +113,10 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
   parser->footer("Example:\n  korva report examples/two-side-gobs.KVL --page 1");
   return {parser, [call, &common] {
             Korva korva;
-            korva.Preferences = PreferencesOf(common);
-            if (!call->Out.empty() && IsSameFile(call->File, call->Out)) {
-              throw UsageError{"the report would replace the project file itself"};
-            }
-            if (call->Out.ends_with(".pdf") || call->Out.ends_with(".PDF")) {
-              Complain("a report as PDF is not built yet; give the file another ending for plain text");
-              return kFailed;
-            }
-            return Guarded(korva, call->File, call->AsJson, [&] { return Report(korva, *call); });
+            return Guarded(korva, call->File, call->AsJson, [&] {
+              korva.Preferences = PreferencesOf(common);
+              return Report(korva, *call);
+            });
           }};
 }
 

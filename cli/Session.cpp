@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "core/ClassifyError.h"
 #include "core/Encoding.h"
@@ -27,8 +28,12 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
 Settings PreferencesOf(const CommonOptions& options) {
   Settings settings;
   if (!options.SettingsFile.empty()) {
-    settings.Options =
-        ReadOptions(TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile)));
+    const std::string text = TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile));
+    if (!HasOptions(text)) {
+      Complain(fmt::format("warning: {}: no options are set in it; each has the value of a missing key",
+                           options.SettingsFile));
+    }
+    settings.Options = ReadOptions(text);
   }
   settings.Options.RoundKORVASF = 0;
   for (const std::string& change : options.Changes) {
@@ -64,15 +69,36 @@ std::optional<std::int16_t> ModelOf(const std::string& name) {
                                     : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
 }
 
+bool ModelIsMissing(const Korva& korva, const std::string& file, bool asJson) {
+  const auto missing = MissingModel(korva.ProjectCalc.CalcMode);
+  if (!missing) {
+    return false;
+  }
+  Complain(fmt::format("{}: {}", file, *missing));
+  if (asJson) {
+    Print(JsonText({{"file", file}, {"error", PlainErrorJson(*missing)}}));
+  }
+  return true;
+}
+
 bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
   korva.ProjectFileName = file;
   TerminalMessages messages(file);
-  const bool opened = FileOpen(korva, messages);
-  if (!opened && asJson) {
-    Print(JsonText({{"file", file}, {"error", ForeignFileJson()}}));
+  const auto tellNotices = [&] {  // also in front of an error, whose cause they may be
+    for (const FileNotice& notice : korva.FileNotices) {
+      Complain(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
+    }
+  };
+  bool opened = false;
+  try {
+    opened = FileOpen(korva, messages);
+  } catch (const RuntimeError&) {
+    tellNotices();
+    throw;
   }
-  for (const FileNotice& notice : korva.FileNotices) {
-    Complain(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
+  tellNotices();
+  if (!opened && asJson) {
+    Print(JsonText({{"file", file}, {"error", PlainErrorJson(kInvalidFormat)}}));
   }
   return opened;
 }
@@ -109,8 +135,8 @@ Json ErrorJson(const RuntimeError& error) {
   return {{"number", static_cast<std::int64_t>(error.Number())}, {"text", error.what()}};
 }
 
-Json ForeignFileJson() {
-  return {{"number", 0}, {"text", kInvalidFormat}};
+Json PlainErrorJson(std::string_view text) {
+  return {{"number", 0}, {"text", text}};
 }
 
 }  // namespace korva::cli

@@ -53,6 +53,9 @@ std::optional<std::int16_t> ModelOf(const std::string& name);
 // been told.
 bool OpenProject(Korva& korva, const std::string& file, bool asJson);
 
+// Whether the working copy asks for an overburden model that is not built yet; if so it has been told.
+bool ModelIsMissing(const Korva& korva, const std::string& file, bool asJson);
+
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);
 
@@ -62,8 +65,8 @@ int Guarded(Korva& korva, const std::string& file, bool asJson, const std::funct
 // JSON as text with a line end. Bytes that are no valid text are replaced.
 std::string JsonText(const Json& json);
 
-// The object that tells a run-time error, and the one for a file of no project format.
+// The object that tells a run-time error, and the one for what ends a call without one.
 Json ErrorJson(const RuntimeError& error);
-Json ForeignFileJson();
+Json PlainErrorJson(std::string_view text);
 
 }  // namespace korva::cli

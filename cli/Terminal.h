@@ -16,7 +16,7 @@ inline constexpr int kRefused = 1;
 inline constexpr int kUsage = 2;
 inline constexpr int kFailed = 3;
 
-// Writes to standard output; run-time error 57 or 61 if that cannot be written.
+// Writes to standard output; a run-time error if that cannot be written.
 void Print(std::string_view text);
 
 // A line on standard error behind the program's name, and text on standard error as it is.

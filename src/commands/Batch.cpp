@@ -7,6 +7,7 @@
 #include <cctype>
 #include <filesystem>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "commands/FileCommands.h"
@@ -25,12 +26,29 @@ class SilentMessages final : public MessagePort {
   MessageAnswer Show(const Message&) override { return MessageAnswer::kCancel; }
 };
 
-bool IsProjectFile(const fs::directory_entry& entry) {
-  std::string extension = entry.path().extension().string();
+bool HasProjectExtension(const fs::path& path) {
+  std::string extension = path.extension().string();
   std::transform(extension.begin(), extension.end(), extension.begin(),
                  [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  std::error_code ignored;
-  return extension == fmt::format(".{}", kProjectExtension) && entry.is_regular_file(ignored);
+  return extension == fmt::format(".{}", kProjectExtension);
+}
+
+// Adds the project files in `folder` and below it. A folder that cannot be read stands among them itself, so
+// that its row tells why. Links to folders are not followed.
+void AddFilesOfFolder(const fs::path& folder, std::vector<std::string>& files) {
+  std::error_code failure;
+  fs::directory_iterator entry(folder, failure);
+  for (; !failure && entry != fs::end(entry); entry.increment(failure)) {
+    std::error_code unknown;
+    if (entry->is_directory(unknown) && !entry->is_symlink(unknown)) {
+      AddFilesOfFolder(entry->path(), files);
+    } else if (HasProjectExtension(entry->path())) {
+      files.push_back(entry->path().string());
+    }
+  }
+  if (failure) {
+    files.push_back(folder.string());
+  }
 }
 
 void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project) {
@@ -48,27 +66,25 @@ void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project) 
   }
 }
 
-BatchRow EvaluateFile(const std::string& file, const Settings& settings,
-                      std::optional<std::int16_t> calcMode) {
+// Opens and evaluates the file that `korva` names.
+BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional<std::int16_t> calcMode) {
   BatchRow row;
-  row.File = file;
-  Korva korva;
-  korva.Preferences = settings;
-  korva.ProjectFileName = file;
   SilentMessages silent;
   try {
-    row.ForeignFile = !FileOpen(korva, silent);
-    if (row.ForeignFile) {
+    if (!FileOpen(korva, silent)) {
+      row.Failure = kInvalidFormat;
       return row;
     }
-    for (const FileNotice& notice : korva.FileNotices) {
-      row.Notices.push_back(fmt::format("line {}: {}", notice.line, notice.text));
-    }
+    row.Read = true;
     Project& project = korva.ProjectCalc;
     project.CalcMode = calcMode.value_or(project.CalcMode);
     row.Title = korva.Stored.ProjectTitle;
     row.Units = korva.Stored.ProjectUnits;
     row.CalcMode = project.CalcMode;
+    if (const auto missing = MissingModel(project.CalcMode)) {
+      row.Failure = *missing;
+      return row;
+    }
     Evaluated evaluated = EvaluateProject(project, row.Units, settings.Options);
     row.Refusal = std::move(evaluated.Refusal);
     if (!row.Refusal) {
@@ -79,8 +95,23 @@ BatchRow EvaluateFile(const std::string& file, const Settings& settings,
   } catch (const RuntimeError& error) {
     row.Error = error;
   } catch (const std::bad_alloc&) {
-    row.Error = RuntimeError(ErrorNumber::kOutOfMemory, file);
+    row.Error = RuntimeError(ErrorNumber::kOutOfMemory);
   }
+  return row;
+}
+
+BatchRow EvaluateFile(const std::string& file, const Settings& settings,
+                      std::optional<std::int16_t> calcMode) {
+  Korva korva;
+  korva.Preferences = settings;
+  korva.ProjectFileName = file;
+  BatchRow row = EvaluateNamedFile(korva, settings, calcMode);
+  row.File = file;
+  std::vector<std::string> notices;
+  for (const FileNotice& notice : korva.FileNotices) {
+    notices.push_back(fmt::format("line {}: {}", notice.line, notice.text));
+  }
+  row.Notices.insert(row.Notices.begin(), notices.begin(), notices.end());
   return row;
 }
 
@@ -90,18 +121,10 @@ std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths)
   std::vector<std::string> files;
   for (const std::string& path : paths) {
     std::error_code failure;
-    if (!fs::is_directory(path, failure)) {
+    if (fs::is_directory(path, failure)) {
+      AddFilesOfFolder(path, files);
+    } else {
       files.push_back(path);
-      continue;
-    }
-    fs::recursive_directory_iterator entry(path, fs::directory_options::skip_permission_denied, failure);
-    for (; !failure && entry != fs::end(entry); entry.increment(failure)) {
-      if (IsProjectFile(*entry)) {
-        files.push_back(entry->path().string());
-      }
-    }
-    if (failure) {
-      files.push_back(path);  // its row tells why it could not be walked
     }
   }
   std::sort(files.begin(), files.end());
@@ -124,7 +147,11 @@ std::vector<BatchRow> RunBatch(const std::vector<std::string>& files, const Sett
   };
   std::vector<std::jthread> threads;
   for (unsigned job = 1; job < std::min<std::size_t>(jobs, files.size()); ++job) {
-    threads.emplace_back(work);
+    try {
+      threads.emplace_back(work);
+    } catch (const std::system_error&) {
+      break;  // the threads there are do all of it
+    }
   }
   work();
   threads.clear();  // waits for all

@@ -13,7 +13,7 @@
 
 namespace korva {
 
-// What became of one project file. Without refusal and error, `Result` holds its run.
+// What became of one project file. Without refusal and error it has a run.
 struct BatchRow {
   std::string File;
   std::string Title;
@@ -21,7 +21,8 @@ struct BatchRow {
   std::int16_t CalcMode = 0;
   std::optional<std::string> Refusal;
   std::optional<RuntimeError> Error;
-  bool ForeignFile = false;          // of no project format
+  bool Read = false;                 // the file is a project and was read whole
+  std::string Failure;               // why there is no run, for neither of the two reasons above
   std::vector<std::string> Notices;  // what was odd in the file, and what the input form would refuse
   // What the table shows of a run.
   ByCase<double> SFKorva;
@@ -34,7 +35,7 @@ struct BatchRow {
 };
 
 // The project files that `paths` name: a folder stands for all files in it and below it with the project
-// extension in any letter case. In name order, none twice.
+// extension in any letter case. In name order, no name twice.
 std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths);
 
 // Evaluates each file, on `jobs` threads, in the order of `files`. No fault of one file touches another.

@@ -43,6 +43,13 @@ PageSet BuildPages(const Korva& korva, const Evaluated& evaluated) {
 
 }  // namespace
 
+std::optional<std::string> MissingModel(std::int16_t calcMode) {
+  if (calcMode == kTraditionalModel) {
+    return std::nullopt;
+  }
+  return "the laminated overburden model is not built yet; the traditional model is";
+}
+
 Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options) {
   Evaluated evaluated;
   Prepared prepared = PrepareCalculation(project, units);
@@ -50,11 +57,8 @@ Evaluated EvaluateProject(const Project& project, std::int16_t units, const Opti
   if (evaluated.Refusal) {
     return evaluated;
   }
-  if (project.CalcMode != kTraditionalModel) {
-    throw RuntimeError(
-        ErrorNumber::kFileNotFound,
-        "the laminated overburden model is not part of this version yet; only the traditional loading "
-        "model can be calculated");
+  if (const auto missing = MissingModel(project.CalcMode)) {
+    throw RuntimeError(ErrorNumber::kInvalidCall, *missing);
   }
   evaluated.Run = prepared.Run;
   RunCalculation(evaluated.Run);

@@ -18,8 +18,11 @@ struct Evaluated {
   std::optional<std::string> Refusal;
 };
 
-// Runs the traditional model on a record and judges it. Run-time errors of the calculation, and 53 for a
-// project that asks for the laminated model, which is not there yet.
+// What to say of an overburden model (CalcMode) that is not built yet; nothing for one that is.
+std::optional<std::string> MissingModel(std::int16_t calcMode);
+
+// Runs the traditional model on a record and judges it. Run-time errors of the calculation, and 5 for a
+// project that asks for a model that is missing.
 Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options);
 
 // Copies the project to the working copy, with the overburden model `calcMode` if one is given, runs it and

@@ -59,11 +59,12 @@ double FieldCursor::ReadNumber(std::string_view expected) {
   const Field field = TakeField(expected);
   if (field.end == End::kComma) {
     notices_.push_back(
-        {fieldLine_,
+        {FileNoticeKind::kComma, fieldLine_,
          fmt::format("a comma ends {}; what stands behind it was read as the next value", expected)});
   } else if (field.end == End::kFile) {
     notices_.push_back(
-        {fieldLine_, fmt::format("{} has no line end behind it; the file may have been cut off", expected)});
+        {FileNoticeKind::kNoLineEnd, fieldLine_,
+         fmt::format("{} has no line end behind it; the file may have been cut off", expected)});
   }
   const std::size_t first = field.text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) {
@@ -109,13 +110,14 @@ void FieldCursor::NoticeRest() {
     rest_ = split.rest;
     if (split.line.find_first_not_of(kBlanks) != std::string_view::npos && ++found <= kMostRestNotices) {
       notices_.push_back(
-          {line_, fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
+          {FileNoticeKind::kNotRead, line_,
+           fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
     }
     ++line_;
   }
   if (found > kMostRestNotices) {
-    notices_.push_back(
-        {line_ - 1, fmt::format("{} more lines up to here were not read", found - kMostRestNotices)});
+    notices_.push_back({FileNoticeKind::kNotRead, line_ - 1,
+                        fmt::format("{} more lines up to here were not read", found - kMostRestNotices)});
   }
 }
 

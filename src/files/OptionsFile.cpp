@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "core/ClampOrReset.h"
 #include "core/NumberParsing.h"
+#include "core/NumberText.h"
 #include "core/Text.h"
 #include "files/UtilINI.h"
 
@@ -49,8 +49,8 @@ constexpr auto kOptions = std::to_array<Option>({
     {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, 1},
     {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, 1},
     {"RoundKORVASF", &OptionSettings::RoundKORVASF, 0, 0, 2},
-    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, 0, kNoBound},
-    {"CellSizeMetric", &OptionSettings::CellSizeMetric, 0.5, 0, kNoBound},
+    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, -kNoBound, kNoBound},
+    {"CellSizeMetric", &OptionSettings::CellSizeMetric, 0.5, -kNoBound, kNoBound},
     {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, 0},
     {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, 0},
     {"Strond2DViewOutput", &OptionSettings::Strond2DViewOutput, 0},
@@ -76,18 +76,19 @@ bool Store(OptionSettings& options, const Option& option, double value) {
   return value >= option.low && value <= option.high && !noCell;
 }
 
-bool SameKey(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
-
 }  // namespace
+
+bool HasOptions(std::string_view text) {
+  return std::any_of(kOptions.begin(), kOptions.end(), [text](const Option& option) {
+    return FindIniValue(text, kSection, option.key).has_value();
+  });
+}
 
 OptionSettings ReadOptions(std::string_view text) {
   OptionSettings options;
   for (const Option& option : kOptions) {
-    const auto value = FindIniValue(text, kSection, option.key);
-    const double number = value && !value->empty() ? ParseNumberPrefix(*value).value : option.missing;
+    const std::string value = GetIniValue(text, kSection, option.key, GeneralText(option.missing));
+    const double number = ParseNumberPrefix(value).value;
     Store(options, option, option.high == kLargestRange ? std::nearbyint(number) : number);
   }
   if (options.PlotRangeMin == options.PlotRangeMax) {
@@ -99,7 +100,7 @@ OptionSettings ReadOptions(std::string_view text) {
 
 OptionChange SetOption(OptionSettings& options, std::string_view key, std::string_view value) {
   const auto* option = std::find_if(kOptions.begin(), kOptions.end(),
-                                    [key](const Option& o) { return SameKey(o.key, Trimmed(key)); });
+                                    [key](const Option& o) { return SameIniName(o.key, Trimmed(key)); });
   if (option == kOptions.end()) {
     return OptionChange::kUnknownKey;
   }

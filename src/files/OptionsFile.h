@@ -7,6 +7,9 @@
 
 namespace korva {
 
+// Whether the profile `text` sets any option.
+bool HasOptions(std::string_view text);
+
 // The options as the profile `text` gives them: a missing or empty key has its own value, a text that does
 // not begin with a number is 0, and a value outside its range becomes the range's lower bound. RoundKORVASF
 // is as the file says; programs set it to 0 at their start.

@@ -27,6 +27,9 @@ struct FileState {
 // throw.
 FileState StateOfFile(const std::string& path);
 
+// Run-time error 70 if the existing file `path` may not be written.
+void RequireWritable(const std::string& path);
+
 // Whether both names lead to one existing file.
 bool IsSameFile(const std::string& a, const std::string& b);
 

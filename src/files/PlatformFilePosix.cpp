@@ -84,18 +84,18 @@ class PosixFileReplacement final : public FileReplacement {
   ~PosixFileReplacement() override { Discard(); }
 
   void CreateBeside(const std::string& target, std::uint32_t mode) override {
-    std::string name = FolderOf(target) + "/.korva-XXXXXX";
-    fd_ = Descriptor(Uninterrupted([&name] { return ::mkostemp(name.data(), O_CLOEXEC); }));
-    if (fd_.Get() < 0) {
-      ThrowSystemError(errno, target, "making a file beside it");
+    static constexpr int kMostNames = 1000;
+    for (int number = 0; fd_.Get() < 0; ++number) {
+      name_ = fmt::format("{}/.korva-{}-{}", FolderOf(target), ::getpid(), number);
+      fd_ = Descriptor(Uninterrupted(
+          [this] { return ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); }));
+      if (fd_.Get() < 0 && (errno != EEXIST || number == kMostNames)) {
+        const int code = errno;
+        name_.clear();  // not ours to remove
+        ThrowSystemError(code, target, "making a file beside it");
+      }
     }
-    name_ = name;
-    if (mode == 0) {
-      const mode_t mask = ::umask(0);
-      ::umask(mask);
-      mode = 0666 & ~mask;
-    }
-    if (::fchmod(fd_.Get(), mode) != 0) {
+    if (mode != 0 && ::fchmod(fd_.Get(), mode) != 0) {
       ThrowSystemError(errno, name_, "setting its permissions");
     }
   }
@@ -195,6 +195,12 @@ FileState StateOfFile(const std::string& path) {
           .mode = state.st_mode & 07777,
           .device = state.st_dev,
           .node = state.st_ino};
+}
+
+void RequireWritable(const std::string& path) {
+  if (::access(path.c_str(), W_OK) != 0) {
+    ThrowSystemError(errno, path, "opening for writing");
+  }
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {

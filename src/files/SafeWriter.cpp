@@ -16,6 +16,9 @@ void WriteFileSafely(const std::string& path, std::string_view bytes, FileReplac
     throw RuntimeError(ErrorNumber::kPathFileAccess,
                        fmt::format("{}: {}", path, state.isFolder ? "is a folder" : "is no regular file"));
   }
+  if (state.exists) {
+    RequireWritable(path);  // replacing it would not ask
+  }
   const std::string target = ResolveLinks(path);
   try {
     replacement.CreateBeside(target, state.mode);

@@ -12,11 +12,6 @@ char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
 std::string_view WithoutQuotes(std::string_view value) {
   const bool quoted =
       value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
@@ -24,6 +19,11 @@ std::string_view WithoutQuotes(std::string_view value) {
 }
 
 }  // namespace
+
+bool SameIniName(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Lower(x) == Lower(y); });
+}
 
 std::optional<std::string> FindIniValue(std::string_view text, std::string_view section,
                                         std::string_view key) {
@@ -33,12 +33,12 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
     text = split.rest;
     const std::string_view line = Trimmed(split.line);
     if (line.starts_with('[')) {
-      within = SameName(Trimmed(line.substr(1, line.find(']') - 1)), Trimmed(section));
+      within = SameIniName(Trimmed(line.substr(1, line.find(']') - 1)), Trimmed(section));
       continue;
     }
     const auto equals = line.find('=');
     if (within && equals != std::string_view::npos &&
-        SameName(Trimmed(line.substr(0, equals)), Trimmed(key))) {
+        SameIniName(Trimmed(line.substr(0, equals)), Trimmed(key))) {
       return std::string(WithoutQuotes(Trimmed(line.substr(equals + 1))).substr(0, kLongestIniValue));
     }
   }

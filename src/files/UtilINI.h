@@ -12,6 +12,9 @@ namespace korva {
 // Longest value that a profile gives, in bytes.
 inline constexpr std::size_t kLongestIniValue = 254;
 
+// Whether two names are the same whatever their letter case.
+bool SameIniName(std::string_view a, std::string_view b);
+
 // The value of `key` in `section` of the profile `text`, or nothing. Letter case and blanks around names and
 // values do not count, and one pair of quotes around a value is dropped.
 std::optional<std::string> FindIniValue(std::string_view text, std::string_view section,

@@ -27,7 +27,7 @@ std::vector<std::string> FormNotices(const Project& p) {
     notices.push_back(
         "the pillars have no length: the crosscut spacing leaves nothing beside the entry width");
   }
-  if (p.ArchFactor < kLeastArchFactor) {
+  if (p.ArchAuto == 0 && p.ArchFactor < kLeastArchFactor) {
     notices.push_back(fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
                                   GeneralText(p.ArchFactor)));
   }

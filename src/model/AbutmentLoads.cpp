@@ -19,12 +19,6 @@ double AbutmentLoad(const WorkValues& w, double extent, double tangent) {
   return (h * extent / 2 - extent * extent / (8 * tangent)) * w.UnitWt;
 }
 
-// Share of an abutment load that falls within `distance` of the gob's edge, at most 1.
-double ShareWithin(double extent, double distance) {
-  const double rest = (extent - distance) / extent;
-  return std::min(1 - rest * rest * rest, 1.0);
-}
-
 // The two volumes of overburden over a gob's corner of side `a`, as loads: beneath the abutment line and
 // above it.
 double CornerLoad(const WorkValues& w, double a, double tangent) {
@@ -127,6 +121,11 @@ void TotalLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
 }
 
 }  // namespace
+
+double ShareWithin(double extent, double distance) {
+  const double rest = (extent - distance) / extent;
+  return std::min(1 - rest * rest * rest, 1.0);
+}
 
 void CaseLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   // Rows A and B are taken off the loaded area and the capacity under an active gob alone; with side gobs

@@ -44,11 +44,10 @@ void DistributeSideLoad(const WorkValues& w, Results& r, int c, int k, IndexedAr
   double before = w.BarrierWidth[k] > 0 ? r.RSide[k] : 0;
   for (int i = 1; i <= std::min(3, w.NumRows); ++i) {
     x += w.EntryCenters[i];
-    const double rest = (r.AbutExtent - x) / r.AbutExtent;
-    const double share = std::min(1 - rest * rest * rest, 1.0);
+    const double share = ShareWithin(r.AbutExtent, x);
     stress[i] = (r.LTRANSBAR[c][k] + r.AMZLoad[c][k]) / w.AMZBreadth * ((share - before) / (1 - r.RSide[k])) *
                 w.XcutSpacing / r.PillarArea[i];
-    watch.Step("side stress on row", i);
+    watch.Step("SideStress", i);
     before = share;
   }
 }
@@ -139,7 +138,7 @@ void BarrierStresses(const WorkValues& w, Results& r, int c, const ArithmeticWat
     r.BarFrontStress[k] = r.BarFrontLoad[c][k] / area;
     r.BarSideStress[k] = r.BarSideLoad[c][k] / area;
     r.BarTotalStress[k] = (r.BarTribLoad[c][k] + r.BarFrontLoad[c][k] + r.BarSideLoad[c][k]) / area;
-    watch.Step("stress on barrier", k);
+    watch.Step("BarTotalStress", k);
   }
   r.TribStress = static_cast<float>(1 / (1 - r.ExtractionAMZ) * w.UnitWt * w.DepthCover);
   watch.Step("TribStress");

@@ -13,6 +13,10 @@ double PillarStrengthOf(double w, double l, double h, double coal);
 // The same for a pillar that counts as infinitely long; 0 for one narrower than its height.
 double LongPillarStrengthOf(double w, double h, double coal);
 
+// Share of an abutment load that falls within `distance` of the gob's edge, at most 1; `extent` is how far it
+// reaches.
+double ShareWithin(double extent, double distance);
+
 // Steps that no case changes.
 void PanelGeometry(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
 void RowStrengths(const WorkValues& w, Results& r, const ArithmeticWatch& watch);

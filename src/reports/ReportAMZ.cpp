@@ -94,14 +94,14 @@ class AMZPage {
     for (const std::string_view note : {"R-Factor for front abutment is the percent of the total front "
                                         "abutment load that is applied to the AMZ.",
                                         "R-Factor for side abutment is the percent of the total side "
-                                        "abutment load that is applied to the barrier "
-                                        "pillar (the remainder is applied to the AMZ).",
+                                        "abutment load that is applied to the barrier pillar (the "
+                                        "remainder is applied to the AMZ).",
                                         "LTRANSBAR is the load transferred to the AMZ from the barrier "
-                                        "pillar between the side and active gob if "
-                                        "the barrier's SF is less than 1.5.",
+                                        "pillar between the side and active gob if the barrier's SF is "
+                                        "less than 1.5.",
                                         "LTRANSREM is the load transferred to the AMZ from the remnant "
-                                        "barrier between the side and active gob if "
-                                        "the remnant's SF is less than 1.5."}) {
+                                        "barrier between the side and active gob if the remnant's SF is "
+                                        "less than 1.5."}) {
       page_.Text(WrapText(note, kPageWidth)).Line();
     }
     page_.Line();

@@ -126,7 +126,7 @@ class RuleSet {
 }  // namespace
 
 int LastCaseShown(const Project& project, const WorkValues& work) {
-  return project.ExtentActiveGob == 0 || work.LoadCond < kRetreat ? kDevelopment : kRetreat;
+  return project.ExtentActiveGob == 0 || work.LoadCond < kActiveGob ? kDevelopment : kRetreat;
 }
 
 RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF) {

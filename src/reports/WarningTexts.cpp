@@ -22,73 +22,54 @@ constexpr LimitNames kMetricLimits = {"130 m", "200 m", "300 m", "600 m", "300 m
 
 constexpr std::string_view kLowFactor =
     "A. Analysis of the KORVA case history data base suggests that the risk of pillar failure is increased "
-    "when the "
-    "KORVA SF is less than 1.5.";
+    "when the KORVA SF is less than 1.5.";
 
 constexpr std::string_view kSlenderPillars =
     "Analysis of the KORVA case history data base suggests that large groups of slender pillars, with "
-    "width-to-height "
-    "ratios of less than 4.0, may collapse suddenly.  To minimize this potentially severe hazard, an KORVA "
-    "SF of at "
-    "least 2.0 is recommended when such slender pillars are used.  An alternative is to minimize the size of "
-    "the area "
-    "supported by slender pillars.";
+    "width-to-height ratios of less than 4.0, may collapse suddenly.  To minimize this potentially severe "
+    "hazard, an KORVA SF of at least 2.0 is recommended when such slender pillars are used.  An "
+    "alternative is to minimize the size of the area supported by slender pillars.";
 
 constexpr std::string_view kEnteredBreadth =
     "The KORVA case history data base was analyzed with the breadth of the Active Mining Zone (AMZ) "
-    "calculated "
-    "automatically (AMZ = 5 times the square root of the depth of cover).  Stability Factors (SF) obtained "
-    "with a "
-    "different AMZ may not be comparable to the suggested SF values obtained from BRANTEL's analysis of the "
-    "data "
-    "base.  For more information, see Help/Project Input Parameters.";
+    "calculated automatically (AMZ = 5 times the square root of the depth of cover).  Stability Factors "
+    "(SF) obtained with a different AMZ may not be comparable to the suggested SF values obtained from "
+    "BRANTEL's analysis of the data base.  For more information, see Help/Project Input Parameters.";
 
 constexpr std::string_view kOtherUnitWeight =
     "The KORVA case history data base was analyzed with an overburden unit weight of 162 pcf.  Stability "
-    "Factors (SF) "
-    "obtained with a different overburden unit weight may not be comparable to the suggested SF values "
-    "obtained from "
-    "BRANTEL's analysis of the data base.";
+    "Factors (SF) obtained with a different overburden unit weight may not be comparable to the suggested "
+    "SF values obtained from BRANTEL's analysis of the data base.";
 
 constexpr std::string_view kOtherCoalStrength =
     "The KORVA case history data base was analyzed with an in situ coal strength of 900 psi.  Stability "
-    "Factors (SF) "
-    "obtained with a different in situ coal strength may not be comparable to the suggested SF values "
-    "obtained from "
-    "BRANTEL's analysis of the data base.  Also, BRANTEL research has shown that the reliability of the "
-    "KORVA design "
-    "method decreases substantially when laboratory coal strengths were used in place of the default value.  "
-    "For more "
-    "information, see Help/Resources/In situ strength of coal.";
+    "Factors (SF) obtained with a different in situ coal strength may not be comparable to the suggested "
+    "SF values obtained from BRANTEL's analysis of the data base.  Also, BRANTEL research has shown that "
+    "the reliability of the KORVA design method decreases substantially when laboratory coal strengths "
+    "were used in place of the default value.  For more information, see Help/Resources/In situ strength "
+    "of coal.";
 
 constexpr std::string_view kTwoSideGobsDeep =
-    "In the KORVA data base, of the 19 case histories of Active Retreat and Two Side Gobs under deep cover, "
-    "only 7 "
-    "were successful.  This extraction sequence should be avoided if possible.";
+    "In the KORVA data base, of the 19 case histories of Active Retreat and Two Side Gobs under deep "
+    "cover, only 7 were successful.  This extraction sequence should be avoided if possible.";
 
 constexpr std::string_view kOtherAbutmentAngles =
     "The KORVA case history data base was analyzed with abutment angles of 21 degrees.  Stability Factors "
-    "(SF) "
-    "obtained with different abutment angles may not be comparable to the suggested SF values obtained from "
-    "BRANTEL's "
-    "analysis of the data base.  For more information, see Help/Project Input Parameters.";
+    "(SF) obtained with different abutment angles may not be comparable to the suggested SF values "
+    "obtained from BRANTEL's analysis of the data base.  For more information, see Help/Project Input "
+    "Parameters.";
 
 constexpr std::string_view kEnteredArchFactor =
     "The KORVA case history data base was analyzed with the Pressure Arch Factor (Fpa) calculated "
-    "automatically (Fpa "
-    "= 0.28 times the natural log of the depth-to-panel-width ratio).  Stability Factors (SF) obtained with "
-    "a "
-    "different Fpa may not be comparable to the suggested SF values obtained from BRANTEL's analysis of the "
-    "data "
-    "base.  For more information, see Help/Project Input Parameters.";
+    "automatically (Fpa = 0.28 times the natural log of the depth-to-panel-width ratio).  Stability "
+    "Factors (SF) obtained with a different Fpa may not be comparable to the suggested SF values obtained "
+    "from BRANTEL's analysis of the data base.  For more information, see Help/Project Input Parameters.";
 
 constexpr std::string_view kArchInUse =
     "The Pressure Arch loading model used in KORVA v6 was derived from analysis of case history data from "
-    "the Western "
-    "and Central Appalachian coalfields in the US.  The overburden rock in these two coalfields is "
-    "relatively strong. "
-    " No research has been conducted to test the applicability of the pressure arch loading model in other "
-    "coalfields.";
+    "the Western and Central Appalachian coalfields in the US.  The overburden rock in these two "
+    "coalfields is relatively strong.  No research has been conducted to test the applicability of the "
+    "pressure arch loading model in other coalfields.";
 
 // The text for a depth between 650 and 1000 ft, which names the depth and the factor asked for there. Where
 // that factor shows as 1.50 there is no second limit to name.
@@ -96,8 +77,7 @@ std::string ModerateDepthText(const RuleFacts& facts, const Project& project, st
                               const LimitNames& limits) {
   std::string text = fmt::format(
       "B. Analysis of the KORVA case history data base suggests that when the depth of cover is {} {}, the "
-      "risk of "
-      "pillar failure is increased when the KORVA SF is less than 1.5 ",
+      "risk of pillar failure is increased when the KORVA SF is less than 1.5 ",
       Format(project.DepthCover, "0"), BareUnit(UnitLabel(UnitKind::kLength, units)));
   const std::string crit = Format(facts.CritSF, "0.00");
   if (crit != "1.50") {
@@ -109,38 +89,32 @@ std::string ModerateDepthText(const RuleFacts& facts, const Project& project, st
 
 std::string DeepCoverText(const LimitNames& limits) {
   return fmt::format(
-      "C. Analysis of the KORVA case history data base suggests that when the depth of cover is greater than "
-      "{}, the "
-      "risk of pillar failure is increased when the KORVA SF is less than 1.5 or (1.3 if the panel width is "
-      "less than "
-      "{} and the Barrier Pillar SF exceeds 2.0.) ",
+      "C. Analysis of the KORVA case history data base suggests that when the depth of cover is greater "
+      "than {}, the risk of pillar failure is increased when the KORVA SF is less than 1.5 or (1.3 if the "
+      "panel width is less than {} and the Barrier Pillar SF exceeds 2.0.) ",
       limits.deep, limits.wide);
 }
 
 std::string LowBarrierText(const LimitNames& limits) {
   return fmt::format(
       "Analysis of the KORVA case history data base suggests that when the depth of cover is greater than "
-      "{}, the "
-      "risk of pillar failure is increased when the Barrier Pillar SF is less than 1.5. ",
+      "{}, the risk of pillar failure is increased when the Barrier Pillar SF is less than 1.5. ",
       limits.moderate);
 }
 
 std::string ExtremeDepthText(const LimitNames& limits) {
   return fmt::format(
       "The KORVA database includes only 7 retreat mining cases where the depth of cover exceeded {}, and "
-      "three of "
-      "those were failures.  Retreat mining should be avoided when the depth of cover exceeds {}",
+      "three of those were failures.  Retreat mining should be avoided when the depth of cover exceeds {}",
       limits.extreme, limits.extreme);
 }
 
 std::string BurstText(const LimitNames& limits) {
   return fmt::format(
-      "The KORVA database includes 44 failures that occurred where the depth of cover exceeded {} Of these, "
-      "20 were "
-      "caused by coal bursts.  BRANTEL recommends that deep cover room-and-pillar retreat coal mines conduct "
-      "regular "
-      "burst hazard assessments for any areas where retreat mining is proposed and the depth of cover "
-      "exceeds {}",
+      "The KORVA database includes 44 failures that occurred where the depth of cover exceeded {} Of "
+      "these, 20 were caused by coal bursts.  BRANTEL recommends that deep cover room-and-pillar retreat "
+      "coal mines conduct regular burst hazard assessments for any areas where retreat mining is proposed "
+      "and the depth of cover exceeds {}",
       limits.burst, limits.burst);
 }
 
