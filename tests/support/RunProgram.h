@@ -2,15 +2,12 @@
 #pragma once
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -49,60 +46,36 @@ namespace detail {
     words.push_back(const_cast<char*>(argument.c_str()));
   }
   words.push_back(nullptr);
+  ::alarm(60);  // outlives the next line and ends what takes too long
   ::execv(words[0], words.data());
   ::_exit(126);
 }
 
-// Appends what can be read; false at the end of the stream.
-inline bool ReadSome(int stream, std::string& text) {
-  std::array<char, 65536> bytes;
-  const ssize_t count = ::read(stream, bytes.data(), bytes.size());
-  text.append(bytes.data(), static_cast<std::size_t>(count > 0 ? count : 0));
-  return count > 0 || (count < 0 && errno == EINTR);
+inline std::string Content(std::FILE* file) {
+  std::rewind(file);
+  std::string text;
+  for (int c = std::getc(file); c != EOF; c = std::getc(file)) {
+    text += static_cast<char>(c);
+  }
+  return text;
 }
 
 }  // namespace detail
 
 inline ProgramResult RunProgram(const ProgramCall& call) {
-  constexpr std::chrono::seconds kLimit{60};
-  int out[2];
-  int err[2];
-  if (::pipe2(out, O_CLOEXEC) != 0 || ::pipe2(err, O_CLOEXEC) != 0) {
-    throw std::runtime_error("no pipe");
-  }
-  const pid_t child = ::fork();
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(std::tmpfile(), std::fclose);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> err(std::tmpfile(), std::fclose);
+  const pid_t child = out && err ? ::fork() : -1;
   if (child < 0) {
-    throw std::runtime_error("no process");
+    throw std::runtime_error("no process or no temporary file");
   }
   if (child == 0) {
-    detail::BecomeProgram(call, out[1], err[1]);
+    detail::BecomeProgram(call, ::fileno(out.get()), ::fileno(err.get()));
   }
-  ::close(out[1]);
-  ::close(err[1]);
-
-  ProgramResult result;
-  std::array<pollfd, 2> streams = {pollfd{out[0], POLLIN, 0}, pollfd{err[0], POLLIN, 0}};
-  std::array<std::string*, 2> texts = {&result.Out, &result.Err};
-  const auto deadline = std::chrono::steady_clock::now() + kLimit;
-  bool inTime = true;
-  while (inTime && (streams[0].fd >= 0 || streams[1].fd >= 0)) {
-    ::poll(streams.data(), streams.size(), 1000);
-    for (std::size_t at = 0; at < streams.size(); ++at) {
-      if (streams[at].revents != 0 && !detail::ReadSome(streams[at].fd, *texts[at])) {
-        streams[at].fd = -1;
-      }
-    }
-    inTime = std::chrono::steady_clock::now() < deadline;
-  }
-  if (!inTime) {
-    ::kill(child, SIGKILL);
-  }
-  ::close(out[0]);
-  ::close(err[0]);
   int status = 0;
   ::waitpid(child, &status, 0);
-  result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return result;
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, detail::Content(out.get()),
+          detail::Content(err.get())};
 }
 
 }  // namespace korva
