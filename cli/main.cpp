@@ -30,20 +30,23 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 
 constexpr std::size_t kLikelyTypo = 2;
 
-// Where to look after a usage error: the command that a mistyped first word probably meant, or the help.
-std::string Suggestion(const std::vector<Command>& commands, int argc, char** argv) {
-  const std::string word = argc > 1 ? argv[1] : "";
-  std::string suggestion = "; see \"korva --help\"";
+// What to tell of a call that cannot be understood, with a hint where to look.
+std::string UsageText(const CLI::ParseError& error, const std::vector<Command>& commands,
+                      std::string_view word) {
+  std::string hint = "see \"korva --help\"";
   for (const Command& command : commands) {
     const std::string name = command.Parser->get_name();
     if (word == name) {
-      return fmt::format("; see \"korva {} --help\"", name);
+      return fmt::format("{}; see \"korva {} --help\"", error.what(), name);
     }
     if (word.size() > kLikelyTypo && EditDistance(word, name) <= kLikelyTypo) {
-      suggestion = fmt::format("; did you mean \"korva {}\"?", name);
+      hint = fmt::format("did you mean \"korva {}\"?", name);
     }
   }
-  return suggestion;
+  if (word.empty() || word.starts_with('-')) {
+    return fmt::format("{}; {}", error.what(), hint);
+  }
+  return fmt::format("there is no command \"{}\"; {}", word, hint);
 }
 
 int Run(int argc, char** argv) {
@@ -65,7 +68,7 @@ int Run(int argc, char** argv) {
   } catch (const CLI::Success& asked) {  // help or version
     return app.exit(asked);
   } catch (const CLI::ParseError& error) {
-    Complain(error.what() + Suggestion(commands, argc, argv));
+    Complain(UsageText(error, commands, argc > 1 ? argv[1] : ""));
     return kUsage;
   }
   const auto called = std::find_if(commands.begin(), commands.end(),
