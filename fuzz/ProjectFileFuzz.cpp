@@ -24,8 +24,9 @@ class SilentMessages final : public MessagePort {
 // Whether "inf" or "nan" stands in `text` as a word of its own.
 bool ShowsNoNumber(const std::string& text) {
   std::string words;
-  for (const unsigned char c : " " + text + " ") {
-    words += std::isalpha(c) != 0 ? static_cast<char>(std::tolower(c)) : ' ';
+  for (const char c : " " + text + " ") {
+    const auto byte = static_cast<unsigned char>(c);
+    words += std::isalpha(byte) != 0 ? static_cast<char>(std::tolower(byte)) : ' ';
   }
   return words.find(" inf ") != words.npos || words.find(" nan ") != words.npos;
 }

@@ -19,6 +19,8 @@ TEST(Encoding, ValidUtf8IsTakenAsItStandsAndOtherBytesAreWindows1252) {
   EXPECT_EQ(TextFromFileBytes("Höhe 漢字"), "Höhe 漢字");
   EXPECT_EQ(TextFromFileBytes("H\xF6h \x80 \x9C\xFF"), "Höh € œÿ");
   EXPECT_EQ(TextFromFileBytes("\x81\x8D\x8F\x90\x9D"), "\u0081\u008D\u008F\u0090\u009D");
+  EXPECT_EQ(TextFromFileBytes("\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E"), "‚ƒ„…†‡ˆ‰Š‹ŒŽ");
+  EXPECT_EQ(TextFromFileBytes("\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9E\x9F"), "‘’“”•–—˜™š›žŸ");
   EXPECT_EQ(TextFromFileBytes("é\xFC"), "Ã©ü");  // one byte beyond UTF-8 decides for all
 }
 

@@ -71,11 +71,11 @@ Lines With(int number, const Lines& lines) {
 
 // The same panel in an older format: its magic, and the lines that it lacks left out.
 std::string OlderFile(int format) {
-  Lines lines = {std::string("KORVA_") + Split("500|501|601|602|603")[format - 50U]};
+  Lines lines = {std::string("KORVA_") + Split("500|501|601|602|603")[static_cast<std::size_t>(format - 50)]};
   const std::map<int, int> since = {{18, 53}, {20, 51}, {21, 52}, {22, 54}};
   for (int number = 2; number <= 38; ++number) {
     if (format >= (number >= 33 ? 53 : since.contains(number) ? since.at(number) : 50)) {
-      lines.push_back(kNewest[number - 1U]);
+      lines.push_back(kNewest[static_cast<std::size_t>(number - 1)]);
     }
   }
   return Joined(lines);
@@ -205,7 +205,8 @@ TEST(ProjectFile, ABadValueIsToldWithItsLineAndName) {
       {21, " 1e39 ", ErrorNumber::kOverflow, "ArchFactor"},
       {38, "wide", ErrorNumber::kTypeMismatch, "WidthRowD"}};
   for (const auto& [line, text, number, name] : cases) {
-    const std::string detail = ExpectError(number, [&] { Read(With(line, {text})); });
+    const std::string file = Joined(With(line, {text}));
+    const std::string detail = ExpectError(number, [&file] { ReadFile().From(file); });
     EXPECT_TRUE(detail.starts_with("panel.kvl, line " + std::to_string(line) + ": expected " + name))
         << detail;
   }
