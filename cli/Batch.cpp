@@ -63,7 +63,7 @@ std::vector<std::string> ResultTexts(const BatchRow& row, FactorText factor, Oth
     }
   }
   for (int k = kFirstSide; k <= kSecondSide; ++k) {
-    texts.push_back(other(kRetreat, k, row.RemnantSF[k]));
+    texts.push_back(other(kDevelopment, k, row.RemnantSF[k]));  // shown whatever cases are
   }
   return texts;
 }
