@@ -218,8 +218,8 @@ Command AddBatch(CLI::App& app, const CommonOptions& common) {
       ->check(CLI::Range(1, 256));
   parser->footer("Example:\n  korva batch examples --csv");
   return {parser, [call, &common] {
-            Korva korva;
-            return Guarded(korva, "batch", false, [&] { return RunCall(PreferencesOf(common), *call); });
+            return RunGuarded(common, "batch", false,
+                              [&](Korva& korva) { return RunCall(korva.Preferences, *call); });
           }};
 }
 

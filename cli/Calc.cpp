@@ -111,11 +111,8 @@ Command AddCalc(CLI::App& app, const CommonOptions& common) {
   parser->add_flag("--json", call->AsJson, "as JSON, arrays index by index");
   parser->footer("Example:\n  korva calc examples/two-side-gobs.KVL --json");
   return {parser, [call, &common] {
-            Korva korva;
-            return Guarded(korva, call->File, call->AsJson, [&] {
-              korva.Preferences = PreferencesOf(common);
-              return Calc(korva, *call);
-            });
+            return RunGuarded(common, call->File, call->AsJson,
+                              [&](Korva& korva) { return Calc(korva, *call); });
           }};
 }
 

@@ -54,11 +54,7 @@ Command AddSaving(CLI::App& app, const CommonOptions& common, const char* name, 
   parser->add_flag("--force", call->Force, "replace FILE itself even if not all of it was read");
   parser->footer(example);
   return {parser, [call, &common] {
-            Korva korva;
-            return Guarded(korva, call->File, false, [&] {
-              korva.Preferences = PreferencesOf(common);
-              return Save(korva, *call);
-            });
+            return RunGuarded(common, call->File, false, [&](Korva& korva) { return Save(korva, *call); });
           }};
 }
 

@@ -112,11 +112,8 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
   parser->add_option("-o", call->Out, "write to this file instead of the terminal")->type_name("OUT");
   parser->footer("Example:\n  korva report examples/two-side-gobs.KVL --page 1");
   return {parser, [call, &common] {
-            Korva korva;
-            return Guarded(korva, call->File, call->AsJson, [&] {
-              korva.Preferences = PreferencesOf(common);
-              return Report(korva, *call);
-            });
+            return RunGuarded(common, call->File, call->AsJson,
+                              [&](Korva& korva) { return Report(korva, *call); });
           }};
 }
 

@@ -109,7 +109,9 @@ void TellFormNotices(const Korva& korva, const std::string& file) {
   }
 }
 
-int Guarded(Korva& korva, const std::string& file, bool asJson, const std::function<int()>& action) {
+int RunGuarded(const CommonOptions& common, const std::string& file, bool asJson,
+               const std::function<int(Korva&)>& action) {
+  Korva korva;
   const auto fail = [&](const RuntimeError& error) {
     TerminalMessages messages(file);
     ClassifyError(korva, messages, error, true);
@@ -119,7 +121,8 @@ int Guarded(Korva& korva, const std::string& file, bool asJson, const std::funct
     return kFailed;
   };
   try {
-    return action();
+    korva.Preferences = PreferencesOf(common);
+    return action(korva);
   } catch (const RuntimeError& error) {
     return fail(error);
   } catch (const std::bad_alloc&) {

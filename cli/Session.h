@@ -59,8 +59,10 @@ bool ModelIsMissing(const Korva& korva, const std::string& file, bool asJson);
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);
 
-// Runs `action`; a run-time error in it is told, with `asJson` as the result too, and becomes status 3.
-int Guarded(Korva& korva, const std::string& file, bool asJson, const std::function<int()>& action);
+// Makes the program's state with the preferences of this call and runs `action` on it. A run-time error is
+// told, with `asJson` as the result too, and becomes status 3; `file` is what messages are about.
+int RunGuarded(const CommonOptions& common, const std::string& file, bool asJson,
+               const std::function<int(Korva&)>& action);
 
 // JSON as text with a line end. Bytes that are no valid text are replaced.
 std::string JsonText(const Json& json);

@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "core/Settings.h"
-
 namespace korva {
 
 // Longest value that a profile gives, in bytes.
