@@ -50,6 +50,7 @@ MessageAnswer TerminalMessages::Show(const Message& message) {
     case MessageButtons::kOk:
       return MessageAnswer::kOk;
     case MessageButtons::kRetryCancel:
+    case MessageButtons::kYesNoCancel:
       return MessageAnswer::kCancel;
     case MessageButtons::kYesNo:
     case MessageButtons::kYesNoDefaultNo:

@@ -22,12 +22,7 @@ void CutToLastLines(std::string& text) {
   }
 }
 
-}  // namespace
-
-void HistoryLog(History& history, const Settings& settings, std::string_view text) {
-  if (settings.DisplayHistoryWin != 1) {
-    return;
-  }
+void AppendLine(History& history, const Settings& settings, std::string_view text) {
   if (CharacterCount(history.Text) >= static_cast<std::size_t>(settings.MaxDisplaySize)) {
     CutToLastLines(history.Text);
   }
@@ -35,6 +30,17 @@ void HistoryLog(History& history, const Settings& settings, std::string_view tex
                                ? std::int16_t{1}
                                : static_cast<std::int16_t>(history.HistoryCounter + 1);
   history.Text += fmt::format("{}. {}{}", history.HistoryCounter, text, kLineEnd);
+}
+
+}  // namespace
+
+void HistoryLog(History& history, const Settings& settings, std::string_view text) {
+  if (settings.DisplayHistoryWin == 1) {
+    AppendLine(history, settings, text);
+  }
+  if (history.Changed) {
+    history.Changed();
+  }
 }
 
 }  // namespace korva

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@ namespace korva {
 struct History {
   std::string Text;
   std::int16_t HistoryCounter = 0;
+  std::function<void()> Changed;  // called after each call of HistoryLog, if set
 };
 
 // Appends the next number, ". ", `text` and CR LF if DisplayHistoryWin is 1, else nothing. A history of

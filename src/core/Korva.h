@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/FileNotice.h"
+#include "core/Folders.h"
 #include "core/History.h"
 #include "core/IndexedArray.h"
 #include "core/Messages.h"
@@ -46,6 +47,7 @@ struct Korva {
   std::string WarningText;
 
   Settings Preferences;
+  Folders Places;
   History SessionHistory;
   MessageTitles Titles;
 };

@@ -1,0 +1,142 @@
+#include "desktop/services/QtPorts.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <utility>
+
+#include "desktop/support/FormTools.h"
+
+namespace korva::desktop {
+
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kNone:
+      return QMessageBox::NoIcon;
+    case MessageIcon::kCritical:
+      return QMessageBox::Critical;
+    case MessageIcon::kQuestion:
+      return QMessageBox::Question;
+    case MessageIcon::kExclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::kInformation:
+      return QMessageBox::Information;
+  }
+  return QMessageBox::NoIcon;
+}
+
+struct ButtonSet {
+  QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton standard;
+  QMessageBox::StandardButton escape;
+};
+
+ButtonSet ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::kOk:
+      return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    case MessageButtons::kYesNo:
+      return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case MessageButtons::kYesNoDefaultNo:
+      return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
+    case MessageButtons::kYesNoCancel:
+      return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+              QMessageBox::Cancel};
+    case MessageButtons::kRetryCancel:
+      return {QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel};
+  }
+  return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+MessageAnswer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Ok:
+      return MessageAnswer::kOk;
+    case QMessageBox::Yes:
+      return MessageAnswer::kYes;
+    case QMessageBox::No:
+      return MessageAnswer::kNo;
+    case QMessageBox::Retry:
+      return MessageAnswer::kRetry;
+    default:
+      return MessageAnswer::kCancel;
+  }
+}
+
+// A box over a busy program has to be usable: the pointer is normal while it is open.
+class NormalPointer {
+ public:
+  NormalPointer() : busy_(QApplication::overrideCursor() != nullptr) {
+    if (busy_) {
+      QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+  }
+  ~NormalPointer() {
+    if (busy_) {
+      QApplication::restoreOverrideCursor();
+    }
+  }
+  NormalPointer(const NormalPointer&) = delete;
+  NormalPointer& operator=(const NormalPointer&) = delete;
+
+ private:
+  bool busy_;
+};
+
+}  // namespace
+
+MessageAnswer QtMessages::Show(const Message& message) {
+  const NormalPointer pointer;
+  const ButtonSet set = ButtonsOf(message.buttons);
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("MsgBox"));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(FromUtf8(message.text));
+  box.setWindowTitle(FromUtf8(message.title));
+  box.setIcon(IconOf(message.icon));
+  box.setStandardButtons(set.buttons);
+  box.setDefaultButton(set.standard);
+  box.setEscapeButton(set.escape);
+  return AnswerOf(box.exec());
+}
+
+std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question) {
+  const NormalPointer pointer;
+  QFileDialog dialog(QApplication::activeWindow(), FromUtf8(question.Title), FromUtf8(question.Folder));
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setAcceptMode(question.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(question.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  QStringList filters;
+  for (const FileFilter& filter : question.Filters) {
+    filters << QStringLiteral("%1 (%2)").arg(FromUtf8(filter.Caption), FromUtf8(filter.Pattern));
+  }
+  dialog.setNameFilters(filters);
+  if (question.ActiveFilter < question.Filters.size()) {
+    dialog.selectNameFilter(filters[static_cast<qsizetype>(question.ActiveFilter)]);
+  }
+  dialog.setDefaultSuffix(FromUtf8(question.DefaultExtension));
+  if (!question.Name.empty()) {
+    dialog.selectFile(FromUtf8(question.Name));
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    return std::nullopt;
+  }
+  return dialog.selectedFiles().constFirst().toStdString();
+}
+
+void QtClipboard::SetText(std::string_view text) {
+  QGuiApplication::clipboard()->setText(FromUtf8(text));
+}
+
+void QtBusy::Begin() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void QtBusy::End() {
+  QApplication::restoreOverrideCursor();
+}
+
+}  // namespace korva::desktop

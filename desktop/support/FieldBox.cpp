@@ -1,0 +1,139 @@
+#include "desktop/support/FieldBox.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/support/FormTools.h"
+#include "desktop/support/Theme.h"
+
+namespace korva::desktop {
+
+FieldBox::FieldBox(const QString& name, int greatestLength, QWidget* parent)
+    : QLineEdit(parent), greatestLength_(greatestLength) {
+  setObjectName(name);
+  setAcceptDrops(false);  // a dropped file is for the main window
+  connect(this, &QLineEdit::textChanged, this, &FieldBox::ForgetRefusal);
+}
+
+void FieldBox::Explain(const QString& caption, const QString& explanation) {
+  explanation_ = explanation;
+  setAccessibleName(caption);
+  setAccessibleDescription(explanation);
+  setToolTip(explanation);
+}
+
+void FieldBox::Fill(std::string_view text) {
+  setText(FromUtf8(text));
+}
+
+std::string FieldBox::Text() const {
+  return text().toStdString();
+}
+
+void FieldBox::ShowRefused(const QString& reason) {
+  setFocus();
+  selectAll();
+  refused_ = true;
+  setToolTip(reason);
+  update();
+}
+
+// Characters that may still be typed in place of the selection. QLineEdit's own limit would also cut what the
+// program fills in.
+qsizetype FieldBox::Room() const {
+  return greatestLength_ == 0
+             ? maxLength()
+             : std::max<qsizetype>(0, greatestLength_ - (text().size() - selectedText().size()));
+}
+
+void FieldBox::Paste(const QString& text) {
+  if (!isReadOnly()) {
+    insert(text.left(Room()));
+  }
+}
+
+void FieldBox::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Paste)) {
+    Paste(QGuiApplication::clipboard()->text());
+    return;
+  }
+  const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
+                     (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  if (types && event->text().size() > Room()) {
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+void FieldBox::inputMethodEvent(QInputMethodEvent* event) {
+  if (event->commitString().size() > Room()) {
+    event->setCommitString(event->commitString().left(Room()), event->replacementStart(),
+                           event->replacementLength());
+  }
+  QLineEdit::inputMethodEvent(event);
+}
+
+void FieldBox::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
+    Paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
+    return;
+  }
+  QLineEdit::mouseReleaseEvent(event);
+}
+
+void FieldBox::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (auto* paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
+    paste->disconnect(SIGNAL(triggered(bool)));
+    connect(paste, &QAction::triggered, this, [this] { Paste(QGuiApplication::clipboard()->text()); });
+  }
+  menu->popup(event->globalPos());
+}
+
+void FieldBox::ForgetRefusal() {
+  if (refused_) {
+    refused_ = false;
+    setToolTip(explanation_);
+    update();
+  }
+}
+
+void FieldBox::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) {
+    return;
+  }
+  selectAll();
+  if (event->reason() == Qt::MouseFocusReason) {
+    QTimer::singleShot(0, this, &QLineEdit::selectAll);  // the press that brought the focus has unselected it
+  }
+}
+
+void FieldBox::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+    emit FocusLeft();
+  }
+}
+
+void FieldBox::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  if (refused_) {
+    QPainter painter(this);
+    painter.setPen(RefusedColour(palette()));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,50 @@
+// The one box for typed values and short texts: selects itself on focus, limits what is typed but never what
+// the program fills in, and can show that it was refused.
+#pragma once
+
+#include <QLineEdit>
+#include <string_view>
+
+namespace korva::desktop {
+
+class FieldBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  // `greatestLength` 0 stands for no limit.
+  explicit FieldBox(const QString& name, int greatestLength = 0, QWidget* parent = nullptr);
+
+  // Meaning, unit and accepted range, for tool tip and screen readers.
+  void Explain(const QString& caption, const QString& explanation);
+
+  // Puts in a text of the program's own, whatever its length.
+  void Fill(std::string_view text);
+  // What stands in the box, as UTF-8.
+  std::string Text() const;
+
+  // Takes the focus, selects the text and wears a red frame with `reason` as tool tip until it is changed.
+  void ShowRefused(const QString& reason);
+
+ signals:
+  void FocusLeft();
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  qsizetype Room() const;
+  void Paste(const QString& text);
+  void ForgetRefusal();
+
+  int greatestLength_;
+  QString explanation_;
+  bool refused_ = false;
+};
+
+}  // namespace korva::desktop

@@ -1,0 +1,135 @@
+#include "desktop/support/FormTools.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QShortcut>
+#include <QWhatsThis>
+#include <algorithm>
+
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+QString FromUtf8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString IndexedName(const char* array, int index) {
+  return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+}
+
+QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent) {
+  auto* button = new QPushButton(caption, parent);
+  button->setObjectName(QLatin1String(name));
+  button->setAutoDefault(false);
+  return button;
+}
+
+QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent) {
+  auto* label = new QLabel(caption, parent);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent) {
+  auto* box = new QCheckBox(caption, parent);
+  box->setObjectName(QLatin1String(name));
+  return box;
+}
+
+QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent) {
+  auto* option = new QRadioButton(caption, parent);
+  option->setObjectName(name);
+  return option;
+}
+
+int GetArrayIndex(std::span<QRadioButton* const> options) {
+  int found = 0;
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    if (options[i]->isChecked()) {
+      found = static_cast<int>(i);
+    }
+  }
+  return found;
+}
+
+void SetArrayIndex(std::span<QRadioButton* const> options, int index) {
+  options[static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(options.size()) - 1))]->setChecked(
+      true);
+}
+
+int SpacingUnit(const QWidget& widget) {
+  return QFontMetrics(widget.font()).height() / 2;
+}
+
+void ApplySpacing(QLayout& layout, const QWidget& widget) {
+  const int unit = SpacingUnit(widget);
+  layout.setSpacing(unit);
+  layout.setContentsMargins(2 * unit, 2 * unit, 2 * unit, 2 * unit);
+}
+
+QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons) {
+  auto* row = new QHBoxLayout;
+  if (help != nullptr) {
+    row->addWidget(help);
+  }
+  row->addStretch();
+  for (QPushButton* button : buttons) {
+    row->addWidget(button);
+  }
+  return row;
+}
+
+void CenterForm(QWidget& form) {
+  const QScreen* screen = form.parentWidget() != nullptr ? form.parentWidget()->screen() : form.screen();
+  const QRect available =
+      (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+  form.ensurePolished();
+  form.adjustSize();
+  const QSize size = form.size().boundedTo(available.size());
+  form.resize(size);
+  const QPoint middle = available.center() - QPoint(size.width() / 2, size.height() / 2);
+  form.move(std::max(available.left(), middle.x()), std::max(available.top(), middle.y()));
+}
+
+void ShowHelpHint(Session& session) {
+  ShowMessage(session.State, session.Outside.Messages,
+              {.text = std::string(kHelpHint), .icon = MessageIcon::kExclamation, .title = "Help"});
+}
+
+void InstallContextHelp(QWidget& form) {
+  auto* shortcut = new QShortcut(QKeySequence::HelpContents, &form);
+  QObject::connect(shortcut, &QShortcut::activated, &form, [&form] {
+    const QWidget* control = form.focusWidget();
+    if (control == nullptr || control->toolTip().isEmpty()) {
+      control = &form;
+    }
+    const QString text = control->toolTip().isEmpty()
+                             ? QApplication::translate("Form", "There is no help for this control yet.")
+                             : control->toolTip();
+    QWhatsThis::showText(control->mapToGlobal(QPoint(0, control->height())), text);
+  });
+}
+
+QFont FixedPitchFont(int points) {
+  for (const char* name : {"Courier New", "Liberation Mono", "DejaVu Sans Mono"}) {
+    const QString family = QLatin1String(name);
+    if (QFontDatabase::families().contains(family)) {
+      QFont font(family, points);
+      const QFontMetrics metrics(font);
+      if (metrics.horizontalAdvance(QLatin1Char('i')) == metrics.horizontalAdvance(QLatin1Char('W'))) {
+        return font;
+      }
+    }
+  }
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSize(points);
+  return font;
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,57 @@
+// Small helpers that all forms share.
+#pragma once
+
+#include <QCheckBox>
+#include <QFont>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QString>
+#include <QWidget>
+#include <initializer_list>
+#include <span>
+#include <string_view>
+
+#include "desktop/support/Session.h"
+
+class QBoxLayout;
+
+namespace korva::desktop {
+
+QString FromUtf8(std::string_view text);
+
+// "optLam" and 0 make "optLam(0)", the name of a member of a control array.
+QString IndexedName(const char* array, int index);
+
+// A control with its name and caption.
+QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent);
+QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent);
+QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent);
+QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent);
+
+// The index of the set button of an option array, 0 if none is set; and the reverse.
+int GetArrayIndex(std::span<QRadioButton* const> options);
+void SetArrayIndex(std::span<QRadioButton* const> options, int index);
+
+// The gap of all layouts, half the height of the font.
+int SpacingUnit(const QWidget& widget);
+// Gaps and margins as all forms have them.
+void ApplySpacing(QLayout& layout, const QWidget& widget);
+
+// A row of buttons at the bottom: `help` at the left, the others at the right in their order.
+QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons);
+
+// Centres a window on its screen, never larger than that and never outside it.
+void CenterForm(QWidget& form);
+
+// Shows what every button "Help" shows.
+void ShowHelpHint(Session& session);
+
+// Makes F1 show what the control with the focus is for.
+void InstallContextHelp(QWidget& form);
+
+// A font whose letters are all equally wide, "Courier New" or what stands in for it.
+QFont FixedPitchFont(int points = 10);
+
+}  // namespace korva::desktop

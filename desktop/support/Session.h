@@ -1,0 +1,32 @@
+// What a form works with: the program's state, its ports, and the main window as far as forms know it.
+#pragma once
+
+#include "core/Korva.h"
+#include "core/Ports.h"
+
+class QWidget;
+
+namespace korva::desktop {
+
+class MainWindow {
+ public:
+  virtual ~MainWindow() = default;
+  // Shows the state as it is now: caption, card, status line.
+  virtual void Refresh() = 0;
+  // History box, its commands, toolbar and window size by the settings.
+  virtual void ApplyDisplaySettings() = 0;
+  // Opens the parameters form, as the command "Project Parameters..." does.
+  virtual void EditParameters() = 0;
+  // Opens the results window on the pages that stand; `returnTo` is enabled and shown again when it closes.
+  virtual void ShowResults(QWidget* returnTo) = 0;
+  // Enabled while no window of the program stands in front of it.
+  virtual void SetInputEnabled(bool enabled) = 0;
+};
+
+struct Session {
+  Korva& State;
+  Ports& Outside;
+  MainWindow& Main;
+};
+
+}  // namespace korva::desktop

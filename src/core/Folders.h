@@ -1,0 +1,20 @@
+// The folders and files that belong to the program and its user, all with a separator at their end.
+#pragma once
+
+#include <string>
+
+namespace korva {
+
+struct Folders {
+  std::string AppPath;            // of the executable
+  std::string Examples;           // example projects that are shipped; empty if there are none
+  std::string DataRoot;           // "MyFolvane" in the documents folder
+  std::string TempRoot;           // "Temp" in it
+  std::string ProductFolder;      // the program's own in DataRoot; where projects go unless told otherwise
+  std::string ProductTempFolder;  // "Temp" in it
+  std::string SystemTempFolder;
+  std::string IniFile;   // the settings file, a full name
+  std::string LastPath;  // the folder last chosen
+};
+
+}  // namespace korva

@@ -1,0 +1,71 @@
+// What the engine's commands need of the outside world. Each program has one implementation of each port,
+// tests have scripts.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Messages.h"
+
+namespace korva {
+
+// One entry of a file dialog's list of filters: "All Files (*.*)" and "*".
+struct FileFilter {
+  std::string Caption;
+  std::string Pattern;
+};
+
+struct FileQuestion {
+  bool Save = false;   // a name to write, asking before an existing file is taken; else a file that exists
+  std::string Title;   // empty for the platform's own
+  std::string Folder;  // to begin in
+  std::string Name;    // proposed, without folder; may be empty
+  std::string DefaultExtension;
+  std::vector<FileFilter> Filters;
+  std::size_t ActiveFilter = 0;
+};
+
+// Asks a person for a file.
+class FileChoicePort {
+ public:
+  virtual ~FileChoicePort() = default;
+  // The full name chosen, or nothing if the person cancelled.
+  virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+};
+
+class ClipboardPort {
+ public:
+  virtual ~ClipboardPort() = default;
+  virtual void SetText(std::string_view text) = 0;
+};
+
+// The busy pointer; calls nest.
+class BusyPort {
+ public:
+  virtual ~BusyPort() = default;
+  virtual void Begin() = 0;
+  virtual void End() = 0;
+};
+
+struct Ports {
+  MessagePort& Messages;
+  FileChoicePort& Files;
+  ClipboardPort& Clipboard;
+  BusyPort& Busy;
+};
+
+// Shows the busy pointer while it lives.
+class BusyPointer {
+ public:
+  explicit BusyPointer(BusyPort& port) : port_(port) { port_.Begin(); }
+  ~BusyPointer() { port_.End(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  BusyPort& port_;
+};
+
+}  // namespace korva

@@ -1,0 +1,34 @@
+#include "services/HelpTexts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "core/Text.h"
+
+namespace korva {
+
+std::string DisclaimerText() {
+  std::string text = "Disclaimer of Liability Clause";
+  text.append(kLineEnd).append(kLineEnd);
+  text +=
+      "This software is provided 'AS IS' without warranty "
+      "of any kind including express or implied warranties of merchantability "
+      "or fitness for a particular purpose. By acceptance and use of this "
+      "software, which is conveyed to the user without consideration by the authors, the "
+      "user expressly waives any and all claims for damage and/or suits for personal "
+      "injury or property damage resulting from any direct, indirect, incidental, special "
+      "or consequential damages, or damages for loss of profits, revenue, data or "
+      "property use, incurred by the user or any third party, whether in an action in contract "
+      "or tort, arising from access to, or use of, this software in whole or in part. ";
+  text.append(kLineEnd).append(kLineEnd);
+  return text;
+}
+
+std::string NotBuiltText(std::string_view command) {
+  std::string name(command.substr(0, command.find("...")));
+  std::erase(name, '&');
+  return fmt::format("\"{}\" is not built into this version of the program yet.", Trimmed(name));
+}
+
+}  // namespace korva
