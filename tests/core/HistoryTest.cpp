@@ -14,8 +14,7 @@ Settings Logging(std::int16_t size) {
 
 TEST(History, IsCutToTwoLinesWhenFull) {
   History history;
-  const Settings closed;
-  HistoryLog(history, closed, "unseen while the window is closed");
+  HistoryLog(history, Settings{}, "unseen while the window is closed");
   for (const char* line : {"aaaa", "bbbb", "cccc", "dddd"}) {  // 9 characters each
     HistoryLog(history, Logging(28), line);
   }
