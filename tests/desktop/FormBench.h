@@ -1,0 +1,56 @@
+// What a form is tested on: the program's state, scripted ports, and a main window that only counts.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWidget>
+#include <stdexcept>
+
+#include "desktop/support/Session.h"
+#include "support/ScriptedPorts.h"
+
+namespace korva::desktop {
+
+class CountingMain final : public MainWindow {
+ public:
+  void Refresh() override { ++Refreshed; }
+  void ApplyDisplaySettings() override { ++Applied; }
+  void EditParameters() override { ++ParametersOpened; }
+  void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
+  void SetInputEnabled(bool enabled) override { Enabled = enabled; }
+
+  int Refreshed = 0;
+  int Applied = 0;
+  int ParametersOpened = 0;
+  QWidget* ResultsReturnTo = nullptr;
+  bool Enabled = true;
+};
+
+// Keeps the history, so that tests can read it.
+struct FormBench {
+  FormBench() { State.Preferences.DisplayHistoryWin = 1; }
+
+  Korva State;
+  ScriptedPorts Outside;
+  CountingMain Main;
+  Session Forms{State, Outside.All, Main};
+
+  const std::string& History() const { return State.SessionHistory.Text; }
+};
+
+// The control of that name; a test that names one that is not there ends.
+template <class Control>
+Control& The(const QWidget& form, const char* name) {
+  auto* control = form.findChild<Control*>(QLatin1String(name));
+  if (control == nullptr) {
+    throw std::runtime_error(std::string("no control ") + name);
+  }
+  return *control;
+}
+
+inline void Click(const QWidget& form, const char* name) {
+  QTest::mouseClick(&The<QWidget>(form, name), Qt::LeftButton);
+}
+
+}  // namespace korva::desktop

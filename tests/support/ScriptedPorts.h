@@ -1,0 +1,66 @@
+// All ports as scripts and records.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/Ports.h"
+#include "support/ScriptedMessages.h"
+
+namespace korva {
+
+// Answers file questions with the names given, nothing for a cancelled dialog. A question that nobody
+// expected and an answer that nobody asked for fail the test.
+class ScriptedFiles final : public FileChoicePort {
+ public:
+  ScriptedFiles() = default;
+  ScriptedFiles(const ScriptedFiles&) = delete;
+  ScriptedFiles& operator=(const ScriptedFiles&) = delete;
+  ~ScriptedFiles() override { EXPECT_TRUE(answers_.empty()) << "a file question never came"; }
+
+  void Expect(std::optional<std::string> answer) { answers_.push_back(std::move(answer)); }
+
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    Asked.push_back(question);
+    if (answers_.empty()) {
+      ADD_FAILURE() << "nobody expected a file question: " << question.Title;
+      return std::nullopt;
+    }
+    auto answer = std::move(answers_.front());
+    answers_.pop_front();
+    return answer;
+  }
+
+  std::vector<FileQuestion> Asked;
+
+ private:
+  std::deque<std::optional<std::string>> answers_;
+};
+
+class KeptClipboard final : public ClipboardPort {
+ public:
+  void SetText(std::string_view text) override { Text = text; }
+  std::string Text;
+};
+
+class CountedBusy final : public BusyPort {
+ public:
+  ~CountedBusy() override { EXPECT_EQ(Depth, 0) << "the busy pointer was left on"; }
+  void Begin() override { ++Depth; }
+  void End() override { --Depth; }
+  int Depth = 0;
+};
+
+struct ScriptedPorts {
+  ScriptedMessages Messages;
+  ScriptedFiles Files;
+  KeptClipboard Clipboard;
+  CountedBusy Busy;
+  Ports All{Messages, Files, Clipboard, Busy};
+};
+
+}  // namespace korva
