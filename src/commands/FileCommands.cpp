@@ -1,5 +1,8 @@
 #include "commands/FileCommands.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/Description.h"
 #include "core/Encoding.h"
 #include "files/PlatformFile.h"
@@ -11,6 +14,11 @@ namespace korva {
 namespace {
 
 constexpr int kFirstResultPage = 1;
+
+bool WasReadWhole(const std::vector<FileNotice>& notices) {
+  return std::all_of(notices.begin(), notices.end(),
+                     [](const FileNotice& notice) { return notice.kind == FileNoticeKind::kNoLineEnd; });
+}
 
 }  // namespace
 
@@ -25,6 +33,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   korva.ProjectEmpty = true;
   korva.ProjectFileMode = 1;
   korva.ProjectUnitsLocked = false;
+  korva.OpenFile = {};
   korva.FileNotices.clear();
   korva.WarningText.clear();
   for (int page = kFirstResultPage; page <= OutputPages::kLast; ++page) {
@@ -42,7 +51,9 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
 bool FileOpen(Korva& korva, MessagePort& messages) {
   FileNew(korva, false, true);
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
-  const std::string text = TextFromFileBytes(ReadWholeFile(korva.ProjectFileName, kLargestProjectFile));
+  korva.OpenFile.Name = korva.ProjectFileName;
+  korva.OpenFile.Bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
+  const std::string text = TextFromFileBytes(korva.OpenFile.Bytes);
   const auto format = DetectProjectFormat(text, korva.ProjectFileName);
   if (!format) {
     ShowMessage(korva, messages, {.text = std::string(kInvalidFormat), .title = {}});
@@ -54,13 +65,16 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
   korva.ProjectEmpty = false;
   korva.ProjectUnitsLocked = true;
   korva.ProjectCalc = korva.Stored.ProjectInput;
+  korva.OpenFile.ReadWhole = WasReadWhole(korva.FileNotices);
   return true;
 }
 
 void FileSave(Korva& korva) {
   HistoryLog(korva.SessionHistory, korva.Preferences, "Saving: " + korva.ProjectFileName);
   NormalizeDescription(korva.Stored);
-  WriteFileSafely(korva.ProjectFileName, FileBytesFromText(ComposeProject(korva.Stored)));
+  std::string bytes = FileBytesFromText(ComposeProject(korva.Stored));
+  WriteFileSafely(korva.ProjectFileName, bytes);
+  korva.OpenFile = {korva.ProjectFileName, std::move(bytes), true};
   if (korva.Stored.ProjectInput.NumberEntries == 0) {
     korva.Stored.ProjectInput.NumberEntries = 1;  // as a reader of the file would have it
   }

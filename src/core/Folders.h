@@ -13,8 +13,9 @@ struct Folders {
   std::string ProductFolder;      // the program's own in DataRoot; where projects go unless told otherwise
   std::string ProductTempFolder;  // "Temp" in it
   std::string SystemTempFolder;
-  std::string IniFile;   // the settings file, a full name
-  std::string LastPath;  // the folder last chosen
+  std::string StateFolder;  // running sessions and recovery copies
+  std::string IniFile;      // the settings file, a full name
+  std::string LastPath;     // the folder last chosen
 };
 
 }  // namespace korva

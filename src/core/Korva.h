@@ -19,6 +19,13 @@ namespace korva {
 inline constexpr std::string_view ProgramTitle = "Korva Panel Review - Laminated Overburden";
 inline constexpr std::string_view kUntitled = "Untitled";
 
+// The project's file as this program read or wrote it last, so that nobody else's work is replaced unseen.
+struct KnownFile {
+  std::string Name;
+  std::string Bytes;
+  bool ReadWhole = false;  // false: saving over it would lose what was not read
+};
+
 // The six output pages; page 0 is the input echo.
 using OutputPages = IndexedArray<std::string, 0, 5>;
 
@@ -32,6 +39,7 @@ struct Korva {
   bool ProjectUnitsLocked = false;
   std::int16_t ProjectFileMode = 0;
   std::int16_t ProjectFormatVersion = 0;
+  KnownFile OpenFile;
   std::vector<FileNotice> FileNotices;  // what the open file held beyond what was read
 
   // The working copy that a calculation reads; never saved.

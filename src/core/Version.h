@@ -2,8 +2,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace korva {
+
+// The name of the program in upper case, as files and folders carry it.
+inline constexpr std::string_view ExeName = "KORVA-STROND";
 
 inline constexpr int kVersionMajor = 1;
 inline constexpr int kVersionMinor = 1;

@@ -4,13 +4,9 @@
 #include <array>
 #include <cmath>
 #include <string>
-#include <variant>
 
-#include "core/ClampOrReset.h"
-#include "core/NumberParsing.h"
-#include "core/NumberText.h"
 #include "core/Text.h"
-#include "files/UtilINI.h"
+#include "files/SettingTable.h"
 
 namespace korva {
 
@@ -18,88 +14,88 @@ namespace {
 
 constexpr std::string_view kSection = "KORVAOptions";
 
-struct Option {
-  std::string_view key;
-  std::variant<std::int16_t OptionSettings::*, float OptionSettings::*> member;
-  double missing;  // the value of a missing key
-  double low = 0;
-  double high = 1;
-};
-
 // Cell sizes have no bound but that of their type; 0 becomes the value of a missing key.
 constexpr double kNoBound = 32767;
 // Percentages of a swept range, read as whole numbers though they are held as fractions.
 constexpr double kLargestRange = 150;
 
-constexpr auto kOptions = std::to_array<Option>({
-    {"OutputStrUnits", &OptionSettings::OutputStrUnits, 0},
-    {"OutputStrGradUnits", &OptionSettings::OutputStrGradUnits, 0},
-    {"ShowInputScreenOnLoad", &OptionSettings::ShowInputScreenOnLoad, 0},
-    {"IssueWarningCancel", &OptionSettings::IssueWarningCancel, 1},
-    {"ViewChildWindow", &OptionSettings::ViewChildWindow, 1},
-    {"PrintModuleHeader", &OptionSettings::PrintModuleHeader, 1},
-    {"PlotEntryDims", &OptionSettings::PlotEntryDims, 1},
-    {"PlotXcutDims", &OptionSettings::PlotXcutDims, 1},
-    {"PlotGobDims", &OptionSettings::PlotGobDims, 1},
-    {"PlotSingleXcutDims", &OptionSettings::PlotSingleXcutDims, 1},
-    {"PlotGobExtLoose", &OptionSettings::PlotGobExtLoose, 1},
-    {"PlotRangeMin", &OptionSettings::PlotRangeMin, 100, 0, kLargestRange},
-    {"PlotRangeMax", &OptionSettings::PlotRangeMax, 150, 0, kLargestRange},
-    {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, 1},
-    {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, 1},
-    {"RoundKORVASF", &OptionSettings::RoundKORVASF, 0, 0, 2},
-    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, 2, -kNoBound, kNoBound},
-    {"CellSizeMetric", &OptionSettings::CellSizeMetric, 0.5, -kNoBound, kNoBound},
-    {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, 0},
-    {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, 0},
-    {"Strond2DViewOutput", &OptionSettings::Strond2DViewOutput, 0},
-    {"iOptDir", &OptionSettings::iOptDir, 1, 0, 3},
+constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
+    {"OutputStrUnits", &OptionSettings::OutputStrUnits, "0"},
+    {"OutputStrGradUnits", &OptionSettings::OutputStrGradUnits, "0"},
+    {"ShowInputScreenOnLoad", &OptionSettings::ShowInputScreenOnLoad, "0"},
+    {"IssueWarningCancel", &OptionSettings::IssueWarningCancel, "1"},
+    {"ViewChildWindow", &OptionSettings::ViewChildWindow, "1"},
+    {"PrintModuleHeader", &OptionSettings::PrintModuleHeader, "1"},
+    {"PlotEntryDims", &OptionSettings::PlotEntryDims, "1"},
+    {"PlotXcutDims", &OptionSettings::PlotXcutDims, "1"},
+    {"PlotGobDims", &OptionSettings::PlotGobDims, "1"},
+    {"PlotSingleXcutDims", &OptionSettings::PlotSingleXcutDims, "1"},
+    {"PlotGobExtLoose", &OptionSettings::PlotGobExtLoose, "1"},
+    {"PlotRangeMin", &OptionSettings::PlotRangeMin, "100", 0, kLargestRange},
+    {"PlotRangeMax", &OptionSettings::PlotRangeMax, "150", 0, kLargestRange},
+    {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, "1"},
+    {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, "1"},
+    {"RoundKORVASF", &OptionSettings::RoundKORVASF, "0", 0, 2},
+    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, "2", -kNoBound, kNoBound},
+    {"CellSizeMetric", &OptionSettings::CellSizeMetric, "0.5", -kNoBound, kNoBound},
+    {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, "0"},
+    {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, "0"},
+    {"Strond2DViewOutput", &OptionSettings::Strond2DViewOutput, "0"},
+    {"iOptDir", &OptionSettings::iOptDir, "1", 0, 3},
 });
 
-// Stores `value` as the setting holds it, a whole number or 32 bits; false if it lay outside its range.
-bool Store(OptionSettings& options, const Option& option, double value) {
-  const bool whole = std::holds_alternative<std::int16_t OptionSettings::*>(option.member);
-  double kept = ClampOrReset(whole ? std::nearbyint(value) : value, option.low, option.high);
-  if (!whole) {
-    kept = static_cast<double>(static_cast<float>(kept));
+bool HasNoCell(const Setting<OptionSettings>& option, const OptionSettings& options) {
+  return option.High == kNoBound && ((option.Key == "CellSizeEnglish" && options.CellSizeEnglish == 0) ||
+                                     (option.Key == "CellSizeMetric" && options.CellSizeMetric == 0));
+}
+
+// Stores `value`; false if it lay outside its range or a cell had no size.
+bool Store(OptionSettings& options, const Setting<OptionSettings>& option, double value) {
+  const bool inRange = StoreNumber(options, option, value);
+  if (HasNoCell(option, options)) {
+    StoreNumber(options, option, ParseNumberPrefix(option.Missing).value);
+    return false;
   }
-  const bool noCell = option.high == kNoBound && kept == 0;
-  if (noCell) {
-    kept = option.missing;
-  }
-  std::visit(
-      [&options, kept](auto member) {
-        options.*member = static_cast<std::remove_reference_t<decltype(options.*member)>>(kept);
-      },
-      option.member);
-  return value >= option.low && value <= option.high && !noCell;
+  return inRange;
 }
 
 }  // namespace
 
 bool HasOptions(std::string_view text) {
-  return std::any_of(kOptions.begin(), kOptions.end(), [text](const Option& option) {
-    return FindIniValue(text, kSection, option.key).has_value();
+  return std::any_of(kOptions.begin(), kOptions.end(), [text](const auto& option) {
+    return FindIniValue(text, kSection, option.Key).has_value();
   });
 }
 
 OptionSettings ReadOptions(std::string_view text) {
+  return ReadOptions(text, nullptr);
+}
+
+OptionSettings ReadOptions(std::string_view text, bool* reset) {
   OptionSettings options;
-  for (const Option& option : kOptions) {
-    const std::string value = GetIniValue(text, kSection, option.key, GeneralText(option.missing));
+  for (const auto& option : kOptions) {
+    const std::string value = GetIniValue(text, kSection, option.Key, std::string(option.Missing));
     const double number = ParseNumberPrefix(value).value;
-    Store(options, option, option.high == kLargestRange ? std::nearbyint(number) : number);
+    Store(options, option, option.High == kLargestRange ? std::nearbyint(number) : number);
   }
-  if (options.PlotRangeMin == options.PlotRangeMax) {
+  const bool empty = options.PlotRangeMin == options.PlotRangeMax;
+  if (reset != nullptr) {
+    *reset = empty;
+  }
+  if (empty) {
     options.PlotRangeMin = OptionSettings{}.PlotRangeMin;
     options.PlotRangeMax = OptionSettings{}.PlotRangeMax;
   }
   return options;
 }
 
+void WriteOptions(std::string& text, const OptionSettings& options) {
+  WriteTable(text, kSection, kOptions, options);
+}
+
 OptionChange SetOption(OptionSettings& options, std::string_view key, std::string_view value) {
   const auto* option = std::find_if(kOptions.begin(), kOptions.end(),
-                                    [key](const Option& o) { return SameIniName(o.key, Trimmed(key)); });
+                                    [key](const auto& o) { return SameIniName(o.Key, Trimmed(key)); });
   if (option == kOptions.end()) {
     return OptionChange::kUnknownKey;
   }

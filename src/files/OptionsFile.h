@@ -1,6 +1,7 @@
 // The section "KORVAOptions" of the settings file.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/Settings.h"
@@ -14,6 +15,11 @@ bool HasOptions(std::string_view text);
 // not begin with a number is 0, and a value outside its range becomes the range's lower bound. RoundKORVASF
 // is as the file says; programs set it to 0 at their start.
 OptionSettings ReadOptions(std::string_view text);
+// The same; `reset` tells that the swept range was empty and has been set anew.
+OptionSettings ReadOptions(std::string_view text, bool* reset);
+
+// Puts the section into the profile `text`.
+void WriteOptions(std::string& text, const OptionSettings& options);
 
 enum class OptionChange { kDone, kReset, kUnknownKey, kNoNumber };
 

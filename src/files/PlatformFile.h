@@ -27,6 +27,9 @@ struct FileState {
 // throw.
 FileState StateOfFile(const std::string& path);
 
+// Whether `path` names a folder; any failure counts as not found.
+bool FolderExists(const std::string& path) noexcept;
+
 // Run-time error 70 if the existing file `path` may not be written.
 void RequireWritable(const std::string& path);
 
@@ -56,5 +59,19 @@ class FileReplacement {
 };
 
 std::unique_ptr<FileReplacement> SystemFileReplacement();
+
+// A file that one process at a time holds; it stays behind when the process ends, and can then be taken.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+  // Replaces what the file says; a failure is ignored.
+  virtual void Write(std::string_view text) noexcept = 0;
+};
+
+// The lock on `path`, made if it is missing; nothing if another process holds it or it cannot be made.
+std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept;
+
+// The number of this process.
+int ProcessNumber() noexcept;
 
 }  // namespace korva

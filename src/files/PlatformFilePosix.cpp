@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,15 +42,10 @@ class Descriptor {
   int fd_;
 };
 
-bool FolderExists(const std::string& path) {
-  struct stat state {};
-  return ::stat(FolderOf(path).c_str(), &state) == 0 && S_ISDIR(state.st_mode);
-}
-
 ErrorNumber ErrorOfCode(int code, const std::string& path) {
   switch (code) {
     case ENOENT:
-      return FolderExists(path) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
+      return FolderExists(FolderOf(path)) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
     case ENOTDIR:
       return ErrorNumber::kPathNotFound;
     case EACCES:
@@ -146,6 +142,20 @@ class PosixFileReplacement final : public FileReplacement {
   std::string name_;
 };
 
+class PosixFileLock final : public FileLock {
+ public:
+  explicit PosixFileLock(Descriptor file) : file_(std::move(file)) {}
+
+  void Write(std::string_view text) noexcept override {
+    if (::ftruncate(file_.Get(), 0) == 0) {
+      [[maybe_unused]] const auto written = ::pwrite(file_.Get(), text.data(), text.size(), 0);
+    }
+  }
+
+ private:
+  Descriptor file_;
+};
+
 struct OpenedFile {
   Descriptor descriptor;
   std::uint64_t size = 0;
@@ -197,6 +207,11 @@ FileState StateOfFile(const std::string& path) {
           .node = state.st_ino};
 }
 
+bool FolderExists(const std::string& path) noexcept {
+  struct stat state {};
+  return ::stat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+}
+
 void RequireWritable(const std::string& path) {
   if (::access(path.c_str(), W_OK) != 0) {
     ThrowSystemError(errno, path, "opening for writing");
@@ -240,6 +255,19 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
 
 std::unique_ptr<FileReplacement> SystemFileReplacement() {
   return std::make_unique<PosixFileReplacement>();
+}
+
+std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept {
+  Descriptor file(
+      Uninterrupted([&path] { return ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600); }));
+  if (file.Get() < 0 || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+    return nullptr;
+  }
+  return std::make_unique<PosixFileLock>(std::move(file));
+}
+
+int ProcessNumber() noexcept {
+  return ::getpid();
 }
 
 std::string ResolveLinks(const std::string& path) {

@@ -1,0 +1,263 @@
+#include "commands/FileMenu.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "commands/FileCommands.h"
+#include "commands/Recovery.h"
+#include "commands/SettingsCommands.h"
+#include "core/FileNames.h"
+#include "core/RuntimeError.h"
+#include "core/Text.h"
+#include "core/Version.h"
+#include "files/PlatformFile.h"
+
+namespace korva {
+
+namespace {
+
+bool HasNoName(const std::string& fileName) {
+  std::string upper(fileName);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return upper.empty() || upper == "UNTITLED";
+}
+
+std::string SaveQuestion(const std::string& fileName) {
+  return fmt::format("Save changes to: {}?", fileName);
+}
+
+std::string FolderOfName(const std::string& name) {
+  const auto slash = name.rfind('/');
+  return slash == std::string::npos ? std::string() : name.substr(0, std::max<std::size_t>(slash, 1));
+}
+
+}  // namespace
+
+FileMenu::FileMenu(Korva& korva, Ports& ports, Recovery& recovery)
+    : korva_(korva), ports_(ports), recovery_(recovery) {
+  const Settings& settings = korva.Preferences;
+  for (int n = 1; settings.KeepFileNames == 1 && n <= settings.FileMenu.MaxLastFiles; ++n) {
+    if (!settings.FileMenu.LastFile[n].empty()) {
+      captions_[n] =
+          settings.ShortRecentFiles == 1 ? settings.FileMenu.LastFile[n] : settings.FileMenu.LastFileLong[n];
+    }
+  }
+}
+
+// A cancelled dialog leaves the name stripped of its folder.
+void FileMenu::ChooseFile(bool save, std::string& lastName) {
+  std::string& name = korva_.ProjectFileName;
+  FileQuestion question;
+  question.Save = save;
+  if (!Trimmed(name).empty()) {
+    name = FileBaseName(name, false);
+    question.Name = name;
+  }
+  const std::string& dataPath = korva_.Preferences.DataPath;
+  question.Folder = lastName.empty() || lastName == "1" ? FolderOfName(dataPath) : FolderOfName(lastName);
+  const std::string& extension = korva_.Preferences.FileExtension;
+  question.DefaultExtension = extension;
+  question.Filters = {{"All Files (*.*)", "*"},
+                      {fmt::format("{} Files (*.{})", ExeName, extension), "*." + extension}};
+  question.ActiveFilter = 1;
+  const auto chosen = ports_.Files.ChooseFile(question);
+  if (!chosen) {
+    throw RuntimeError(ErrorNumber::kDialogCancelled);
+  }
+  name = *chosen;
+  lastName = *chosen;
+}
+
+void FileMenu::New() {
+  recovery_.KeepDroppedWork();
+  FileNew(korva_, true, true);
+  recovery_.TellOpenFile(ports_.Messages);
+}
+
+bool FileMenu::Open() {
+  korva_.ProjectPreviousFileName = korva_.ProjectFileName;
+  return Attempt(korva_, ports_.Messages, [this] { ChooseFile(false, lastOpenName_); }) ==
+             AttemptResult::kDone &&
+         LoadProjFile();
+}
+
+bool FileMenu::OpenRecent(int index) {
+  return OpenPath(korva_.Preferences.FileMenu.LastFileLong[index]);
+}
+
+bool FileMenu::OpenPath(const std::string& path) {
+  korva_.ProjectPreviousFileName = korva_.ProjectFileName;
+  korva_.ProjectFileName = path;
+  return LoadProjFile();
+}
+
+bool FileMenu::LoadProjFile() {
+  bool opened = false;
+  Attempt(korva_, ports_.Messages, [&] {
+    if (!SaveBeforeOpening()) {
+      return;
+    }
+    const BusyPointer busy(ports_.Busy);
+    opened = FileOpen(korva_, ports_.Messages);
+  });
+  if (opened) {
+    AddRecentFile();
+    recovery_.TellOpenFile(ports_.Messages);
+  }
+  return opened;
+}
+
+// False if the person asked for saving and nothing was saved: then the project stays open under its name.
+bool FileMenu::SaveBeforeOpening() {
+  if (korva_.ProjectSaved) {
+    return true;
+  }
+  if (ShowMessage(korva_, ports_.Messages,
+                  {SaveQuestion(korva_.ProjectPreviousFileName),
+                   MessageButtons::kYesNoDefaultNo,
+                   MessageIcon::kNone,
+                   {}}) != MessageAnswer::kYes) {
+    recovery_.KeepDroppedWork();
+    return true;
+  }
+  const std::string opening = std::exchange(korva_.ProjectFileName, korva_.ProjectPreviousFileName);
+  if (!FileMenuSave(false)) {
+    korva_.ProjectFileName = korva_.ProjectPreviousFileName;
+    return false;
+  }
+  korva_.ProjectFileName = opening;
+  return true;
+}
+
+bool FileMenu::Save(bool saveAs) {
+  const bool saved = FileMenuSave(saveAs);
+  if (saved) {
+    AddRecentFile();
+    recovery_.TellOpenFile(ports_.Messages);
+  }
+  return saved;
+}
+
+bool FileMenu::FileMenuSave(bool saveAs) {
+  bool saved = false;
+  bool chosen = false;
+  Attempt(korva_, ports_.Messages, [&] {
+    if (!chosen && (saveAs || HasNoName(korva_.ProjectFileName))) {
+      ChooseFile(true, lastSaveName_);
+      chosen = true;
+    }
+    if (!MayReplace(chosen)) {
+      return;
+    }
+    const BusyPointer busy(ports_.Busy);
+    FileSave(korva_);
+    saved = true;
+  });
+  return saved;
+}
+
+// Asks before a file is replaced that is not known to be what was opened or saved last. `chosen` tells that
+// the name comes from a dialog just now.
+bool FileMenu::MayReplace(bool chosen) {
+  const std::string& name = korva_.ProjectFileName;
+  std::string text;
+  switch (CompareWithDisk(korva_)) {
+    case DiskState::kAsKnown:
+      return true;
+    case DiskState::kNotReadWhole:
+      text = "{} could not be read whole. Saving replaces it with what was read. Replace it?";
+      break;
+    case DiskState::kChanged:
+      text = "{} has been changed by another program or window since it was opened. Replace it?";
+      break;
+    case DiskState::kAnotherFile:
+      if (chosen) {
+        return true;  // the dialog has asked
+      }
+      text = "{} exists already and is not the file that was opened. Replace it?";
+      break;
+  }
+  return ShowMessage(korva_, ports_.Messages,
+                     {fmt::format(fmt::runtime(text), name),
+                      MessageButtons::kYesNoDefaultNo,
+                      MessageIcon::kExclamation,
+                      {}}) == MessageAnswer::kYes;
+}
+
+bool FileMenu::MayExit() {
+  if (korva_.ProjectSaved) {
+    return true;
+  }
+  switch (ShowMessage(
+      korva_, ports_.Messages,
+      {SaveQuestion(korva_.ProjectFileName), MessageButtons::kYesNoCancel, MessageIcon::kQuestion, {}})) {
+    case MessageAnswer::kYes:
+      return Save(false);
+    case MessageAnswer::kNo:
+      return true;
+    case MessageAnswer::kOk:
+    case MessageAnswer::kRetry:
+    case MessageAnswer::kCancel:
+      return false;
+  }
+  return false;
+}
+
+// Puts the open project at the front of the recent files: an entry of the same caption changes places with
+// the first, a new one moves all others down and is saved.
+void FileMenu::AddRecentFile() {
+  const Settings& settings = korva_.Preferences;
+  RecentFiles& recent = korva_.Preferences.FileMenu;
+  const std::string& name = korva_.ProjectFileName;
+  const std::string shown = settings.ShortRecentFiles == 1 ? FileBaseName(name, false) : name;
+  if (settings.KeepFileNames == 0) {
+    return;
+  }
+  for (int n = 1; n <= recent.MaxLastFiles; ++n) {
+    if (captions_[n] == shown) {
+      std::swap(captions_[n], captions_[1]);
+      std::swap(recent.LastFile[n], recent.LastFile[1]);
+      std::swap(recent.LastFileMode[n], recent.LastFileMode[1]);
+      std::swap(recent.LastFileLong[n], recent.LastFileLong[1]);
+      recent.LastFileLong[1] = name;
+      return;
+    }
+  }
+  if (recent.MaxLastFiles < kMostRecentFiles) {
+    ++recent.MaxLastFiles;
+  }
+  for (int n = recent.MaxLastFiles; n > 1; --n) {
+    captions_[n] = captions_[n - 1];
+    recent.LastFile[n] = recent.LastFile[n - 1];
+    recent.LastFileMode[n] = recent.LastFileMode[n - 1];
+    recent.LastFileLong[n] = recent.LastFileLong[n - 1];
+  }
+  captions_[1] = shown;
+  recent.LastFile[1] = shown;
+  recent.LastFileMode[1] = korva_.ProjectFileMode;
+  recent.LastFileLong[1] = name;
+  SaveSettings(korva_, SettingsSection::kFileMenu);
+}
+
+std::string CaptionFileName(const std::string& fileName) {
+  constexpr std::size_t kLongest = 50;
+  constexpr std::size_t kHead = 10;
+  constexpr std::size_t kTail = 37;
+  const std::size_t length = CharacterCount(fileName);
+  if (length <= kLongest) {
+    return fileName;
+  }
+  return fileName.substr(0, BytesOfCharacters(fileName, kHead)) + "..." +
+         fileName.substr(BytesOfCharacters(fileName, length - kTail));
+}
+
+BarrierGraphs GraphsOf(const Project& project) {
+  return {project.BarrierFirstGob > 0 && project.LoadingCondition >= 2,
+          project.BarrierSecondGob > 0 && project.LoadingCondition == 3};
+}
+
+}  // namespace korva

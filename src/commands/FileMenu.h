@@ -1,0 +1,67 @@
+// The file commands of the main window: their dialogs, questions and order, and the recent file list.
+#pragma once
+
+#include <string>
+
+#include "commands/Attempt.h"
+#include "commands/Recovery.h"
+#include "core/Korva.h"
+#include "core/Ports.h"
+
+namespace korva {
+
+class FileMenu {
+ public:
+  // Takes the captions of the recent files from the settings.
+  FileMenu(Korva& korva, Ports& ports, Recovery& recovery);
+
+  // Resets the project without a question; unsaved work stays as a recovery copy.
+  void New();
+
+  // Asks for a file and opens it. True if a project was opened.
+  bool Open();
+  // Opens entry `index` (1 to 4) of the recent files.
+  bool OpenRecent(int index);
+  // Opens `path` without asking for a name.
+  bool OpenPath(const std::string& path);
+
+  // Saves the project, asking for a name if it has none or if `saveAs`. True if it was saved; the recent
+  // files then begin with it.
+  bool Save(bool saveAs);
+
+  // What the menu shows of the recent files, 1 to 4; empty for an entry that is not there. A changed setting
+  // shows only after the next start.
+  const IndexedArray<std::string, 1, kMostRecentFiles>& RecentCaptions() const { return captions_; }
+
+  // The question before the program ends. False if the program has to stay.
+  bool MayExit();
+
+ private:
+  // Reads ProjectFileName, after the question for unsaved work. True if a project was opened.
+  bool LoadProjFile();
+  bool FileMenuSave(bool saveAs);
+  bool SaveBeforeOpening();
+  bool MayReplace(bool chosen);
+  void AddRecentFile();
+  void ChooseFile(bool save, std::string& lastName);
+
+  Korva& korva_;
+  Ports& ports_;
+  Recovery& recovery_;
+  IndexedArray<std::string, 1, kMostRecentFiles> captions_;
+  std::string lastOpenName_;  // chosen in the last dialogs
+  std::string lastSaveName_;
+};
+
+// What the main window shows of a file name: at most 50 characters, longer ones as their first 10, "..." and
+// their last 37.
+std::string CaptionFileName(const std::string& fileName);
+
+// The barrier graphs that the working copy allows.
+struct BarrierGraphs {
+  bool First = false;
+  bool Second = false;
+};
+BarrierGraphs GraphsOf(const Project& project);
+
+}  // namespace korva

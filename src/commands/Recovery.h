@@ -1,0 +1,58 @@
+// Unsaved work outlives a crash, a power cut and a hasty New; and nobody else's work is replaced unseen.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/Korva.h"
+#include "core/Messages.h"
+#include "files/SessionFolder.h"
+
+namespace korva {
+
+class Recovery {
+ public:
+  explicit Recovery(Korva& korva) : korva_(korva), folder_(korva.Places.StateFolder) {}
+
+  // What a form holds that is not in the project yet; asked for each copy.
+  std::function<std::optional<StoredProject>()> Draft;
+
+  // Keeps a copy of unsaved work if it has changed since the last one, and removes the copy of saved work. A
+  // failure is logged once.
+  void KeepCopy();
+
+  // Keeps unsaved work that is about to be dropped; it is offered at the next start.
+  void KeepDroppedWork();
+
+  // Offers what ended sessions left, the newest first, until the person takes one: it is then the open
+  // project, unsaved, under its old name. A copy that was declined is put aside.
+  bool OfferCopies(MessagePort& messages);
+
+  // Tells other sessions which file is open here, and the person if another has it open too.
+  void TellOpenFile(MessagePort& messages);
+
+  // After the person has saved or given up the work.
+  void EndCleanly() { folder_.End(); }
+
+ private:
+  bool WriteCopy(const std::string& path, const StoredProject& project);
+  bool Restore(const std::string& path);
+
+  Korva& korva_;
+  SessionFolder folder_;
+  std::string lastCopy_;
+  bool failureLogged_ = false;
+};
+
+enum class DiskState {
+  kAsKnown,       // missing, or just as this program read or wrote it
+  kNotReadWhole,  // more stands in it than was read
+  kChanged,       // somebody else has written it
+  kAnotherFile,   // a file that this program has not opened
+};
+
+// What saving the project under its name would replace.
+DiskState CompareWithDisk(const Korva& korva);
+
+}  // namespace korva

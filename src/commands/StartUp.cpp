@@ -1,0 +1,111 @@
+#include "commands/StartUp.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <system_error>
+
+#include "commands/SettingsCommands.h"
+#include "core/RuntimeError.h"
+#include "core/Text.h"
+#include "core/Version.h"
+#include "files/PlatformFile.h"
+#include "files/ProjectFile.h"
+#include "files/SafeWriter.h"
+
+namespace korva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string WithSeparator(std::string path) {
+  if (!path.empty() && path.back() != '/') {
+    path += '/';
+  }
+  return path;
+}
+
+bool MakeFolder(const std::string& path) {
+  std::error_code failure;
+  fs::create_directories(path, failure);
+  return FolderExists(path);
+}
+
+// The folder that holds all of the program's, without creating anything for the desktop.
+std::string UserRoot(const MachineFolders& machine) {
+  if (!machine.Documents.empty() && MakeFolder(machine.Documents)) {
+    return WithSeparator(machine.Documents);
+  }
+  if (!machine.Desktop.empty() && FolderExists(machine.Desktop)) {
+    return WithSeparator(machine.Desktop);
+  }
+  MakeFolder(machine.DataHome);
+  return WithSeparator(machine.DataHome);
+}
+
+bool IsProjectName(const fs::path& path) {
+  std::string extension = path.extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return extension == "." + std::string(kProjectExtension) && path.filename().string().front() != '.';
+}
+
+std::string WithFileLineEnds(std::string_view bytes) {
+  std::string lines;
+  while (!bytes.empty()) {
+    const SplitLine split = TakeLine(bytes);
+    bytes = split.rest;
+    lines.append(split.line).append(kLineEnd);
+  }
+  return lines;
+}
+
+}  // namespace
+
+Folders MakeFolders(const MachineFolders& machine) {
+  const std::string root = UserRoot(machine);
+  Folders places;
+  places.AppPath = WithSeparator(machine.AppPath);
+  places.Examples = WithSeparator(machine.Examples);
+  places.StateFolder = machine.StateHome.empty() ? std::string() : WithSeparator(machine.StateHome);
+  places.SystemTempFolder = WithSeparator(machine.SystemTemp);
+  places.DataRoot = root + "MyFolvane/";
+  places.TempRoot = places.DataRoot + "Temp/";
+  places.ProductFolder = places.DataRoot + std::string(ExeName) + "/";
+  places.ProductTempFolder = places.ProductFolder + "Temp/";
+  for (std::string* folder :
+       {&places.DataRoot, &places.TempRoot, &places.ProductFolder, &places.ProductTempFolder}) {
+    if (!MakeFolder(*folder)) {
+      *folder = WithSeparator(machine.DataHome);
+    }
+  }
+  places.IniFile = places.DataRoot + std::string(ExeName) + ".INI";
+  places.LastPath = places.ProductFolder;
+  return places;
+}
+
+void CopyExampleProjects(const Folders& places) {
+  std::error_code failure;
+  for (fs::directory_iterator entry(places.Examples, failure); !failure && entry != fs::end(entry);
+       entry.increment(failure)) {
+    const std::string target = places.ProductFolder + entry->path().filename().string();
+    try {
+      if (IsProjectName(entry->path()) && !StateOfFile(target).exists) {
+        WriteFileSafely(target, WithFileLineEnds(ReadWholeFile(entry->path().string(), kLargestProjectFile)));
+      }
+    } catch (const RuntimeError&) {
+      continue;  // a missing example keeps nobody from working
+    }
+  }
+}
+
+void StartUp(Korva& korva, const MachineFolders& machine, const std::function<std::string()>& bestFont) {
+  korva.Places = MakeFolders(machine);
+  LoadSettings(korva, {korva.Places.ProductFolder, bestFont});
+  if (korva.Preferences.CopyExampleFiles != 0) {
+    CopyExampleProjects(korva.Places);
+  }
+}
+
+}  // namespace korva

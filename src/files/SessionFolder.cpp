@@ -1,0 +1,146 @@
+#include "files/SessionFolder.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <system_error>
+
+#include "core/RuntimeError.h"
+
+namespace korva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kLock = ".lock";
+constexpr std::string_view kCopy = ".KVL";
+constexpr std::string_view kAside = "kept-";
+constexpr std::uint64_t kLongestName = 64 * 1024;
+constexpr std::size_t kMostKept = 20;
+
+struct Entry {
+  fs::path path;
+  fs::file_time_type time;
+};
+
+// The files of `folder` with that extension, the newest first.
+std::vector<Entry> FilesOf(const std::string& folder, std::string_view extension) {
+  std::vector<Entry> files;
+  std::error_code failure;
+  for (fs::directory_iterator entry(folder, failure); !failure && entry != fs::end(entry);
+       entry.increment(failure)) {
+    std::error_code unknown;
+    if (entry->path().extension() == extension) {
+      files.push_back({entry->path(), entry->last_write_time(unknown)});
+    }
+  }
+  std::sort(files.begin(), files.end(), [](const Entry& a, const Entry& b) { return a.time > b.time; });
+  return files;
+}
+
+// "1234-5678" of "1234-5678.lock", "1234-5678.KVL" and "1234-5678.2.KVL".
+std::string SessionOf(const fs::path& path) {
+  const std::string name = path.filename().string();
+  return name.substr(0, name.find('.'));
+}
+
+std::string LockedText(const fs::path& path) {
+  try {
+    return ReadWholeFile(path.string(), kLongestName);
+  } catch (const RuntimeError&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+SessionFolder::SessionFolder(const std::string& folder) : folder_(folder) {
+  if (folder_.empty()) {
+    return;
+  }
+  std::error_code failure;
+  fs::create_directories(folder_, failure);
+  fs::permissions(folder_, fs::perms::owner_all, failure);
+  name_ = fmt::format("{}-{}", ProcessNumber(), std::chrono::system_clock::now().time_since_epoch().count());
+  copyPath_ = fmt::format("{}{}{}", folder_, name_, kCopy);
+  lock_ = TryLock(fmt::format("{}{}{}", folder_, name_, kLock));
+}
+
+std::string SessionFolder::NewDroppedPath() {
+  return copyPath_.empty() ? copyPath_ : fmt::format("{}{}.{}{}", folder_, name_, ++dropped_, kCopy);
+}
+
+void SessionFolder::TellOpenFile(const std::string& fullName) const {
+  if (lock_) {
+    lock_->Write(fullName);
+  }
+}
+
+bool SessionFolder::IsOpenElsewhere(const std::string& fullName) const {
+  const auto locks = FilesOf(folder_, kLock);
+  return std::any_of(locks.begin(), locks.end(), [&](const Entry& entry) {
+    if (SessionOf(entry.path) == name_) {
+      return false;
+    }
+    const std::string other = LockedText(entry.path);
+    std::error_code unknown;
+    return !other.empty() && (other == fullName || fs::equivalent(other, fullName, unknown)) &&
+           TryLock(entry.path.string()) == nullptr;
+  });
+}
+
+SessionFolder::Abandoned SessionFolder::TakeAbandoned() const {
+  Abandoned abandoned;
+  std::map<std::string, bool> ended;
+  for (const Entry& entry : FilesOf(folder_, kLock)) {
+    auto lock = SessionOf(entry.path) == name_ ? nullptr : TryLock(entry.path.string());
+    ended[SessionOf(entry.path)] = lock != nullptr;
+    if (lock) {
+      abandoned.Locks.push_back(std::move(lock));
+      Remove(entry.path.string());
+    }
+  }
+  for (const Entry& entry : FilesOf(folder_, kCopy)) {
+    const auto session = ended.find(SessionOf(entry.path));
+    const bool running = session != ended.end() && !session->second;
+    if (!running && !entry.path.filename().string().starts_with(kAside)) {
+      abandoned.Copies.push_back(entry.path.string());
+    }
+  }
+  return abandoned;
+}
+
+void SessionFolder::Remove(const std::string& path) noexcept {
+  std::error_code failure;
+  fs::remove(path, failure);
+}
+
+void SessionFolder::PutAside(const std::string& path) noexcept {
+  try {
+    const fs::path from(path);
+    std::error_code failure;
+    fs::rename(from, from.parent_path() / (std::string(kAside) + from.filename().string()), failure);
+    std::size_t kept = 0;
+    for (const Entry& entry : FilesOf(from.parent_path().string(), kCopy)) {
+      if (entry.path.filename().string().starts_with(kAside) && ++kept > kMostKept) {
+        Remove(entry.path.string());
+      }
+    }
+  } catch (const std::exception&) {
+    return;  // the copy is offered once more
+  }
+}
+
+void SessionFolder::End() noexcept {
+  if (lock_) {
+    Remove(copyPath_);
+    Remove(folder_ + name_ + std::string(kLock));
+    lock_.reset();
+  }
+}
+
+}  // namespace korva
