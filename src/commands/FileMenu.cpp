@@ -73,7 +73,7 @@ void FileMenu::ChooseFile(bool save, std::string& lastName) {
 }
 
 void FileMenu::New() {
-  recovery_.KeepDroppedWork();
+  recovery_.KeepDroppedWork(korva_.ProjectFileName);
   FileNew(korva_, true, true);
   recovery_.TellOpenFile(ports_.Messages);
 }
@@ -121,7 +121,7 @@ bool FileMenu::SaveBeforeOpening() {
                    MessageButtons::kYesNoDefaultNo,
                    MessageIcon::kNone,
                    {}}) != MessageAnswer::kYes) {
-    recovery_.KeepDroppedWork();
+    recovery_.KeepDroppedWork(korva_.ProjectPreviousFileName);
     return true;
   }
   const std::string opening = std::exchange(korva_.ProjectFileName, korva_.ProjectPreviousFileName);

@@ -46,7 +46,7 @@ std::string FullName(const std::string& name) {
 
 }  // namespace
 
-bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) {
+bool Recovery::WriteCopy(const std::string& path, const StoredProject& project, const std::string& name) {
   if (path.empty()) {
     return false;
   }
@@ -54,7 +54,7 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
     StoredProject copy = project;
     NormalizeDescription(copy);
     std::string text = ComposeProject(copy);
-    text.append(kNameMark).append(korva_.ProjectFileName).append(kLineEnd);
+    text.append(kNameMark).append(name).append(kLineEnd);
     if (text != lastCopy_ || path != folder_.CopyPath()) {
       WriteFileSafely(path, FileBytesFromText(text));
       lastCopy_ = text;
@@ -72,21 +72,21 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
 void Recovery::KeepCopy() {
   const auto draft = Draft ? Draft() : std::nullopt;
   if (draft) {
-    WriteCopy(folder_.CopyPath(), *draft);
+    WriteCopy(folder_.CopyPath(), *draft, korva_.ProjectFileName);
   } else if (!korva_.ProjectSaved) {
-    WriteCopy(folder_.CopyPath(), korva_.Stored);
+    WriteCopy(folder_.CopyPath(), korva_.Stored, korva_.ProjectFileName);
   } else if (!lastCopy_.empty()) {
     SessionFolder::Remove(folder_.CopyPath());
     lastCopy_.clear();
   }
 }
 
-void Recovery::KeepDroppedWork() {
+void Recovery::KeepDroppedWork(const std::string& name) {
   if (korva_.ProjectSaved) {
     return;
   }
   const std::string path = folder_.NewDroppedPath();
-  if (WriteCopy(path, korva_.Stored)) {
+  if (WriteCopy(path, korva_.Stored, name)) {
     HistoryLog(korva_.SessionHistory, korva_.Preferences, "Unsaved work kept: " + path);
   }
   SessionFolder::Remove(folder_.CopyPath());

@@ -22,8 +22,8 @@ class Recovery {
   // failure is logged once.
   void KeepCopy();
 
-  // Keeps unsaved work that is about to be dropped; it is offered at the next start.
-  void KeepDroppedWork();
+  // Keeps unsaved work that is about to be dropped, under the name `name`; it is offered at the next start.
+  void KeepDroppedWork(const std::string& name);
 
   // Offers what ended sessions left, the newest first, until the person takes one: it is then the open
   // project, unsaved, under its old name. A copy that was declined is put aside.
@@ -36,7 +36,7 @@ class Recovery {
   void EndCleanly() { folder_.End(); }
 
  private:
-  bool WriteCopy(const std::string& path, const StoredProject& project);
+  bool WriteCopy(const std::string& path, const StoredProject& project, const std::string& name);
   bool Restore(const std::string& path);
 
   Korva& korva_;
