@@ -11,14 +11,6 @@ namespace {
 
 constexpr std::string_view kEmptyFile = "Current file is empty";
 
-// The plan view's single-precision copies: the same spacing in every slot.
-void FillPlotCopies(Korva& korva) {
-  for (int i = 1; i < korva.ProjectCalc.NumberEntries; ++i) {
-    korva.PlotXcutSpacing[i] = static_cast<float>(korva.ProjectCalc.XcutSpacing);
-    korva.PlotXcutAngle = static_cast<float>(korva.ProjectCalc.XcutAngle);
-  }
-}
-
 struct PageSet {
   OutputPages Pages;
   std::string WarningText;
@@ -41,7 +33,23 @@ PageSet BuildPages(const Korva& korva, const Evaluated& evaluated) {
   return set;
 }
 
+// What the pages were made of, as the input record would have to be for them to hold still.
+RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
+  const auto& factors = evaluated.Rules.Facts.SF;
+  return {korva.ProjectCalc, korva.Stored.ProjectUnits,
+          LastCaseShown(korva.ProjectCalc, evaluated.Run.Work) == kRetreat, factors[kDevelopment],
+          factors[kRetreat]};
+}
+
 }  // namespace
+
+// The same spacing goes into every slot.
+void FillPlotCopies(Korva& korva) {
+  for (int i = 1; i < korva.ProjectCalc.NumberEntries; ++i) {
+    korva.PlotXcutSpacing[i] = static_cast<float>(korva.ProjectCalc.XcutSpacing);
+    korva.PlotXcutAngle = static_cast<float>(korva.ProjectCalc.XcutAngle);
+  }
+}
 
 std::optional<std::string> MissingModel(std::int16_t calcMode) {
   if (calcMode == kTraditionalModel) {
@@ -66,29 +74,38 @@ Evaluated EvaluateProject(const Project& project, std::int16_t units, const Opti
   return evaluated;
 }
 
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages) {
+  korva.OutPageLast = OutputPages::kLast;
+  if (const auto refusal = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal) {
+    ShowMessage(korva, messages, {.text = *refusal, .title = {}});
+    return false;
+  }
+  if (const auto missing = MissingModel(korva.ProjectCalc.CalcMode)) {
+    ShowMessage(korva, messages, {.text = "Not calculated: " + *missing, .title = {}});
+    return false;
+  }
+  const Evaluated evaluated =
+      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
+  NormalizeDescription(korva.Stored);
+  PageSet set = BuildPages(korva, evaluated);
+  korva.OutBuf = std::move(set.Pages);
+  korva.WarningText = std::move(set.WarningText);
+  korva.LastRun = SummaryOf(korva, evaluated);
+  HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
+  return true;
+}
+
 bool CalculateStabilityFactors(Korva& korva, MessagePort& messages, std::optional<std::int16_t> calcMode) {
   if (korva.ProjectEmpty) {
     ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}});
     return false;
   }
-  korva.OutPageLast = OutputPages::kLast;
   korva.ProjectCalc = korva.Stored.ProjectInput;
   if (calcMode) {
     korva.ProjectCalc.CalcMode = *calcMode;
   }
   FillPlotCopies(korva);
-  const Evaluated evaluated =
-      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
-  if (evaluated.Refusal) {
-    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
-    return false;
-  }
-  NormalizeDescription(korva.Stored);
-  PageSet set = BuildPages(korva, evaluated);
-  korva.OutBuf = std::move(set.Pages);
-  korva.WarningText = std::move(set.WarningText);
-  HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
-  return true;
+  return CalculateWorkingCopy(korva, messages);
 }
 
 }  // namespace korva

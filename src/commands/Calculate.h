@@ -25,9 +25,16 @@ std::optional<std::string> MissingModel(std::int16_t calcMode);
 // project that asks for a model that is missing.
 Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options);
 
-// Copies the project to the working copy, with the overburden model `calcMode` if one is given, runs it and
-// fills all output pages and WarningText. False, after a message, for an empty project or one that the check
-// refuses. Neither then nor after a run-time error is any page changed.
+// Fills the plan view's single-precision copies from the working copy.
+void FillPlotCopies(Korva& korva);
+
+// Runs the working copy as it stands and fills all output pages, WarningText and LastRun. False, after a
+// message, for a record that the check refuses or a model that is missing. Neither then nor after a run-time
+// error is any page changed.
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages);
+
+// Copies the project to the working copy, with the overburden model `calcMode` if one is given, and runs
+// that. False, after a message, also for an empty project.
 bool CalculateStabilityFactors(Korva& korva, MessagePort& messages,
                                std::optional<std::int16_t> calcMode = {});
 

@@ -36,6 +36,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   korva.OpenFile = {};
   korva.FileNotices.clear();
   korva.WarningText.clear();
+  korva.LastRun.reset();
   for (int page = kFirstResultPage; page <= OutputPages::kLast; ++page) {
     korva.OutBuf[page].clear();
   }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kScientific = "#.00E+00";
 constexpr int kScientificDigits = 3;
+constexpr std::string_view kAtMostTwoDecimals = "#.##";
 
 // The digits of a number and the power of ten of the first one.
 struct Decimal {
@@ -95,6 +96,10 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
   const Decimal decimal = ToDecimal(value, significant);
   if (pattern == kScientific) {
     return ScientificText(decimal);
+  }
+  if (pattern == kAtMostTwoDecimals) {
+    const std::string text = FixedText(decimal, 2);
+    return text.substr(0, text.find_last_not_of(text.ends_with(".00") ? ".0" : "0") + 1);
   }
   const auto point = std::min(pattern.find('.'), pattern.size());
   const bool fixed = point > 0 && pattern[point - 1] == '0' &&

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,15 @@ struct KnownFile {
   std::string Name;
   std::string Bytes;
   bool ReadWhole = false;  // false: saving over it would lose what was not read
+};
+
+// What the last run was about: the record, and the stability factors as its first page shows them.
+struct RunSummary {
+  Project Input;
+  std::int16_t Units = kEnglish;
+  bool HasRetreat = false;
+  float Development = 0;
+  float Retreat = 0;
 };
 
 // The six output pages; page 0 is the input echo.
@@ -53,6 +63,7 @@ struct Korva {
   OutputPages OutBuf;
   std::int16_t OutPageLast = 5;
   std::string WarningText;
+  std::optional<RunSummary> LastRun;
 
   Settings Preferences;
   Folders Places;

@@ -1,0 +1,83 @@
+#include "commands/ProjectSummary.h"
+
+#include <fmt/format.h>
+
+#include "core/Format.h"
+#include "core/NumberText.h"
+#include "core/Tables.h"
+#include "input/FormNotices.h"
+
+namespace korva {
+
+namespace {
+
+std::string WithUnit(double value, UnitKind kind, std::int16_t units) {
+  return fmt::format("{} {}", GeneralText(value), BareUnit(UnitLabel(kind, units)));
+}
+
+// The title of a loading condition as a sentence: "One active retreat section".
+std::string ConditionName(std::int16_t condition) {
+  const auto index = static_cast<std::size_t>(condition);
+  if (index >= LoadingConditionTitles.size()) {
+    return {};
+  }
+  std::string name(LoadingConditionTitles[index]);
+  for (std::size_t i = 1; i < name.size(); ++i) {
+    if (name[i] >= 'A' && name[i] <= 'Z') {
+      name[i] = static_cast<char>(name[i] - 'A' + 'a');
+    }
+  }
+  return name;
+}
+
+bool SameInputs(const Korva& korva) {
+  return korva.LastRun->Input == korva.Stored.ProjectInput &&
+         korva.LastRun->Units == korva.Stored.ProjectUnits;
+}
+
+}  // namespace
+
+std::vector<SummaryRow> KeyInputs(const StoredProject& stored) {
+  const Project& project = stored.ProjectInput;
+  const std::int16_t units = stored.ProjectUnits;
+  return {{"Depth of cover", WithUnit(project.DepthCover, UnitKind::kLength, units)},
+          {"Entry height", WithUnit(project.EntryHeight, UnitKind::kLength, units)},
+          {"Entry width", WithUnit(project.EntryWidth, UnitKind::kLength, units)},
+          {"Number of entries", std::to_string(project.NumberEntries)},
+          {"Crosscut spacing", WithUnit(project.XcutSpacing, UnitKind::kLength, units)},
+          {"Crosscut angle", GeneralText(project.XcutAngle) + " deg"},
+          {"In situ coal strength", WithUnit(project.CoalStrength, UnitKind::kStrength, units)},
+          {"Loading condition", ConditionName(project.LoadingCondition)}};
+}
+
+FactorSummary LastFactors(const Korva& korva) {
+  FactorSummary summary;
+  if (!korva.LastRun) {
+    return summary;
+  }
+  summary.OutOfDate = !SameInputs(korva);
+  summary.Rows.push_back({std::string(ModelStageTitles[0]), Format(korva.LastRun->Development, "##0.00")});
+  if (korva.LastRun->HasRetreat) {
+    summary.Rows.push_back({std::string(ModelStageTitles[1]), Format(korva.LastRun->Retreat, "##0.00")});
+  }
+  return summary;
+}
+
+std::string ProjectRemark(const Korva& korva) {
+  if (korva.ProjectEmpty) {
+    return {};
+  }
+  if (!korva.FileNotices.empty()) {
+    const FileNotice& notice = korva.FileNotices.front();
+    return fmt::format("Line {} of the file: {}", notice.line, notice.text);
+  }
+  if (korva.LastRun && SameInputs(korva)) {
+    const auto notices = FormNotices(korva.Stored.ProjectInput);
+    if (!notices.empty()) {
+      return "The input form would refuse this: " + notices.front();
+    }
+  }
+  return {};
+}
+
+}  // namespace korva

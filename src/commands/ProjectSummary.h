@@ -1,0 +1,30 @@
+// What the main window tells about the open project at a glance.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/Korva.h"
+
+namespace korva {
+
+struct SummaryRow {
+  std::string Caption;
+  std::string Value;
+};
+
+// The inputs that make the panel, with their units.
+std::vector<SummaryRow> KeyInputs(const StoredProject& project);
+
+// The stability factors of the last run as its page shows them; empty if there was none for this project.
+struct FactorSummary {
+  std::vector<SummaryRow> Rows;
+  bool OutOfDate = false;  // an input has changed since
+};
+FactorSummary LastFactors(const Korva& korva);
+
+// What a person should know about the project that no message has told: what was odd in its file, and what
+// the input form would refuse of a project that was calculated all the same. Empty if there is nothing.
+std::string ProjectRemark(const Korva& korva);
+
+}  // namespace korva
