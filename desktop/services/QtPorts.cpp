@@ -66,6 +66,16 @@ MessageAnswer AnswerOf(int button) {
   }
 }
 
+// The dialog takes the pattern from the last brackets: "All Files (*.*)" of pattern "*" would match only
+// names with a point.
+QString FilterText(const FileFilter& filter) {
+  const QString caption = FromUtf8(filter.Caption);
+  const QString pattern = FromUtf8(filter.Pattern);
+  return caption.endsWith(QLatin1Char('(') + pattern + QLatin1Char(')'))
+             ? caption
+             : QStringLiteral("%1 (%2)").arg(caption, pattern);
+}
+
 // A box over a busy program has to be usable: the pointer is normal while it is open.
 class NormalPointer {
  public:
@@ -111,7 +121,7 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
   dialog.setFileMode(question.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   QStringList filters;
   for (const FileFilter& filter : question.Filters) {
-    filters << QStringLiteral("%1 (%2)").arg(FromUtf8(filter.Caption), FromUtf8(filter.Pattern));
+    filters << FilterText(filter);
   }
   dialog.setNameFilters(filters);
   if (question.ActiveFilter < question.Filters.size()) {

@@ -58,9 +58,12 @@ int GetArrayIndex(std::span<QRadioButton* const> options) {
   return found;
 }
 
-void SetArrayIndex(std::span<QRadioButton* const> options, int index) {
-  options[static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(options.size()) - 1))]->setChecked(
-      true);
+bool SetArrayIndex(std::span<QRadioButton* const> options, int index) {
+  if (index < 0 || index >= static_cast<int>(options.size())) {
+    return false;
+  }
+  options[static_cast<std::size_t>(index)]->setChecked(true);
+  return true;
 }
 
 int SpacingUnit(const QWidget& widget) {

@@ -30,9 +30,10 @@ QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent);
 QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent);
 QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent);
 
-// The index of the set button of an option array, 0 if none is set; and the reverse.
+// The index of the set button of an option array, 0 if none is set.
 int GetArrayIndex(std::span<QRadioButton* const> options);
-void SetArrayIndex(std::span<QRadioButton* const> options, int index);
+// Sets the button of that index; false, and none is set, if there is no such button.
+bool SetArrayIndex(std::span<QRadioButton* const> options, int index);
 
 // The gap of all layouts, half the height of the font.
 int SpacingUnit(const QWidget& widget);

@@ -28,7 +28,7 @@ Refusal RefuseRange(ParameterTab tab, const char* control, const char* text) {
 }
 
 Refusal CheckStandard(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kStandard;
+  constexpr auto kTab = ParameterTab::kStandardTab;
   if (N(t.EntryHeight) <= 0) {
     return RefuseRange(kTab, "txtEntryHeight", "Invalid entry height");
   }
@@ -48,7 +48,7 @@ Refusal CheckStandard(const ParameterTexts& t) {
 }
 
 Refusal CheckDefaults(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kDefaults;
+  constexpr auto kTab = ParameterTab::kDefaultsTab;
   if (N(t.CoalStrength) <= 0) {
     return RefuseRange(kTab, "txtCoalStrength", "Invalid in situ coal strength");
   }
@@ -66,7 +66,7 @@ Refusal CheckDefaults(const ParameterTexts& t) {
 
 // Rows A and B are tested from one side gob on, and both send the person to the first slab cut.
 Refusal CheckRows(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kRetreat;
+  constexpr auto kTab = ParameterTab::kRetreatTab;
   if (t.RowC == 1 && N(t.WidthRowC) <= 0) {
     return RefuseRange(kTab, "txtWidthC", "Invalid Pillar Width for Row C");
   }
@@ -95,7 +95,7 @@ struct Gob {
 };
 
 Refusal CheckGob(const Gob& gob) {
-  constexpr auto kTab = ParameterTab::kRetreat;
+  constexpr auto kTab = ParameterTab::kRetreatTab;
   if (N(gob.Extent) < 0) {
     return ParameterRefusal{fmt::format("Invalid extent of {} gob", gob.Word), gob.ExtentKind, kTab,
                             fmt::format("txtExtent{}", gob.Suffix)};
@@ -108,7 +108,7 @@ Refusal CheckGob(const Gob& gob) {
 }
 
 Refusal CheckBarrier(const Gob& gob, const std::string& barrier, const std::string& slabCut) {
-  constexpr auto kTab = ParameterTab::kRetreat;
+  constexpr auto kTab = ParameterTab::kRetreatTab;
   if (N(barrier) < 0) {
     return ParameterRefusal{fmt::format("Invalid extent of barrier of {} gob", gob.Word), RefusalKind::kRange,
                             kTab, fmt::format("txtBarrier{}", gob.Suffix)};
@@ -140,10 +140,10 @@ Refusal CheckEntries(const ParameterTexts& t) {
   for (int i = 1; i < EntriesOf(t); ++i) {
     const std::string control = fmt::format("txtXcutCenters({})", i);
     if (N(t.XcutCenters[i]) <= 0) {
-      return RefuseRange(ParameterTab::kStandard, control.c_str(), "Invalid entry spacing");
+      return RefuseRange(ParameterTab::kStandardTab, control.c_str(), "Invalid entry spacing");
     }
     if (N(t.EntryWidth) >= N(t.XcutCenters[i])) {
-      return RefuseRange(ParameterTab::kStandard, control.c_str(),
+      return RefuseRange(ParameterTab::kStandardTab, control.c_str(),
                          "Entry spacing should be more than Entry Width");
     }
   }

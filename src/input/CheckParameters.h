@@ -9,14 +9,14 @@
 namespace korva {
 
 // The tabs of the parameters form.
-enum class ParameterTab { kStandard, kDefaults, kRetreat };
+enum class ParameterTab { kStandardTab, kDefaultsTab, kRetreatTab };
 
 enum class RefusalKind { kRange, kLogic };
 
 struct ParameterRefusal {
   std::string Text;
   RefusalKind Kind = RefusalKind::kRange;
-  ParameterTab Tab = ParameterTab::kStandard;
+  ParameterTab Tab = ParameterTab::kStandardTab;
   std::string Control;  // that gets the focus
 };
 

@@ -1,4 +1,4 @@
-#include "input/PanelPicture.h"
+#include "plan/PanelPicture.h"
 
 #include "core/RuntimeError.h"
 

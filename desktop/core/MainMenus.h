@@ -1,0 +1,52 @@
+// The menus, toolbar buttons and shortcuts of the main window, by the names and indexes of their commands.
+#pragma once
+
+#include <QAction>
+#include <QMenuBar>
+#include <QToolBar>
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "core/Settings.h"
+
+class QMainWindow;
+
+namespace korva::desktop {
+
+// The menus and what each of their groups does when one of its items is chosen.
+class MainMenus {
+ public:
+  using Command = std::function<void(int index)>;
+  struct Commands {
+    Command File;    // mnuFileItem
+    Command Recent;  // mnuFileArray
+    Command Edit;    // mnuEditItem
+    Command Calc;    // mnuCalcItem
+    Command Graph;   // mnuCalcGrafItem
+    Command Util;    // mnuUtilItem
+    Command Help;    // mnuHelpItem
+  };
+
+  MainMenus(QMainWindow& window, const Commands& commands);
+
+  // The item `index` of the group `array`, such as "mnuFileItem".
+  QAction& Item(const char* array, int index) const;
+  // The caption of an item as the menu shows it.
+  std::string CaptionOf(const char* array, int index) const;
+
+  void ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions);
+
+  QToolBar& ToolBar() const { return *toolBar_; }
+  // Draws the toolbar's images anew, in the colours of the window's palette.
+  void PaintImages(const QPalette& palette);
+
+ private:
+  void AddToolBar(QMainWindow& window, const Commands& commands);
+
+  std::map<QString, QAction*> items_;
+  QToolBar* toolBar_ = nullptr;
+};
+
+}  // namespace korva::desktop

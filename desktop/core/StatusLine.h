@@ -1,0 +1,25 @@
+// The line at the bottom of the main window: file, units, model, saved or not, and a remark.
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include "core/Korva.h"
+
+namespace korva::desktop {
+
+class StatusLine : public QStatusBar {
+ public:
+  explicit StatusLine(QWidget* parent);
+
+  void Show(const Korva& korva);
+
+ private:
+  QLabel* file_;
+  QLabel* remark_;
+  QLabel* units_;
+  QLabel* model_;
+  QLabel* saved_;
+};
+
+}  // namespace korva::desktop

@@ -1,0 +1,369 @@
+#include "desktop/core/frmMain.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "commands/Attempt.h"
+#include "commands/Calculate.h"
+#include "commands/FileCommands.h"
+#include "commands/SettingsCommands.h"
+#include "core/Version.h"
+#include "desktop/core/ProjectCard.h"
+#include "desktop/core/StatusLine.h"
+#include "desktop/core/TitlePicture.h"
+#include "desktop/files/frmSet.h"
+#include "desktop/input/frmKORVADesc.h"
+#include "desktop/input/frmKORVAParm.h"
+#include "desktop/reports/frmResTxtPlt.h"
+#include "desktop/services/FontChoice.h"
+#include "desktop/services/frmDisclaimer.h"
+#include "desktop/support/FormTools.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kRecoveryInterval = 10'000;  // milliseconds
+constexpr int kHistoryLines = 5;
+constexpr const char* kTag = "KORVA";
+
+enum FileIndex { kNew, kOpen, kSave, kSaveAs, kPrint = 8, kExit = 13 };
+enum UtilIndex { kSettings, kFileConversion = 3, kClearHistory = 5, kToggleHistory, kCopyHistory };
+constexpr int kDisclaimer = 6;
+constexpr int kBarrierGraphs[] = {4, 6};
+constexpr int kSecondBarrierGraph = 5;
+
+QString DroppedFile(const QMimeData* data) {
+  const auto urls = data->urls();
+  return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+}
+
+}  // namespace
+
+frmMain::frmMain(Korva& korva, Ports& ports)
+    : korva_(korva),
+      ports_(ports),
+      session_{korva, ports, *this},
+      recovery_(korva),
+      fileMenu_(korva, ports, recovery_),
+      menus_(*this, Commands()) {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowTitle(QStringLiteral("KORVA-STROND"));
+  setAcceptDrops(true);
+  BuildBody();
+  menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
+  korva_.SessionHistory.Changed = [this] { ShowHistory(); };
+  ApplyDisplaySettings();
+  CenterForm(*this);
+  connect(&recoveryTimer_, &QTimer::timeout, this, [this] { recovery_.KeepCopy(); });
+  recoveryTimer_.start(kRecoveryInterval);
+}
+
+frmMain::~frmMain() {
+  korva_.SessionHistory.Changed = nullptr;
+}
+
+MainMenus::Commands frmMain::Commands() {
+  const auto run = [this](void (frmMain::*command)(int)) {
+    return [this, command](int index) { Run([this, command, index] { (this->*command)(index); }); };
+  };
+  MainMenus::Commands commands;
+  commands.File = run(&frmMain::FileItem);
+  commands.Recent = [this](int index) { Run([this, index] { AfterOpening(fileMenu_.OpenRecent(index)); }); };
+  commands.Edit = run(&frmMain::EditItem);
+  commands.Calc = run(&frmMain::CalcItem);
+  commands.Graph = [this](int index) { SayNotBuilt("mnuCalcGrafItem", index); };
+  commands.Util = run(&frmMain::UtilItem);
+  commands.Help = run(&frmMain::HelpItem);
+  return commands;
+}
+
+void frmMain::BuildBody() {
+  auto* picture = new TitlePicture(this);
+  picture->setObjectName(QStringLiteral("Picture1"));
+  card_ = new ProjectCard(this);
+  middle_ = new QStackedWidget(this);
+  middle_->addWidget(picture);
+  middle_->addWidget(card_);
+
+  lblVer_ = NewLabel(QStringLiteral("lblVer"), FromUtf8(ProgramVersionText(true)), this);
+  lblVer_->setAlignment(Qt::AlignRight);
+  lblVer_->setAccessibleName(QStringLiteral("Program version"));
+
+  txtMain_ = new QPlainTextEdit(this);
+  txtMain_->setObjectName(QStringLiteral("txtMain"));
+  txtMain_->setAccessibleName(QStringLiteral("History"));
+  txtMain_->setReadOnly(true);
+  QPalette grey = txtMain_->palette();
+  grey.setColor(QPalette::Base, QColor(0xc0, 0xc0, 0xc0));
+  grey.setColor(QPalette::Text, Qt::black);
+  txtMain_->setPalette(grey);
+
+  auto* body = new QWidget(this);
+  auto* layout = new QVBoxLayout(body);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(lblVer_);
+  layout->addWidget(middle_, 1);
+  layout->addWidget(txtMain_);
+  setCentralWidget(body);
+  status_ = new StatusLine(this);
+  setStatusBar(status_);
+}
+
+bool frmMain::AcceptDisclaimer() {
+  if (korva_.Preferences.ShowDisclaim != 1) {
+    return true;
+  }
+  frmDisclaimer disclaimer(session_);
+  disclaimer.exec();
+  if (!disclaimer.Accepted()) {
+    recovery_.EndCleanly();
+  }
+  return disclaimer.Accepted();
+}
+
+void frmMain::Begin(const std::string& file) {
+  FileNew(korva_, true, true);
+  Refresh();
+  SetGraphMenu();
+  show();
+  Run([this] { recovery_.OfferCopies(ports_.Messages); });
+  Refresh();
+  const RecentFiles& recent = korva_.Preferences.FileMenu;
+  if (korva_.Preferences.LoadLastInputFile == 1 && !recent.LastFileLong[1].empty()) {
+    Run([this] { AfterOpening(fileMenu_.OpenRecent(1)); });
+  }
+  if (!file.empty()) {
+    Run([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
+  }
+}
+
+void frmMain::Run(const std::function<void()>& command) {
+  Attempt(korva_, ports_.Messages, command);
+  Refresh();
+}
+
+void frmMain::SayNotBuilt(const char* array, int index) {
+  ShowMessage(korva_, ports_.Messages, {.text = NotBuiltText(menus_.CaptionOf(array, index)), .title = {}});
+}
+
+void frmMain::FileItem(int index) {
+  switch (index) {
+    case kNew:
+      fileMenu_.New();
+      Refresh();
+      if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+        EditItem(0);
+      }
+      break;
+    case kOpen:
+      AfterOpening(fileMenu_.Open());
+      break;
+    case kSave:
+    case kSaveAs:
+      fileMenu_.Save(index == kSaveAs);
+      break;
+    case kExit:
+      close();
+      return;
+    default:
+      if (!menus_.Item("mnuFileItem", index).isSeparator()) {
+        SayNotBuilt("mnuFileItem", index);
+      }
+      break;
+  }
+  menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
+  SetGraphMenu();
+}
+
+void frmMain::AfterOpening(bool opened) {
+  menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
+  SetGraphMenu();
+  Refresh();
+  if (!opened) {
+    return;
+  }
+  for (const FileNotice& notice : korva_.FileNotices) {
+    HistoryLog(korva_.SessionHistory, korva_.Preferences,
+               "Line " + std::to_string(notice.line) + " of the file: " + notice.text);
+  }
+  if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+    EditParameters();
+  }
+}
+
+void frmMain::EditItem(int index) {
+  if (index == 1) {
+    EditParameters();
+    return;
+  }
+  frmKORVADesc form(session_, this);
+  form.exec();
+}
+
+void frmMain::EditParameters() {
+  const BusyPointer busy(ports_.Busy);
+  auto* form = new frmKORVAParm(session_);
+  SetInputEnabled(false);
+  form->show();
+}
+
+void frmMain::CalcItem(int index) {
+  if (index == 0 && CalculateStabilityFactors(korva_, ports_.Messages)) {
+    ShowResults(this);
+  }
+}
+
+void frmMain::ShowResults(QWidget* returnTo) {
+  SetInputEnabled(false);
+  (new frmResTxtPlt(session_, returnTo))->show();
+}
+
+void frmMain::UtilItem(int index) {
+  switch (index) {
+    case kSettings: {
+      frmSet form(session_, this);
+      form.exec();
+      break;
+    }
+    case kFileConversion:
+      if (korva_.ProjectEmpty) {
+        ShowMessage(korva_, ports_.Messages, {.text = "Current file is empty", .title = {}});
+      } else if (!korva_.ProjectSaved) {
+        ShowMessage(korva_, ports_.Messages,
+                    {.text = "Save Current File before accessing this option", .title = {}});
+      } else {
+        SayNotBuilt("mnuUtilItem", index);
+      }
+      break;
+    case kClearHistory:
+      korva_.SessionHistory.Text.clear();
+      ShowHistory();
+      break;
+    case kToggleHistory:
+      ToggleHistory();
+      break;
+    case kCopyHistory:
+      ports_.Clipboard.SetText(korva_.SessionHistory.Text);
+      break;
+    default:
+      SayNotBuilt("mnuUtilItem", index);
+  }
+}
+
+void frmMain::ToggleHistory() {
+  const bool visible = txtMain_->isHidden();
+  txtMain_->setVisible(visible);
+  menus_.Item("mnuUtilItem", kToggleHistory)
+      .setText(visible ? QStringLiteral("Close History &Window") : QStringLiteral("Restore History &Window"));
+  menus_.Item("mnuUtilItem", kCopyHistory).setEnabled(visible);
+}
+
+void frmMain::HelpItem(int index) {
+  if (index != kDisclaimer) {
+    SayNotBuilt("mnuHelpItem", index);
+    return;
+  }
+  frmDisclaimer disclaimer(session_, this);
+  disclaimer.exec();
+  if (!disclaimer.Accepted()) {
+    EndByDisclaimer();
+  }
+}
+
+// No question here; unsaved work is offered at the next start.
+void frmMain::EndByDisclaimer() {
+  recovery_.KeepDroppedWork(korva_.ProjectFileName);
+  recovery_.EndCleanly();
+  QCoreApplication::quit();
+}
+
+void frmMain::Refresh() {
+  setWindowTitle(QStringLiteral("%1: %2%3")
+                     .arg(QLatin1String(kTag), FromUtf8(CaptionFileName(korva_.ProjectFileName)),
+                          QLatin1String(korva_.ProjectSaved ? "" : "*")));
+  middle_->setCurrentIndex(korva_.ProjectEmpty ? 0 : 1);
+  if (!korva_.ProjectEmpty) {
+    card_->Show(korva_);
+  }
+  status_->Show(korva_);
+}
+
+void frmMain::ShowHistory() {
+  txtMain_->setPlainText(FromUtf8(korva_.SessionHistory.Text));
+  txtMain_->moveCursor(QTextCursor::End);
+}
+
+void frmMain::ApplyDisplaySettings() {
+  const Settings& settings = korva_.Preferences;
+  const QFont font = FontOf(settings.DisplayFont);
+  txtMain_->setFont(font);
+  txtMain_->setFixedHeight(QFontMetrics(font).lineSpacing() * kHistoryLines + 2 * SpacingUnit(*this));
+  const bool history = settings.DisplayHistoryWin == 1;
+  txtMain_->setVisible(history);
+  for (const int item : {kClearHistory, kToggleHistory, kCopyHistory}) {
+    menus_.Item("mnuUtilItem", item).setEnabled(history);
+  }
+  menus_.Item("mnuUtilItem", kToggleHistory).setText(QStringLiteral("Close History &Window"));
+  setWindowState(settings.MaxMainMenu == 1 ? Qt::WindowMaximized : Qt::WindowNoState);
+  menus_.ToolBar().setVisible(settings.EnableMainMenuToolbar == 1);
+}
+
+void frmMain::SetGraphMenu() {
+  const BarrierGraphs graphs = GraphsOf(korva_.ProjectCalc);
+  for (const int item : kBarrierGraphs) {
+    menus_.Item("mnuCalcGrafItem", item).setEnabled(graphs.First);
+  }
+  menus_.Item("mnuCalcGrafItem", kSecondBarrierGraph).setEnabled(graphs.Second);
+}
+
+void frmMain::SetInputEnabled(bool enabled) {
+  setEnabled(enabled);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  bool mayExit = false;
+  if (isEnabled()) {
+    Run([this, &mayExit] { mayExit = fileMenu_.MayExit(); });
+  }
+  if (!mayExit) {
+    event->ignore();
+    return;
+  }
+  SaveSettings(korva_, SettingsSection::kFileMenu);
+  recovery_.EndCleanly();
+  event->accept();
+  QCoreApplication::quit();
+}
+
+void frmMain::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    menus_.PaintImages(palette());
+  }
+  QMainWindow::changeEvent(event);
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+  if (QFileInfo(DroppedFile(event->mimeData())).isFile()) {
+    event->acceptProposedAction();
+  }
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+  const std::string file = DroppedFile(event->mimeData()).toStdString();
+  if (!file.empty()) {
+    event->acceptProposedAction();
+    Run([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
+  }
+}
+
+}  // namespace korva::desktop

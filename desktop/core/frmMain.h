@@ -1,0 +1,80 @@
+// The main window: menus, toolbar, the open project's card, the history. It opens the other windows and runs
+// the commands; it computes nothing.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <memory>
+
+#include "commands/FileMenu.h"
+#include "commands/Recovery.h"
+#include "desktop/core/MainMenus.h"
+#include "desktop/support/Session.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QStackedWidget;
+
+namespace korva::desktop {
+
+class ProjectCard;
+class StatusLine;
+
+class frmMain final : public QMainWindow, public MainWindow {
+  Q_OBJECT
+
+ public:
+  frmMain(Korva& korva, Ports& ports);
+  ~frmMain() override;
+
+  // Shows the disclaimer if the settings ask for it. False if it was refused: the program ends then.
+  bool AcceptDisclaimer();
+  // An empty project, the window on the screen, then kept work, the last file or `file`, in this order.
+  void Begin(const std::string& file);
+
+  void Refresh() override;
+  void ApplyDisplaySettings() override;
+  void EditParameters() override;
+  void ShowResults(QWidget* returnTo) override;
+  void SetInputEnabled(bool enabled) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  MainMenus::Commands Commands();
+  void BuildBody();
+  // Runs a command; a run-time error ends here.
+  void Run(const std::function<void()>& command);
+
+  void FileItem(int index);
+  void EditItem(int index);
+  void CalcItem(int index);
+  void UtilItem(int index);
+  void HelpItem(int index);
+  void SayNotBuilt(const char* array, int index);
+
+  void AfterOpening(bool opened);
+  void SetGraphMenu();
+  void ShowHistory();
+  void ToggleHistory();
+  void EndByDisclaimer();
+
+  Korva& korva_;
+  Ports& ports_;
+  Session session_;
+  Recovery recovery_;
+  FileMenu fileMenu_;
+  MainMenus menus_;
+  QPlainTextEdit* txtMain_ = nullptr;
+  QLabel* lblVer_ = nullptr;
+  QStackedWidget* middle_ = nullptr;
+  ProjectCard* card_ = nullptr;
+  StatusLine* status_ = nullptr;
+  QTimer recoveryTimer_;
+};
+
+}  // namespace korva::desktop

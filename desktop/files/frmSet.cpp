@@ -1,0 +1,303 @@
+#include "desktop/files/frmSet.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+#include "commands/Attempt.h"
+#include "commands/SettingsCommands.h"
+#include "core/NumberText.h"
+#include "core/Tables.h"
+#include "desktop/services/FontChoice.h"
+#include "desktop/services/frmPath.h"
+#include "files/PlatformFile.h"
+#include "input/FieldNumber.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kTitleSlot = 10;
+constexpr const char* kDefaultEditor = "Notepad.exe";
+
+// A check box, its caption, what it means, and its setting.
+struct CheckRow {
+  const char* Name;
+  const char* Caption;
+  const char* ToolTip;
+  std::int16_t Settings::*Value;
+};
+constexpr std::array<CheckRow, 9> kChecks = {{
+    {"chkDispHist", "Display command history window", "Keeps and shows the history of commands and messages",
+     &Settings::DisplayHistoryWin},
+    {"chkMaxMenu", "Maximize main window", "Starts with the main window as large as the screen",
+     &Settings::MaxMainMenu},
+    {"chkEnableTB", "Enable main menu toolbar", "Shows the buttons below the menu",
+     &Settings::EnableMainMenuToolbar},
+    {"chkShowDiscl", "Show disclaimer at start", "Asks for acceptance of the disclaimer at each start",
+     &Settings::ShowDisclaim},
+    {"chkKeepRecentFL", "Keep recent filelist", "Lists the last four projects in the file menu",
+     &Settings::KeepFileNames},
+    {"chkShortNames", "Short names in  file list", "Lists recent projects without their folders",
+     &Settings::ShortRecentFiles},
+    {"chkLoadLastInputFile", "Load last input file", "Opens the latest recent project at the start",
+     &Settings::LoadLastInputFile},
+    {"chkCopyExamples", "Copy example files", "Copies missing example projects at the start",
+     &Settings::CopyExampleFiles},
+    {"chkUpdate", "Remind of annual updates", "Kept for later versions", &Settings::RemindAnnualUpdates},
+}};
+
+}  // namespace
+
+frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+  setObjectName(QStringLiteral("frmSet"));
+  setWindowTitle(QStringLiteral("Settings"));
+  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Settings");
+  Build();
+  Wire();
+  Load();
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+FieldBox* frmSet::NewBox(const char* name, const char* caption, const char* explanation) {
+  auto* box = new FieldBox(QLatin1String(name), 0, this);
+  box->Explain(QLatin1String(caption), QLatin1String(explanation));
+  return box;
+}
+
+void frmSet::Build() {
+  for (const CheckRow& row : kChecks) {
+    checks_[row.Name] = NewCheckBox(row.Name, QLatin1String(row.Caption), this);
+    checks_[row.Name]->setToolTip(QLatin1String(row.ToolTip));
+  }
+  auto* grid = new QGridLayout;
+  grid->addWidget(UnitsFrame(), 0, 0);
+  grid->addWidget(WindowFrame(), 1, 0);
+  grid->addWidget(FilesFrame(), 0, 1, 2, 1);
+  grid->addWidget(EditorFrame(), 2, 0, 1, 2);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addLayout(grid);
+  all->addStretch();
+  all->addLayout(Buttons());
+}
+
+QGroupBox* frmSet::UnitsFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Default units"), this);
+  auto* column = new QVBoxLayout(frame);
+  for (std::size_t i = 0; i < units_.size(); ++i) {
+    units_[i] = NewOption(IndexedName("optUnits", static_cast<int>(i)), FromUtf8(UnitSummary[i]), frame);
+    units_[i]->setToolTip(QStringLiteral("Units of new projects"));
+    column->addWidget(units_[i]);
+  }
+  return frame;
+}
+
+QGroupBox* frmSet::WindowFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Main window"), this);
+  size_ = NewBox("Text3", "Size of Command History Window",
+                 "Characters that the history keeps. Accepted: 4096 to 16384.");
+  font_ = NewButton("Command5", QStringLiteral("&History Font"), this);
+  font_->setToolTip(QStringLiteral("Font of the history, applied at once"));
+  auto* label =
+      NewLabel(QStringLiteral("lblHistorySize"), QStringLiteral("History size (characters)"), frame);
+  label->setBuddy(size_);
+  auto* grid = new QGridLayout(frame);
+  grid->addWidget(checks_["chkDispHist"], 0, 0, 1, 2);
+  grid->addWidget(label, 1, 0);
+  grid->addWidget(size_, 1, 1);
+  grid->addWidget(font_, 2, 1);
+  int line = 3;
+  for (const char* name : {"chkMaxMenu", "chkEnableTB", "chkShowDiscl"}) {
+    grid->addWidget(checks_[name], line++, 0, 1, 2);
+  }
+  return frame;
+}
+
+QGroupBox* frmSet::FilesFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Files"), this);
+  extension_ = NewBox("Text1", "Default extension for data files",
+                      "Extension of project files. Accepted: letters A to Z and digits, or nothing.");
+  path_ = NewBox("Text2", "Path for data files",
+                 "Folder that the file dialogs open in. Accepted: a folder that exists.");
+  path_->setMinimumWidth(QFontMetrics(path_->font()).averageCharWidth() * 48);
+  auto* setPath = NewButton("cmdSetPath", QStringLiteral("Set / Change Path"), this);
+  setPath->setToolTip(QStringLiteral("Chooses the folder from the disk"));
+  connect(setPath, &QPushButton::clicked, this, &frmSet::ChoosePath);
+  auto* grid = new QGridLayout(frame);
+  auto* extensionLabel =
+      NewLabel(QStringLiteral("lblExtension"), QStringLiteral("Default extension for data files:"), frame);
+  extensionLabel->setBuddy(extension_);
+  auto* pathLabel = NewLabel(QStringLiteral("lblDataPath"), QStringLiteral("Path for data files:"), frame);
+  pathLabel->setBuddy(path_);
+  grid->addWidget(extensionLabel, 0, 0);
+  grid->addWidget(extension_, 0, 1);
+  grid->addWidget(pathLabel, 1, 0);
+  grid->addWidget(setPath, 1, 1);
+  grid->addWidget(path_, 2, 0, 1, 2);
+  int line = 3;
+  for (const char* name :
+       {"chkKeepRecentFL", "chkShortNames", "chkLoadLastInputFile", "chkCopyExamples", "chkUpdate"}) {
+    grid->addWidget(checks_[name], line++, 0, 1, 2);
+  }
+  grid->setRowStretch(line, 1);
+  return frame;
+}
+
+QGroupBox* frmSet::EditorFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("External editor"), this);
+  editor_ =
+      NewBox("Text4", "External editor", "Program that shows text files. Accepted: the name of a program.");
+  auto* label = NewLabel(QStringLiteral("lblEditor"), QStringLiteral("Program:"), frame);
+  label->setBuddy(editor_);
+  auto* standard = NewButton("cmdSetDefault", QStringLiteral("Set Default"), this);
+  standard->setToolTip(QStringLiteral("Puts the usual program back"));
+  auto* select = NewButton("cmdSelect", QStringLiteral("&Select"), this);
+  select->setToolTip(QStringLiteral("Chooses a program from the disk"));
+  connect(standard, &QPushButton::clicked, this, [this] { editor_->Fill(kDefaultEditor); });
+  connect(select, &QPushButton::clicked, this, &frmSet::ChooseEditor);
+  auto* row = new QHBoxLayout(frame);
+  for (QWidget* widget : std::initializer_list<QWidget*>{label, editor_, standard, select}) {
+    row->addWidget(widget);
+  }
+  return frame;
+}
+
+QBoxLayout* frmSet::Buttons() {
+  QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
+  QPushButton* cancel = NewButton("cmdCancel", QStringLiteral("Cancel"), this);
+  QPushButton* help = NewButton("cmdHelp", QStringLiteral("Help"), this);
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &frmSet::Check);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+  return NewButtonRow(help, {ok, cancel});
+}
+
+void frmSet::Load() {
+  const Settings& settings = session_.State.Preferences;
+  SetArrayIndex(units_, settings.DefaultUnits);
+  for (const CheckRow& row : kChecks) {
+    checks_[row.Name]->setChecked(settings.*row.Value == 1);
+  }
+  size_->Fill(std::to_string(settings.MaxDisplaySize));
+  size_->setEnabled(settings.DisplayHistoryWin == 1);
+  font_->setEnabled(settings.DisplayHistoryWin == 1);
+  checks_["chkShortNames"]->setEnabled(settings.KeepFileNames == 1);
+  editor_->Fill(settings.ExternalEditor);
+  path_->Fill(settings.DataPath);
+  extension_->Fill(settings.FileExtension);
+  loading_ = false;
+}
+
+void frmSet::Wire() {
+  connect(checks_["chkDispHist"], &QCheckBox::toggled, this, [this](bool on) {
+    size_->setEnabled(on);
+    font_->setEnabled(on);
+  });
+  connect(checks_["chkKeepRecentFL"], &QCheckBox::toggled, checks_["chkShortNames"], &QWidget::setEnabled);
+  const auto say = [this](std::string text, std::string title) {
+    if (!loading_) {
+      ShowMessage(session_.State, session_.Outside.Messages,
+                  {.text = std::move(text), .title = std::move(title)});
+    }
+  };
+  connect(checks_["chkShortNames"], &QCheckBox::toggled, this,
+          [say] { say("Option will take effect upon restarting this program", "Message"); });
+  connect(checks_["chkCopyExamples"], &QCheckBox::toggled, this, [this, say](bool on) {
+    if (on) {
+      say("When this option is enabled, every time the program runs, it will try to copy the example files from the "
+          "install directory to the " +
+              session_.State.Places.ProductFolder +
+              " directory. The modified files will not be overridden, but missing files will be replaced. ",
+          {});
+    }
+  });
+  connect(extension_, &QLineEdit::textChanged, this, &frmSet::ExtensionTyped);
+  connect(font_, &QPushButton::clicked, this, &frmSet::ChooseFont);
+}
+
+void frmSet::ExtensionTyped(const QString& text) {
+  if (text != text.toUpper()) {
+    const int cursor = extension_->cursorPosition();
+    extension_->setText(text.toUpper());
+    extension_->setCursorPosition(cursor);
+  }
+}
+
+void frmSet::ChooseFont() {
+  if (ChooseScreenFont(session_.State.Preferences.DisplayFont, *this)) {
+    session_.Main.ApplyDisplaySettings();
+  }
+}
+
+// The extension of project files stays that of programs if the dialog is then closed with Cancel.
+void frmSet::ChooseEditor() {
+  std::string& extension = session_.State.Preferences.FileExtension;
+  extension = "EXE";
+  FileQuestion question;
+  question.Title = "Select External Editor";
+  question.Filters = {{"All Files (*.*)", "*"}, {"Editor Programs (*." + extension + ")", "*." + extension}};
+  question.ActiveFilter = 1;
+  Attempt(session_.State, session_.Outside.Messages, [&] {
+    if (const auto chosen = session_.Outside.Files.ChooseFile(question)) {
+      editor_->Fill(*chosen);
+    }
+  });
+}
+
+void frmSet::ChoosePath() {
+  session_.State.Places.LastPath = path_->Text();
+  frmPath form(session_, this);
+  form.exec();
+  path_->Fill(session_.State.Places.LastPath);
+}
+
+SettingsTexts frmSet::Texts() const {
+  return {path_->Text(), size_->Text(), extension_->Text()};
+}
+
+void frmSet::Check() {
+  const auto refusal = CheckSettings(Texts(), FolderExists);
+  if (!refusal) {
+    accept();
+    return;
+  }
+  const MessageTitles& titles = session_.State.Titles;
+  using Kind = SettingsRefusal::Kind;
+  const std::string& title = refusal->Title == Kind::kError   ? titles.TitleError
+                             : refusal->Title == Kind::kRange ? titles.TitleRangeError
+                                                              : titles.TitleInvalidCharacter;
+  ShowMessage(session_.State, session_.Outside.Messages,
+              {refusal->Text, MessageButtons::kOk, MessageIcon::kCritical, title});
+  findChild<FieldBox*>(FromUtf8(refusal->Control))->ShowRefused(FromUtf8(refusal->Text));
+}
+
+void frmSet::Store() {
+  Settings& settings = session_.State.Preferences;
+  settings.DefaultUnits = static_cast<std::int16_t>(GetArrayIndex(units_));
+  for (const CheckRow& row : kChecks) {
+    settings.*row.Value = checks_[row.Name]->isChecked() ? 1 : 0;
+  }
+  settings.MaxDisplaySize = static_cast<std::int16_t>(RoundHalfEven(FieldNumber(size_->Text()), 0));
+  settings.ExternalEditor = editor_->Text();
+  settings.DataPath = FolderText(path_->Text());
+  settings.FileExtension = extension_->Text();
+}
+
+void frmSet::done(int result) {
+  Korva& korva = session_.State;
+  if (result == Accepted) {
+    Store();
+    session_.Main.ApplyDisplaySettings();
+    HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Modified");
+    SaveSettings(korva, SettingsSection::kSettings);
+  } else {
+    HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Not Modified");
+  }
+  QDialog::done(result);
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,74 @@
+// The parameters form "Input Project Parameters": the one window in which a panel is described.
+#pragma once
+
+#include <QDialog>
+#include <QTimer>
+#include <functional>
+#include <optional>
+
+#include "core/Project.h"
+#include "desktop/input/frmKORVAParmControls.h"
+#include "desktop/support/Session.h"
+#include "input/ParameterTexts.h"
+
+namespace korva::desktop {
+
+class frmKORVAParm final : public QDialog {
+  Q_OBJECT
+
+ public:
+  // Fills itself from the open project. Deletes itself when it is closed.
+  explicit frmKORVAParm(Session& session, QWidget* parent = nullptr);
+
+  // What stands in the form now.
+  ParameterTexts Texts() const;
+  // The project as it would be after OK, or nothing while nothing has changed.
+  std::optional<StoredProject> Draft() const;
+
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Load();
+  void Wire();
+  void WireWarnings();
+
+  // Rules of dependent fields.
+  void UpdateArch();
+  void UpdateAMZ();
+  void UpdateRatio();
+  void CenterChanged(int index);
+  void EntriesChosen();
+  void ApplyEqual();
+  void AutomaticClicked(const char* check, const char* box, const std::string& warning);
+  void RowClicked(const char* check, const char* slabCut, std::string_view message);
+  void UpdateRowWidth(const char* check, const char* label, const char* box);
+  void UpdateRowState(const char* barrier, const char* check);
+  void ShowEntryFields(int entries);
+  void ShowConditionFields();
+  void ShowPanelPicture();
+
+  void WarnOnLeaving(const std::optional<std::string>& warning);
+  void Say(const std::string& text);
+  void Run(const std::function<void()>& step);
+  bool CheckAndShow();
+  void StoreCalcParameters();
+
+  void Accept();
+  void Results();
+  void View();
+  void CopyClip();
+
+  std::int16_t Condition() const;
+
+  Session& session_;
+  frmKORVAParmControls ui_;
+  QTimer timer_;
+  bool loading_ = true;
+  bool acceptOnClose_ = false;
+  bool warningShown_ = false;
+};
+
+}  // namespace korva::desktop

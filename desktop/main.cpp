@@ -1,0 +1,156 @@
+// The desktop program.
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QStandardPaths>
+#include <cstdio>
+#include <functional>
+#include <string_view>
+
+#include "commands/Attempt.h"
+#include "commands/StartUp.h"
+#include "core/ClassifyError.h"
+#include "core/Version.h"
+#include "desktop/core/frmMain.h"
+#include "desktop/services/QtPorts.h"
+#include "desktop/support/FormTools.h"
+#include "desktop/support/Icons.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: korva-strond [FILE]\n"
+    "\n"
+    "Judges the stability of coal pillars in room-and-pillar retreat mining. FILE is a project to open.\n"
+    "\n"
+    "  --help     show this text\n"
+    "  --version  show the version\n";
+
+// The last net for run-time errors that no command has caught.
+class Application final : public QApplication {
+ public:
+  Application(int& argc, char** argv) : QApplication(argc, argv) {}
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const RuntimeError& error) {
+      Report(error);
+    } catch (const std::bad_alloc&) {
+      Report(RuntimeError(ErrorNumber::kOutOfMemory));
+    } catch (const std::exception& error) {
+      Report(RuntimeError(ErrorNumber::kInvalidCall, error.what()));
+    }
+    return true;
+  }
+
+  std::function<void(const RuntimeError&)> Report = [](const RuntimeError&) {};
+};
+
+// The first of the usual fonts that the screen has.
+std::string BestFont() {
+  const QStringList families = QFontDatabase::families();
+  for (const char* name : {"Arial", "Courier New", "System", "Terminal"}) {
+    if (families.contains(QLatin1String(name))) {
+      return name;
+    }
+  }
+  return families.isEmpty() ? std::string() : families.constFirst().toStdString();
+}
+
+// The shipped examples: beside an installed program, or in the folders above one that was just built.
+QString ExamplesFolder(const QString& programFolder) {
+  QDir folder(programFolder);
+  const QString installed = folder.filePath(QStringLiteral("../share/korva-strond/examples"));
+  if (QFileInfo(installed).isDir()) {
+    return installed;
+  }
+  static constexpr int kLevelsOfABuild = 4;
+  for (int level = 0; level < kLevelsOfABuild; ++level) {
+    const QString built = folder.filePath(QStringLiteral("examples"));
+    if (QFileInfo(built).isDir()) {
+      return built;
+    }
+    if (!folder.cdUp()) {
+      break;
+    }
+  }
+  return {};
+}
+
+MachineFolders FoldersOfThisMachine() {
+  const auto place = [](QStandardPaths::StandardLocation location) {
+    return QStandardPaths::writableLocation(location).toStdString();
+  };
+  const QString program = QCoreApplication::applicationDirPath();
+  MachineFolders machine;
+  machine.AppPath = program.toStdString();
+  machine.Examples = ExamplesFolder(program).toStdString();
+  machine.Documents = place(QStandardPaths::DocumentsLocation);
+  machine.Desktop = place(QStandardPaths::DesktopLocation);
+  machine.DataHome = place(QStandardPaths::GenericDataLocation);
+  machine.StateHome = machine.DataHome + "/korva-strond/sessions";
+  machine.SystemTemp = place(QStandardPaths::TempLocation);
+  return machine;
+}
+
+// The whole line is one file name, without double quotes.
+std::string FileOfCall(const QStringList& arguments) {
+  QString line = arguments.mid(1).join(QLatin1Char(' ')).remove(QLatin1Char('"'));
+  return line.isEmpty() ? std::string() : QFileInfo(line).absoluteFilePath().toStdString();
+}
+
+// Answers what needs no window; false to go on.
+bool AnsweredAtOnce(int argc, char** argv) {
+  const std::string_view word = argc == 2 ? argv[1] : "";
+  if (word == "--help" || word == "-h") {
+    return std::fputs(kUsage, stdout) >= 0;
+  }
+  if (word == "--version") {
+    return std::printf("korva-strond %s\n", ProgramVersionText(true).c_str()) >= 0;
+  }
+  return false;
+}
+
+int RunProgram(Application& application) {
+  Korva korva;
+  QtMessages messages;
+  QtFileChoice files;
+  QtClipboard clipboard;
+  QtBusy busy;
+  Ports ports{messages, files, clipboard, busy};
+  application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
+
+  const std::string file = FileOfCall(QCoreApplication::arguments());
+  StartUp(korva, FoldersOfThisMachine(), BestFont);
+  frmMain main(korva, ports);
+  QDir::setCurrent(QCoreApplication::applicationDirPath());
+  if (!main.AcceptDisclaimer()) {
+    return 0;
+  }
+  main.Begin(file);
+  return QApplication::exec();
+}
+
+}  // namespace
+
+}  // namespace korva::desktop
+
+int main(int argc, char** argv) {
+  using namespace korva::desktop;
+  if (AnsweredAtOnce(argc, argv)) {
+    return 0;
+  }
+  QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  Application application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("korva-strond"));
+  QApplication::setDesktopFileName(QStringLiteral("korva-strond"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  InitResources();
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/korva/korva-strond.svg")));
+  return RunProgram(application);
+}

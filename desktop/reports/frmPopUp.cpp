@@ -1,0 +1,36 @@
+#include "desktop/reports/frmPopUp.h"
+
+#include <QVBoxLayout>
+
+#include "desktop/reports/PageView.h"
+#include "desktop/support/FormTools.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kColumns = 84;
+constexpr int kLines = 24;
+
+}  // namespace
+
+frmPopUp::frmPopUp(std::string_view warnings, QWidget* parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("frmPopUp"));
+  setWindowTitle(FromUtf8(kWarningsTitle));
+  auto* text = new PageView("RichTextBox1", kColumns, kLines, this);
+  text->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+  text->setAccessibleName(QStringLiteral("Warnings"));
+  text->setPlainText(FromUtf8(warnings));
+  QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
+  ok->setDefault(true);
+  ok->setToolTip(QStringLiteral("Closes this window"));
+  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(text, 1);
+  all->addLayout(NewButtonRow(nullptr, {ok}));
+  ok->setFocus();
+  CenterForm(*this);
+}
+
+}  // namespace korva::desktop

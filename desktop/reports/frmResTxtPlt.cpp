@@ -1,0 +1,188 @@
+#include "desktop/reports/frmResTxtPlt.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/Text.h"
+#include "desktop/reports/PageView.h"
+#include "desktop/reports/frmPopUp.h"
+#include "desktop/support/FormTools.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr std::size_t kLongestBoxText = 1024;
+constexpr int kPageLines = 36;
+constexpr int kLeastColumns = 80;
+
+// Characters of the longest line of all pages.
+int LongestLine(const OutputPages& pages) {
+  std::size_t longest = kLeastColumns;
+  for (const std::string& page : pages) {
+    for (std::string_view left = page; !left.empty();) {
+      const SplitLine split = TakeLine(left);
+      longest = std::max(longest, CharacterCount(split.line));
+      left = split.rest;
+    }
+  }
+  return static_cast<int>(longest);
+}
+
+}  // namespace
+
+frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
+    : QDialog(nullptr, Qt::Window), session_(session), returnTo_(returnTo) {
+  setObjectName(QStringLiteral("frmResTxtPlt"));
+  setWindowTitle(QStringLiteral("Results"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  Build();
+  NextPage();
+  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmResTxtPlt::Build() {
+  text_ = new PageView("RichTextBox1", LongestLine(session_.State.OutBuf), kPageLines, this);
+  text_->setAccessibleName(QStringLiteral("Output page"));
+  pageLabel_ = NewLabel(QStringLiteral("lblPage"), {}, this);
+  const auto button = [this](const char* name, const char* caption, const char* tip, auto action) {
+    QPushButton* made = NewButton(name, QLatin1String(caption), this);
+    made->setToolTip(QLatin1String(tip));
+    connect(made, &QPushButton::clicked, this, action);
+    return made;
+  };
+  previous_ = button("Command5", "P&revious Page", "One page back (Ctrl+PgUp)", [this] { PreviousPage(); });
+  next_ = button("cmdNextPage", "&Next Page", "One page forward (Ctrl+PgDown)", [this] { NextPage(); });
+  QPushButton* copyPage =
+      button("cmdCopyPage", "&Copy Page", "Copies this page as text", [this] { CopyPage(); });
+  QPushButton* copyAll = button("cmdCopyAll", "Cop&y All", "Copies all pages as text", [this] { CopyAll(); });
+  QPushButton* printPage = button("Command3", "&Print Page", "Prints this page", [] {});
+  QPushButton* printAll = button("Command6", "Print &All", "Prints all pages", [] {});
+  QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [] {});
+  QPushButton* helpFactors =
+      button("Command10", "Help on Stability Factors", "How to read stability factors", [] {});
+  for (QPushButton* later : {printPage, printAll, view, helpFactors}) {
+    connect(later, &QPushButton::clicked, this, [this, later] { SayNotBuilt(*later); });
+  }
+  QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
+  QPushButton* ok = button("Command1", "OK", "Closes this window", [this] { close(); });
+  next_->setDefault(true);
+
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(text_, 1);
+  auto* paging = new QHBoxLayout;
+  for (QWidget* widget : std::initializer_list<QWidget*>{previous_, next_, pageLabel_}) {
+    paging->addWidget(widget);
+  }
+  paging->addStretch();
+  for (QPushButton* tool : {copyPage, copyAll, printPage, printAll, view}) {
+    paging->addWidget(tool);
+  }
+  all->addLayout(paging);
+  QBoxLayout* row = NewButtonRow(help, {ok});
+  row->insertWidget(1, helpFactors);
+  all->addLayout(row);
+}
+
+void frmResTxtPlt::Loadbuffer() {
+  text_->setPlainText(FromUtf8(session_.State.OutBuf[page_]));
+  pageLabel_->setText(QStringLiteral("Page %1 of 0 to %2").arg(page_).arg(session_.State.OutPageLast));
+}
+
+void frmResTxtPlt::NextPage() {
+  if (page_ < session_.State.OutPageLast) {
+    ++page_;
+    Loadbuffer();
+  }
+  previous_->setEnabled(true);
+  next_->setEnabled(page_ < session_.State.OutPageLast);
+}
+
+void frmResTxtPlt::PreviousPage() {
+  if (page_ >= 1) {
+    --page_;
+    Loadbuffer();
+  }
+  next_->setEnabled(true);
+  previous_->setEnabled(page_ != 0);
+}
+
+void frmResTxtPlt::CopyPage() {
+  session_.Outside.Clipboard.SetText(session_.State.OutBuf[page_]);
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences,
+             "Output page # " + std::to_string(page_) + "copied to clipboard");
+}
+
+void frmResTxtPlt::CopyAll() {
+  std::string all;
+  for (int page = 0; page <= session_.State.OutPageLast; ++page) {
+    all += session_.State.OutBuf[page];
+  }
+  session_.Outside.Clipboard.SetText(all);
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Output copied to clipboard");
+}
+
+void frmResTxtPlt::SayNotBuilt(const QPushButton& button) {
+  ShowMessage(session_.State, session_.Outside.Messages,
+              {.text = NotBuiltText(button.text().toStdString()), .title = {}});
+}
+
+void frmResTxtPlt::showPopWarnings() {
+  const std::string& warnings = session_.State.WarningText;
+  if (warnings.empty()) {
+    return;
+  }
+  if (CharacterCount(warnings) <= kLongestBoxText) {
+    ShowMessage(session_.State, session_.Outside.Messages,
+                {.text = warnings, .title = std::string(kWarningsTitle)});
+    return;
+  }
+  frmPopUp popUp(warnings, this);
+  popUp.exec();
+}
+
+void frmResTxtPlt::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!warned_) {
+    warned_ = true;  // once, when the pages stand behind the warnings
+    next_->setFocus();
+    QTimer::singleShot(0, this, &frmResTxtPlt::showPopWarnings);
+  }
+}
+
+void frmResTxtPlt::keyPressEvent(QKeyEvent* event) {
+  const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
+  if (control && event->key() == Qt::Key_PageDown) {
+    NextPage();
+  } else if (control && event->key() == Qt::Key_PageUp) {
+    PreviousPage();
+  } else {
+    QDialog::keyPressEvent(event);
+  }
+}
+
+void frmResTxtPlt::reject() {
+  close();
+}
+
+void frmResTxtPlt::closeEvent(QCloseEvent* event) {
+  if (returnTo_) {
+    returnTo_->setEnabled(true);
+    returnTo_->show();
+    returnTo_->activateWindow();
+  }
+  session_.Main.Refresh();
+  event->accept();
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,59 @@
+#include "desktop/services/frmDisclaimer.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "commands/SettingsCommands.h"
+#include "core/Text.h"
+#include "core/Version.h"
+#include "desktop/support/FormTools.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kColumns = 76;
+
+}  // namespace
+
+frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      chkShow_(NewCheckBox(
+          "chkShow",
+          QStringLiteral("I accept this disclaimer for this and any subsequent use of this program. "
+                         "Please do not show this disclaimer again."),
+          this)) {
+  setObjectName(QStringLiteral("frmDisclaimer"));
+  setWindowTitle(QStringLiteral("Disclaimer for ") + FromUtf8(ExeName));
+  QLabel* text = NewLabel(QStringLiteral("lblDisclaimer"), FromUtf8(DisclaimerText()), this);
+  text->setFont(FixedPitchFont());
+  text->setWordWrap(true);
+  text->setMinimumWidth(QFontMetrics(text->font()).horizontalAdvance(QLatin1Char('0')) * kColumns);
+  chkShow_->setToolTip(QStringLiteral("The settings bring the disclaimer back"));
+  QPushButton* accept = NewButton("Command1", QStringLiteral("Accept and Continue"), this);
+  accept->setDefault(true);
+  QPushButton* refuse = NewButton("cmdNoAccept", QStringLiteral("Do not Accept and Exit"), this);
+  refuse->setToolTip(QStringLiteral("Ends the program"));
+  connect(accept, &QPushButton::clicked, this, [this] { Accept(); });
+  connect(refuse, &QPushButton::clicked, this, &QDialog::reject);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(text, 1);
+  all->addWidget(chkShow_);
+  all->addLayout(NewButtonRow(nullptr, {accept, refuse}));
+  accept->setFocus();
+  CenterForm(*this);
+}
+
+void frmDisclaimer::Accept() {
+  accepted_ = true;
+  if (chkShow_->isChecked()) {
+    session_.State.Preferences.ShowDisclaim = 0;
+    SaveSettings(session_.State, SettingsSection::kSettings);
+  }
+  accept();
+}
+
+}  // namespace korva::desktop

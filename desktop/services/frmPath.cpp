@@ -1,0 +1,139 @@
+#include "desktop/services/frmPath.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QStorageInfo>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "input/CheckSettings.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kCurrent = 2;
+constexpr int kColumns = 60;
+constexpr int kLines = 16;
+
+}  // namespace
+
+frmPath::frmPath(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+  setObjectName(QStringLiteral("frmPath"));
+  setWindowTitle(QStringLiteral("Select Path"));
+  model_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
+  model_.setRootPath(QDir::rootPath());
+  Build();
+  FillDrives();
+  places_[kCurrent]->setChecked(true);
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmPath::Build() {
+  auto* frame = new QGroupBox(QStringLiteral("Set Path"), this);
+  auto* row = new QHBoxLayout;
+  const Folders& at = session_.State.Places;
+  const std::array<std::pair<const char*, const std::string*>, 4> places = {
+      {{"User home", &at.ProductFolder},
+       {"Application ", &at.AppPath},
+       {"Current", &at.LastPath},
+       {"User temporary", &at.ProductTempFolder}}};
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const QString folder = FromUtf8(*places[i].second);
+    places_[i] =
+        NewOption(IndexedName("Option1", static_cast<int>(i)), QLatin1String(places[i].first), frame);
+    places_[i]->setToolTip(folder);
+    connect(places_[i], &QRadioButton::toggled, this, [this, folder](bool chosen) {
+      if (chosen) {
+        GoTo(folder);
+      }
+    });
+    row->addWidget(places_[i]);
+  }
+  drive_ = new QComboBox(frame);
+  drive_->setObjectName(QStringLiteral("Drive1"));
+  drive_->setAccessibleName(QStringLiteral("Drive"));
+  drive_->setToolTip(QStringLiteral("Mounted volumes"));
+  connect(drive_, &QComboBox::textActivated, this, &frmPath::DriveChosen);
+  folders_ = new QTreeView(frame);
+  folders_->setObjectName(QStringLiteral("Dir1"));
+  folders_->setAccessibleName(QStringLiteral("Folder"));
+  folders_->setToolTip(QStringLiteral("The folder to take"));
+  folders_->setModel(&model_);
+  folders_->setHeaderHidden(true);
+  for (int column = 1; column < model_.columnCount(); ++column) {
+    folders_->hideColumn(column);
+  }
+  const QFontMetrics metrics(folders_->font());
+  folders_->setMinimumSize(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kLines);
+  auto* column = new QVBoxLayout(frame);
+  column->addLayout(row);
+  column->addWidget(drive_);
+  column->addWidget(folders_, 1);
+
+  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
+  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
+  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(frame, 1);
+  all->addLayout(NewButtonRow(help, {ok, cancel}));
+}
+
+void frmPath::FillDrives() {
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    if (volume.isValid() && !volume.device().isEmpty() && volume.device().startsWith('/')) {
+      drive_->addItem(volume.rootPath());
+    }
+  }
+  if (drive_->findText(QDir::rootPath()) < 0) {
+    drive_->insertItem(0, QDir::rootPath());
+  }
+}
+
+// A folder that cannot be read leaves the list where it is.
+void frmPath::GoTo(const QString& folder) {
+  const QModelIndex index = model_.index(folder);
+  if (!index.isValid()) {
+    return;
+  }
+  folders_->setCurrentIndex(index);
+  folders_->expand(index);
+  folders_->scrollTo(index, QAbstractItemView::PositionAtCenter);
+  const int drive = drive_->findText(QStorageInfo(folder).rootPath());
+  if (drive >= 0) {
+    drive_->setCurrentIndex(drive);
+  }
+}
+
+void frmPath::DriveChosen(const QString& root) {
+  if (!QDir(root).isReadable()) {
+    ShowMessage(
+        session_.State, session_.Outside.Messages,
+        {.text = "Windows is unable to read selected drive. Make sure the door is closed and the disk is "
+                 "formatted and free of errors",
+         .title = session_.State.Titles.TitleError});
+    return;
+  }
+  GoTo(root);
+}
+
+QString frmPath::Folder() const {
+  return model_.filePath(folders_->currentIndex());
+}
+
+void frmPath::done(int result) {
+  if (result == Accepted && !Folder().isEmpty()) {
+    session_.State.Places.LastPath = FolderText(Folder().toStdString());
+  }
+  QDialog::done(result);
+}
+
+}  // namespace korva::desktop

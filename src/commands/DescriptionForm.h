@@ -1,0 +1,22 @@
+// What the description form changes in the project.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/Korva.h"
+
+namespace korva {
+
+// The form's texts. The description's lines are joined by CR LF.
+struct DescriptionTexts {
+  std::string Title;
+  std::string Description;
+  std::int16_t Units = 0;
+};
+
+// Takes the texts over. Other units than the project's reset it to the defaults of the new system, its title
+// and description with it. The project counts as changed even if nothing was typed.
+void AcceptDescription(Korva& korva, const DescriptionTexts& texts);
+
+}  // namespace korva

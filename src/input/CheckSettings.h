@@ -1,0 +1,31 @@
+// What the Settings dialog refuses.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace korva {
+
+// The texts of the dialog that are checked.
+struct SettingsTexts {
+  std::string DataPath;        // Text2
+  std::string MaxDisplaySize;  // Text3
+  std::string FileExtension;   // Text1
+};
+
+struct SettingsRefusal {
+  enum class Kind { kError, kRange, kInvalidCharacter };
+  std::string Text;
+  Kind Title = Kind::kError;
+  std::string Control;  // that gets the focus
+};
+
+// A folder's name without outer blanks and with a separator at its end.
+std::string FolderText(const std::string& path);
+
+// The first fault, or nothing if the texts may be taken.
+std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
+                                             const std::function<bool(const std::string&)>& folderExists);
+
+}  // namespace korva
