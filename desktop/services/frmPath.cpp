@@ -64,6 +64,7 @@ void frmPath::Build() {
   folders_->setToolTip(QStringLiteral("The folder to take"));
   folders_->setModel(&model_);
   folders_->setHeaderHidden(true);
+  folders_->sortByColumn(0, Qt::AscendingOrder);
   for (int column = 1; column < model_.columnCount(); ++column) {
     folders_->hideColumn(column);
   }

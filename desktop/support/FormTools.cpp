@@ -93,8 +93,7 @@ void CenterForm(QWidget& form) {
   const QRect available =
       (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
   form.ensurePolished();
-  form.adjustSize();
-  const QSize size = form.size().boundedTo(available.size());
+  const QSize size = form.sizeHint().boundedTo(available.size());
   form.resize(size);
   const QPoint middle = available.center() - QPoint(size.width() / 2, size.height() / 2);
   form.move(std::max(available.left(), middle.x()), std::max(available.top(), middle.y()));

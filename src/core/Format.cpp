@@ -98,8 +98,9 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
     return ScientificText(decimal);
   }
   if (pattern == kAtMostTwoDecimals) {
-    const std::string text = FixedText(decimal, 2);
-    return text.substr(0, text.find_last_not_of(text.ends_with(".00") ? ".0" : "0") + 1);
+    std::string text = FixedText(decimal, 2);
+    text.erase(text.find_last_not_of('0') + 1);  // stops at the point at the latest
+    return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
   }
   const auto point = std::min(pattern.find('.'), pattern.size());
   const bool fixed = point > 0 && pattern[point - 1] == '0' &&
