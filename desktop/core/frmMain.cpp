@@ -63,6 +63,7 @@ frmMain::frmMain(Korva& korva, Ports& ports)
   korva_.SessionHistory.Changed = [this] { ShowHistory(); };
   ApplyDisplaySettings();
   CenterForm(*this);
+  recovery_.Draft = [this] { return parameters_ ? parameters_->Draft() : std::nullopt; };
   connect(&recoveryTimer_, &QTimer::timeout, this, [this] { recovery_.KeepCopy(); });
   recoveryTimer_.start(kRecoveryInterval);
 }
@@ -212,9 +213,9 @@ void frmMain::EditItem(int index) {
 
 void frmMain::EditParameters() {
   const BusyPointer busy(ports_.Busy);
-  auto* form = new frmKORVAParm(session_);
+  parameters_ = new frmKORVAParm(session_);
   SetInputEnabled(false);
-  form->show();
+  parameters_->show();
 }
 
 void frmMain::CalcItem(int index) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <memory>
 
@@ -19,6 +20,7 @@ namespace korva::desktop {
 
 class ProjectCard;
 class StatusLine;
+class frmKORVAParm;
 
 class frmMain final : public QMainWindow, public MainWindow {
   Q_OBJECT
@@ -74,6 +76,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   QStackedWidget* middle_ = nullptr;
   ProjectCard* card_ = nullptr;
   StatusLine* status_ = nullptr;
+  QPointer<frmKORVAParm> parameters_;  // while it is open
   QTimer recoveryTimer_;
 };
 

@@ -1,0 +1,233 @@
+// The smaller forms, each alone.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QTimer>
+
+#include "commands/Calculate.h"
+#include "commands/SettingsCommands.h"
+#include "desktop/FormBench.h"
+#include "desktop/files/frmSet.h"
+#include "desktop/input/frmKORVADesc.h"
+#include "desktop/reports/frmPopUp.h"
+#include "desktop/reports/frmResTxtPlt.h"
+#include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmPath.h"
+#include "files/UtilINI.h"
+#include "support/Panels.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+class Forms : public testing::Test {
+ protected:
+  Forms() {
+    bench.State.Places.IniFile = folder / "KORVA-STROND.INI";
+    bench.State.Places.ProductFolder = bench.State.Preferences.DataPath = folder / "";
+    bench.State.Preferences.DisplayFont.Name = "Liberation Sans";
+  }
+  std::string SavedSetting(const char* key) {
+    return GetIniValue(TempFolder::Bytes(bench.State.Places.IniFile), "Settings", key, "none");
+  }
+
+  TempFolder folder;
+  FormBench bench;
+};
+
+TEST_F(Forms, DescriptionIsStoredAndUntouchedTextSurvives) {
+  Korva& korva = bench.State;
+  korva.Stored.ProjectTitle = "Panel 7";
+  korva.Stored.ProjectDescription = std::string(1200, 'x') + "\r\nlast";
+  korva.ProjectUnitsLocked = true;
+  {
+    frmKORVADesc form(bench.Forms);
+    EXPECT_FALSE(The<QRadioButton>(form, "Option1(1)").isEnabled());
+    EXPECT_TRUE(The<QRadioButton>(form, "Option1(0)").isChecked());
+    QTest::keyClicks(&The<QPlainTextEdit>(form, "Text2"), QStringLiteral("y"));  // no room
+    Click(form, "Command2");
+  }
+  EXPECT_EQ(korva.Stored.ProjectDescription, std::string(1200, 'x') + "\r\nlast");
+  EXPECT_FALSE(korva.ProjectSaved || korva.ProjectEmpty);
+
+  frmKORVADesc form(bench.Forms);
+  auto& text = The<QPlainTextEdit>(form, "Text2");
+  text.selectAll();
+  QGuiApplication::clipboard()->setText(QStringLiteral("a\nb"));
+  text.paste();
+  QTest::keyClicks(&The<FieldBox>(form, "Text1"), QStringLiteral("a"));
+  Click(form, "Command4");
+  EXPECT_EQ(korva.Stored.ProjectDescription, "a\r\nb");
+  EXPECT_EQ(korva.Stored.ProjectTitle, "Panel 7a");
+  EXPECT_EQ(bench.Main.ParametersOpened, 1);
+}
+
+TEST_F(Forms, OtherUnitsResetAnUnlockedProjectTextsIncluded) {
+  Korva& korva = bench.State;
+  {
+    frmKORVADesc form(bench.Forms);
+    QTest::keyClicks(&The<FieldBox>(form, "Text1"), QStringLiteral("lost"));
+    QTest::keyClick(&form, Qt::Key_Escape);
+  }
+  EXPECT_TRUE(korva.ProjectEmpty);
+  EXPECT_EQ(bench.History(), "1. Editing Project Description\r\n2. Project Description Not Modified\r\n");
+  frmKORVADesc form(bench.Forms);
+  QTest::keyClicks(&The<FieldBox>(form, "Text1"), QStringLiteral("lost"));
+  The<QRadioButton>(form, "Option1(1)").setChecked(true);
+  Click(form, "Command2");
+  EXPECT_EQ(korva.Stored.ProjectUnits, kMetric);
+  EXPECT_EQ(korva.Stored.ProjectTitle, "");
+  EXPECT_NEAR(korva.Stored.ProjectInput.CoalStrength, 6.2052831, 1e-6);
+  EXPECT_FALSE(korva.ProjectSaved || korva.ProjectEmpty);
+  EXPECT_TRUE(korva.ProjectUnitsLocked);
+}
+
+TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
+  bench.State.Stored = test::Stored(test::DevelopmentPanel());
+  bench.State.ProjectEmpty = false;
+  ASSERT_TRUE(CalculateStabilityFactors(bench.State, bench.Outside.Messages));
+  bench.State.WarningText = std::string(1024, 'w');
+  QWidget caller;
+  caller.setEnabled(false);
+  QPointer<frmResTxtPlt> form = new frmResTxtPlt(bench.Forms, &caller);
+  bench.Outside.Messages.Expect("wwww");
+  form->show();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench.Outside.Messages.Shown.empty(); }));
+  EXPECT_EQ(bench.Outside.Messages.Shown[0].title, "KORVA Warnings");
+
+  auto& page = The<QPlainTextEdit>(*form, "RichTextBox1");
+  auto& next = The<QPushButton>(*form, "cmdNextPage");
+  auto& previous = The<QPushButton>(*form, "Command5");
+  const auto shown = [&] { return page.toPlainText().section(QLatin1Char('\n'), 0, 0); };
+  EXPECT_EQ(shown(), QStringLiteral("[KORVA STABILITY FACTORS]"));
+  EXPECT_TRUE(next.isEnabled() && previous.isEnabled());
+  Click(*form, "Command5");
+  EXPECT_FALSE(previous.isEnabled());
+  Click(*form, "cmdCopyPage");
+  EXPECT_EQ(bench.Outside.Clipboard.Text, bench.State.OutBuf[0]);
+  for (int i = 0; i < 5; ++i) {
+    Click(*form, "cmdNextPage");
+  }
+  EXPECT_FALSE(next.isEnabled());
+  Click(*form, "cmdCopyAll");
+  std::string all;
+  for (const std::string& text : bench.State.OutBuf) {
+    all += text;
+  }
+  EXPECT_EQ(bench.Outside.Clipboard.Text, all);
+  EXPECT_NE(bench.History().find("Output page # 0copied to clipboard"), std::string::npos);
+  QTest::keyClick(form, Qt::Key_Escape);
+  EXPECT_TRUE(caller.isEnabled() && caller.isVisible());
+}
+
+TEST_F(Forms, WarningsTooLongForABoxHaveAWindow) {
+  bench.State.WarningText = std::string(1025, 'w');
+  frmResTxtPlt form(bench.Forms, nullptr);
+  form.setAttribute(Qt::WA_DeleteOnClose, false);
+  std::string seen;
+  QTimer::singleShot(50, &form, [&] {
+    if (auto* popUp = form.findChild<QDialog*>(QStringLiteral("frmPopUp"))) {
+      seen = popUp->windowTitle().toStdString() +
+             The<QPlainTextEdit>(*popUp, "RichTextBox1").toPlainText().toStdString();
+      Click(*popUp, "cmdOK");
+    }
+  });
+  form.show();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !seen.empty(); }));
+  EXPECT_EQ(seen, "KORVA Warnings" + bench.State.WarningText);
+}
+
+TEST_F(Forms, EverySettingIsStoredAndSaved) {
+  bench.State.Preferences.KeepFileNames = 0;
+  const Settings before = bench.State.Preferences;
+  frmSet form(bench.Forms);
+  EXPECT_EQ(The<QRadioButton>(form, "optUnits(1)").text(), QStringLiteral("m, cm, kN, MPa, kN/m3"));
+  EXPECT_FALSE(The<QCheckBox>(form, "chkShortNames").isEnabled());
+  The<QRadioButton>(form, "optUnits(1)").setChecked(true);
+  The<QCheckBox>(form, "chkKeepRecentFL").toggle();
+  bench.Outside.Messages.Expect("Option will take effect upon restarting this program");
+  for (const char* name : {"chkShortNames", "chkMaxMenu", "chkEnableTB", "chkShowDiscl",
+                           "chkLoadLastInputFile", "chkUpdate", "chkCopyExamples"}) {
+    The<QCheckBox>(form, name).toggle();
+  }
+  auto& extension = The<FieldBox>(form, "Text1");
+  extension.selectAll();
+  QTest::keyClicks(&extension, QStringLiteral("abc"));
+  The<FieldBox>(form, "Text2").setText(QStringLiteral("/tmp"));
+  The<FieldBox>(form, "Text3").setText(QStringLiteral("5000"));
+  The<FieldBox>(form, "Text4").setText(QStringLiteral("gedit"));
+  Click(form, "cmdOK");
+  const Settings& now = bench.State.Preferences;
+  EXPECT_EQ(
+      now.DefaultUnits + now.KeepFileNames + now.ShortRecentFiles + now.MaxMainMenu + now.LoadLastInputFile,
+      5);
+  EXPECT_EQ(now.EnableMainMenuToolbar + now.ShowDisclaim + now.RemindAnnualUpdates + now.CopyExampleFiles, 0);
+  EXPECT_EQ(now.FileExtension + now.DataPath + now.ExternalEditor, "ABC/tmp/gedit");
+  EXPECT_EQ(now.MaxDisplaySize, 5000);
+  EXPECT_EQ(before.MaxDisplaySize, 4096);
+  EXPECT_EQ(bench.Main.Applied, 1);
+  EXPECT_EQ(SavedSetting("MaxDisplaySize") + SavedSetting("FileExtension"), "5000ABC");
+}
+
+TEST_F(Forms, SettingsRefuseAndCancelLeavesAllButTheExtensionForEditors) {
+  frmSet form(bench.Forms);
+  form.show();
+  The<FieldBox>(form, "Text2").setText(QStringLiteral("/no/such/folder"));
+  bench.Outside.Messages.Expect("Invalid Path for Data Files");
+  Click(form, "cmdOK");
+  EXPECT_EQ(bench.Outside.Messages.Shown.back().title, "Error");
+  EXPECT_EQ(form.focusWidget()->objectName(), QStringLiteral("Text2"));
+  EXPECT_TRUE(form.isVisible());
+  The<QCheckBox>(form, "chkDispHist").setChecked(false);
+  EXPECT_FALSE(The<QWidget>(form, "Text3").isEnabled() || The<QWidget>(form, "Command5").isEnabled());
+  Click(form, "cmdSetDefault");
+  bench.Outside.Files.Expect("/usr/bin/vi");
+  Click(form, "cmdSelect");
+  EXPECT_EQ(The<FieldBox>(form, "Text4").Text(), "/usr/bin/vi");
+  EXPECT_EQ(bench.Outside.Files.Asked[0].Title, "Select External Editor");
+  Click(form, "cmdCancel");
+  EXPECT_EQ(bench.State.Preferences.FileExtension, "EXE");
+  EXPECT_EQ(bench.State.Preferences.ExternalEditor, "Notepad.exe");
+  EXPECT_EQ(bench.State.Preferences.DisplayHistoryWin, 1);
+  EXPECT_NE(bench.History().find("Settings Not Modified"), std::string::npos);
+}
+
+TEST_F(Forms, PathTakesAFolder) {
+  bench.State.Places.LastPath = "/usr/share/";
+  {
+    frmPath form(bench.Forms);
+    EXPECT_TRUE(The<QRadioButton>(form, "Option1(2)").isChecked());
+    The<QRadioButton>(form, "Option1(0)").setChecked(true);
+    Click(form, "Command1");
+    EXPECT_EQ(bench.State.Places.LastPath, "/usr/share/");
+  }
+  frmPath form(bench.Forms);
+  The<QRadioButton>(form, "Option1(0)").setChecked(true);
+  Click(form, "Command2");
+  EXPECT_EQ(std::filesystem::path(bench.State.Places.LastPath), std::filesystem::canonical(folder / "") / "");
+}
+
+TEST_F(Forms, TheDisclaimerIsAcceptedByItsButtonAlone) {
+  bench.State.Preferences.ShowDisclaim = 1;
+  for (const bool closed : {true, false}) {
+    frmDisclaimer form(bench.Forms);
+    form.show();
+    The<QCheckBox>(form, "chkShow").setChecked(true);
+    closed ? static_cast<void>(form.close()) : Click(form, "cmdNoAccept");
+    EXPECT_FALSE(form.Accepted());
+    EXPECT_EQ(bench.State.Preferences.ShowDisclaim, 1);
+  }
+  frmDisclaimer form(bench.Forms);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Disclaimer for KORVA-STROND"));
+  The<QCheckBox>(form, "chkShow").setChecked(true);
+  Click(form, "Command1");
+  EXPECT_TRUE(form.Accepted());
+  EXPECT_EQ(SavedSetting("ShowDisclaim"), "0");
+}
+
+}  // namespace
+}  // namespace korva::desktop

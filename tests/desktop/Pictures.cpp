@@ -1,0 +1,117 @@
+// Draws every form into picture files, for documents and for people who look at them:
+// korva_pictures FOLDER [dark]. QT_SCALE_FACTOR sets the scale.
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QTabWidget>
+#include <cstdio>
+#include <memory>
+
+#include "commands/Calculate.h"
+#include "commands/FileCommands.h"
+#include "desktop/FormBench.h"
+#include "desktop/core/frmMain.h"
+#include "desktop/files/frmSet.h"
+#include "desktop/input/frmKORVADesc.h"
+#include "desktop/input/frmKORVAParm.h"
+#include "desktop/plan/SchematicView.h"
+#include "desktop/reports/frmPopUp.h"
+#include "desktop/reports/frmResTxtPlt.h"
+#include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmPath.h"
+#include "desktop/support/Icons.h"
+#include "desktop/support/Theme.h"
+#include "plan/PanelPicture.h"
+
+namespace korva::desktop {
+namespace {
+
+QDir folder;
+
+void Save(QWidget& form, const QString& name) {
+  form.show();
+  QApplication::processEvents();
+  if (!form.grab().save(folder.filePath(name + QStringLiteral(".png")))) {
+    std::fprintf(stderr, "cannot write %s\n", qPrintable(name));
+  }
+}
+
+void SaveParameters(FormBench& bench) {
+  auto* form = new frmKORVAParm(bench.Forms);
+  auto& tabs = The<QTabWidget>(*form, "SSTab1");
+  for (int tab = 0; tab < tabs.count(); ++tab) {
+    tabs.setCurrentIndex(tab);
+    Save(*form, QStringLiteral("frmKORVAParm-%1").arg(tabs.tabText(tab).toLower()));
+  }
+  delete form;
+}
+
+void SaveSchematics() {
+  constexpr int kAcross = 6;
+  SchematicView sample(0);
+  const QSize size = sample.minimumSizeHint();
+  QWidget sheet;
+  sheet.resize(size.width() * kAcross, size.height() * ((kPanelPictures + kAcross - 1) / kAcross));
+  for (int i = 0; i < kPanelPictures; ++i) {
+    auto* picture = new SchematicView(i, &sheet);
+    picture->setGeometry(i % kAcross * size.width(), i / kAcross * size.height(), size.width(),
+                         size.height());
+  }
+  Save(sheet, QStringLiteral("schematics"));
+}
+
+void SaveAll() {
+  FormBench bench;
+  bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
+      "/home/ann/Documents/MyFolvane/KORVA-STROND/";
+  bench.State.Preferences.DisplayFont.Name = "Liberation Sans";
+  frmMain main(bench.State, bench.Outside.All);
+  FileNew(bench.State, true, true);
+  main.Refresh();
+  Save(main, QStringLiteral("frmMain-start"));
+  bench.State.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
+  FileOpen(bench.State, bench.Outside.Messages);
+  bench.State.ProjectFileName = "/home/ann/mine/two-side-gobs.KVL";
+  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+  main.Refresh();
+  Save(main, QStringLiteral("frmMain"));
+  bench.State.Stored.ProjectInput.DepthCover += 100;
+  bench.State.ProjectSaved = false;
+  main.Refresh();
+  Save(main, QStringLiteral("frmMain-changed"));
+  SaveParameters(bench);
+  SaveSchematics();
+  frmPopUp popUp(bench.State.WarningText);
+  Save(popUp, QStringLiteral("frmPopUp"));
+  bench.State.WarningText.clear();
+  Save(*new frmResTxtPlt(bench.Forms, nullptr), QStringLiteral("frmResTxtPlt"));
+  frmKORVADesc description(bench.Forms);
+  Save(description, QStringLiteral("frmKORVADesc"));
+  frmSet settings(bench.Forms);
+  Save(settings, QStringLiteral("frmSet"));
+  frmDisclaimer disclaimer(bench.Forms);
+  Save(disclaimer, QStringLiteral("frmDisclaimer"));
+  bench.State.Places.LastPath = "/usr/";
+  frmPath path(bench.Forms);
+  Save(path, QStringLiteral("frmPath"));
+}
+
+}  // namespace
+}  // namespace korva::desktop
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  const QApplication application(argc, argv);
+  if (argc < 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+    std::fputs("usage: korva_pictures FOLDER [dark]\n", stderr);
+    return 2;
+  }
+  korva::desktop::folder = QDir(QString::fromLocal8Bit(argv[1]));
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setPalette(korva::desktop::ThemePalette(argc > 2));
+  korva::desktop::InitResources();
+  korva::desktop::SaveAll();
+  return 0;
+}

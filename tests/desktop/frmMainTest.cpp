@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <filesystem>
+
+#include "commands/FileCommands.h"
+#include "desktop/FormBench.h"
+#include "desktop/core/frmMain.h"
+#include "desktop/support/FieldBox.h"
+#include "desktop/support/Icons.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+class MainForm : public testing::Test {
+ protected:
+  MainForm() {
+    InitResources();
+    korva.Places.IniFile = folder / "KORVA-STROND.INI";
+    korva.Places.StateFolder = folder / "sessions/";
+    korva.Preferences.DataPath = folder / "";
+    korva.Preferences.DisplayHistoryWin = 1;
+    korva.Preferences.ShowDisclaim = 0;
+    std::filesystem::copy(KORVA_EXAMPLES "/development.KVL", folder / "development.KVL");
+  }
+
+  frmMain& Begin(const std::string& file = {}) {
+    main = std::make_unique<frmMain>(korva, ports.All);
+    main->Begin(file);
+    return *main;
+  }
+  QAction& Item(const char* name) { return The<QAction>(*main, name); }
+  void Choose(const char* name) { Item(name).trigger(); }
+  // The only other window that is open.
+  QWidget* Window(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QLatin1String(name) && window->isVisible()) {
+        return window;
+      }
+    }
+    ADD_FAILURE() << "no window " << name;
+    return nullptr;
+  }
+
+  // Presses a button of a modal window once that is open.
+  void PressLater(const char* window, const char* button) {
+    QTimer::singleShot(0, main.get(), [this, window, button] {
+      if (QWidget* modal = Window(window)) {
+        Click(*modal, button);
+      }
+    });
+  }
+
+  TempFolder folder;
+  Korva korva;
+  ScriptedPorts ports;
+  std::unique_ptr<frmMain> main;
+};
+
+TEST_F(MainForm, AWholeDay) {
+  Begin();
+  EXPECT_EQ(main->windowTitle(), QStringLiteral("KORVA: Untitled"));
+  const std::string file = folder / "development.KVL";
+  ports.Files.Expect(file);
+  Choose("mnuFileItem(1)");
+  QWidget* form = Window("frmKORVAParm");
+  EXPECT_FALSE(main->isEnabled());
+  auto& depth = The<FieldBox>(*form, "txtDepthCover");
+  depth.selectAll();
+  QTest::keyClicks(&depth, QStringLiteral("450"));
+  Click(*form, "cmdResults");
+  QWidget* results = Window("frmResTxtPlt");
+  EXPECT_TRUE(The<QPlainTextEdit>(*results, "RichTextBox1")
+                  .toPlainText()
+                  .contains(QStringLiteral("Development (KORVA)")));
+  Click(*results, "Command1");
+  EXPECT_TRUE(form->isVisible());
+  EXPECT_FALSE(main->isEnabled());
+  Click(*form, "cmdOK");
+  EXPECT_TRUE(main->isEnabled());
+  EXPECT_EQ(main->windowTitle().toStdString(), "KORVA: " + CaptionFileName(file) + "*");
+
+  ports.Files.Expect(folder / "mine.KVL");
+  Choose("mnuFileItem(3)");
+  EXPECT_EQ(main->windowTitle().toStdString(), "KORVA: " + CaptionFileName(folder / "mine.KVL"));
+  EXPECT_EQ(Item("mnuFileArray(1)").text().toStdString(), folder / "mine.KVL");
+  EXPECT_TRUE(Item("mnuFileArray(0)").isVisible() && Item("mnuFileArray(2)").isVisible());
+  EXPECT_FALSE(Item("mnuFileArray(3)").isVisible());
+
+  PressLater("frmKORVADesc", "Command1");
+  Choose("mnuFileItem(0)");
+  Choose("mnuFileArray(1)");
+  EXPECT_EQ(korva.Stored.ProjectInput.DepthCover, 450);
+  Click(*Window("frmKORVAParm"), "cmdCancel");
+  Choose("mnuCalcItem(0)");
+  QTest::keyClick(Window("frmResTxtPlt"), Qt::Key_Escape);
+  EXPECT_TRUE(main->isEnabled());
+}
+
+TEST_F(MainForm, BeginsWithTheLastFileAndThenTheOneOfTheCall) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.LoadLastInputFile = 1;
+  korva.Preferences.FileMenu.MaxLastFiles = 1;
+  korva.Preferences.FileMenu.LastFile[1] = korva.Preferences.FileMenu.LastFileLong[1] =
+      folder / "development.KVL";
+  Begin();
+  EXPECT_EQ(korva.ProjectFileName, folder / "development.KVL");
+  ports.Messages.Expect("Error occurred: File not found (53)", MessageButtons::kRetryCancel,
+                        MessageAnswer::kCancel);
+  korva.ProjectSaved = true;
+  Begin(folder / "none.KVL");
+  EXPECT_EQ(main->windowTitle().toStdString(), "KORVA: " + CaptionFileName(folder / "none.KVL"));
+  EXPECT_TRUE(korva.ProjectEmpty);
+}
+
+TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin();
+  EXPECT_EQ(Item("mnuFileItem(2)").text(), QStringLiteral("&Save "));
+  EXPECT_TRUE(Item("mnuFileItem(10)").isSeparator() && Item("mnuUtilItem(4)").isSeparator());
+  EXPECT_EQ(Item("mnuCalcGrafItem(5)").text(), QStringLiteral("SFBAR2 vs Second Barrier Width"));
+  EXPECT_FALSE(Item("mnuCalcGrafItem(4)").isEnabled());
+  EXPECT_TRUE(Item("mnuCalcGrafItem(3)").isEnabled());
+  EXPECT_FALSE(The<QToolButton>(*main, "Toolbar1(4)").icon().isNull());
+  Choose("Toolbar1(3)");  // does nothing but refresh the menus
+  for (const auto& [item, text] : {std::pair{"mnuCalcItem(0)", "Current file is empty"},
+                                   {"mnuUtilItem(3)", "Current file is empty"},
+                                   {"mnuHelpItem(10)", "\"About the Program\" is not built"},
+                                   {"mnuFileItem(8)", "\"Print\" is not built"}}) {
+    ports.Messages.Expect(text);
+    Choose(item);
+  }
+  korva.ProjectEmpty = korva.ProjectSaved = false;
+  ports.Messages.Expect("Save Current File before accessing this option");
+  Choose("mnuUtilItem(3)");
+}
+
+TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {
+  Begin();
+  auto& history = The<QPlainTextEdit>(*main, "txtMain");
+  EXPECT_TRUE(history.toPlainText().contains(QStringLiteral("1. File initialized.")));
+  Choose("mnuUtilItem(7)");
+  EXPECT_EQ(ports.Clipboard.Text, korva.SessionHistory.Text);
+  Choose("mnuUtilItem(6)");
+  EXPECT_TRUE(history.isHidden());
+  EXPECT_EQ(Item("mnuUtilItem(6)").text(), QStringLiteral("Restore History &Window"));
+  EXPECT_FALSE(Item("mnuUtilItem(7)").isEnabled());
+  Choose("mnuUtilItem(6)");
+  Choose("mnuUtilItem(5)");
+  EXPECT_EQ(history.toPlainText(), QString());
+  korva.Preferences.DisplayHistoryWin = 0;
+  main->ApplyDisplaySettings();
+  EXPECT_FALSE(Item("mnuUtilItem(5)").isEnabled());
+}
+
+TEST_F(MainForm, ClosingAsksAndSavesTheRecentFiles) {
+  Begin();
+  korva.ProjectSaved = false;
+  ports.Messages.Expect("Save changes to: Untitled?", MessageButtons::kYesNoCancel, MessageAnswer::kCancel);
+  EXPECT_FALSE(main->close());
+  main->SetInputEnabled(false);
+  EXPECT_FALSE(main->close());
+  main->SetInputEnabled(true);
+  ports.Messages.Expect("Save changes to: Untitled?", MessageButtons::kYesNoCancel, MessageAnswer::kNo);
+  EXPECT_TRUE(main->close());
+  EXPECT_NE(TempFolder::Bytes(korva.Places.IniFile).find("[FileMenu]"), std::string::npos);
+  EXPECT_TRUE(std::filesystem::is_empty(korva.Places.StateFolder));
+}
+
+TEST_F(MainForm, AMenuCalculationOfWhatTheFormRefusesSaysSo) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin(folder / "development.KVL");
+  korva.Stored.ProjectInput.XcutAngle = 25;
+  Choose("mnuCalcItem(0)");
+  Window("frmResTxtPlt")->close();
+  EXPECT_TRUE(
+      The<QLabel>(*main, "lblStatusRemark").text().contains(QStringLiteral("crosscut angle of 25 degrees")));
+  EXPECT_FALSE(The<QLabel>(*main, "lblCardOutOfDate").isVisible());
+  korva.Stored.ProjectInput.XcutAngle = 60;
+  main->Refresh();
+  EXPECT_TRUE(The<QLabel>(*main, "lblCardOutOfDate").isVisible());
+}
+
+TEST_F(MainForm, ADroppedFileIsOpened) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin();
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder / "development.KVL"))});
+  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(main.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(main.get(), &drop);
+  EXPECT_EQ(korva.ProjectFileName, folder / "development.KVL");
+}
+
+}  // namespace
+}  // namespace korva::desktop

@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include "input/CheckFieldRange.h"
+#include "input/CheckParameters.h"
+#include "input/CheckSettings.h"
+#include "input/ParameterWarnings.h"
+#include "support/Panels.h"
+
+namespace korva {
+namespace {
+
+using T = ParameterTexts;
+
+// The texts of a panel between two gobs with all rows left and no slab cut, which the form takes.
+T GoodTexts() {
+  Project panel = test::TwoSideGobs();
+  panel.SlabcutFirstGob = 0;
+  panel.RowA = panel.RowB = panel.RowC = panel.RowD = 1;
+  panel.WidthRowC = panel.WidthRowD = 30;
+  return TextsOfProject(panel);
+}
+
+// Applies the changes and gives the refusal as "text|title|tab|control".
+std::string Refused(std::initializer_list<std::pair<std::string T::*, const char*>> changes,
+                    int condition = 3) {
+  T texts = GoodTexts();
+  texts.LoadingCondition = static_cast<std::int16_t>(condition);
+  for (const auto& [member, text] : changes) {
+    texts.*member = text;
+  }
+  const auto refusal = CheckParameters(texts);
+  if (!refusal) {
+    return "taken";
+  }
+  return refusal->Text + (refusal->Kind == RefusalKind::kLogic ? "|Logic|" : "|Range|") +
+         std::to_string(static_cast<int>(refusal->Tab)) + "|" + refusal->Control;
+}
+
+TEST(CheckParameters, EachRowRefusesWithItsOwnWords) {
+  EXPECT_EQ(Refused({}), "taken");
+  EXPECT_EQ(Refused({{&T::EntryHeight, ""}}), "Invalid entry height|Range|0|txtEntryHeight");
+  EXPECT_EQ(Refused({{&T::DepthCover, "-1"}}), "Invalid depth of cover|Range|0|txtDepthCover");
+  EXPECT_EQ(Refused({{&T::XcutAngle, ""}}), "Blank field not allowed|Range|0|txtXcutAngle");
+  EXPECT_EQ(Refused({{&T::XcutAngle, " 29.99 "}}),
+            "Value '29.99' is outside input range\r\nValid range is: 30-90|Range|0|txtXcutAngle");
+  EXPECT_EQ(Refused({{&T::EntryWidth, "x"}}), "Invalid entry width|Range|0|txtEntryWidth");
+  EXPECT_EQ(Refused({{&T::XcutSpacing, "20"}}), "Invalid crosscut spacing|Range|0|txtXcutSpacing");
+  EXPECT_EQ(Refused({{&T::CoalStrength, "0"}}), "Invalid in situ coal strength|Range|1|txtCoalStrength");
+  EXPECT_EQ(Refused({{&T::UnitWeight, "0"}, {&T::BreadthAMZ, "0"}}),
+            "Invalid overburden unit weight|Range|1|txtUnitWeight");
+  EXPECT_EQ(Refused({{&T::BreadthAMZ, "0"}}), "Invalid breadth of AMZ|Range|1|txtBreadthAMZ");
+  EXPECT_EQ(Refused({{&T::ArchFactor, "0.279"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
+  EXPECT_EQ(Refused({{&T::ArchFactor, "1.01"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
+  EXPECT_EQ(Refused({{&T::WidthRowC, "0"}}, 0), "Invalid Pillar Width for Row C|Range|2|txtWidthC");
+  EXPECT_EQ(Refused({{&T::WidthRowD, ""}}), "Invalid Pillar Width for Row D|Range|2|txtWidthD");
+  EXPECT_EQ(
+      Refused({{&T::SlabcutFirstGob, "5"}}, 2),
+      "Cannot take slab cut from first side barrier when Row A pillars are left|Logic|2|txtSlabcutFirstGob");
+  EXPECT_EQ(
+      Refused({{&T::SlabcutSecondGob, "5"}}, 2),
+      "Cannot take slab cut from second side barrier when Row B pillars are left|Logic|2|txtSlabcutFirstGob");
+  EXPECT_EQ(Refused({{&T::ExtentActiveGob, "-1"}}, 0),
+            "Invalid extent of active gob|Range|2|txtExtentActiveGob");
+  EXPECT_EQ(Refused({{&T::AbutmentAngleActiveGob, "91"}}, 0),
+            "Invalid abutment angle of active gob|Range|2|txtAbutmentAngleActiveGob");
+  EXPECT_EQ(Refused({{&T::ExtentFirstGob, "-1"}}, 2),
+            "Invalid extent of first gob|Range|2|txtExtentFirstGob");
+  EXPECT_EQ(Refused({{&T::AbutmentAngleFirstGob, "-1"}}, 2),
+            "Invalid abutment angle of first gob|Range|2|txtAbutmentAngleFirstGob");
+  EXPECT_EQ(Refused({{&T::BarrierFirstGob, "-1"}}, 2),
+            "Invalid extent of barrier of first gob|Range|2|txtBarrierFirstGob");
+  EXPECT_EQ(Refused({{&T::SlabcutFirstGob, "-1"}}, 2),
+            "Invalid extent of slab cut in barrier of first gob|Range|2|txtSlabcutFirstGob");
+  EXPECT_EQ(Refused({{&T::ExtentSecondGob, "-1"}}),
+            "Invalid extent of second gob|Logic|2|txtExtentSecondGob");
+  EXPECT_EQ(Refused({{&T::AbutmentAngleSecondGob, "91"}}),
+            "Invalid abutment angle of second gob|Range|2|txtAbutmentAngleSecondGob");
+  EXPECT_EQ(Refused({{&T::BarrierSecondGob, "-1"}}),
+            "Invalid extent of barrier of second gob|Range|2|txtBarrierSecondGob");
+  EXPECT_EQ(Refused({{&T::SlabcutSecondGob, "-1"}}),
+            "Invalid extent of slab cut in barrier of second gob|Range|2|txtSlabcutSecondGob");
+}
+
+TEST(CheckParameters, BoundsPassAndGobsOfOtherConditionsAreLeftAlone) {
+  for (const char* angle : {"30", "90"}) {
+    EXPECT_EQ(Refused({{&T::XcutAngle, angle}}), "taken");
+  }
+  for (const char* factor : {"0.28", "1"}) {
+    EXPECT_EQ(Refused({{&T::ArchFactor, factor}}), "taken");
+  }
+  EXPECT_EQ(
+      Refused({{&T::ExtentFirstGob, "-1"}, {&T::BarrierFirstGob, "-1"}, {&T::SlabcutSecondGob, "9"}}, 1),
+      "taken");
+  EXPECT_EQ(Refused({{&T::ExtentSecondGob, "-1"}, {&T::AbutmentAngleSecondGob, "99"}}, 2), "taken");
+  T texts = GoodTexts();
+  texts.RowA = 0;
+  texts.SlabcutFirstGob = texts.BarrierFirstGob;
+  EXPECT_FALSE(CheckParameters(texts));
+}
+
+TEST(CheckParameters, EntrySpacingsAreTestedUpToTheNumberOfEntries) {
+  T texts = GoodTexts();
+  texts.XcutCenters[6] = "0";  // six entries have five distances
+  EXPECT_FALSE(CheckParameters(texts));
+  texts.XcutCenters[5] = "20";
+  EXPECT_EQ(CheckParameters(texts)->Text, "Entry spacing should be more than Entry Width");
+  EXPECT_EQ(CheckParameters(texts)->Control, "txtXcutCenters(5)");
+  texts.XcutCenters[2] = "";
+  EXPECT_EQ(CheckParameters(texts)->Text, "Invalid entry spacing");
+  for (const char* none : {"0", "", "-3"}) {
+    texts.NumberEntries = none;
+    EXPECT_FALSE(CheckParameters(texts));
+  }
+}
+
+TEST(ParameterTexts, GoThereAndBackAndTellChanges) {
+  const Project panel = test::TwoSideGobs();
+  const T texts = TextsOfProject(panel);
+  EXPECT_EQ(texts.CoalStrength, "900");
+  EXPECT_FALSE(ParametersChanged(texts, panel));
+  Project back = panel;
+  StoreParameters(texts, back);
+  EXPECT_EQ(back, panel);
+
+  T other = texts;
+  other.ArchFactor = "0.5";
+  EXPECT_FALSE(ParametersChanged(other, panel));
+  other = texts;
+  other.XcutCenters[9] = "1";  // beyond the entries
+  EXPECT_FALSE(ParametersChanged(other, panel));
+  for (const ValueField& field : kValueFields) {
+    other = texts;
+    other.*field.Text = "7.5";
+    EXPECT_TRUE(ParametersChanged(other, panel)) << field.Control;
+  }
+  for (const FlagField& field : kFlagFields) {
+    other = texts;
+    other.*field.Flag = static_cast<std::int16_t>(1 - other.*field.Flag);
+    EXPECT_TRUE(ParametersChanged(other, panel)) << field.Control;
+  }
+  other = texts;
+  other.XcutCenters[5] = other.WidthRowD = "61";
+  StoreParameters(other, back);
+  EXPECT_EQ(back.XcutCenters[5], 61);
+  EXPECT_EQ(back.WidthRowD, 61);
+}
+
+TEST(ParameterWarnings, ComeForOtherValuesThanTheDataBases) {
+  EXPECT_FALSE(AbutmentAngleWarning("21.0"));
+  EXPECT_TRUE(AbutmentAngleWarning(""));
+  EXPECT_FALSE(CoalStrengthWarning("900", kEnglish));
+  EXPECT_FALSE(CoalStrengthWarning("6.21", kMetric));
+  EXPECT_TRUE(CoalStrengthWarning("900", kMetric));
+  EXPECT_FALSE(UnitWeightWarning("25.45 kN", kMetric));
+  EXPECT_TRUE(UnitWeightWarning("25.45", kEnglish));
+}
+
+TEST(CheckSettings, RefusesInItsOrder) {
+  const auto exists = [](const std::string& folder) { return folder == "/mine/" || folder == "/"; };
+  const auto refused = [&](const SettingsTexts& texts) {
+    const auto refusal = CheckSettings(texts, exists);
+    return refusal ? refusal->Text + "|" + refusal->Control : "taken";
+  };
+  EXPECT_EQ(refused({" /mine ", "4096", "KVL7"}), "taken");
+  EXPECT_EQ(refused({"/mine/", "16384", ""}), "taken");
+  EXPECT_EQ(refused({"/none", "1", "?"}), "Invalid Path for Data Files|Text2");
+  EXPECT_EQ(refused({"", "4096", ""}), "Invalid Path for Data Files|Text2");
+  EXPECT_EQ(
+      refused({"/mine", "4095", "?"}),
+      "Size of Command History Window: Value '4095' is outside input range\r\nValid range is: 4096-16384|Text3");
+  EXPECT_EQ(refused({"/mine", "5000", "K V"}), "Invalid character in file extension|Text1");
+}
+
+}  // namespace
+}  // namespace korva
