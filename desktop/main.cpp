@@ -51,11 +51,14 @@ class Application final : public QApplication {
   std::function<void(const RuntimeError&)> Report = [](const RuntimeError&) {};
 };
 
-// The first of the usual fonts that the screen has.
+// The first of the usual fonts that the screen has, by its own name or by that of its free twin.
 std::string BestFont() {
   const QStringList families = QFontDatabase::families();
-  for (const char* name : {"Arial", "Courier New", "System", "Terminal"}) {
-    if (families.contains(QLatin1String(name))) {
+  for (const auto& [name, twin] : {std::pair{"Arial", "Liberation Sans"},
+                                   {"Courier New", "Liberation Mono"},
+                                   {"System", "System"},
+                                   {"Terminal", "Terminal"}}) {
+    if (families.contains(QLatin1String(name)) || families.contains(QLatin1String(twin))) {
       return name;
     }
   }

@@ -41,6 +41,7 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   WireWarnings();
   Load();
   InstallContextHelp(*this);
+  ui_.Box("txtEntryHeight").setFocus();
   CenterForm(*this);
 }
 

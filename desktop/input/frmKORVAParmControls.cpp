@@ -169,7 +169,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
   return frame;
 }
 
-QWidget* frmKORVAParmControls::StandardTab() {
+QGroupBox* frmKORVAParmControls::GeometryFrame() {
   QGroupBox* geometry = NewFrame("Frame1", "Panel geometry");
   auto* grid = new QGridLayout(geometry);
   AddRow(*grid, {"txtEntryHeight", "Label1", "Entry height", 5, "Height of the entries", kAboveZero});
@@ -200,7 +200,10 @@ QWidget* frmKORVAParmControls::StandardTab() {
   entries->Explain(QStringLiteral("Number of entries"), QStringLiteral("Number of entries"));
   entries->hide();
   boxes["txtNumberEntries"] = entries;
+  return geometry;
+}
 
+QGroupBox* frmKORVAParmControls::RatioFrame() {
   QGroupBox* ratio = NewFrame("Frame7", "Extraction ratio");
   auto* ratioRow = new QHBoxLayout(ratio);
   Text10 = new FieldBox(QStringLiteral("Text10"), 0, ratio);
@@ -216,7 +219,10 @@ QWidget* frmKORVAParmControls::StandardTab() {
   ratioLabel->setBuddy(Text10);
   ratioRow->addWidget(ratioLabel, 1);
   ratioRow->addWidget(Text10);
+  return ratio;
+}
 
+QWidget* frmKORVAParmControls::StandardTab() {
   QGroupBox* model =
       OptionFrame("Frame8", "Overburden Model", "optLam",
                   std::array<const char*, 3>{"Traditional Loading Model", "Laminated Overburden Model",
@@ -235,9 +241,9 @@ QWidget* frmKORVAParmControls::StandardTab() {
   auto* tab = new QWidget(&form_);
   auto* layout = new QGridLayout(tab);
   ApplySpacing(*layout, form_);
-  layout->addWidget(geometry, 0, 0, 2, 1);
+  layout->addWidget(GeometryFrame(), 0, 0, 2, 1);
   layout->addWidget(model, 0, 1);
-  layout->addWidget(ratio, 1, 1);
+  layout->addWidget(RatioFrame(), 1, 1);
   layout->addWidget(preview, 0, 2, 2, 1);
   layout->addWidget(checks["chkEqual"], 2, 0, 1, 3);
   layout->addWidget(EntriesFrame(), 3, 0, 1, 3);

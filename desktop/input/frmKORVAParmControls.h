@@ -58,6 +58,8 @@ struct frmKORVAParmControls {
   QWidget* StandardTab();
   QWidget* DefaultsTab();
   QWidget* RetreatTab();
+  QGroupBox* GeometryFrame();
+  QGroupBox* RatioFrame();
   QGroupBox* EntriesFrame();
   QGroupBox* BleederFrame();
   template <std::size_t Count>
