@@ -239,7 +239,7 @@ void frmSet::ChooseEditor() {
   extension = "EXE";
   FileQuestion question;
   question.Title = "Select External Editor";
-  question.Filters = {{"All Files (*.*)", "*"}, {"Editor Programs (*." + extension + ")", "*." + extension}};
+  question.Filters = {"All Files (*.*)", "Editor Programs (*." + extension + ")"};
   question.ActiveFilter = 1;
   Attempt(session_.State, session_.Outside.Messages, [&] {
     if (const auto chosen = session_.Outside.Files.ChooseFile(question)) {

@@ -66,14 +66,10 @@ MessageAnswer AnswerOf(int button) {
   }
 }
 
-// The dialog takes the pattern from the last brackets: "All Files (*.*)" of pattern "*" would match only
-// names with a point.
-QString FilterText(const FileFilter& filter) {
-  const QString caption = FromUtf8(filter.Caption);
-  const QString pattern = FromUtf8(filter.Pattern);
-  return caption.endsWith(QLatin1Char('(') + pattern + QLatin1Char(')'))
-             ? caption
-             : QStringLiteral("%1 (%2)").arg(caption, pattern);
+// The dialog takes the pattern from the brackets at the end, and "*.*" alone would miss names without a
+// point.
+QString FilterText(const std::string& caption) {
+  return FromUtf8(caption).replace(QLatin1String("(*.*)"), QLatin1String("(*.* *)"));
 }
 
 // A box over a busy program has to be usable: the pointer is normal while it is open.
@@ -120,7 +116,7 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
   dialog.setAcceptMode(question.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(question.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   QStringList filters;
-  for (const FileFilter& filter : question.Filters) {
+  for (const std::string& filter : question.Filters) {
     filters << FilterText(filter);
   }
   dialog.setNameFilters(filters);

@@ -61,8 +61,7 @@ void FileMenu::ChooseFile(bool save, std::string& lastName) {
   question.Folder = lastName.empty() || lastName == "1" ? FolderOfName(dataPath) : FolderOfName(lastName);
   const std::string& extension = korva_.Preferences.FileExtension;
   question.DefaultExtension = extension;
-  question.Filters = {{"All Files (*.*)", "*"},
-                      {fmt::format("{} Files (*.{})", ExeName, extension), "*." + extension}};
+  question.Filters = {"All Files (*.*)", fmt::format("{} Files (*.{})", ExeName, extension)};
   question.ActiveFilter = 1;
   const auto chosen = ports_.Files.ChooseFile(question);
   if (!chosen) {

@@ -11,19 +11,13 @@
 
 namespace korva {
 
-// One entry of a file dialog's list of filters: "All Files (*.*)" and "*".
-struct FileFilter {
-  std::string Caption;
-  std::string Pattern;
-};
-
 struct FileQuestion {
   bool Save = false;   // a name to write, asking before an existing file is taken; else a file that exists
   std::string Title;   // empty for the platform's own
   std::string Folder;  // to begin in
   std::string Name;    // proposed, without folder; may be empty
   std::string DefaultExtension;
-  std::vector<FileFilter> Filters;
+  std::vector<std::string> Filters;  // each with its pattern in brackets at the end: "All Files (*.*)"
   std::size_t ActiveFilter = 0;
 };
 

@@ -71,7 +71,7 @@ TEST_F(FileMenuTest, SaveAsksForANameOnlyWhereThereIsNone) {
   const FileQuestion& asked = ports.Files.Asked.at(0);
   EXPECT_TRUE(asked.Save);
   EXPECT_EQ(asked.Name + "|" + asked.Folder + "/", "untitled|" + (folder / ""));
-  EXPECT_EQ(asked.Filters.at(asked.ActiveFilter).Caption, "KORVA-STROND Files (*.KVL)");
+  EXPECT_EQ(asked.Filters.at(asked.ActiveFilter), "KORVA-STROND Files (*.KVL)");
   EXPECT_EQ(asked.DefaultExtension, "KVL");
 }
 

@@ -69,7 +69,8 @@ void SaveAll() {
   FileNew(bench.State, true, true);
   main.Refresh();
   Save(main, QStringLiteral("frmMain-start"));
-  bench.State.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
+  QDir::setCurrent(QStringLiteral(KORVA_EXAMPLES));
+  bench.State.ProjectFileName = "two-side-gobs.KVL";
   FileOpen(bench.State, bench.Outside.Messages);
   bench.State.ProjectFileName = "/home/ann/mine/two-side-gobs.KVL";
   CalculateStabilityFactors(bench.State, bench.Outside.Messages);
