@@ -121,7 +121,7 @@ MainMenus::MainMenus(QMainWindow& window, const Commands& commands) {
   for (int i = kRecentSeparator; i <= kMostRecentFiles; ++i) {
     const QString name = IndexedName("mnuFileArray", i);
     items_[name] = AddItem(*file, name, {i == kRecentSeparator ? "" : " "},
-                           [&, command = commands.Recent, i] { command(i); });
+                           [command = commands.Recent, i] { command(i); });
     items_[name]->setVisible(false);
   }
   fill(*AddMenu(bar, "mnuEdit", "&Input"), "mnuEditItem", EditItems(), commands.Edit);

@@ -13,6 +13,7 @@
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
+#include "commands/ProjectSummary.h"
 #include "commands/SettingsCommands.h"
 #include "core/Version.h"
 #include "desktop/core/ProjectCard.h"
@@ -137,10 +138,10 @@ void frmMain::Begin(const std::string& file) {
   Refresh();
   SetGraphMenu();
   show();
-  Run([this] { recovery_.OfferCopies(ports_.Messages); });
-  Refresh();
+  bool restored = false;
+  Run([this, &restored] { restored = recovery_.OfferCopies(ports_.Messages); });
   const RecentFiles& recent = korva_.Preferences.FileMenu;
-  if (korva_.Preferences.LoadLastInputFile == 1 && !recent.LastFileLong[1].empty()) {
+  if (!restored && korva_.Preferences.LoadLastInputFile == 1 && !recent.LastFileLong[1].empty()) {
     Run([this] { AfterOpening(fileMenu_.OpenRecent(1)); });
   }
   if (!file.empty()) {
@@ -193,9 +194,8 @@ void frmMain::AfterOpening(bool opened) {
   if (!opened) {
     return;
   }
-  for (const FileNotice& notice : korva_.FileNotices) {
-    HistoryLog(korva_.SessionHistory, korva_.Preferences,
-               "Line " + std::to_string(notice.line) + " of the file: " + notice.text);
+  for (const std::string& notice : NoticeTexts(korva_.FileNotices)) {
+    HistoryLog(korva_.SessionHistory, korva_.Preferences, notice);
   }
   if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
     EditParameters();
@@ -213,12 +213,14 @@ void frmMain::EditItem(int index) {
 
 void frmMain::EditParameters() {
   const BusyPointer busy(ports_.Busy);
+  delete parameters_;  // at the start two files may be opened one after the other
   parameters_ = new frmKORVAParm(session_);
   SetInputEnabled(false);
   parameters_->show();
 }
 
 void frmMain::CalcItem(int index) {
+  const BusyPointer busy(ports_.Busy);
   if (index == 0 && CalculateStabilityFactors(korva_, ports_.Messages)) {
     ShowResults(this);
   }
@@ -354,14 +356,14 @@ void frmMain::changeEvent(QEvent* event) {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-  if (QFileInfo(DroppedFile(event->mimeData())).isFile()) {
+  if (isEnabled() && QFileInfo(DroppedFile(event->mimeData())).isFile()) {
     event->acceptProposedAction();
   }
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
   const std::string file = DroppedFile(event->mimeData()).toStdString();
-  if (!file.empty()) {
+  if (isEnabled() && !file.empty()) {
     event->acceptProposedAction();
     Run([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
   }

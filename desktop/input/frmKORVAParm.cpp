@@ -131,6 +131,13 @@ void frmKORVAParm::Wire() {
         ShowConditionFields();
       }
     });
+    // A click on the condition that is chosen already counts, too.
+    connect(option, &QRadioButton::pressed, this, [this, option] { chosenAgain_ = option->isChecked(); });
+    connect(option, &QRadioButton::clicked, this, [this] {
+      if (chosenAgain_) {
+        ShowConditionFields();
+      }
+    });
   }
   connect(ui_.SSTab1, &QTabWidget::currentChanged, this,
           [this](int tab) { ui_.SSTab1->setProperty("HelpContextID", kFirstHelpContext + tab); });

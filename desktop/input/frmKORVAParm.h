@@ -69,6 +69,7 @@ class frmKORVAParm final : public QDialog {
   bool loading_ = true;
   bool acceptOnClose_ = false;
   bool warningShown_ = false;
+  bool chosenAgain_ = false;  // the condition that is being clicked
 };
 
 }  // namespace korva::desktop

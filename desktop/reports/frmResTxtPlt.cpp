@@ -155,9 +155,15 @@ void frmResTxtPlt::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (!warned_) {
     warned_ = true;  // once, when the pages stand behind the warnings
-    next_->setFocus();
     QTimer::singleShot(0, this, &frmResTxtPlt::showPopWarnings);
   }
+}
+
+void frmResTxtPlt::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && next_->isEnabled()) {
+    next_->setFocus();
+  }
+  QDialog::changeEvent(event);
 }
 
 void frmResTxtPlt::keyPressEvent(QKeyEvent* event) {

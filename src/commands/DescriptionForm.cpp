@@ -6,6 +6,11 @@ namespace korva {
 
 void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
   korva.Stored.ProjectTitle = texts.Title;
+  for (char& c : korva.Stored.ProjectTitle) {
+    if (c == '\r' || c == '\n') {
+      c = ' ';  // the file keeps the title on one line
+    }
+  }
   korva.Stored.ProjectDescription = texts.Description;
   if (texts.Units != korva.Stored.ProjectUnits) {
     korva.Stored.ProjectUnits = texts.Units;

@@ -15,8 +15,9 @@ struct DescriptionTexts {
   std::int16_t Units = 0;
 };
 
-// Takes the texts over. Other units than the project's reset it to the defaults of the new system, its title
-// and description with it. The project counts as changed even if nothing was typed.
+// Takes the texts over; line breaks in the title become blanks. Other units than the project's reset it to
+// the defaults of the new system, its title and description with it. The project counts as changed even if
+// nothing was typed.
 void AcceptDescription(Korva& korva, const DescriptionTexts& texts);
 
 }  // namespace korva

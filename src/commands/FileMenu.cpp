@@ -105,8 +105,8 @@ bool FileMenu::LoadProjFile() {
   });
   if (opened) {
     AddRecentFile();
-    recovery_.TellOpenFile(ports_.Messages);
   }
+  recovery_.TellOpenFile(ports_.Messages);
   return opened;
 }
 

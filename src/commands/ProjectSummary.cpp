@@ -63,13 +63,23 @@ FactorSummary LastFactors(const Korva& korva) {
   return summary;
 }
 
+std::vector<std::string> NoticeTexts(const std::vector<FileNotice>& notices) {
+  std::vector<std::string> texts;
+  for (const FileNotice& notice : notices) {
+    if (notice.kind != FileNoticeKind::kNoLineEnd) {
+      texts.push_back(fmt::format("Line {} of the file: {}", notice.line, notice.text));
+    }
+  }
+  return texts;
+}
+
 std::string ProjectRemark(const Korva& korva) {
   if (korva.ProjectEmpty) {
     return {};
   }
-  if (!korva.FileNotices.empty()) {
-    const FileNotice& notice = korva.FileNotices.front();
-    return fmt::format("Line {} of the file: {}", notice.line, notice.text);
+  const auto odd = NoticeTexts(korva.FileNotices);
+  if (!odd.empty()) {
+    return odd.front();
   }
   if (korva.LastRun && SameInputs(korva)) {
     const auto notices = FormNotices(korva.Stored.ProjectInput);

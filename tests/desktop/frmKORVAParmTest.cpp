@@ -135,6 +135,10 @@ TEST_F(ParameterForm, ConditionsShowTheirFieldsAndPictures) {
     EXPECT_TRUE(Shown("fraSecond") && Shown("chkRowD"));
     choose(1);
   }
+  Expect("Warning: In the KORVA data base, of the 19 case histories");
+  choose(3);
+  Expect("Warning: In the KORVA data base, of the 19 case histories");
+  The<QRadioButton>(*form, "optAnal(3)").click();
   Type("txtSlabcutFirstGob", "5");
   Expect("Cannot leave Row A pillars when a slab cut is taken from the first side barrier");
   Check("chkRowA").setChecked(true);
