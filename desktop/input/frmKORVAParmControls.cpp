@@ -52,6 +52,10 @@ void KeepPlace(QWidget& widget) {
 
 }  // namespace
 
+std::string CenterName(int index) {
+  return IndexedName("txtXcutCenters", index).toStdString();
+}
+
 frmKORVAParmControls::frmKORVAParmControls(QWidget& form, std::int16_t units) : form_(form), units_(units) {
   SSTab1 = new QTabWidget(&form);
   SSTab1->setObjectName(QStringLiteral("SSTab1"));
@@ -149,7 +153,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
     grid->addWidget(line, 1, 2 * i - 2, 2, 1, Qt::AlignHCenter);
   }
   for (int i = 1; i <= kMaxRows; ++i) {
-    const std::string name = IndexedName("txtXcutCenters", i).toStdString();
+    const std::string name = CenterName(i);
     FieldBox* box =
         NewBox({name.c_str(), "", "", kLongestCenter,
                 "Distance from center to center of two neighbouring entries", "more than the entry width"},

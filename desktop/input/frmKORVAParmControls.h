@@ -18,6 +18,9 @@
 
 namespace korva::desktop {
 
+// "txtXcutCenters(3)" for 3.
+std::string CenterName(int index);
+
 struct frmKORVAParmControls {
   frmKORVAParmControls(QWidget& form, std::int16_t units);
 

@@ -125,6 +125,7 @@ bool Recovery::OfferCopies(MessagePort& messages) {
                        {}}) == MessageAnswer::kYes;
       if (wanted && Restore(path)) {
         SessionFolder::PutAside(path);
+        TellOpenFile(messages);
         return true;
       }
     } catch (const RuntimeError& error) {
@@ -136,9 +137,11 @@ bool Recovery::OfferCopies(MessagePort& messages) {
 }
 
 void Recovery::TellOpenFile(MessagePort& messages) {
-  const std::string name = FullName(korva_.ProjectFileName);
-  folder_.TellOpenFile(korva_.OpenFile.Name.empty() ? std::string() : name);
-  if (!korva_.OpenFile.Name.empty() && folder_.IsOpenElsewhere(name)) {
+  std::error_code unknown;
+  const bool isFile = std::filesystem::is_regular_file(korva_.ProjectFileName, unknown);
+  const std::string name = isFile ? FullName(korva_.ProjectFileName) : std::string();
+  folder_.TellOpenFile(name);
+  if (isFile && folder_.IsOpenElsewhere(name)) {
     ShowMessage(
         korva_, messages,
         {fmt::format("{} is open in another window of this program. What is saved in one window replaces "

@@ -1,0 +1,168 @@
+// The commands of the main window's menus.
+#include <QCoreApplication>
+#include <QPlainTextEdit>
+
+#include "commands/Calculate.h"
+#include "commands/ProjectSummary.h"
+#include "desktop/core/frmMain.h"
+#include "desktop/files/frmSet.h"
+#include "desktop/input/frmKORVADesc.h"
+#include "desktop/input/frmKORVAParm.h"
+#include "desktop/reports/frmResTxtPlt.h"
+#include "desktop/services/frmDisclaimer.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kBarrierGraphs[] = {4, 6};
+constexpr int kSecondBarrierGraph = 5;
+
+}  // namespace
+
+void frmMain::FileItem(int index) {
+  switch (index) {
+    case kNew:
+      fileMenu_.New();
+      Refresh();
+      if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+        EditItem(0);
+      }
+      break;
+    case kOpen:
+      AfterOpening(fileMenu_.Open());
+      break;
+    case kSave:
+    case kSaveAs:
+      fileMenu_.Save(index == kSaveAs);
+      break;
+    case kExit:
+      close();
+      return;
+    default:
+      if (!menus_.Item("mnuFileItem", index).isSeparator()) {
+        SayNotBuilt("mnuFileItem", index);
+      }
+      break;
+  }
+  menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
+  SetGraphMenu();
+}
+
+void frmMain::AfterOpening(bool opened) {
+  menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
+  SetGraphMenu();
+  Refresh();
+  if (!opened) {
+    return;
+  }
+  for (const std::string& notice : NoticeTexts(korva_.FileNotices)) {
+    HistoryLog(korva_.SessionHistory, korva_.Preferences, notice);
+  }
+  if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+    EditParameters();
+  }
+}
+
+void frmMain::EditItem(int index) {
+  if (index == 1) {
+    EditParameters();
+    return;
+  }
+  frmKORVADesc form(session_, this);
+  form.exec();
+}
+
+void frmMain::EditParameters() {
+  const BusyPointer busy(ports_.Busy);
+  delete parameters_;  // at the start two files may be opened one after the other
+  parameters_ = new frmKORVAParm(session_);
+  SetInputEnabled(false);
+  parameters_->show();
+}
+
+void frmMain::CalcItem(int index) {
+  const BusyPointer busy(ports_.Busy);
+  if (index == 0 && CalculateStabilityFactors(korva_, ports_.Messages)) {
+    ShowResults(this);
+  }
+}
+
+void frmMain::ShowResults(QWidget* returnTo) {
+  SetInputEnabled(false);
+  (new frmResTxtPlt(session_, returnTo))->show();
+}
+
+void frmMain::UtilItem(int index) {
+  switch (index) {
+    case kSettings: {
+      frmSet form(session_, this);
+      form.exec();
+      break;
+    }
+    case kFileConversion:
+      if (korva_.ProjectEmpty) {
+        ShowMessage(korva_, ports_.Messages, {.text = "Current file is empty", .title = {}});
+      } else if (!korva_.ProjectSaved) {
+        ShowMessage(korva_, ports_.Messages,
+                    {.text = "Save Current File before accessing this option", .title = {}});
+      } else {
+        SayNotBuilt("mnuUtilItem", index);
+      }
+      break;
+    case kClearHistory:
+      korva_.SessionHistory.Text.clear();
+      ShowHistory();
+      break;
+    case kToggleHistory:
+      ToggleHistory();
+      break;
+    case kCopyHistory:
+      ports_.Clipboard.SetText(korva_.SessionHistory.Text);
+      break;
+    default:
+      SayNotBuilt("mnuUtilItem", index);
+  }
+}
+
+void frmMain::ToggleHistory() {
+  const bool visible = txtMain_->isHidden();
+  txtMain_->setVisible(visible);
+  menus_.Item("mnuUtilItem", kToggleHistory)
+      .setText(visible ? QStringLiteral("Close History &Window") : QStringLiteral("Restore History &Window"));
+  menus_.Item("mnuUtilItem", kCopyHistory).setEnabled(visible);
+}
+
+void frmMain::HelpItem(int index) {
+  if (index != kDisclaimer) {
+    SayNotBuilt("mnuHelpItem", index);
+    return;
+  }
+  frmDisclaimer disclaimer(session_, this);
+  disclaimer.exec();
+  if (!disclaimer.Accepted()) {
+    EndByDisclaimer();
+  }
+}
+
+// No question here; unsaved work is offered at the next start.
+void frmMain::EndByDisclaimer() {
+  recovery_.KeepDroppedWork(korva_.ProjectFileName);
+  recovery_.EndCleanly();
+  QCoreApplication::quit();
+}
+
+void frmMain::SetGraphMenu() {
+  const BarrierGraphs graphs = GraphsOf(korva_.ProjectCalc);
+  for (const int item : kBarrierGraphs) {
+    menus_.Item("mnuCalcGrafItem", item).setEnabled(graphs.First);
+  }
+  menus_.Item("mnuCalcGrafItem", kSecondBarrierGraph).setEnabled(graphs.Second);
+}
+
+void frmMain::SayNotBuilt(const char* array, int index) {
+  ShowMessage(korva_, ports_.Messages, {.text = NotBuiltText(menus_.CaptionOf(array, index)), .title = {}});
+}
+
+}  // namespace korva::desktop
