@@ -46,6 +46,9 @@ std::string PlatformLines(std::string_view text) {
 
 MessageAnswer TerminalMessages::Show(const Message& message) {
   Complain(file_ + ": " + message.text);
+  if (!message.detail.empty()) {
+    Complain(message.detail);
+  }
   switch (message.buttons) {
     case MessageButtons::kOk:
       return MessageAnswer::kOk;

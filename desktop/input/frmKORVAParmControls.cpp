@@ -66,6 +66,35 @@ frmKORVAParmControls::frmKORVAParmControls(QWidget& form, std::int16_t units) : 
   ApplySpacing(*all, form);
   all->addWidget(SSTab1, 1);
   AddButtons(*all);
+  SetTabOrder();
+}
+
+// As a person reads the form, tab by tab.
+void frmKORVAParmControls::SetTabOrder() const {
+  std::vector<QWidget*> order{SSTab1};
+  const auto add = [&](std::initializer_list<const char*> names) {
+    for (const char* name : names) {
+      const auto box = boxes.find(name);
+      order.push_back(box != boxes.end() ? static_cast<QWidget*>(box->second) : checks.at(name));
+    }
+  };
+  add({"txtEntryHeight", "txtDepthCover", "txtXcutAngle", "txtEntryWidth", "txtXcutSpacing"});
+  order.push_back(Combo1);
+  order.insert(order.end(), optLam.begin(), optLam.end());
+  add({"chkEqual"});
+  for (int i = 1; i <= kMaxRows; ++i) {
+    add({CenterName(i).c_str()});
+  }
+  add({"txtCoalStrength", "txtUnitWeight", "txtBreadthAMZ", "chkAMZ", "txtArchFactor", "chkArch"});
+  order.insert(order.end(), optAnal.begin(), optAnal.end());
+  add({"txtExtentActiveGob", "txtAbutmentAngleActiveGob", "txtExtentFirstGob", "txtAbutmentAngleFirstGob",
+       "txtBarrierFirstGob", "txtSlabcutFirstGob", "txtExtentSecondGob", "txtAbutmentAngleSecondGob",
+       "txtBarrierSecondGob", "txtSlabcutSecondGob", "chkRowA", "chkRowB", "chkRowC", "txtWidthC", "chkRowD",
+       "txtWidthD"});
+  order.insert(order.end(), {cmdResults, cmdCopyClip, cmdView, cmdCancel, cmdOK, cmdHelp});
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    QWidget::setTabOrder(order[i - 1], order[i]);
+  }
 }
 
 QGroupBox* frmKORVAParmControls::NewFrame(const char* name, const char* title) {

@@ -70,6 +70,7 @@ struct frmKORVAParmControls {
                          const std::array<const char*, Count>& captions,
                          std::array<QRadioButton*, Count>& options);
   void AddButtons(QBoxLayout& layout);
+  void SetTabOrder() const;
 
   QWidget& form_;
   std::int16_t units_;

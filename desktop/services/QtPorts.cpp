@@ -101,6 +101,7 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setTextFormat(Qt::PlainText);
   box.setText(FromUtf8(message.text));
+  box.setInformativeText(FromUtf8(message.detail));
   box.setWindowTitle(FromUtf8(message.title));
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(set.buttons);

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "core/Korva.h"
-#include "core/Text.h"
 
 namespace korva {
 
@@ -44,9 +43,6 @@ std::string ErrorMessage(const RuntimeError& error) {
   if (ClassOf(error.Number()) == ErrorClass::kFatal) {
     text += ". Procedure Terminated";
   }
-  if (!error.Detail().empty()) {
-    text.append(kLineEnd).append(error.Detail());
-  }
   return text;
 }
 
@@ -66,15 +62,15 @@ ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& e
       return ErrorAction::kDataSource;
     case ErrorClass::kFatal:
       if (show) {
-        ShowMessage(
-            korva, port,
-            {ErrorMessage(error), MessageButtons::kOk, MessageIcon::kCritical, korva.Titles.TitleError});
+        ShowMessage(korva, port,
+                    {ErrorMessage(error), MessageButtons::kOk, MessageIcon::kCritical,
+                     korva.Titles.TitleError, error.Detail()});
       }
       return ErrorAction::kEndCommand;
     case ErrorClass::kRetryable:
       if (show && ShowMessage(korva, port,
                               {ErrorMessage(error), MessageButtons::kRetryCancel, MessageIcon::kCritical,
-                               korva.Titles.TitleError}) == MessageAnswer::kRetry) {
+                               korva.Titles.TitleError, error.Detail()}) == MessageAnswer::kRetry) {
         return ErrorAction::kRetry;
       }
       return ErrorAction::kContinue;

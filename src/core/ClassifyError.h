@@ -16,12 +16,12 @@ enum class ErrorAction {
   kDataSource = 6,  // end the command, a data source failed
 };
 
-// The message of an error: its description and number, for the errors that end a command
-// ". Procedure Terminated", and on a line of its own what was at fault.
+// The message of an error: its description and number, and for the errors that end a command
+// ". Procedure Terminated".
 std::string ErrorMessage(const RuntimeError& error);
 
-// Logs and shows `error` and says what follows. Device, file and printer errors offer Retry and Cancel. With
-// `show` false nothing is shown and such errors give kContinue.
+// Logs and shows `error`, with its detail, and says what follows. Device, file and printer errors offer Retry
+// and Cancel. With `show` false nothing is shown and such errors give kContinue.
 ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& error, bool show);
 
 }  // namespace korva

@@ -17,6 +17,7 @@ struct Message {
   MessageButtons buttons = MessageButtons::kOk;
   MessageIcon icon = MessageIcon::kNone;
   std::string title;
+  std::string detail = {};  // what was at fault, set apart from the text
 };
 
 // What shows a message: a box of the desktop, the terminal of the command, a script of answers in tests.

@@ -44,9 +44,9 @@ TEST_F(ClassifyErrorTest, ShownErrorsAreLoggedAndNamed) {
   EXPECT_EQ(Classify(11, false), ErrorAction::kEndCommand);
   EXPECT_EQ(Classify(32755), ErrorAction::kCancelled);
   EXPECT_EQ(Classify(0x80040E14), ErrorAction::kDataSource);
-  port_.Expect("Error occurred: Input past end of file (62)\r\na.kvl, line 3", MessageButtons::kRetryCancel);
+  port_.Expect("Error occurred: Input past end of file (62)", MessageButtons::kRetryCancel);
   Classify(62);
-  EXPECT_EQ(port_.Shown[0].title, "Project Parameters: Error");
+  EXPECT_EQ(port_.Shown[0].title + "|" + port_.Shown[0].detail, "Project Parameters: Error|a.kvl, line 3");
   const std::string& log = korva_.SessionHistory.Text;
   EXPECT_TRUE(log.starts_with("1. Cancel was selected\r\n2. Error 2147749396:")) << log;
   EXPECT_NE(log.find("\r\n3. Error 62:Input past end of file\r\n4. Project Parameters: Error: "), log.npos)

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPointer>
@@ -239,6 +240,20 @@ TEST_F(ParameterForm, CopyClipPutsAPictureOnTheClipboard) {
   Expect("Screenshot of dialog copied to clipboard");
   Click(*form, "cmdCopyClip");
   EXPECT_EQ(QGuiApplication::clipboard()->image().size(), form->size());
+}
+
+TEST_F(ParameterForm, TabGoesAsAPersonReads) {
+  Open();
+  std::string order;
+  for (int i = 0; i < 18; ++i) {
+    order += QApplication::focusWidget()->objectName().toStdString() + " ";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(
+      order.substr(0, order.find("SSTab1")),
+      "txtEntryHeight txtDepthCover txtXcutAngle txtEntryWidth txtXcutSpacing Combo1 optLam(0) chkEqual "
+      "txtXcutCenters(1) txtXcutCenters(2) txtXcutCenters(3) cmdResults cmdCopyClip cmdView cmdCancel "
+      "cmdOK cmdHelp qt_tabwidget_tabbar ");
 }
 
 TEST_F(ParameterForm, AnEmptyMetricProjectShowsItsUnitsAndRoundedDefaults) {
