@@ -68,13 +68,13 @@ std::string BestFont() {
 // The shipped examples: beside an installed program, or in the folders above one that was just built.
 QString ExamplesFolder(const QString& programFolder) {
   QDir folder(programFolder);
-  const QString installed = folder.filePath(QStringLiteral("../share/korva-strond/examples"));
+  QString installed = folder.filePath(QStringLiteral("../share/korva-strond/examples"));
   if (QFileInfo(installed).isDir()) {
     return installed;
   }
   static constexpr int kLevelsOfABuild = 4;
   for (int level = 0; level < kLevelsOfABuild; ++level) {
-    const QString built = folder.filePath(QStringLiteral("examples"));
+    QString built = folder.filePath(QStringLiteral("examples"));
     if (QFileInfo(built).isDir()) {
       return built;
     }

@@ -120,7 +120,7 @@ bool frmKORVAParm::CheckAndShow() {
   return false;
 }
 
-void frmKORVAParm::Accept() {
+void frmKORVAParm::TakeAndClose() {
   ui_.cmdOK->setFocus();
   QCoreApplication::processEvents();
   if (!CheckAndShow()) {

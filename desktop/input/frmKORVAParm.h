@@ -33,6 +33,9 @@ class frmKORVAParm final : public QDialog {
  private:
   void Load();
   void Wire();
+  void WireBoxes();
+  void WireChecks();
+  void WireConditions();
   void WireWarnings();
 
   // Rules of dependent fields.
@@ -56,10 +59,9 @@ class frmKORVAParm final : public QDialog {
   bool CheckAndShow();
   void StoreCalcParameters();
 
-  void Accept();
+  void TakeAndClose();
   void Results();
   void View();
-  void CopyClip();
 
   std::int16_t Condition() const;
 

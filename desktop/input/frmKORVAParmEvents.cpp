@@ -18,6 +18,24 @@ constexpr int kSecondCenter = 2;
 }  // namespace
 
 void frmKORVAParm::Wire() {
+  WireBoxes();
+  WireChecks();
+  WireConditions();
+  connect(ui_.SSTab1, &QTabWidget::currentChanged, this,
+          [this](int tab) { ui_.SSTab1->setProperty("HelpContextID", kFirstHelpContext + tab); });
+  connect(&timer_, &QTimer::timeout, this, [this] {
+    warningShown_ = false;
+    timer_.stop();
+  });
+  connect(ui_.cmdOK, &QPushButton::clicked, this, &frmKORVAParm::TakeAndClose);
+  connect(ui_.cmdCancel, &QPushButton::clicked, this, &QWidget::close);
+  connect(ui_.cmdResults, &QPushButton::clicked, this, [this] { Run([this] { Results(); }); });
+  connect(ui_.cmdView, &QPushButton::clicked, this, [this] { Run([this] { View(); }); });
+  connect(ui_.cmdCopyClip, &QPushButton::clicked, this, [this] { CopyDialogToClipboard(session_, *this); });
+  connect(ui_.cmdHelp, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+}
+
+void frmKORVAParm::WireBoxes() {
   const auto changed = [this](const char* box, auto rule) {
     connect(&ui_.Box(box), &QLineEdit::textChanged, this, [this, rule] {
       if (!loading_) {
@@ -43,6 +61,9 @@ void frmKORVAParm::Wire() {
     connect(&ui_.Box(barrier), &QLineEdit::textChanged, this,
             [this, barrier = barrier, check = check] { UpdateRowState(barrier, check); });
   }
+}
+
+void frmKORVAParm::WireChecks() {
   connect(ui_.Combo1, &QComboBox::currentIndexChanged, this, &frmKORVAParm::EntriesChosen);
   connect(&ui_.Check("chkEqual"), &QCheckBox::toggled, this, &frmKORVAParm::ApplyEqual);
   connect(&ui_.Check("chkAMZ"), &QCheckBox::toggled, this,
@@ -57,6 +78,9 @@ void frmKORVAParm::Wire() {
           [this] { UpdateRowWidth("chkRowC", "lblwidRowC", "txtWidthC"); });
   connect(&ui_.Check("chkRowD"), &QCheckBox::toggled, this,
           [this] { UpdateRowWidth("chkRowD", "lblwidRowD", "txtWidthD"); });
+}
+
+void frmKORVAParm::WireConditions() {
   for (QRadioButton* option : ui_.optAnal) {
     connect(option, &QRadioButton::toggled, this, [this](bool chosen) {
       if (chosen) {
@@ -71,18 +95,6 @@ void frmKORVAParm::Wire() {
       }
     });
   }
-  connect(ui_.SSTab1, &QTabWidget::currentChanged, this,
-          [this](int tab) { ui_.SSTab1->setProperty("HelpContextID", kFirstHelpContext + tab); });
-  connect(&timer_, &QTimer::timeout, this, [this] {
-    warningShown_ = false;
-    timer_.stop();
-  });
-  connect(ui_.cmdOK, &QPushButton::clicked, this, &frmKORVAParm::Accept);
-  connect(ui_.cmdCancel, &QPushButton::clicked, this, &QWidget::close);
-  connect(ui_.cmdResults, &QPushButton::clicked, this, [this] { Run([this] { Results(); }); });
-  connect(ui_.cmdView, &QPushButton::clicked, this, [this] { Run([this] { View(); }); });
-  connect(ui_.cmdCopyClip, &QPushButton::clicked, this, [this] { CopyDialogToClipboard(session_, *this); });
-  connect(ui_.cmdHelp, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
 }
 
 void frmKORVAParm::WireWarnings() {

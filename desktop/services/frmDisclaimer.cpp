@@ -36,7 +36,7 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
   accept->setDefault(true);
   QPushButton* refuse = NewButton("cmdNoAccept", QStringLiteral("Do not Accept and Exit"), this);
   refuse->setToolTip(QStringLiteral("Ends the program"));
-  connect(accept, &QPushButton::clicked, this, [this] { Accept(); });
+  connect(accept, &QPushButton::clicked, this, [this] { AcceptTerms(); });
   connect(refuse, &QPushButton::clicked, this, &QDialog::reject);
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
@@ -47,7 +47,7 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
   CenterForm(*this);
 }
 
-void frmDisclaimer::Accept() {
+void frmDisclaimer::AcceptTerms() {
   accepted_ = true;
   if (chkShow_->isChecked()) {
     session_.State.Preferences.ShowDisclaim = 0;

@@ -16,7 +16,7 @@ class frmDisclaimer final : public QDialog {
   bool Accepted() const { return accepted_; }
 
  private:
-  void Accept();
+  void AcceptTerms();
 
   Session& session_;
   QCheckBox* chkShow_;

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kCopy = ".KVL";
 constexpr std::string_view kAside = "kept-";
-constexpr std::uint64_t kLongestName = 64 * 1024;
+constexpr std::uint64_t kLongestName = std::uint64_t{64} * 1024;
 constexpr std::size_t kMostKept = 20;
 
 struct Entry {
