@@ -1,0 +1,70 @@
+// The library's one function.
+#include <cfenv>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <sstream>
+#include <string>
+
+#include "ExchangeLine.h"
+#include "Factors.h"
+#include "ResultFile.h"
+#include "Status.h"
+#include "korvastrond.h"
+
+namespace korva::laminated {
+
+namespace {
+
+constexpr std::size_t kLongestLine = 64 * std::size_t{1024};
+
+std::string ReadExchangeFile(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text(kLongestLine + 1, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  if (!file.is_open() || file.bad()) {
+    throw Failure{KORVASTROND_NO_EXCHANGE_FILE};
+  }
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  if (text.size() > kLongestLine) {
+    throw Failure{KORVASTROND_NOT_52_FIELDS};
+  }
+  return text;
+}
+
+std::filesystem::path ProgramFolder() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+}
+
+std::int16_t Run(const char* path) {
+  try {
+    if (path == nullptr) {
+      return KORVASTROND_NO_EXCHANGE_FILE;
+    }
+    const Panel panel = ReadExchangeLine(ReadExchangeFile(path));
+    WriteResult(ResultPath(path, ProgramFolder()), ResultText(ComputeFactors(panel)));
+    return KORVASTROND_DONE;
+  } catch (const Failure& failure) {
+    return failure.Code;
+  } catch (const std::bad_alloc&) {
+    return KORVASTROND_OUT_OF_MEMORY;
+  } catch (const std::exception&) {
+    return KORVASTROND_INTERNAL_ERROR;
+  }
+}
+
+}  // namespace
+
+}  // namespace korva::laminated
+
+// The caller's floating-point flags and modes are left as they were.
+std::int16_t KORVA_Run_STROND(const char* path) {
+  std::fenv_t caller;
+  std::fegetenv(&caller);
+  std::fesetenv(FE_DFL_ENV);
+  const std::int16_t code = korva::laminated::Run(path);
+  std::fesetenv(&caller);
+  return code;
+}
