@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "Commands.h"
+#include "ValueJson.h"
 #include "core/Format.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
@@ -152,6 +153,21 @@ Json SidesJson(const BySide<double>& values) {
   return {{"3", values[kFirstSide]}, {"4", values[kSecondSide]}};
 }
 
+// The results of the models that ran, by their names.
+void AddResults(Json& object, const BatchRow& row) {
+  if (!row.Laminated || row.CalcMode == kComparedModels) {
+    object["SFKorva"] = {{"1", row.SFKorva[kDevelopment]}, {"2", row.SFKorva[kRetreat]}};
+    object["BarrierSF"] = {{"1", SidesJson(row.BarrierSF[kDevelopment])},
+                           {"2", SidesJson(row.BarrierSF[kRetreat])}};
+    object["RemnantSF"] = SidesJson(row.RemnantSF);
+  }
+  if (row.Laminated) {
+    object["StrondSF"] = ValueJson(row.Laminated->StrondSF);
+    object["StrondBarrierSF"] = ValueJson(row.Laminated->StrondBarrierSF);
+    object["StrondRemnantSF"] = ValueJson(row.Laminated->StrondRemnantSF);
+  }
+}
+
 Json RowsJson(const std::vector<BatchRow>& rows) {
   Json json = Json::array();
   for (const BatchRow& row : rows) {
@@ -170,10 +186,7 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
       object["model"] = ModelName(row.CalcMode);
     }
     if (HasRun(row)) {
-      object["SFKorva"] = {{"1", row.SFKorva[kDevelopment]}, {"2", row.SFKorva[kRetreat]}};
-      object["BarrierSF"] = {{"1", SidesJson(row.BarrierSF[kDevelopment])},
-                             {"2", SidesJson(row.BarrierSF[kRetreat])}};
-      object["RemnantSF"] = SidesJson(row.RemnantSF);
+      AddResults(object, row);
       object["RuleFlags"] = row.RuleFlags;
     }
     object["notices"] = row.Notices;

@@ -2,10 +2,11 @@
 #include <fmt/format.h>
 
 #include <memory>
-#include <type_traits>
 
 #include "Commands.h"
+#include "ValueJson.h"
 #include "commands/Calculate.h"
+#include "commands/PrivateRun.h"
 #include "core/NumberText.h"
 #include "input/FormComputations.h"
 
@@ -18,19 +19,6 @@ struct CalcCall {
   std::string Model;
   bool AsJson = false;
 };
-
-template <class T>
-Json ValueJson(const T& value) {
-  if constexpr (std::is_arithmetic_v<T>) {
-    return value == 0 ? 0.0 : static_cast<double>(value);  // no -0
-  } else {
-    Json object = Json::object();
-    for (int i = T::kFirst; i <= T::kLast; ++i) {
-      object[std::to_string(i)] = ValueJson(value[i]);
-    }
-    return object;
-  }
-}
 
 // What the input form would compute. A value that has none is null and told; the calculation stands without
 // it.
@@ -49,9 +37,12 @@ Json FormJson(const Korva& korva, const std::string& file) {
           {"Calc_Ext_Ratio", value([&] { return Calc_Ext_Ratio(fields); })}};
 }
 
-Json CalcJson(const Korva& korva, const Calculation& run, const std::string& file) {
+Json CalcJson(const Korva& korva, const Evaluated& evaluated, const std::string& file) {
+  const Calculation& run = evaluated.Run;
   Json json = Json::object();
   VisitResults(run.Out, [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
+  VisitStrondResults(evaluated.Laminated.Results,
+                     [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
   json["LoadCond"] = run.Work.LoadCond;
   json["PanelWidth"] = run.Work.PanelWidth;
   json["form"] = FormJson(korva, file);
@@ -79,11 +70,8 @@ int Calc(Korva& korva, const CalcCall& call) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  if (ModelIsMissing(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
-  const Evaluated evaluated =
-      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
+  const PrivateRun files(korva);
+  const Evaluated evaluated = EvaluateProject(korva, korva.ProjectCalc.CalcMode);
   if (evaluated.Refusal) {
     TerminalMessages messages(call.File);
     ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
@@ -96,7 +84,7 @@ int Calc(Korva& korva, const CalcCall& call) {
     return kRefused;
   }
   TellFormNotices(korva, call.File);
-  const Json json = CalcJson(korva, evaluated.Run, call.File);
+  const Json json = CalcJson(korva, evaluated, call.File);
   Print(call.AsJson ? JsonText(json) : CalcText(json));
   return kDone;
 }

@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
+#include "commands/PrivateRun.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 
@@ -71,13 +72,10 @@ int Report(Korva& korva, const ReportCall& call) {
   if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
-  const auto model = ModelOf(call.Model);
-  korva.ProjectCalc.CalcMode = model.value_or(korva.ProjectCalc.CalcMode);
-  if (ModelIsMissing(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
+  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+  const PrivateRun files(korva);
   RefusalMessages messages(call.File);
-  if (!CalculateStabilityFactors(korva, messages, model)) {
+  if (!CalculateWorkingCopy(korva, messages, korva.ProjectCalc.CalcMode)) {
     if (call.AsJson) {
       output(JsonText(ReportJson(call.File, messages.Text, Json::array(), "")));
     }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "core/ClassifyError.h"
 #include "core/Encoding.h"
@@ -67,18 +66,6 @@ std::optional<std::int16_t> ModelOf(const std::string& name) {
   const auto* found = std::find(kModelNames.begin(), kModelNames.end(), name);
   return found == kModelNames.end() ? std::nullopt
                                     : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
-}
-
-bool ModelIsMissing(const Korva& korva, const std::string& file, bool asJson) {
-  const auto missing = MissingModel(korva.ProjectCalc.CalcMode);
-  if (!missing) {
-    return false;
-  }
-  Complain(fmt::format("{}: {}", file, *missing));
-  if (asJson) {
-    Print(JsonText({{"file", file}, {"error", PlainErrorJson(*missing)}}));
-  }
-  return true;
 }
 
 bool OpenProject(Korva& korva, const std::string& file, bool asJson) {

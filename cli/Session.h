@@ -53,9 +53,6 @@ std::optional<std::int16_t> ModelOf(const std::string& name);
 // been told.
 bool OpenProject(Korva& korva, const std::string& file, bool asJson);
 
-// Whether the working copy asks for an overburden model that is not built yet; if so it has been told.
-bool ModelIsMissing(const Korva& korva, const std::string& file, bool asJson);
-
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);
 

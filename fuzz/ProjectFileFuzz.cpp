@@ -68,7 +68,8 @@ void CheckPages(StoredProject project) {
   korva.Stored.ProjectDescription.clear();
   korva.ProjectEmpty = false;
   SilentMessages silent;
-  if (!CalculateStabilityFactors(korva, silent, kTraditionalModel)) {
+  korva.Stored.ProjectInput.CalcMode = kTraditionalModel;
+  if (!CalculateStabilityFactors(korva, silent)) {
     return;
   }
   for (const std::string& page : korva.OutBuf) {

@@ -148,7 +148,7 @@ void frmKORVAParm::Results() {
   bool calculated = false;
   {
     const BusyPointer busy(session_.Outside.Busy);
-    calculated = CalculateWorkingCopy(session_.State, session_.Outside.Messages);
+    calculated = CalculateFromForm(session_.State, session_.Outside.Messages);
   }
   if (calculated) {
     hide();

@@ -11,8 +11,10 @@
 #include <thread>
 
 #include "commands/FileCommands.h"
+#include "commands/PrivateRun.h"
 #include "files/ProjectFile.h"
 #include "input/FormNotices.h"
+#include "reports/RoundSF.h"
 
 namespace korva {
 
@@ -51,11 +53,38 @@ void AddFilesOfFolder(const fs::path& folder, std::vector<std::string>& files) {
   }
 }
 
-void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project) {
+// The factors of a laminated run in the traditional one's places; its remnants by their retreat.
+void FillLaminated(BatchRow& row, const StrondResults& results) {
+  for (int c = kDevelopment; c <= kRetreat; ++c) {
+    const int stage = c - kDevelopment;
+    row.SFKorva[c] = results.StrondSF[stage];
+    row.RoundedSF[c] = static_cast<float>(results.StrondSF[stage]);
+    for (int k = kFirstSide; k <= kSecondSide; ++k) {
+      row.BarrierSF[c][k] = static_cast<double>(results.StrondBarrierSF[stage][k - kFirstSide]);
+      row.RemnantSF[k] = static_cast<double>(results.StrondRemnantSF[stage][k - kFirstSide]);
+    }
+  }
+}
+
+void FillTraditional(BatchRow& row, const Evaluated& evaluated, const OptionSettings& options) {
   row.SFKorva = evaluated.Run.Out.SFKorva;
   row.BarrierSF = evaluated.Run.Out.BarrierSF;
   row.RemnantSF = evaluated.Run.Out.RemnantSF;
-  row.RoundedSF = evaluated.Rules.Facts.SF;
+  for (int c = kDevelopment; c <= kRetreat; ++c) {
+    row.RoundedSF[c] = RoundSF(row.SFKorva[c], options.RoundKORVASF);
+  }
+}
+
+void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project,
+             const OptionSettings& options) {
+  if (evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels) {
+    FillTraditional(row, evaluated, options);
+  } else {
+    FillLaminated(row, evaluated.Laminated.Results);
+  }
+  if (evaluated.Model != kTraditionalModel) {
+    row.Laminated = evaluated.Laminated.Results;
+  }
   row.LoadCond = evaluated.Run.Work.LoadCond;
   row.LastCase = LastCaseShown(project, evaluated.Run.Work);
   const auto& flags = evaluated.Rules.RuleFlags;
@@ -81,14 +110,14 @@ BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional
     row.Title = korva.Stored.ProjectTitle;
     row.Units = korva.Stored.ProjectUnits;
     row.CalcMode = project.CalcMode;
-    if (const auto missing = MissingModel(project.CalcMode)) {
-      row.Failure = *missing;
-      return row;
+    std::optional<PrivateRun> files;
+    if (project.CalcMode != kTraditionalModel) {
+      files.emplace(korva);
     }
-    Evaluated evaluated = EvaluateProject(project, row.Units, settings.Options);
+    Evaluated evaluated = EvaluateProject(korva, project.CalcMode);
     row.Refusal = std::move(evaluated.Refusal);
     if (!row.Refusal) {
-      FillRun(row, evaluated, project);
+      FillRun(row, evaluated, project, settings.Options);
       const auto notices = FormNotices(project);
       row.Notices.insert(row.Notices.end(), notices.begin(), notices.end());
     }

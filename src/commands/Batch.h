@@ -30,8 +30,9 @@ struct BatchRow {
   BySide<double> RemnantSF;
   ByCase<float> RoundedSF;
   int LoadCond = 0;
-  int LastCase = kDevelopment;  // the last case that the pages show
-  std::vector<int> RuleFlags;   // indices of the flags that are set
+  int LastCase = kDevelopment;             // the last case that the pages show
+  std::vector<int> RuleFlags;              // indices of the flags that are set
+  std::optional<StrondResults> Laminated;  // of a laminated run, whose numbers stand above if it ran alone
 };
 
 // The project files that `paths` name: a folder stands for all files in it and below it with the project

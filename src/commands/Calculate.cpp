@@ -11,12 +11,18 @@ namespace {
 
 constexpr std::string_view kEmptyFile = "Current file is empty";
 
+constexpr std::string_view kTakesMinutes =
+    "The laminated model will invoke Strondel in the background and may take a few minutes to run.";
+constexpr std::string_view kWithoutWarnings =
+    "Results from the Traditional Overburden KORVA will be included in the results without any warnings. "
+    "Results should be used with caution.";
+
 struct PageSet {
   OutputPages Pages;
   std::string WarningText;
 };
 
-PageSet BuildPages(const Korva& korva, const Evaluated& evaluated) {
+PageSet TraditionalPages(const Korva& korva, const Evaluated& evaluated) {
   const OptionSettings& options = korva.Preferences.Options;
   const Project& project = korva.ProjectCalc;
   WarningTexts warnings = ComposeWarnings(evaluated.Rules, project, korva.Stored.ProjectUnits);
@@ -28,17 +34,50 @@ PageSet BuildPages(const Korva& korva, const Evaluated& evaluated) {
   set.Pages[3] = ReportPillars(output, options);
   set.Pages[4] = ReportBarriers(output, project);
   set.Pages[5] = ReportRemnants(output, project);
-  set.Pages[0] = InputEcho(korva.Stored, project, korva.ProjectFileName, options);
   set.WarningText = std::move(warnings.Popup);
+  return set;
+}
+
+// The laminated models leave page 5 empty and have no warnings.
+PageSet LaminatedPages(const Korva& korva, const Evaluated& evaluated) {
+  const std::int16_t units = korva.Stored.ProjectUnits;
+  const StrondResults& results = evaluated.Laminated.Results;
+  const StrondPages pages = evaluated.Model == kComparedModels
+                                ? StrondCompareReport(results, korva.ProjectCalc, units, evaluated.Run,
+                                                      korva.Preferences.Options.RoundKORVASF)
+                                : StrondReport(results, korva.ProjectCalc, units);
+  PageSet set;
+  for (int page = pages.Page.kFirst; page <= pages.Page.kLast; ++page) {
+    set.Pages[page] = pages.Page[page];
+  }
   return set;
 }
 
 // What the pages were made of, as the input record would have to be for them to hold still.
 RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
-  const auto& factors = evaluated.Rules.Facts.SF;
-  return {korva.ProjectCalc, korva.Stored.ProjectUnits,
-          LastCaseShown(korva.ProjectCalc, evaluated.Run.Work) == kRetreat, factors[kDevelopment],
-          factors[kRetreat]};
+  const bool hasRetreat = LastCaseShown(korva.ProjectCalc, evaluated.Run.Work) == kRetreat;
+  if (evaluated.Model == kTraditionalModel) {
+    const auto& factors = evaluated.Rules.Facts.SF;
+    return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, factors[kDevelopment],
+            factors[kRetreat]};
+  }
+  const auto& factors = evaluated.Laminated.Results.StrondSF;
+  return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, static_cast<float>(factors[0]),
+          static_cast<float>(factors[1])};
+}
+
+bool IsRefused(Korva& korva, MessagePort& messages) {
+  const auto refusal = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal;
+  if (refusal) {
+    ShowMessage(korva, messages, {.text = *refusal, .title = {}});
+  }
+  return refusal.has_value();
+}
+
+void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
+  korva.Strond = evaluated.Laminated.Results;
+  korva.StrondOutFile = std::move(evaluated.Laminated.StrondOutFile);
+  korva.StrondResultFile = std::move(evaluated.Laminated.StrondResultFile);
 }
 
 }  // namespace
@@ -51,61 +90,85 @@ void FillPlotCopies(Korva& korva) {
   }
 }
 
-std::optional<std::string> MissingModel(std::int16_t calcMode) {
-  if (calcMode == kTraditionalModel) {
-    return std::nullopt;
-  }
-  return "the laminated overburden model is not built yet; the traditional model is";
-}
-
-Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options) {
+Evaluated EvaluateProject(const Korva& korva, std::int16_t model) {
+  const Project& project = korva.ProjectCalc;
+  const std::int16_t units = korva.Stored.ProjectUnits;
+  const OptionSettings& options = korva.Preferences.Options;
   Evaluated evaluated;
+  evaluated.Model = model;
   Prepared prepared = PrepareCalculation(project, units);
   evaluated.Refusal = std::move(prepared.Refusal);
   if (evaluated.Refusal) {
     return evaluated;
   }
-  if (const auto missing = MissingModel(project.CalcMode)) {
-    throw RuntimeError(ErrorNumber::kInvalidCall, *missing);
+  if (model != kTraditionalModel) {
+    evaluated.Laminated =
+        RunStrond2D(project, units, korva.ProjectFileName, StrondPlaceOf(korva.Places, options.iOptDir));
   }
   evaluated.Run = prepared.Run;
-  RunCalculation(evaluated.Run);
-  evaluated.Rules = EvaluateRules(project, evaluated.Run, options.RoundKORVASF);
+  if (model == kTraditionalModel || model == kComparedModels) {
+    RunCalculation(evaluated.Run);
+  }
+  if (model == kTraditionalModel) {
+    evaluated.Rules = EvaluateRules(project, evaluated.Run, options.RoundKORVASF);
+  }
   return evaluated;
 }
 
-bool CalculateWorkingCopy(Korva& korva, MessagePort& messages) {
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model) {
   korva.OutPageLast = OutputPages::kLast;
-  if (const auto refusal = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal) {
-    ShowMessage(korva, messages, {.text = *refusal, .title = {}});
+  if (IsRefused(korva, messages)) {
     return false;
   }
-  if (const auto missing = MissingModel(korva.ProjectCalc.CalcMode)) {
-    ShowMessage(korva, messages, {.text = "Not calculated: " + *missing, .title = {}});
-    return false;
+  Evaluated evaluated = EvaluateProject(korva, model);
+  if (model == kComparedModels) {
+    ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
   }
-  const Evaluated evaluated =
-      EvaluateProject(korva.ProjectCalc, korva.Stored.ProjectUnits, korva.Preferences.Options);
   NormalizeDescription(korva.Stored);
-  PageSet set = BuildPages(korva, evaluated);
+  PageSet set =
+      model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
+  set.Pages[0] = InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+  korva.LastRun = SummaryOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
-  korva.LastRun = SummaryOf(korva, evaluated);
+  if (model != kTraditionalModel) {
+    KeepLaminatedRun(korva, evaluated);
+  }
   HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
   return true;
 }
 
-bool CalculateStabilityFactors(Korva& korva, MessagePort& messages, std::optional<std::int16_t> calcMode) {
+bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   if (korva.ProjectEmpty) {
     ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}});
     return false;
   }
+  korva.OutPageLast = OutputPages::kLast;
   korva.ProjectCalc = korva.Stored.ProjectInput;
-  if (calcMode) {
-    korva.ProjectCalc.CalcMode = *calcMode;
-  }
   FillPlotCopies(korva);
-  return CalculateWorkingCopy(korva, messages);
+  if (korva.ProjectCalc.CalcMode == kTraditionalModel) {
+    return CalculateWorkingCopy(korva, messages, kTraditionalModel);
+  }
+  if (IsRefused(korva, messages)) {
+    return false;
+  }
+  ShowMessage(korva, messages, {.text = std::string(kTakesMinutes), .title = {}});
+  return CalculateWorkingCopy(korva, messages, kLaminatedModel);
+}
+
+bool CalculateFromForm(Korva& korva, MessagePort& messages) {
+  const std::int16_t model = korva.ProjectCalc.CalcMode;
+  if (model != kTraditionalModel) {
+    if (IsRefused(korva, messages)) {
+      return false;
+    }
+    const Message question = {
+        std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageIcon::kNone, {}};
+    if (ShowMessage(korva, messages, question) != MessageAnswer::kYes) {
+      return false;
+    }
+  }
+  return CalculateWorkingCopy(korva, messages, model);
 }
 
 }  // namespace korva

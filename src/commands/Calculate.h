@@ -1,4 +1,4 @@
-// The command "Stability Factors...": from the open project to its output pages.
+// From the open project to its output pages.
 #pragma once
 
 #include <optional>
@@ -8,34 +8,39 @@
 #include "core/Messages.h"
 #include "model/Calculation.h"
 #include "reports/Rules.h"
+#include "strond/KORVAStrond2D.h"
 
 namespace korva {
 
-// What a run yields, before it is put on pages; or the check's refusal.
+// What a run yields, before it is put on pages; or the check's refusal. Which parts there are is told by the
+// model: 0 traditional, 2 both, anything else laminated.
 struct Evaluated {
-  Calculation Run;
-  RuleOutcome Rules;
+  std::int16_t Model = kTraditionalModel;
+  Calculation Run;    // of the traditional model
+  RuleOutcome Rules;  // only if that ran alone
+  StrondRun Laminated;
   std::optional<std::string> Refusal;
 };
 
-// What to say of an overburden model (CalcMode) that is not built yet; nothing for one that is.
-std::optional<std::string> MissingModel(std::int16_t calcMode);
-
-// Runs the traditional model on a record and judges it. Run-time errors of the calculation, and 5 for a
-// project that asks for a model that is missing.
-Evaluated EvaluateProject(const Project& project, std::int16_t units, const OptionSettings& options);
+// Runs `model` on the working copy. The laminated one writes and reads files where the preferences and the
+// project's name say. Run-time errors of both.
+Evaluated EvaluateProject(const Korva& korva, std::int16_t model);
 
 // Fills the plan view's single-precision copies from the working copy.
 void FillPlotCopies(Korva& korva);
 
-// Runs the working copy as it stands and fills all output pages, WarningText and LastRun. False, after a
-// message, for a record that the check refuses or a model that is missing. Neither then nor after a run-time
-// error is any page changed.
-bool CalculateWorkingCopy(Korva& korva, MessagePort& messages);
+// Runs the working copy in `model` and fills all output pages, WarningText and LastRun. False,
+// after a message, for a record that the check refuses. Neither then nor after a run-time error is any page
+// changed. A comparison tells that its traditional numbers come without warnings.
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model);
 
-// Copies the project to the working copy, with the overburden model `calcMode` if one is given, and runs
-// that. False, after a message, also for an empty project.
-bool CalculateStabilityFactors(Korva& korva, MessagePort& messages,
-                               std::optional<std::int16_t> calcMode = {});
+// The command "Stability Factors...": copies the project to the working copy and runs that. Of the laminated
+// models it always runs the laminated one alone, after a notice. False, after a message, also for an empty
+// project.
+bool CalculateStabilityFactors(Korva& korva, MessagePort& messages);
+
+// The button "Results" of the parameters form: runs the working copy, whose laminated models ask first. False
+// also if the person does not want to.
+bool CalculateFromForm(Korva& korva, MessagePort& messages);
 
 }  // namespace korva

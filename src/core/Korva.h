@@ -14,6 +14,7 @@
 #include "core/Messages.h"
 #include "core/Project.h"
 #include "core/Settings.h"
+#include "core/StrondResults.h"
 
 namespace korva {
 
@@ -64,6 +65,12 @@ struct Korva {
   std::int16_t OutPageLast = 5;
   std::string WarningText;
   std::optional<RunSummary> LastRun;
+
+  // The last laminated run: its results, the file that they were read from, and one that its solver may
+  // leave.
+  StrondResults Strond;
+  std::string StrondResultFile;
+  std::string StrondOutFile;
 
   Settings Preferences;
   Folders Places;

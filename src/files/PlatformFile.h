@@ -71,6 +71,10 @@ class FileLock {
 // The lock on `path`, made if it is missing; nothing if another process holds it or it cannot be made.
 std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept;
 
+// Makes a folder that nobody else can enter, below the system's temporary one; its name without a separator
+// at its end.
+std::string MakePrivateFolder();
+
 // The number of this process.
 int ProcessNumber() noexcept;
 

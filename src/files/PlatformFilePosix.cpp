@@ -266,6 +266,17 @@ std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept {
   return std::make_unique<PosixFileLock>(std::move(file));
 }
 
+std::string MakePrivateFolder() {
+  std::error_code failure;
+  const auto parent = std::filesystem::temp_directory_path(failure);
+  std::string folder = (parent / "korva-XXXXXX").string();
+  if (failure || ::mkdtemp(folder.data()) == nullptr) {
+    ThrowSystemError(failure ? failure.value() : errno, folder,
+                     "the private folder of the run cannot be made");
+  }
+  return folder;
+}
+
 int ProcessNumber() noexcept {
   return ::getpid();
 }

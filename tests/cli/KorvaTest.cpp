@@ -36,6 +36,7 @@ std::string Squeezed(std::string text) {
 class KorvaCommand : public testing::Test {
  protected:
   KorvaCommand() {
+    std::filesystem::create_directory(folder_ / "tmp");
     folder_.Put("two.KVL", FileOf(test::TwoSideGobs()));
     folder_.Put("dev.KVL", FileOf(test::DevelopmentPanel()));
     Project p = test::TwoSideGobs();
@@ -50,8 +51,10 @@ class KorvaCommand : public testing::Test {
     folder_.Put("rest.KVL", FileOf(test::DevelopmentPanel()) + "a remark\r\n");
   }
 
-  ProgramResult Call(std::vector<std::string> arguments) const {
-    return RunProgram({KORVA_PROGRAM, std::move(arguments), folder_ / "", {}, {}});
+  ProgramResult Call(std::vector<std::string> arguments,
+                     std::vector<std::pair<std::string, std::string>> environment = {}) const {
+    environment.emplace_back("TMPDIR", folder_ / "tmp");
+    return RunProgram({KORVA_PROGRAM, std::move(arguments), folder_ / "", std::move(environment), {}});
   }
 
   // A call that fails with `status`, prints nothing and says `what`.
@@ -151,13 +154,47 @@ TEST_F(KorvaCommand, OptionsAndModels) {
     call.insert(call.end(), {"report", "two.KVL"});
     EXPECT_TRUE(Holds(Call(call).Out, line + "\n")) << line;
   }
-  ExpectFailure({"report", "dev.KVL", "--model", "laminated"}, 3, "not built yet");
-  ExpectFailure({"calc", "laminated.KVL"}, 3, "not built yet");
   ExpectFailure({"plan", "dev.KVL", "--json"}, 3, "not built yet");
-  EXPECT_EQ(Call({"calc", "laminated.KVL", "--model", "traditional"}).Status, 0);
   // An option behind the command counts as well.
   EXPECT_FALSE(Holds(Call({"report", "two.KVL", "--set", "PrintModuleHeader=0"}).Out, "module build"));
   ExpectFailure({"--settings", "gone.ini", "report", "two.KVL"}, 3, "gone.ini");
+}
+
+TEST_F(KorvaCommand, RunsTheModelAskedFor) {
+  const auto calc = [this](const std::string& model) {
+    return json::parse(Call({"calc", "laminated.KVL", "--json", "--model", model}).Out);
+  };
+  const json laminated = json::parse(Call({"calc", "laminated.KVL", "--json"}).Out);
+  EXPECT_EQ(laminated, calc("laminated"));
+  EXPECT_GT(laminated["StrondSF"]["0"].get<double>(), 0.5);
+  EXPECT_GT(laminated["StrondPillarStrength"]["0"].get<double>(), 1000);
+  EXPECT_EQ(laminated["SFKorva"]["1"], 0) << "the traditional model has not run";
+  const json compared = calc("compared");
+  const json traditional = calc("traditional");
+  EXPECT_EQ(compared["StrondSF"], laminated["StrondSF"]);
+  EXPECT_EQ(compared["SFKorva"], traditional["SFKorva"]);
+  EXPECT_EQ(traditional["StrondSF"]["0"], 0);
+
+  const ProgramResult report = Call({"report", "laminated.KVL"});
+  EXPECT_EQ(report.Status, 0);
+  EXPECT_TRUE(Holds(report.Out, "[KORVA-STROND STABILITY FACTORS]"));
+  const ProgramResult both = Call({"report", "laminated.KVL", "--model", "compared", "--page", "1"});
+  EXPECT_TRUE(Holds(both.Out, "KORVA-STROND   KORVA-TRADITIONAL"));
+  EXPECT_TRUE(Holds(both.Err, "without any warnings"));
+  const json rows = json::parse(Call({"batch", "laminated.KVL", "--json"}).Out);
+  EXPECT_EQ(rows[0]["model"], "laminated");
+  EXPECT_EQ(rows[0]["StrondSF"], laminated["StrondSF"]);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_ / "tmp")) << "the runs leave nothing behind";
+}
+
+// Another library of the same interface takes the solver's place by its name.
+TEST_F(KorvaCommand, TheSolverLibraryCanBeReplaced) {
+  const ProgramResult report =
+      Call({"report", "laminated.KVL"}, {{"LD_LIBRARY_PATH", KORVA_REPLACED_SOLVER}});
+  EXPECT_EQ(report.Status, 3);
+  EXPECT_EQ(report.Out, "");
+  EXPECT_TRUE(Holds(report.Err, "laminated_KVSD.CSV")) << report.Err;
+  EXPECT_TRUE(Holds(report.Err, "it gave back -7")) << report.Err;
 }
 
 TEST_F(KorvaCommand, SaveAndConvertRoundTrips) {

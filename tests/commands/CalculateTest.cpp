@@ -9,6 +9,7 @@
 #include "support/ExpectError.h"
 #include "support/Panels.h"
 #include "support/ScriptedMessages.h"
+#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
@@ -69,6 +70,73 @@ TEST(CalculateStabilityFactors, FailureLeavesThePages) {
     EXPECT_EQ(korva.OutBuf, WithProject(project).OutBuf);
     EXPECT_EQ(korva.WarningText, "earlier");
   }
+}
+
+// A project in the mode `calcMode`, whose laminated runs have a folder of their own.
+Korva Laminated(std::int16_t calcMode, const TempFolder& folder) {
+  Korva korva = WithProject(TwoSideGobs());
+  korva.Stored.ProjectInput.CalcMode = calcMode;
+  korva.ProjectCalc = korva.Stored.ProjectInput;
+  korva.Places.TempRoot = folder / "";
+  return korva;
+}
+
+constexpr const char* kTakesMinutes =
+    "The laminated model will invoke Strondel in the background and may take a few minutes to run.";
+
+TEST(CalculateStabilityFactors, TreatsBothLaminatedModesAlike) {
+  const TempFolder folder;
+  for (const std::int16_t mode : {kLaminatedModel, kComparedModels}) {
+    Korva korva = Laminated(mode, folder);
+    ScriptedMessages messages;
+    messages.Expect(kTakesMinutes);
+    ASSERT_TRUE(CalculateStabilityFactors(korva, messages));
+    EXPECT_NE(korva.OutBuf[0].find("[PROJECT TITLE]"), std::string::npos);
+    EXPECT_EQ(korva.OutBuf[1].find("[KORVA-STROND STABILITY FACTORS]"), 0);
+    EXPECT_EQ(korva.OutBuf[4].find("[REMNANT"), 0);
+    EXPECT_EQ(korva.OutBuf[5], "");
+    EXPECT_EQ(korva.WarningText, "") << "an earlier run's warnings";
+    EXPECT_EQ(korva.StrondResultFile, folder / "Untitled_KVSD.CSV");
+    EXPECT_EQ(korva.LastRun->Retreat, static_cast<float>(korva.Strond.StrondSF[1]));
+    EXPECT_GT(korva.LastRun->Retreat, 0.3F);
+  }
+}
+
+TEST(CalculateFromForm, AsksBeforeALaminatedRun) {
+  const TempFolder folder;
+  Korva korva = Laminated(kComparedModels, folder);
+  const OutputPages before = korva.OutBuf;
+  ScriptedMessages messages;
+  messages.Expect(std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageAnswer::kNo);
+  EXPECT_FALSE(CalculateFromForm(korva, messages));
+  EXPECT_EQ(korva.OutBuf, before);
+  EXPECT_EQ(korva.WarningText, "earlier");
+
+  messages.Expect(std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageAnswer::kYes);
+  messages.Expect(
+      "Results from the Traditional Overburden KORVA will be included in the results without any "
+      "warnings. Results should be used with caution.");
+  ASSERT_TRUE(CalculateFromForm(korva, messages));
+  EXPECT_NE(korva.OutBuf[1].find("KORVA-TRADITIONAL"), std::string::npos);
+  EXPECT_EQ(korva.WarningText, "");
+}
+
+TEST(CalculateFromForm, AFailedLaminatedRunLeavesThePages) {
+  const TempFolder folder;
+  Korva korva = Laminated(kLaminatedModel, folder);
+  korva.ProjectCalc.EntryHeight = 1e6;  // beyond what the solver takes
+  const OutputPages before = korva.OutBuf;
+  ScriptedMessages messages;
+  messages.Expect(std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageAnswer::kYes);
+  const std::string detail =
+      ExpectError(ErrorNumber::kFileNotFound, [&] { CalculateFromForm(korva, messages); });
+  EXPECT_NE(detail.find("entry height"), std::string::npos) << detail;
+  EXPECT_EQ(korva.OutBuf, before);
+  EXPECT_EQ(korva.WarningText, "earlier");
+
+  korva.ProjectCalc.EntryHeight = 0;  // the check comes before the question
+  messages.Expect("Invalid entry height");
+  EXPECT_FALSE(CalculateFromForm(korva, messages));
 }
 
 }  // namespace

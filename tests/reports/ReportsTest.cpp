@@ -18,7 +18,11 @@ using test::TwoSideGobs;
 // Page `number` of a panel.
 std::string PageOf(std::size_t number, const Project& p, const OptionSettings& options = {},
                    std::int16_t units = kEnglish) {
-  const Evaluated run = EvaluateProject(p, units, options);
+  Korva korva;
+  korva.ProjectCalc = p;
+  korva.Stored.ProjectUnits = units;
+  korva.Preferences.Options = options;
+  const Evaluated run = EvaluateProject(korva, kTraditionalModel);
   const OutputResults output =
       ConvertResultUnits(run.Run, {options.OutputStrUnits, options.OutputStrGradUnits});
   const std::string warnings = ComposeWarnings(run.Rules, p, units).Page;

@@ -1,0 +1,24 @@
+// A folder of its own for the laminated runs of one call.
+#pragma once
+
+#include <string>
+
+#include "core/Korva.h"
+
+namespace korva {
+
+// Makes a private folder below the system's temporary one, has the laminated runs of `korva` put their files
+// there whatever its preferences say, and removes it in the end. Two runs for projects of one name never see
+// each other's files. Run-time error of making the folder.
+class PrivateRun {
+ public:
+  explicit PrivateRun(Korva& korva);
+  ~PrivateRun();
+  PrivateRun(const PrivateRun&) = delete;
+  PrivateRun& operator=(const PrivateRun&) = delete;
+
+ private:
+  std::string folder_;
+};
+
+}  // namespace korva

@@ -1,0 +1,71 @@
+#include <fmt/format.h>
+
+#include <filesystem>
+
+#include "core/RuntimeError.h"
+#include "files/PlatformFile.h"
+#include "files/SafeWriter.h"
+#include "strond/KORVAStrond2D.h"
+
+namespace korva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kLargestResult = 1 << 20;
+
+void MakeFolderOf(const std::string& path) {
+  std::error_code failure;
+  const fs::path folder = fs::path(path).parent_path();
+  fs::create_directories(folder, failure);
+  if (failure) {
+    ThrowSystemError(failure.value(), folder.string(), "the folder cannot be made");
+  }
+}
+
+// So that a run that leaves nothing cannot be taken for the one before it.
+void SetAside(const std::string& result) {
+  std::error_code failure;
+  fs::rename(result, result + ".old", failure);
+  if (failure && failure != std::errc::no_such_file_or_directory) {
+    ThrowSystemError(failure.value(), result, "the result of an earlier run cannot be set aside");
+  }
+}
+
+// Held while the run lasts, by a file beside the exchange file.
+std::unique_ptr<FileLock> Hold(const std::string& exchange) {
+  const std::string lockFile = exchange + ".lock";
+  auto lock = TryLock(lockFile);
+  if (!lock && StateOfFile(lockFile).exists) {
+    throw RuntimeError(ErrorNumber::kFileAlreadyOpen,
+                       fmt::format("{}: another run of a project of this name is going on", exchange));
+  }
+  return lock;
+}
+
+}  // namespace
+
+StrondRun RunStrond2D(const Project& project, std::int16_t units, const std::string& projectPath,
+                      const StrondPlace& place,
+                      const std::function<std::int16_t(const std::string&)>& solver) {
+  const std::string exchange = StrondInputPath(projectPath, ".KVSD", place);
+  StrondRun run = {
+      StrondOutputPath(projectPath, ".OUT", place), StrondResultPath(projectPath, ".CSV", place), {}};
+  const std::string line = StrondLine(project, units);
+  MakeFolderOf(exchange);
+  const auto held = Hold(exchange);
+  SetAside(run.StrondResultFile);
+  WriteFileSafely(exchange, line);
+  const std::int16_t status = solver(exchange);
+  if (!StateOfFile(run.StrondResultFile).exists) {
+    const std::string reason = SolverStatusText(status);
+    throw RuntimeError(ErrorNumber::kFileNotFound,
+                       fmt::format("the solver left no result file {}{}{}", run.StrondResultFile,
+                                   reason.empty() ? "" : ": ", reason));
+  }
+  run.Results = ReadStrondResults(ReadWholeFile(run.StrondResultFile, kLargestResult), run.StrondResultFile);
+  return run;
+}
+
+}  // namespace korva

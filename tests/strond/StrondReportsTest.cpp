@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "model/KORVAmodel.h"
+#include "strond/KORVAStrond2D.h"
+#include "support/Panels.h"
+
+namespace korva {
+namespace {
+
+StrondResults Results() {
+  StrondResults r;
+  r.StrondSF[0] = 2.346;
+  r.StrondSF[1] = 1.5;
+  for (int side = 0; side < 2; ++side) {
+    for (int c = 0; c < 2; ++c) {
+      r.StrondBarrierSF[c][side] = 4.25F - static_cast<float>(c) + static_cast<float>(side);
+      r.StrondRemnantSF[c][side] = 3.25F - static_cast<float>(c) + static_cast<float>(side);
+    }
+    r.StrondBarrierData[side] = {};
+    r.StrondBarrierData[side][0] = 9000.4F;
+    r.StrondBarrierData[side][1] = 12000;
+    r.StrondBarrierData[side][2] = 4'000'000;
+    r.StrondBarrierData[side][3] = 5'000'000;
+  }
+  for (int pillar = 0; pillar < kStrondPillars; ++pillar) {
+    r.StrondPillarStrength[pillar] = 3000.125F + static_cast<float>(pillar);
+  }
+  r.StrondRemnantData = r.StrondBarrierData;
+  return r;
+}
+
+Project Panel(std::int16_t condition) {
+  Project p = test::TwoSideGobs();
+  p.LoadingCondition = condition;
+  return p;
+}
+
+TEST(StrondReport, WithTwoSideGobs) {
+  const StrondPages pages = StrondReport(Results(), Panel(3), kEnglish);
+  EXPECT_EQ(pages.Page[1],
+            "[KORVA-STROND STABILITY FACTORS]\r\n\r\n"
+            "Development (KORVA)..........................  2.35\r\n"
+            "*Development loading includes two side gobs.\r\n"
+            "Retreat (KORVA)..............................  1.50\r\n"
+            "*Retreat loading includes two side gobs.\r\n"
+            "\r\n[KORVA-STROND BARRIER PILLAR STABILITY FACTORS]\r\n\r\n"
+            "[Development]\r\n"
+            "FIRST SIDE GOB BARRIER.......................  4.25\r\n"
+            "SECOND SIDE GOB BARRIER......................  5.25\r\n"
+            "[Retreat]\r\n"
+            "FIRST SIDE GOB BARRIER.......................  3.25\r\n"
+            "SECOND SIDE GOB BARRIER......................  4.25\r\n"
+            "\r\n[KORVA-STROND REMNANT PILLAR STABILITY FACTORS]\r\n\r\n"
+            "[Development]\r\n"
+            "FIRST SIDE GOB REMNANT.......................  3.25\r\n"
+            "SECOND SIDE GOB REMNANT......................  4.25\r\n"
+            "[Retreat]\r\n"
+            "FIRST SIDE GOB REMNANT.......................  2.25\r\n"
+            "SECOND SIDE GOB REMNANT......................  3.25\r\n"
+            "\r\n");
+  // Both rows stand in one line.
+  EXPECT_EQ(pages.Page[3],
+            "[BARRIER PILLAR PARAMETERS]\r\n\r\n"
+            "BARRIER               AREA      STRENGTH          LOAD          LOAD\r\n"
+            "PILLAR                                     DEVELOPMENT       RETREAT\r\n"
+            "                (ft)x (ft)         (psi)        (tons)        (tons)\r\n"
+            "First Side           12000          9000          2000          2500"
+            "Second Side          12000          9000          2000          2500\r\n\r\n");
+  EXPECT_EQ(pages.Page[4].substr(0, 71),
+            "[REMNANT PILLAR PARAMETERS]\r\n\r\nREMNANT               AREA      STRENGTH");
+}
+
+TEST(StrondReport, ShowsTheCasesAndSidesThatThereAre) {
+  const std::string tables =
+      "PILLAR                                     DEVELOPMENT       RETREAT\r\n"
+      "                  (m)x (m)          (Pa)          (kN)          (kN)\r\n\r\n\r\n";
+  StrondPages pages = StrondReport(Results(), Panel(0), kMetric);
+  EXPECT_EQ(
+      pages.Page[1],
+      "[KORVA-STROND STABILITY FACTORS]\r\n\r\nDevelopment (KORVA)..........................  2.35\r\n\r\n");
+  EXPECT_TRUE(pages.Page[3].ends_with(tables)) << pages.Page[3];
+  EXPECT_TRUE(pages.Page[4].ends_with(tables)) << pages.Page[4];
+  EXPECT_NE(pages.Page[2].find("(Pa)"), std::string::npos);
+
+  Project noRetreat = Panel(1);
+  noRetreat.ExtentActiveGob = 0;
+  EXPECT_EQ(StrondReport(Results(), noRetreat, kEnglish).Page[1].find("Retreat"), std::string::npos);
+  EXPECT_NE(StrondReport(Results(), Panel(1), kEnglish).Page[1].find("Retreat"), std::string::npos);
+  for (const auto oneSide : {std::int16_t{2}, std::int16_t{4}}) {
+    const std::string page = StrondReport(Results(), Panel(oneSide), kMetric).Page[1];
+    EXPECT_NE(page.find("one side gob."), std::string::npos);
+    EXPECT_EQ(page.find("SECOND"), std::string::npos);
+  }
+  pages = StrondReport(Results(), Panel(2), kMetric);
+  EXPECT_NE(pages.Page[3].find("          4000          5000\r\n\r\n"), std::string::npos) << "loads by 1000";
+}
+
+TEST(StrondReport, HasARowForEveryPillarAcrossThePanel) {
+  Project p = Panel(0);
+  p.NumberEntries = 3;
+  p.EntryWidth = 20;
+  p.XcutCenters[1] = 80;
+  p.XcutCenters[2] = 70.5;
+  EXPECT_EQ(StrondReport(Results(), p, kEnglish).Page[2],
+            "[PILLAR PARAMETERS]\r\n\r\n"
+            "PILLAR         ENTRY        PILLAR        PILLAR\r\n"
+            "              CENTER         WIDTH      STRENGTH\r\n"
+            "                (ft)          (ft)         (psi)\r\n"
+            "     1         80.00         60.00       3000.13\r\n"
+            "     2         70.50         50.50       3001.13\r\n"
+            "\r\n\r\n");
+}
+
+TEST(StrondCompareReport, PutsBothModelsSideBySide) {
+  Calculation traditional;
+  traditional.Out.SFKorva[kDevelopment] = 2.009;
+  traditional.Out.SFKorva[kRetreat] = 1.239;
+  traditional.Out.BarrierSF[kDevelopment][kFirstSide] = 3.129;
+  traditional.Out.BarrierSF[kRetreat][kFirstSide] = 2.5;
+  traditional.Out.RemnantSF[kFirstSide] = 12.5;
+  const StrondPages pages = StrondCompareReport(Results(), Panel(2), kEnglish, traditional, 2);
+  EXPECT_EQ(pages.Page[1], "[KORVA STABILITY FACTORS]\r\n" + std::string(45, ' ') +
+                               "KORVA-STROND   KORVA-TRADITIONAL\r\n"
+                               "Development (KORVA)..........................  2.35            2.00\r\n"
+                               "*Development loading includes one side gob.\r\n"
+                               "Retreat (KORVA)..............................  1.50            1.23\r\n"
+                               "*Retreat loading includes one side gob.\r\n"
+                               "\r\n[BARRIER PILLAR STABILITY FACTORS]\r\n\r\n"
+                               "[Development]\r\n"
+                               "FIRST SIDE GOB BARRIER.......................  4.25            3.13\r\n"
+                               "[Retreat]\r\n"
+                               "FIRST SIDE GOB BARRIER.......................  3.25            2.50\r\n"
+                               "\r\n[REMNANT PILLAR STABILITY FACTORS]\r\n\r\n"
+                               "[Development]\r\n"
+                               "FIRST SIDE GOB REMNANT.......................  3.25          \r\n"
+                               "[Retreat]\r\n"
+                               "FIRST SIDE GOB REMNANT.......................  2.25           12.50\r\n"
+                               "\r\n");
+  EXPECT_EQ(pages.Page[2], StrondReport(Results(), Panel(2), kEnglish).Page[2]);
+}
+
+}  // namespace
+}  // namespace korva
