@@ -107,7 +107,10 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.setStandardButtons(set.buttons);
   box.setDefaultButton(set.standard);
   box.setEscapeButton(set.escape);
-  return AnswerOf(box.exec());
+  const MessageAnswer answer = AnswerOf(box.exec());
+  // What the box covered is painted again before a long command goes on.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  return answer;
 }
 
 std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question) {

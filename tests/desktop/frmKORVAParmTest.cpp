@@ -5,12 +5,14 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QSignalSpy>
+#include <filesystem>
 #include <memory>
 
 #include "commands/FileCommands.h"
 #include "desktop/FormBench.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "support/Panels.h"
+#include "support/TempFolder.h"
 
 namespace korva::desktop {
 namespace {
@@ -233,6 +235,44 @@ TEST_F(ParameterForm, ResultsCalculateTheFormWithoutStoringIt) {
   EXPECT_NE(bench.State.OutBuf[1].find("[KORVA STABILITY FACTORS]"), std::string::npos);
   ASSERT_TRUE(form->Draft());
   EXPECT_EQ(form->Draft()->ProjectInput.DepthCover, 500);
+}
+
+TEST_F(ParameterForm, TheLaminatedModelsAskBeforeTheyRun) {
+  const TempFolder folder;
+  bench.State.Places.TempRoot = folder / "";
+  Open();
+  const std::string question =
+      "The laminated model will invoke Strondel in the background and may take a few minutes to run. "
+      "Continue?";
+  Click(*form, "optLam(1)");
+  bench.Outside.Messages.Expect(question, MessageButtons::kYesNo, MessageAnswer::kNo);
+  Click(*form, "cmdResults");
+  EXPECT_TRUE(form->isVisible());
+  EXPECT_EQ(bench.State.OutBuf[1], "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder / ""));
+
+  bench.Outside.Messages.Expect(question, MessageButtons::kYesNo, MessageAnswer::kYes);
+  Click(*form, "cmdResults");
+  EXPECT_TRUE(form->isHidden());
+  EXPECT_EQ(bench.Main.ResultsReturnTo, form.data());
+  EXPECT_EQ(bench.State.OutBuf[1].find("[KORVA-STROND STABILITY FACTORS]"), 0);
+}
+
+TEST_F(ParameterForm, AFailedLaminatedRunOpensNoResults) {
+  const TempFolder folder;
+  bench.State.Places.TempRoot = folder / "";
+  bench.State.OutBuf[1] = "earlier";
+  std::filesystem::create_directory(folder / "Untitled.KVSD");  // where the exchange file belongs
+  Open();
+  Click(*form, "optLam(1)");
+  bench.Outside.Messages.Expect(
+      "The laminated model will invoke Strondel in the background and may take a few minutes to run. "
+      "Continue?",
+      MessageButtons::kYesNo, MessageAnswer::kYes);
+  Expect("Error occurred: Path/File access error (75). Procedure Terminated");
+  Click(*form, "cmdResults");
+  EXPECT_TRUE(form->isVisible());
+  EXPECT_EQ(bench.State.OutBuf[1], "earlier");
 }
 
 TEST_F(ParameterForm, CopyClipPutsAPictureOnTheClipboard) {
