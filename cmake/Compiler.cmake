@@ -16,9 +16,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 
 # The floating-point flags are read after a calculation, so no operation may be executed that the code does not
-# ask for. GCC keeps to that by default; Clang has to be told.
+# ask for. GCC keeps to that by default; Clang has to be told. Targets with the property KORVA_UNWATCHED do without.
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-  add_compile_options(-ffp-exception-behavior=maytrap)
+  add_compile_options($<$<NOT:$<BOOL:$<TARGET_PROPERTY:KORVA_UNWATCHED>>>:-ffp-exception-behavior=maytrap>)
+else()
+  add_compile_options($<$<BOOL:$<TARGET_PROPERTY:KORVA_UNWATCHED>>:-fno-trapping-math>)
 endif()
 
 if(KORVA_SANITIZE)

@@ -104,8 +104,9 @@ void Prolong(float* fine, const float* base, const float* __restrict near, const
   const auto column = [&](int i) { return (3 * near[i] + far[i]) / 16; };
   for (int i = 0; i < n; ++i) {
     const float here = 3 * column(i);
-    fine[2 * i] = base[2 * i] + (here + column(i - 1));
-    fine[2 * i + 1] = base[2 * i + 1] + (here + column(i + 1));
+    const int left = 2 * i;
+    fine[left] = base[left] + (here + column(i - 1));
+    fine[left + 1] = base[left + 1] + (here + column(i + 1));
   }
 }
 

@@ -59,7 +59,8 @@ void Multigrid::SetStiffness(const Plane<double>& k) {
       const float* lower = fine.k.Row(2 * j);
       const float* upper = fine.k.Row(2 * j + 1);
       for (int i = 0; i < coarse.nx; ++i) {
-        coarse.k.Row(j)[i] = ((lower[2 * i] + lower[2 * i + 1]) + (upper[2 * i] + upper[2 * i + 1])) / 4;
+        const int left = 2 * i;
+        coarse.k.Row(j)[i] = ((lower[left] + lower[left + 1]) + (upper[left] + upper[left + 1])) / 4;
       }
     }
   }

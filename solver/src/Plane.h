@@ -3,7 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
+
+#include "LargePages.h"
 
 namespace korva::laminated {
 
@@ -31,7 +32,7 @@ class Plane {
   int nx_ = 0;
   int ny_ = 0;
   std::size_t stride_ = 0;
-  std::vector<Real> cells_;
+  PageVector<Real> cells_;
 };
 
 // Gives the cells at both ends what their neighbors hold.

@@ -1,0 +1,35 @@
+#include "LargePages.h"
+
+#include <sys/mman.h>
+
+#include <cstdlib>
+#include <new>
+
+namespace korva::laminated {
+
+namespace {
+
+constexpr std::size_t kPage = std::size_t{2} << 20;
+constexpr std::size_t kCacheLine = 64;
+
+}  // namespace
+
+void* AllocatePages(std::size_t bytes) {
+  const std::size_t alignment = bytes >= kPage ? kPage : kCacheLine;
+  void* memory = std::aligned_alloc(alignment, (bytes + kCacheLine - 1) / kCacheLine * kCacheLine);
+  if (memory == nullptr) {
+    throw std::bad_alloc();
+  }
+#ifdef MADV_HUGEPAGE
+  if (bytes >= kPage) {
+    madvise(memory, bytes / kPage * kPage, MADV_HUGEPAGE);  // a wish; it works without, too
+  }
+#endif
+  return memory;
+}
+
+void FreePages(void* memory) noexcept {
+  std::free(memory);
+}
+
+}  // namespace korva::laminated
