@@ -1,6 +1,5 @@
 #include "SolverMethods.h"
 
-#include <malloc.h>
 #include <unistd.h>
 
 #include <Eigen/IterativeLinearSolvers>
@@ -52,7 +51,6 @@ double Stopwatch::Seconds() const {
 }
 
 double ResidentMegabytes() {
-  malloc_trim(0);
   std::ifstream file("/proc/self/statm");
   double size = 0;
   double resident = 0;

@@ -10,7 +10,7 @@ inline constexpr double kTolerance = 1e-8;  // of the relative residual
 struct Answer {
   int Iterations = 0;
   double Seconds = 0;
-  double Megabytes = 0;  // by which the process grew
+  double Megabytes = 0;  // by which the process grew; counts if nothing was freed before
   std::vector<double> U;
 };
 
@@ -20,7 +20,7 @@ Answer SolveByEigen(const Problem& problem);  // conjugate gradients with incomp
 Answer SolveByHypre(const Problem& problem);  // conjugate gradients with its structured multigrid, red-black
 #endif
 
-// Megabytes of the process that are in memory, once what it has freed is given back.
+// Megabytes of the process that are in memory.
 double ResidentMegabytes();
 
 class Stopwatch {

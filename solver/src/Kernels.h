@@ -46,9 +46,9 @@ struct Kernels {
   void (*Residual)(float* r, Rows<float> y, const float* b, const float* k, Stencil<float> a, int n);
   // coarse = (1, 3, 3, 1) x (1, 3, 3, 1) / 64 of four rows, for n coarse cells.
   void (*Restrict)(float* coarse, const float* const* fine, int n);
-  // fine = base + bilinear value of the coarse rows, `near` weighing 3/4 and `far` 1/4; base may be fine.
-  // n coarse cells give 2 n fine ones.
-  void (*Prolong)(float* fine, const float* base, const float* near, const float* far, int n);
+  // fine += bilinear value of the coarse rows, `near` weighing 3/4 and `far` 1/4. n coarse cells give 2 n
+  // fine ones.
+  void (*Prolong)(float* fine, const float* near, const float* far, int n);
 
   // p = z * scale + beta p.
   void (*Direction)(double* p, const float* z, double scale, double beta, int n);
@@ -59,6 +59,8 @@ struct Kernels {
                     double scale, int n);
   // Sum r z.
   double (*Dot)(const double* r, const float* z, int n);
+  // Sum a b.
+  double (*Product)(const double* a, const double* b, int n);
 };
 
 // The fastest version for the processor at hand.

@@ -99,14 +99,13 @@ void Restrict(float* __restrict coarse, const float* const* fine, int n) {
   }
 }
 
-void Prolong(float* fine, const float* base, const float* __restrict near, const float* __restrict far,
-             int n) {
+void Prolong(float* __restrict fine, const float* __restrict near, const float* __restrict far, int n) {
   const auto column = [&](int i) { return (3 * near[i] + far[i]) / 16; };
   for (int i = 0; i < n; ++i) {
     const float here = 3 * column(i);
     const int left = 2 * i;
-    fine[left] = base[left] + (here + column(i - 1));
-    fine[left + 1] = base[left + 1] + (here + column(i + 1));
+    fine[left] += here + column(i - 1);
+    fine[left + 1] += here + column(i + 1);
   }
 }
 
@@ -137,10 +136,14 @@ double Dot(const double* __restrict r, const float* __restrict z, int n) {
   return LaneSum(n, [&](int i) { return r[i] * static_cast<double>(z[i]); });
 }
 
+double Product(const double* a, const double* b, int n) {
+  return LaneSum(n, [&](int i) { return a[i] * b[i]; });
+}
+
 }  // namespace
 
 extern const Kernels KORVA_KERNELS;
 const Kernels KORVA_KERNELS = {StepFromZero, SecondStepFromZero, FirstStep, SecondStep, Residual, Restrict,
-                               Prolong,      Direction,          Apply,     Advance,    Dot};
+                               Prolong,      Direction,          Apply,     Advance,    Dot,      Product};
 
 }  // namespace korva::laminated

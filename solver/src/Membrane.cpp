@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <stdexcept>
 
@@ -97,13 +98,14 @@ class Membrane::Work {
     }
     for (int j = 0; j < ny_; ++j) {
       double* r = r_.Row(j);
-      kernels_.Apply(q_.Row(j), {u_.Row(j - 1), u_.Row(j), u_.Row(j + 1)}, k_.Row(j), a_, nx_);
+      double* q = q_.Row(j);
+      kernels_.Apply(q, {u_.Row(j - 1), u_.Row(j), u_.Row(j + 1)}, k_.Row(j), a_, nx_);
       for (int i = 0; i < nx_; ++i) {
-        const double b = load(i, j);
-        r[i] = b - q_.Row(j)[i];
-        whole += b * b;
-        residual_ += r[i] * r[i];
+        r[i] = load(i, j);
       }
+      whole += kernels_.Product(r, r, nx_);
+      std::transform(r, r + nx_, q, r, std::minus<>());
+      residual_ += kernels_.Product(r, r, nx_);
     }
     scale_ = residual_ > 0 ? std::sqrt(static_cast<double>(nx_) * ny_ / residual_) : 1;
     for (int j = 0; j < ny_; ++j) {
@@ -151,11 +153,7 @@ class Membrane::Work {
   double BorneLoad() const {
     double sum = 0;
     for (int j = 0; j < ny_; ++j) {
-      double row = 0;
-      for (int i = 0; i < nx_; ++i) {
-        row += k_.Row(j)[i] * u_.Row(j)[i];
-      }
-      sum += row;
+      sum += kernels_.Product(k_.Row(j), u_.Row(j), nx_);
     }
     return sum;
   }

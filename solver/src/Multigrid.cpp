@@ -111,9 +111,9 @@ void Multigrid::RestrictResidual(Level& level, Level& coarse) {
   }
 }
 
-void Multigrid::ProlongRow(float* row, const float* base, const Plane<float>& coarse, int j) const {
+void Multigrid::AddProlonged(float* row, const Plane<float>& coarse, int j) const {
   const int near = j / 2;
-  kernels_.Prolong(row, base, coarse.Row(near), coarse.Row(j % 2 == 0 ? near - 1 : near + 1), coarse.Nx());
+  kernels_.Prolong(row, coarse.Row(near), coarse.Row(j % 2 == 0 ? near - 1 : near + 1), coarse.Nx());
   Mirror(row, 2 * coarse.Nx());
 }
 
@@ -121,7 +121,7 @@ void Multigrid::ProlongRow(float* row, const float* base, const Plane<float>& co
 // second step, which puts it back.
 void Multigrid::CorrectAndSmooth(Level& level, const Level& coarse) {
   constexpr int kRows = 3;
-  const auto correct = [&](int j) { ProlongRow(level.y.Row(j), level.y.Row(j), coarse.y, j); };
+  const auto correct = [&](int j) { AddProlonged(level.y.Row(j), coarse.y, j); };
   const auto first = [&](int j) {
     float* x = Buffer(j, kRows);
     kernels_.FirstStep(x, {level.y.Row(j - 1), level.y.Row(j), level.y.Row(j + 1)}, level.b.Row(j),
@@ -173,9 +173,9 @@ void Multigrid::GuessOn(std::size_t at) {
     bottom_.Solve(level.b, level.guess);
     return;
   }
-  const std::vector<float> zeros(static_cast<std::size_t>(level.nx), 0.0F);
   for (int j = 0; j < level.ny; ++j) {
-    ProlongRow(level.guess.Row(j), zeros.data(), levels_[at + 1].guess, j);
+    std::fill_n(level.guess.Row(j), level.nx, 0.0F);
+    AddProlonged(level.guess.Row(j), levels_[at + 1].guess, j);
   }
   for (int j = 0; j < level.ny; ++j) {
     kernels_.Residual(level.b.Row(j), {level.guess.Row(j - 1), level.guess.Row(j), level.guess.Row(j + 1)},
@@ -200,10 +200,10 @@ void Multigrid::Guess(Plane<double>& u) {
   for (std::size_t at = levels_.size(); at-- > 1;) {
     GuessOn(at);
   }
-  const std::vector<float> zeros(static_cast<std::size_t>(finest.nx), 0.0F);
   for (int j = 0; j < finest.ny; ++j) {
     float* row = Buffer(0, kBufferRows);
-    ProlongRow(row, zeros.data(), levels_[1].guess, j);
+    std::fill_n(row, finest.nx, 0.0F);
+    AddProlonged(row, levels_[1].guess, j);
     std::transform(row, row + finest.nx, u.Row(j), [](float v) { return static_cast<double>(v); });
   }
 }

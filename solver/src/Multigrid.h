@@ -39,7 +39,7 @@ class Multigrid {
   void SmoothFromZero(Level& level);
   void RestrictResidual(Level& level, Level& coarse);
   void CorrectAndSmooth(Level& level, const Level& coarse);
-  void ProlongRow(float* row, const float* base, const Plane<float>& coarse, int j) const;
+  void AddProlonged(float* row, const Plane<float>& coarse, int j) const;
   void GuessOn(std::size_t at);
   float* Buffer(int row, int of);
 
