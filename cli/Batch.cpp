@@ -98,7 +98,7 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     }
     const auto shown = [&row](int c) { return c <= row.LastCase; };
     const auto results = ResultTexts(
-        row, [&](int c) { return shown(c) ? Format(row.RoundedSF[c], "##0.00") : "-"; },
+        row, [&](int c) { return shown(c) ? row.ShownSF[c] : "-"; },
         [&](int c, int k, double value) {
           return shown(c) && k <= row.LoadCond ? Format(value, "##0.00") : "-";
         });
@@ -107,8 +107,9 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     for (const std::string& result : results) {
       text += " " + PadLeft(result, 7);
     }
-    text +=
-        fmt::format("  [{}] {}{}\n", fmt::join(row.RuleFlags, " "), Printable(row.Title), NoticeText(row));
+    // No rule judges a laminated run.
+    const std::string rules = row.Laminated ? "-" : fmt::format("{}", fmt::join(row.RuleFlags, " "));
+    text += fmt::format("  [{}] {}{}\n", rules, Printable(row.Title), NoticeText(row));
   }
   return text;
 }

@@ -14,7 +14,6 @@
 #include "commands/PrivateRun.h"
 #include "files/ProjectFile.h"
 #include "input/FormNotices.h"
-#include "reports/RoundSF.h"
 
 namespace korva {
 
@@ -58,7 +57,6 @@ void FillLaminated(BatchRow& row, const StrondResults& results) {
   for (int c = kDevelopment; c <= kRetreat; ++c) {
     const int stage = c - kDevelopment;
     row.SFKorva[c] = results.StrondSF[stage];
-    row.RoundedSF[c] = static_cast<float>(results.StrondSF[stage]);
     for (int k = kFirstSide; k <= kSecondSide; ++k) {
       row.BarrierSF[c][k] = static_cast<double>(results.StrondBarrierSF[stage][k - kFirstSide]);
       row.RemnantSF[k] = static_cast<double>(results.StrondRemnantSF[stage][k - kFirstSide]);
@@ -66,22 +64,21 @@ void FillLaminated(BatchRow& row, const StrondResults& results) {
   }
 }
 
-void FillTraditional(BatchRow& row, const Evaluated& evaluated, const OptionSettings& options) {
-  row.SFKorva = evaluated.Run.Out.SFKorva;
-  row.BarrierSF = evaluated.Run.Out.BarrierSF;
-  row.RemnantSF = evaluated.Run.Out.RemnantSF;
-  for (int c = kDevelopment; c <= kRetreat; ++c) {
-    row.RoundedSF[c] = RoundSF(row.SFKorva[c], options.RoundKORVASF);
-  }
+void FillTraditional(BatchRow& row, const Results& results) {
+  row.SFKorva = results.SFKorva;
+  row.BarrierSF = results.BarrierSF;
+  row.RemnantSF = results.RemnantSF;
 }
 
 void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project,
              const OptionSettings& options) {
-  if (evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels) {
-    FillTraditional(row, evaluated, options);
-  } else {
+  const bool laminatedAlone = evaluated.Model != kTraditionalModel && evaluated.Model != kComparedModels;
+  if (laminatedAlone) {
     FillLaminated(row, evaluated.Laminated.Results);
+  } else {
+    FillTraditional(row, evaluated.Run.Out);
   }
+  row.ShownSF = ShownFactors(evaluated, laminatedAlone, options);
   if (evaluated.Model != kTraditionalModel) {
     row.Laminated = evaluated.Laminated.Results;
   }

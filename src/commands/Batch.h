@@ -28,7 +28,7 @@ struct BatchRow {
   ByCase<double> SFKorva;
   ByCase<BySide<double>> BarrierSF;
   BySide<double> RemnantSF;
-  ByCase<float> RoundedSF;
+  ByCase<std::string> ShownSF;
   int LoadCond = 0;
   int LastCase = kDevelopment;             // the last case that the pages show
   std::vector<int> RuleFlags;              // indices of the flags that are set

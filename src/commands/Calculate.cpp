@@ -1,14 +1,17 @@
 #include "commands/Calculate.h"
 
 #include "core/Description.h"
+#include "core/Format.h"
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
 #include "reports/Reports.h"
+#include "reports/RoundSF.h"
 
 namespace korva {
 
 namespace {
 
+constexpr std::string_view kFactorPattern = "##0.00";
 constexpr std::string_view kEmptyFile = "Current file is empty";
 
 constexpr std::string_view kTakesMinutes =
@@ -56,14 +59,9 @@ PageSet LaminatedPages(const Korva& korva, const Evaluated& evaluated) {
 // What the pages were made of, as the input record would have to be for them to hold still.
 RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
   const bool hasRetreat = LastCaseShown(korva.ProjectCalc, evaluated.Run.Work) == kRetreat;
-  if (evaluated.Model == kTraditionalModel) {
-    const auto& factors = evaluated.Rules.Facts.SF;
-    return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, factors[kDevelopment],
-            factors[kRetreat]};
-  }
-  const auto& factors = evaluated.Laminated.Results.StrondSF;
-  return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, static_cast<float>(factors[0]),
-          static_cast<float>(factors[1])};
+  const auto factors =
+      ShownFactors(evaluated, evaluated.Model != kTraditionalModel, korva.Preferences.Options);
+  return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, factors[kDevelopment], factors[kRetreat]};
 }
 
 bool IsRefused(Korva& korva, MessagePort& messages) {
@@ -113,6 +111,16 @@ Evaluated EvaluateProject(const Korva& korva, std::int16_t model) {
     evaluated.Rules = EvaluateRules(project, evaluated.Run, options.RoundKORVASF);
   }
   return evaluated;
+}
+
+ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, const OptionSettings& options) {
+  ByCase<std::string> texts;
+  for (int c = kDevelopment; c <= kRetreat; ++c) {
+    texts[c] = laminated
+                   ? Format(evaluated.Laminated.Results.StrondSF[c - kDevelopment], kFactorPattern)
+                   : Format(RoundSF(evaluated.Run.Out.SFKorva[c], options.RoundKORVASF), kFactorPattern);
+  }
+  return texts;
 }
 
 bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model) {

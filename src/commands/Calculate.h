@@ -26,6 +26,9 @@ struct Evaluated {
 // project's name say. Run-time errors of both.
 Evaluated EvaluateProject(const Korva& korva, std::int16_t model);
 
+// The stability factors of one of the models that ran, by case, as page 1 has them.
+ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, const OptionSettings& options);
+
 // Fills the plan view's single-precision copies from the working copy.
 void FillPlotCopies(Korva& korva);
 

@@ -56,9 +56,9 @@ FactorSummary LastFactors(const Korva& korva) {
     return summary;
   }
   summary.OutOfDate = !SameInputs(korva);
-  summary.Rows.push_back({std::string(ModelStageTitles[0]), Format(korva.LastRun->Development, "##0.00")});
+  summary.Rows.push_back({std::string(ModelStageTitles[0]), korva.LastRun->Development});
   if (korva.LastRun->HasRetreat) {
-    summary.Rows.push_back({std::string(ModelStageTitles[1]), Format(korva.LastRun->Retreat, "##0.00")});
+    summary.Rows.push_back({std::string(ModelStageTitles[1]), korva.LastRun->Retreat});
   }
   return summary;
 }

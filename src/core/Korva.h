@@ -33,8 +33,8 @@ struct RunSummary {
   Project Input;
   std::int16_t Units = kEnglish;
   bool HasRetreat = false;
-  float Development = 0;
-  float Retreat = 0;
+  std::string Development;
+  std::string Retreat;
 };
 
 // The six output pages; page 0 is the input echo.

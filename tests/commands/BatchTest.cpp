@@ -83,7 +83,7 @@ TEST(RunBatch, OneRowEachInTheirOrder) {
     EXPECT_TRUE(!row.Error || row.Error->Number() == errors.at(kind)) << row.File;
     if (kind == 'a') {
       EXPECT_NEAR(row.SFKorva[kRetreat], 0.608567498752849, 1e-12);
-      EXPECT_EQ(row.RoundedSF[kRetreat], 0.608567498752849F);
+      EXPECT_EQ(row.ShownSF[kRetreat], "0.61");
       EXPECT_EQ(row.RuleFlags, (std::vector<int>{1, 3, 8, 13}));
     }
   }

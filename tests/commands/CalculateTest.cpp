@@ -97,8 +97,8 @@ TEST(CalculateStabilityFactors, TreatsBothLaminatedModesAlike) {
     EXPECT_EQ(korva.OutBuf[5], "");
     EXPECT_EQ(korva.WarningText, "") << "an earlier run's warnings";
     EXPECT_EQ(korva.StrondResultFile, folder / "Untitled_KVSD.CSV");
-    EXPECT_EQ(korva.LastRun->Retreat, static_cast<float>(korva.Strond.StrondSF[1]));
-    EXPECT_GT(korva.LastRun->Retreat, 0.3F);
+    EXPECT_GT(korva.Strond.StrondSF[1], 0.3);
+    EXPECT_NE(korva.OutBuf[1].find(korva.LastRun->Retreat), std::string::npos);
   }
 }
 
