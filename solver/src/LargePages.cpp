@@ -16,13 +16,14 @@ constexpr std::size_t kCacheLine = 64;
 
 void* AllocatePages(std::size_t bytes) {
   const std::size_t alignment = bytes >= kPage ? kPage : kCacheLine;
-  void* memory = std::aligned_alloc(alignment, (bytes + kCacheLine - 1) / kCacheLine * kCacheLine);
+  void* memory = std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment);
   if (memory == nullptr) {
     throw std::bad_alloc();
   }
 #ifdef MADV_HUGEPAGE
   if (bytes >= kPage) {
-    madvise(memory, bytes / kPage * kPage, MADV_HUGEPAGE);  // a wish; it works without, too
+    // A wish; it works without, too. The part of a page at the end stays in small ones.
+    madvise(memory, bytes / kPage * kPage, MADV_HUGEPAGE);
   }
 #endif
   return memory;
