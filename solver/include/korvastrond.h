@@ -28,8 +28,8 @@ enum {
 };
 
 /* Solves the panel that the exchange file at `path` describes, for the development and the retreat case, and
-   writes its result file: <stem>_KVSD.CSV in the folder of the exchange file, or in the folder above it if the
-   exchange file lies in a folder that carries its stem. `path` is a null-terminated file name. The call
+   writes its result file: <stem>_KVSD.CSV in the folder of the exchange file, or in the folder above it if
+   the exchange file lies in a folder that carries its stem. `path` is a null-terminated file name. The call
    returns when the result file is complete; it keeps nothing between calls, and calls for different exchange
    files may run at the same time. */
 KORVASTROND_API int16_t KORVA_Run_STROND(const char* path);
