@@ -40,20 +40,6 @@ std::string PagesText(const Korva& korva, std::vector<int> pages) {
   return text;
 }
 
-// Keeps the words of a refusal, which go into the result as well as to the terminal.
-class RefusalMessages final : public MessagePort {
- public:
-  explicit RefusalMessages(const std::string& file) : terminal_(file) {}
-  MessageAnswer Show(const Message& message) override {
-    Text = message.text;
-    return terminal_.Show(message);
-  }
-  std::string Text;
-
- private:
-  TerminalMessages terminal_;
-};
-
 int Report(Korva& korva, const ReportCall& call) {
   const auto output = [&call](const std::string& text) {
     if (call.Out.empty()) {

@@ -36,6 +36,20 @@ class TerminalMessages final : public MessagePort {
   std::string file_;
 };
 
+// Keeps the words of a refusal, which go into the result as well as to the terminal.
+class RefusalMessages final : public MessagePort {
+ public:
+  explicit RefusalMessages(const std::string& file) : terminal_(file) {}
+  MessageAnswer Show(const Message& message) override {
+    Text = message.text;
+    return terminal_.Show(message);
+  }
+  std::string Text;
+
+ private:
+  TerminalMessages terminal_;
+};
+
 // A bar on standard error, if that is a terminal.
 class TerminalProgress final : public ProgressPort {
  public:

@@ -125,7 +125,8 @@ int RunProgram(Application& application) {
   QtFileChoice files;
   QtClipboard clipboard;
   QtBusy busy;
-  Ports ports{messages, files, clipboard, busy};
+  QtDocuments documents;
+  Ports ports{messages, files, clipboard, busy, documents};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());

@@ -17,6 +17,8 @@
 #include "desktop/core/ProjectCard.h"
 #include "desktop/core/StatusLine.h"
 #include "desktop/core/TitlePicture.h"
+#include "desktop/graphs/SweepRunner.h"
+#include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/services/FontChoice.h"
 #include "desktop/services/frmDisclaimer.h"
@@ -70,7 +72,7 @@ MainMenus::Commands frmMain::Commands() {
   commands.Recent = [this](int index) { Run([this, index] { AfterOpening(fileMenu_.OpenRecent(index)); }); };
   commands.Edit = run(&frmMain::EditItem);
   commands.Calc = run(&frmMain::CalcItem);
-  commands.Graph = [this](int index) { SayNotBuilt("mnuCalcGrafItem", index); };
+  commands.Graph = run(&frmMain::GraphItem);
   commands.Util = run(&frmMain::UtilItem);
   commands.Help = run(&frmMain::HelpItem);
   return commands;

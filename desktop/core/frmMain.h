@@ -9,6 +9,7 @@
 
 #include "commands/FileMenu.h"
 #include "commands/Recovery.h"
+#include "commands/SweepCommand.h"
 #include "desktop/core/MainMenus.h"
 #include "desktop/support/Session.h"
 
@@ -20,7 +21,9 @@ namespace korva::desktop {
 
 class ProjectCard;
 class StatusLine;
+class SweepRunner;
 class frmKORVAParm;
+class frmStrondCalc;
 
 class frmMain final : public QMainWindow, public MainWindow {
   Q_OBJECT
@@ -55,10 +58,14 @@ class frmMain final : public QMainWindow, public MainWindow {
   void FileItem(int index);
   void EditItem(int index);
   void CalcItem(int index);
+  void GraphItem(int index);
   void UtilItem(int index);
   void HelpItem(int index);
   void SayNotBuilt(const char* array, int index);
 
+  void RunSweep(SweepJob job);
+  void AfterSweep();
+  void ShowGraph();
   void AfterOpening(bool opened);
   void SetGraphMenu();
   void ShowHistory();
@@ -78,6 +85,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   StatusLine* status_ = nullptr;
   QPointer<frmKORVAParm> parameters_;  // while it is open
   QTimer recoveryTimer_;
+  std::unique_ptr<frmStrondCalc> sweepProgress_;  // while a laminated sweep is going on
+  std::unique_ptr<SweepRunner> sweep_;            // which ends before it
 };
 
 }  // namespace korva::desktop

@@ -6,6 +6,9 @@
 #include "commands/ProjectSummary.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/files/frmSet.h"
+#include "desktop/graphs/SweepRunner.h"
+#include "desktop/graphs/frmGraph.h"
+#include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/reports/frmResTxtPlt.h"
@@ -92,6 +95,60 @@ void frmMain::CalcItem(int index) {
 void frmMain::ShowResults(QWidget* returnTo) {
   SetInputEnabled(false);
   (new frmResTxtPlt(session_, returnTo))->show();
+}
+
+void frmMain::GraphItem(int index) {
+  if (auto job = PrepareSweep(korva_, ports_.Messages, static_cast<GraphKind>(index))) {
+    SetInputEnabled(false);
+    RunSweep(std::move(*job));
+  }
+}
+
+// The traditional model takes no time; the laminated one runs beside the windows.
+void frmMain::RunSweep(SweepJob job) {
+  sweep_ = std::make_unique<SweepRunner>(std::move(job), nullptr);
+  connect(sweep_.get(), &SweepRunner::Ended, this, &frmMain::AfterSweep);
+  if (sweep_->Job().Laminated) {
+    sweepProgress_ = std::make_unique<frmStrondCalc>(nullptr);
+    connect(sweep_.get(), &SweepRunner::Step, sweepProgress_.get(), &frmStrondCalc::ShowStep);
+    connect(sweepProgress_.get(), &frmStrondCalc::Cancelled, sweep_.get(), &SweepRunner::Cancel);
+    sweepProgress_->show();
+  }
+  sweep_->Start();
+}
+
+void frmMain::AfterSweep() {
+  const std::unique_ptr<SweepRunner> sweep = std::move(sweep_);
+  sweepProgress_.reset();
+  bool shown = false;
+  bool again = false;
+  Run([&, taken = false]() mutable {
+    if (taken) {  // the person wants the failed step tried again: the sweep begins anew
+      again = true;
+      return;
+    }
+    taken = true;
+    SweepOutcome outcome = sweep->TakeOutcome();
+    shown = !outcome.Cancelled;
+    KeepSweep(korva_, sweep->Job(), std::move(outcome));
+  });
+  if (again) {
+    GraphItem(sweep->Job().Graph);
+    return;
+  }
+  if (!shown) {
+    SetInputEnabled(true);
+    return;
+  }
+  Run([this] { ShowGraph(); });
+}
+
+void frmMain::ShowGraph() {
+  const BusyPointer busy(ports_.Busy);
+  auto* graph = new frmGraph(session_);
+  graph->GraphInit(korva_.Sweep.GraphIndex);
+  graph->DrawCurve();
+  graph->show();
 }
 
 void frmMain::UtilItem(int index) {

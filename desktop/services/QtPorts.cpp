@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QUrl>
 #include <utility>
 
 #include "desktop/support/FormTools.h"
@@ -139,6 +141,10 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
 
 void QtClipboard::SetText(std::string_view text) {
   QGuiApplication::clipboard()->setText(FromUtf8(text));
+}
+
+bool QtDocuments::Open(const std::string& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(FromUtf8(file)));
 }
 
 void QtBusy::Begin() {

@@ -21,6 +21,11 @@ class QtClipboard final : public ClipboardPort {
   void SetText(std::string_view text) override;
 };
 
+class QtDocuments final : public DocumentPort {
+ public:
+  bool Open(const std::string& file) override;
+};
+
 class QtBusy final : public BusyPort {
  public:
   void Begin() override;

@@ -9,6 +9,7 @@
 
 #include "core/FileNotice.h"
 #include "core/Folders.h"
+#include "core/GraphData.h"
 #include "core/History.h"
 #include "core/IndexedArray.h"
 #include "core/Messages.h"
@@ -71,6 +72,9 @@ struct Korva {
   StrondResults Strond;
   std::string StrondResultFile;
   std::string StrondOutFile;
+
+  // The last parametric sweep.
+  SweepData Sweep;
 
   Settings Preferences;
   Folders Places;

@@ -35,6 +35,14 @@ class ClipboardPort {
   virtual void SetText(std::string_view text) = 0;
 };
 
+// Opens a document with the program that the person's desktop has for it.
+class DocumentPort {
+ public:
+  virtual ~DocumentPort() = default;
+  // False if there is no such program.
+  virtual bool Open(const std::string& file) = 0;
+};
+
 // The busy pointer; calls nest.
 class BusyPort {
  public:
@@ -48,6 +56,7 @@ struct Ports {
   FileChoicePort& Files;
   ClipboardPort& Clipboard;
   BusyPort& Busy;
+  DocumentPort& Documents;
 };
 
 // Shows the busy pointer while it lives.

@@ -56,6 +56,13 @@ inline constexpr std::array<std::string_view, 2> StageTitles = {"Development", "
 inline constexpr std::array<std::string_view, 4> ModelStageTitles = {
     "Development (KORVA)", "Retreat (KORVA)", "Development (KORVA-STROND)", "Retreat (KORVA-STROND)"};
 
+// Of the parametric graphs, by their index; an X title is followed by its unit. The Y titles are of graphs 0
+// to 3 and 4 to 6.
+inline constexpr std::array<std::string_view, 7> DefaultXAxisTitles = {
+    "Entry Height",           "Depth of Cover",          "Crosscut Angle", "Crosscut Spacing",
+    "Width of First Barrier", "Width of Second Barrier", "Depth of Cover"};
+inline constexpr std::array<std::string_view, 2> DefaultYAxisTitles = {"Stability Factor",
+                                                                       "Barrier Stability Factor"};
 // By case and number of side gobs: development with one, with two, retreat with one, with two.
 inline constexpr std::array<std::string_view, 4> SideGobNotes = {
     "*Development loading includes one side gob.", "*Development loading includes two side gobs.",

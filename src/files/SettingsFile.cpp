@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "core/Tables.h"
 #include "core/Text.h"
 #include "files/OptionsFile.h"
 #include "files/PlatformFile.h"
@@ -127,11 +128,6 @@ void WriteRecentFiles(std::string& text, const RecentFiles& recent) {
   }
 }
 
-constexpr std::array<std::string_view, 7> kXAxisTitles = {
-    "Entry Height",           "Depth of Cover",          "Crosscut Angle", "Crosscut Spacing",
-    "Width of First Barrier", "Width of Second Barrier", "Depth of Cover"};
-constexpr std::array<std::string_view, 2> kYAxisTitles = {"Stability Factor", "Barrier Stability Factor"};
-
 template <class Titles, class BuiltIn>
 void ReadTitles(std::string_view text, std::string_view key, const BuiltIn& builtIn, Titles& titles) {
   for (std::size_t i = 0; i < builtIn.size(); ++i) {
@@ -150,8 +146,8 @@ void WriteTitles(std::string& text, std::string_view key, const Titles& titles) 
 GraphSettings ReadGraph(std::string_view text) {
   GraphSettings graph;
   ReadTable(text, kGraph, kGraphTable, graph);
-  ReadTitles(text, "XAxisTitle", kXAxisTitles, graph.XAxisTitle);
-  ReadTitles(text, "YAxisTitle", kYAxisTitles, graph.YAxisTitle);
+  ReadTitles(text, "XAxisTitle", DefaultXAxisTitles, graph.XAxisTitle);
+  ReadTitles(text, "YAxisTitle", DefaultYAxisTitles, graph.YAxisTitle);
   return graph;
 }
 

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTimer>
 #include <QToolButton>
 #include <filesystem>
@@ -15,6 +16,7 @@
 #include "desktop/core/frmMain.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/Icons.h"
+#include "support/Panels.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -39,15 +41,19 @@ class MainForm : public testing::Test {
   }
   QAction& Item(const char* name) { return The<QAction>(*main, name); }
   void Choose(const char* name) { Item(name).trigger(); }
-  // The only other window that is open.
-  QWidget* Window(const char* name) {
+  static QWidget* FindWindow(const char* name) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (window->objectName() == QLatin1String(name) && window->isVisible()) {
         return window;
       }
     }
-    ADD_FAILURE() << "no window " << name;
     return nullptr;
+  }
+  // The only other window that is open.
+  static QWidget* Window(const char* name) {
+    QWidget* window = FindWindow(name);
+    EXPECT_NE(window, nullptr) << "no window " << name;
+    return window;
   }
 
   // Presses a button of a modal window once that is open.
@@ -141,6 +147,50 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
   korva.ProjectEmpty = korva.ProjectSaved = false;
   ports.Messages.Expect("Save Current File before accessing this option");
   Choose("mnuUtilItem(3)");
+}
+
+TEST_F(MainForm, ASweepEndsInItsGraph) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Places.TempRoot = folder / "";
+  Begin();
+  ports.Messages.Expect("Invalid entry height");
+  Choose("mnuCalcGrafItem(0)");
+  EXPECT_TRUE(main->isEnabled());
+  ports.Files.Expect(folder / "development.KVL");
+  Choose("mnuFileItem(1)");
+  Choose("mnuCalcGrafItem(1)");
+  EXPECT_FALSE(main->isEnabled()) << "from the click on";
+  ASSERT_TRUE(QTest::qWaitFor([this] { return FindWindow("frmGraph") != nullptr; }));
+  Window("frmGraph")->close();
+  EXPECT_TRUE(main->isEnabled());
+
+  korva.Stored.ProjectInput.CalcMode = kLaminatedModel;
+  Choose("mnuCalcGrafItem(1)");
+  EXPECT_EQ(Window("frmStrondCalc")->windowTitle(), QStringLiteral("KORVA-STROND Calculations"));
+  EXPECT_EQ(FindWindow("frmGraph"), nullptr);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return FindWindow("frmGraph") != nullptr; }));
+  EXPECT_EQ(FindWindow("frmStrondCalc"), nullptr);
+  EXPECT_EQ(korva.Sweep.CurveCount, 4);
+  Window("frmGraph")->close();
+
+  korva.Sweep.PointCount = 77;
+  korva.Stored.ProjectInput = test::TwoSideGobs();  // every step takes a while
+  korva.Stored.ProjectInput.CalcMode = kLaminatedModel;
+  Choose("mnuCalcGrafItem(0)");
+  const QPointer<QLabel> label = &The<QLabel>(*Window("frmStrondCalc"), "lblProg");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !label || !label->text().isEmpty(); }));
+  ASSERT_TRUE(label && label->text().startsWith(QStringLiteral("Calculating step...")));
+  EXPECT_TRUE(label->text().contains(QStringLiteral("/7")));
+  Click(*Window("frmStrondCalc"), "cmdCancel");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return main->isEnabled(); }));
+  EXPECT_EQ(FindWindow("frmGraph"), nullptr);
+  EXPECT_EQ(korva.Sweep.PointCount, 77) << "the last sweep stays";
+
+  std::filesystem::remove(folder / "development.KVSD");
+  std::filesystem::create_directory(folder / "development.KVSD");  // where the exchange file belongs
+  Choose("mnuCalcGrafItem(0)");
+  ports.Messages.Expect("Error occurred: Path/File access error (75). Procedure Terminated");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return main->isEnabled(); }));
 }
 
 TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {

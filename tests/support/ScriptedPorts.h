@@ -55,12 +55,23 @@ class CountedBusy final : public BusyPort {
   int Depth = 0;
 };
 
+class KeptDocuments final : public DocumentPort {
+ public:
+  bool Open(const std::string& file) override {
+    Opened.push_back(file);
+    return CanOpen;
+  }
+  std::vector<std::string> Opened;
+  bool CanOpen = true;
+};
+
 struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
   KeptClipboard Clipboard;
   CountedBusy Busy;
-  Ports All{Messages, Files, Clipboard, Busy};
+  KeptDocuments Documents;
+  Ports All{Messages, Files, Clipboard, Busy, Documents};
 };
 
 }  // namespace korva

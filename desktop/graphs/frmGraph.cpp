@@ -1,0 +1,453 @@
+#include "desktop/graphs/frmGraph.h"
+
+#include <qcustomplot.h>
+
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QVBoxLayout>
+#include <cmath>
+
+#include "commands/Attempt.h"
+#include "commands/GraphCommands.h"
+#include "core/Format.h"
+#include "desktop/graphs/frmGraphOpt.h"
+#include "desktop/support/FormTools.h"
+#include "graphs/GraphTitles.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kPrintIndex = 0;
+constexpr int kExportIndex = 2;
+constexpr int kExitIndex = 4;
+constexpr int kPictureIndex = 5;
+constexpr int kPointIdIndex = 0;
+constexpr int kBasicOptionsIndex = 1;
+constexpr int kReferenceIndex = 2;
+
+constexpr int kLeastSide = 267;  // 4000 twips
+constexpr int kTextPixels = 12;
+constexpr int kHeadingPixels = 20;  // 15 points
+constexpr double kNearPoint = 4;    // pixels
+constexpr double kHole = 1e308;
+constexpr double kLittle = 0.001;  // of a stretch: no more than is asked for
+constexpr std::string_view kPointPattern = "##0.00";
+
+// Sizes in pixels, so that paper and screen have the same proportions.
+QFont PixelFont(int pixels) {
+  QFont font(QStringLiteral("Liberation Sans"));
+  font.setPixelSize(pixels);
+  return font;
+}
+
+QCPScatterStyle SymbolOf(int curve, int size) {
+  static constexpr std::array kShapes = {QCPScatterStyle::ssDisc, QCPScatterStyle::ssSquare,
+                                         QCPScatterStyle::ssTriangle, QCPScatterStyle::ssDiamond};
+  const QColor colour(CurveColours.at(static_cast<std::size_t>(curve - 1)));
+  return {kShapes.at(static_cast<std::size_t>(curve - 1)), colour, colour, static_cast<double>(size) + 2};
+}
+
+QAction* AddItem(QMenu* menu, const char* array, int index, const char* caption) {
+  QAction* action = menu->addAction(QLatin1String(caption));
+  action->setObjectName(IndexedName(array, index));
+  action->setMenuRole(QAction::NoRole);
+  return action;
+}
+
+void StyleAxis(QCPAxis& axis) {
+  constexpr int kIntervals = 6;
+  axis.setTickLabelFont(PixelFont(kTextPixels));
+  axis.setLabelFont(PixelFont(kTextPixels));
+  axis.ticker()->setTickCount(kIntervals);
+  axis.setSubTicks(false);
+  axis.setTickLengthOut(5);
+  axis.setTickLengthIn(0);
+  axis.setNumberFormat(QStringLiteral("gb"));
+  axis.setNumberPrecision(6);
+  axis.grid()->setPen(QPen(QColor(0xe0e0e0), 1));
+  axis.grid()->setZeroLinePen(Qt::NoPen);
+}
+
+}  // namespace
+
+frmGraph::frmGraph(Session& session) : session_(session) {
+  setObjectName(QStringLiteral("frmGraph"));
+  setWindowTitle(QStringLiteral("KORVA-STROND Graph"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setMinimumSize(kLeastSide, kLeastSide);
+  BuildBody();
+  BuildMenus();
+  resize(820, 600);
+  CenterForm(*this);
+}
+
+void frmGraph::BuildBody() {
+  auto* body = new QWidget(this);
+  graph1_ = new QCustomPlot(body);
+  graph1_->setObjectName(QStringLiteral("graph1"));
+  graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
+  graph1_->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+  graph1_->setMouseTracking(true);
+  graph1_->plotLayout()->insertRow(0);
+  heading_ = new QCPTextElement(graph1_, QString(), PixelFont(kHeadingPixels));
+  graph1_->plotLayout()->addElement(0, 0, heading_);
+  graph1_->axisRect()->setupFullAxesBox();
+  for (QCPAxis* axis : {graph1_->xAxis, graph1_->yAxis}) {
+    StyleAxis(*axis);
+  }
+  for (QCPAxis* axis : {graph1_->xAxis2, graph1_->yAxis2}) {
+    axis->setTicks(false);
+    axis->setTickLabels(false);
+  }
+  beside_ = new QCPLayoutGrid;
+  graph1_->plotLayout()->addElement(1, 1, beside_);
+  graph1_->plotLayout()->setColumnStretchFactor(1, kLittle);
+  beside_->addElement(1, 0, new QCPLayoutGrid);
+  beside_->setRowStretchFactor(0, kLittle);
+  graph1_->legend->setFont(PixelFont(kTextPixels));
+  graph1_->legend->setBorderPen(QPen(QColor(0xe0e0e0)));
+
+  pointFrame_ = new QGroupBox(QStringLiteral("Point ID"), body);
+  pointFrame_->setObjectName(QStringLiteral("Frame1"));
+  auto* rows = new QFormLayout(pointFrame_);
+  const auto row = [&](const char* caption, const char* name) {
+    QLabel* value = NewLabel(QLatin1String(name), {}, pointFrame_);
+    value->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
+    value->setAccessibleName(QLatin1String(caption));
+    rows->addRow(QLatin1String(caption), value);
+    return value;
+  };
+  lblCurve_ = row("Curve:", "lblCurve");
+  lblSF_ = row("Stability Fact:", "lblSF");
+  lblX_ = row("X-coord:", "lblX");
+  pointFrame_->hide();
+
+  auto* all = new QVBoxLayout(body);
+  ApplySpacing(*all, *this);
+  all->addWidget(graph1_, 1);
+  all->addWidget(pointFrame_, 0, Qt::AlignLeft);
+  setCentralWidget(body);
+
+  connect(graph1_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) { TrackPoint(*event); });
+  connect(graph1_, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
+    if (graph1_->axisRect()->rect().contains(event->pos())) {
+      ShowWhole();
+    }
+  });
+  connect(graph1_, &QCustomPlot::axisDoubleClick, this,
+          [this](QCPAxis* axis, QCPAxis::SelectablePart part, QMouseEvent*) {
+            if (part == QCPAxis::spAxisLabel) {
+              QString title = axis->label();
+              EditTitle(title, QStringLiteral("Axis title"));
+              axis->setLabel(title);
+              graph1_->replot();
+            }
+          });
+  connect(heading_, &QCPTextElement::doubleClicked, this, [this](QMouseEvent*) {
+    QString title = heading_->text();
+    EditTitle(title, QStringLiteral("Graph title"));
+    heading_->setText(title);
+    graph1_->replot();
+  });
+}
+
+void frmGraph::BuildMenus() {
+  const auto menu = [this](const char* name, const char* caption) {
+    QMenu* made = menuBar()->addMenu(QLatin1String(caption));
+    made->setObjectName(QLatin1String(name));
+    return made;
+  };
+  QMenu* file = menu("GraphFile", "&File");
+  const auto fileItem = [&](int index, const char* caption) {
+    QAction* action = AddItem(file, "GraphFileItem", index, caption);
+    connect(action, &QAction::triggered, this, [this, index] { Run([this, index] { FileItem(index); }); });
+    return action;
+  };
+  const auto separator = [&](int index) {
+    file->addSeparator()->setObjectName(IndexedName("GraphFileItem", index));
+  };
+  fileItem(kPrintIndex, "&Print")->setShortcut(QKeySequence::Print);
+  fileItem(kPictureIndex, "&Save Picture...")->setShortcut(QKeySequence::Save);
+  separator(kPrintIndex + 1);
+  fileItem(kExportIndex, "Export to Excel");
+  separator(kExportIndex + 1);
+  fileItem(kExitIndex, "E&xit")->setShortcut(Qt::Key_Escape);
+
+  QAction* copy = AddItem(menu("GraphEdit", "&Edit"), "GraphEditItem", 0, "Copy ");
+  copy->setShortcut(QKeySequence::Copy);
+  connect(copy, &QAction::triggered, this, &frmGraph::Copy);
+
+  QMenu* options = menu("GraphOptions", "&Options");
+  for (const auto& [index, caption, checkable] :
+       {std::tuple{kPointIdIndex, "Point ID", true}, std::tuple{kBasicOptionsIndex, "Basic &Options", false},
+        std::tuple{kReferenceIndex, "Reference &Line", true}}) {
+    QAction* action = AddItem(options, "GraphOptionsItem", index, caption);
+    action->setCheckable(checkable);
+    action->setChecked(index == kReferenceIndex);
+    connect(action, &QAction::triggered, this, [this, i = index] { Run([this, i] { OptionsItem(i); }); });
+    pointId_ = index == kPointIdIndex ? action : pointId_;
+  }
+}
+
+template <class Command>
+void frmGraph::Run(Command&& command) {
+  Attempt(session_.State, session_.Outside.Messages, command);
+}
+
+void frmGraph::GraphInit(int index) {
+  Korva& korva = session_.State;
+  index_ = index;
+  PrepareTitles(korva.Preferences.Graph, index, korva.Stored.ProjectUnits);
+  DisplayCurves_ = korva::DisplayCurves(korva.ProjectCalc, korva.Sweep);
+  ShowTitles();
+}
+
+void frmGraph::ShowTitles() {
+  const Chart chart = TheChart();
+  heading_->setText(FromUtf8(chart.Title));
+  graph1_->xAxis->setLabel(FromUtf8(chart.XTitle));
+  graph1_->yAxis->setLabel(FromUtf8(chart.YTitle));
+  graph1_->xAxis->grid()->setVisible(chart.VerticalGrid);
+  graph1_->yAxis->grid()->setVisible(chart.HorizontalGrid);
+}
+
+Chart frmGraph::TheChart() const {
+  const Korva& korva = session_.State;
+  return ChartOf(korva.Sweep, DisplayCurves_, korva.Preferences.Graph, showReference_ && DisplayCurves_ > 0);
+}
+
+void frmGraph::DrawCurve() {
+  const Chart chart = TheChart();
+  graph1_->clearGraphs();
+  for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
+    AddCurve(chart.Curves[i], static_cast<int>(i) + 1);
+  }
+  ShowReference();
+  graph1_->legend->setVisible(chart.Legend && !chart.Curves.empty());
+  PlaceLegend();
+  ShowWhole();
+}
+
+void frmGraph::AddCurve(const ChartCurve& curve, int number) {
+  const GraphSettings& settings = session_.State.Preferences.Graph;
+  const Chart chart = TheChart();
+  QCPGraph* graph = graph1_->addGraph();
+  graph->setName(FromUtf8(curve.Label));
+  graph->setData(QVector<double>(curve.X.begin(), curve.X.end()),
+                 QVector<double>(curve.Y.begin(), curve.Y.end()), true);
+  graph->setLineStyle(chart.Lines ? QCPGraph::lsLine : QCPGraph::lsNone);
+  graph->setPen(QPen(QColor(curve.Colour), 2));
+  graph->setScatterStyle(chart.Symbols ? SymbolOf(number, settings.SymbolSize)
+                                       : QCPScatterStyle(QCPScatterStyle::ssNone));
+}
+
+void frmGraph::ShowReference() {
+  graph1_->clearItems();
+  const Chart chart = TheChart();
+  if (!chart.Reference) {
+    return;
+  }
+  constexpr QRgb kQuiet = 0x808080;
+  auto* line = new QCPItemStraightLine(graph1_);
+  line->setObjectName(QStringLiteral("ReferenceLine"));
+  line->setPen(QPen(QColor(kQuiet), 1, Qt::DashLine));
+  line->point1->setCoords(0, *chart.Reference);
+  line->point2->setCoords(1, *chart.Reference);
+  auto* value = new QCPItemText(graph1_);
+  value->setText(FromUtf8(Format(*chart.Reference, "0.0")));
+  value->setFont(PixelFont(kTextPixels));
+  value->setColor(QColor(kQuiet));
+  value->setPositionAlignment(Qt::AlignRight | Qt::AlignBottom);
+  value->position->setTypeX(QCPItemPosition::ptAxisRectRatio);
+  value->position->setTypeY(QCPItemPosition::ptPlotCoords);
+  value->position->setCoords(0.995, *chart.Reference);
+}
+
+// Inside where no curve runs, else beside the plot.
+void frmGraph::PlaceLegend() {
+  QCPLegend* legend = graph1_->legend;
+  QCPAxisRect* plot = graph1_->axisRect();
+  const QSizeF room = plot->size();
+  const QSizeF size = legend->minimumOuterSizeHint();
+  constexpr double kGap = 0.02;
+  const auto corner =
+      room.width() < 1 || room.height() < 1
+          ? std::nullopt
+          : FreeCorner(TheChart(), size.width() / room.width(), size.height() / room.height(), kGap);
+  if (legend->layout() != nullptr) {
+    legend->layout()->take(legend);
+  }
+  if (!corner) {
+    beside_->addElement(0, 0, legend);
+    return;
+  }
+  const bool right = corner.value_or(ChartCorner::kTopRight) == ChartCorner::kTopRight ||
+                     corner == ChartCorner::kBottomRight;
+  const bool top =
+      corner.value_or(ChartCorner::kTopRight) == ChartCorner::kTopRight || corner == ChartCorner::kTopLeft;
+  plot->insetLayout()->addElement(
+      legend, (right ? Qt::AlignRight : Qt::AlignLeft) | (top ? Qt::AlignTop : Qt::AlignBottom));
+}
+
+void frmGraph::ShowWhole() {
+  const Chart chart = TheChart();
+  graph1_->xAxis->setRange(chart.XScale.Low, chart.XScale.High);
+  graph1_->yAxis->setRange(chart.YScale.Low, chart.YScale.High);
+  graph1_->replot();
+}
+
+void frmGraph::ClearGraph() {
+  DisplayCurves_ = 0;
+  DrawCurve();
+}
+
+void frmGraph::ShowNewFormat() {
+  ShowTitles();
+  DrawCurve();
+}
+
+void frmGraph::TrackPoint(const QMouseEvent& event) {
+  if (!pointId_->isChecked()) {
+    return;
+  }
+  double nearest = kNearPoint;
+  const QCPGraph* curve = nullptr;
+  QPointF point;
+  for (int i = 0; graph1_->axisRect()->rect().contains(event.pos()) && i < graph1_->graphCount(); ++i) {
+    for (const QCPGraphData& at : *graph1_->graph(i)->data()) {
+      const double dx = graph1_->xAxis->coordToPixel(at.key) - event.pos().x();
+      const double dy = graph1_->yAxis->coordToPixel(at.value) - event.pos().y();
+      if (std::hypot(dx, dy) < nearest && at.value != kHole) {
+        nearest = std::hypot(dx, dy);
+        curve = graph1_->graph(i);
+        point = {at.key, at.value};
+      }
+    }
+  }
+  if (curve == nullptr) {
+    graph1_->unsetCursor();
+    return;
+  }
+  lblSF_->setText(FromUtf8(Format(point.y(), kPointPattern)));
+  lblX_->setText(FromUtf8(Format(point.x(), kPointPattern)));
+  lblCurve_->setText(curve->name());
+  graph1_->setCursor(Qt::CrossCursor);
+}
+
+void frmGraph::FileItem(int index) {
+  switch (index) {
+    case kPrintIndex:
+      Print();
+      break;
+    case kExportIndex:
+      ExportGraph(session_.State, session_.Outside, TheChart());
+      break;
+    case kPictureIndex:
+      SaveGraphPicture(session_.State, session_.Outside, TheChart());
+      break;
+    default:
+      close();
+      break;
+  }
+}
+
+void frmGraph::Print() {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(heading_->text());
+  printer.setPageOrientation(QPageLayout::Landscape);
+  QPrintDialog dialog(&printer, this);
+  if (dialog.exec() != QDialog::Accepted) {
+    return;
+  }
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Graph");
+  QCPPainter painter;
+  if (!painter.begin(&printer)) {
+    throw RuntimeError(ErrorNumber::kPrinter, "the graph cannot be printed");
+  }
+  // As wide as on the screen at about 96 dots an inch, and as high as the sheet allows.
+  constexpr double kScreenResolution = 96;
+  const double scale = printer.resolution() / kScreenResolution;
+  const QRect sheet = printer.pageLayout().paintRectPixels(printer.resolution());
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  painter.scale(scale, scale);
+  const int width = static_cast<int>(sheet.width() / scale);
+  const int height = static_cast<int>(sheet.height() / scale);
+  graph1_->toPainter(&painter, width, std::min(height, width * 3 / 4));
+}
+
+void frmGraph::Copy() {
+  constexpr double kSharp = 2;
+  QGuiApplication::clipboard()->setPixmap(graph1_->toPixmap(graph1_->width(), graph1_->height(), kSharp));
+}
+
+void frmGraph::OptionsItem(int index) {
+  switch (index) {
+    case kPointIdIndex:
+      pointFrame_->setVisible(pointId_->isChecked());
+      graph1_->unsetCursor();
+      break;
+    case kBasicOptionsIndex: {
+      ReadBack();
+      frmGraphOpt options(session_, *this);
+      options.exec();
+      break;
+    }
+    default:
+      showReference_ = !showReference_;
+      DrawCurve();
+      break;
+  }
+}
+
+void frmGraph::EditTitle(QString& title, const QString& what) {
+  bool accepted = false;
+  const QString edited =
+      QInputDialog::getText(this, windowTitle(), what, QLineEdit::Normal, title, &accepted);
+  if (accepted) {
+    title = edited;
+  }
+}
+
+// What was edited in the chart itself stays.
+void frmGraph::ReadBack() {
+  GraphSettings& settings = session_.State.Preferences.Graph;
+  settings.GraphTitle = heading_->text().toStdString();
+  settings.XAxisTitle[index_] = graph1_->xAxis->label().toStdString();
+  settings.YAxisTitle[YTitleOf(index_)] = graph1_->yAxis->label().toStdString();
+  settings.GridStyle = static_cast<std::int16_t>((graph1_->yAxis->grid()->visible() ? 1 : 0) +
+                                                 (graph1_->xAxis->grid()->visible() ? 2 : 0));
+}
+
+void frmGraph::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
+    ReadBack();
+  }
+  QMainWindow::changeEvent(event);
+}
+
+void frmGraph::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (graph1_->graphCount() > 0) {
+    graph1_->replot();
+    PlaceLegend();
+    graph1_->replot(QCustomPlot::rpQueuedReplot);
+  }
+}
+
+void frmGraph::closeEvent(QCloseEvent* event) {
+  ReadBack();
+  session_.Main.SetInputEnabled(true);
+  session_.Main.Refresh();
+  event->accept();
+}
+
+}  // namespace korva::desktop

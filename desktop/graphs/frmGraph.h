@@ -1,0 +1,80 @@
+// The graph window: the curves of the last sweep.
+#pragma once
+
+#include <QMainWindow>
+#include <vector>
+
+#include "desktop/support/Session.h"
+#include "graphs/Chart.h"
+
+class QAction;
+class QCPGraph;
+class QCPItemStraightLine;
+class QCPItemText;
+class QCPLayoutGrid;
+class QCPTextElement;
+class QCustomPlot;
+class QGroupBox;
+class QLabel;
+class QMouseEvent;
+
+namespace korva::desktop {
+
+class frmGraph final : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Deletes itself when it is closed, and then enables the main window.
+  explicit frmGraph(Session& session);
+
+  // Titles, grid and the number of curves of graph `index`.
+  void GraphInit(int index);
+  // Moves the points into the chart.
+  void DrawCurve();
+  // Empties it.
+  void ClearGraph();
+  // Shows titles, grid and curves by settings that have changed.
+  void ShowNewFormat();
+
+  int ShownGraph() const { return index_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void BuildBody();
+  void FileItem(int index);
+  void OptionsItem(int index);
+  void Print();
+  void Copy();
+  void ReadBack();
+  void ShowTitles();
+  void AddCurve(const ChartCurve& curve, int number);
+  void ShowReference();
+  void PlaceLegend();
+  void ShowWhole();
+  void TrackPoint(const QMouseEvent& event);
+  void EditTitle(QString& title, const QString& what);
+  Chart TheChart() const;
+  // Runs a command; a run-time error ends here.
+  template <class Command>
+  void Run(Command&& command);
+
+  Session& session_;
+  int index_ = 0;
+  int DisplayCurves_ = 0;
+  bool showReference_ = true;
+  QCustomPlot* graph1_ = nullptr;
+  QCPTextElement* heading_ = nullptr;
+  QCPLayoutGrid* beside_ = nullptr;  // right of the plot, for the legend
+  QGroupBox* pointFrame_ = nullptr;
+  QLabel* lblCurve_ = nullptr;
+  QLabel* lblSF_ = nullptr;
+  QLabel* lblX_ = nullptr;
+  QAction* pointId_ = nullptr;
+};
+
+}  // namespace korva::desktop

@@ -1,0 +1,204 @@
+#include "desktop/graphs/frmGraphOpt.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "commands/SettingsCommands.h"
+#include "desktop/graphs/frmGraph.h"
+#include "desktop/support/FormTools.h"
+#include "graphs/GraphTitles.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kDefaultParameters = 0;
+constexpr int kLastUsed = 1;
+constexpr int kLeastSymbol = 3;
+constexpr int kGreatestSymbol = 20;
+
+QComboBox* NewList(const char* name, std::initializer_list<const char*> entries, QWidget* parent) {
+  auto* list = new QComboBox(parent);
+  list->setObjectName(QLatin1String(name));
+  for (const char* entry : entries) {
+    list->addItem(QLatin1String(entry));
+  }
+  return list;
+}
+
+QLineEdit* NewText(const QString& name, const char* meaning, QWidget* parent) {
+  auto* text = new QLineEdit(parent);
+  text->setObjectName(name);
+  text->setAccessibleName(QLatin1String(meaning));
+  text->setMinimumWidth(text->fontMetrics().averageCharWidth() * 36);
+  return text;
+}
+
+// A row of the texts of which one is shown.
+QWidget* Stack(const std::vector<QLineEdit*>& texts, int shown, QWidget* parent) {
+  auto* row = new QWidget(parent);
+  auto* layout = new QVBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    layout->addWidget(texts[i]);
+    texts[i]->setVisible(static_cast<int>(i) == shown);
+  }
+  return row;
+}
+
+}  // namespace
+
+frmGraphOpt::frmGraphOpt(Session& session, frmGraph& graph)
+    : QDialog(&graph), session_(session), graph_(graph), draft_(session.State.Preferences.Graph) {
+  setObjectName(QStringLiteral("frmGraphOpt"));
+  setWindowTitle(QStringLiteral("Graph Parameters and Options"));
+  Build();
+  SetArrayIndex(Option1_, draft_.GraphSetParams);
+  ChooseParameters(draft_.GraphSetParams);
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmGraphOpt::Build() {
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  constexpr std::array kCaptions = {"Set default format parameters", "Set format parameters to last used"};
+  for (int i = 0; i < 2; ++i) {
+    QRadioButton* option =
+        NewOption(IndexedName("Option1", i), QLatin1String(kCaptions.at(static_cast<std::size_t>(i))), this);
+    connect(option, &QRadioButton::clicked, this, [this, i] { ChooseParameters(i); });
+    Option1_.at(static_cast<std::size_t>(i)) = option;
+    all->addWidget(option);
+  }
+  all->addWidget(BuildTitles());
+  all->addWidget(BuildFormat());
+
+  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
+  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
+  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  help->setToolTip(QStringLiteral("Empties the graph"));
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &frmGraphOpt::accept);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(help, &QPushButton::clicked, &graph_, &frmGraph::ClearGraph);
+  all->addLayout(NewButtonRow(help, {ok, cancel}));
+}
+
+QWidget* frmGraphOpt::BuildTitles() {
+  auto* frame = new QGroupBox(QStringLiteral("Titles"), this);
+  auto* rows = new QFormLayout(frame);
+  Text1_ = NewText(QStringLiteral("Text1"), "Graph title", frame);
+  for (int i = 0; i < kGraphs; ++i) {
+    Text2_.push_back(NewText(IndexedName("Text2", i), "X-axis title", frame));
+  }
+  for (int i = 0; i < 2; ++i) {
+    Text3_.push_back(NewText(IndexedName("Text3", i), "Y-axis title", frame));
+  }
+  rows->addRow(QStringLiteral("Graph title"), Text1_);
+  rows->addRow(QStringLiteral("X-axis title"), Stack(Text2_, graph_.ShownGraph(), frame));
+  rows->addRow(QStringLiteral("Y-axis title"), Stack(Text3_, YTitleOf(graph_.ShownGraph()), frame));
+  return frame;
+}
+
+QWidget* frmGraphOpt::BuildFormat() {
+  auto* frame = new QGroupBox(QStringLiteral("Format"), this);
+  auto* rows = new QFormLayout(frame);
+  Combo1_ = NewList("Combo1", {"None", "Horizontal", "Vertical", "Horizontal & Vertical"}, frame);
+  Combo2_ = NewList("Combo2", {"Lines Only", "Symbols Only", "Lines & Symbols"}, frame);
+  for (QComboBox* list : {Combo1_, Combo2_}) {
+    connect(list, &QComboBox::currentIndexChanged, this, [this, list] { CheckChoice(*list); });
+  }
+  connect(Combo2_, &QComboBox::currentIndexChanged, this, [this] { ShowSymbolControls(); });
+  Check1_ = NewCheckBox("Check1", QStringLiteral("Curve legend"), frame);
+  lblSS_ = NewLabel(QStringLiteral("lblSS"), QStringLiteral("Symbol size"), frame);
+  HScroll1_ = new QScrollBar(Qt::Horizontal, frame);
+  HScroll1_->setObjectName(QStringLiteral("HScroll1"));
+  HScroll1_->setAccessibleName(QStringLiteral("Symbol size"));
+  HScroll1_->setRange(kLeastSymbol, kGreatestSymbol);
+  HScroll1_->setFocusPolicy(Qt::StrongFocus);
+  txtSS_ = new QLineEdit(frame);
+  txtSS_->setObjectName(QStringLiteral("txtSS"));
+  txtSS_->setAccessibleName(QStringLiteral("Symbol size"));
+  txtSS_->setReadOnly(true);
+  txtSS_->setFixedWidth(fontMetrics().averageCharWidth() * 6);
+  connect(HScroll1_, &QScrollBar::valueChanged, this,
+          [this](int size) { txtSS_->setText(QString::number(size)); });
+  auto* size = new QHBoxLayout;
+  size->addWidget(HScroll1_, 1);
+  size->addWidget(txtSS_);
+  rows->addRow(QStringLiteral("Grid style"), Combo1_);
+  rows->addRow(QStringLiteral("Graph style"), Combo2_);
+  rows->addRow(QString(), Check1_);
+  rows->addRow(lblSS_, size);
+  return frame;
+}
+
+void frmGraphOpt::InitForm() {
+  Text1_->setText(FromUtf8(draft_.GraphTitle));
+  for (int i = 0; i < kGraphs; ++i) {
+    Text2_[static_cast<std::size_t>(i)]->setText(FromUtf8(draft_.XAxisTitle[i]));
+  }
+  for (int i = 0; i < 2; ++i) {
+    Text3_[static_cast<std::size_t>(i)]->setText(FromUtf8(draft_.YAxisTitle[i]));
+  }
+  Combo1_->setCurrentIndex(draft_.GridStyle);
+  Combo2_->setCurrentIndex(draft_.GraphStyle - 1);
+  Check1_->setChecked(draft_.CurveLegend == 1);
+  HScroll1_->setValue(draft_.SymbolSize);
+  txtSS_->setText(QString::number(draft_.SymbolSize));
+  ShowSymbolControls();
+}
+
+// Default parameters cannot be edited.
+void frmGraphOpt::ChooseParameters(int index) {
+  if (index == kDefaultParameters) {
+    draft_.GraphSetParams = kDefaultParameters;
+    SetDefaultTitles(draft_, session_.State.Stored.ProjectUnits);
+  }
+  InitForm();
+  std::vector<QWidget*> edited = {Text1_, Combo1_, Combo2_, Check1_, HScroll1_, txtSS_, lblSS_};
+  edited.insert(edited.end(), Text2_.begin(), Text2_.end());
+  edited.insert(edited.end(), Text3_.begin(), Text3_.end());
+  for (QWidget* control : edited) {
+    control->setEnabled(index == kLastUsed);
+  }
+}
+
+void frmGraphOpt::ShowSymbolControls() {
+  for (QWidget* control : std::initializer_list<QWidget*>{lblSS_, HScroll1_, txtSS_}) {
+    control->setVisible(Combo2_->currentIndex() > 0);
+  }
+}
+
+void frmGraphOpt::CheckChoice(QComboBox& list) {
+  if (list.currentIndex() < 0) {
+    ShowMessage(session_.State, session_.Outside.Messages,
+                {.text = "Please select a valid entry", .title = {}});
+    list.setCurrentIndex(0);
+  }
+}
+
+void frmGraphOpt::accept() {
+  draft_.GraphTitle = Text1_->text().toStdString();
+  for (int i = 0; i < kGraphs; ++i) {
+    draft_.XAxisTitle[i] = Text2_[static_cast<std::size_t>(i)]->text().toStdString();
+  }
+  for (int i = 0; i < 2; ++i) {
+    draft_.YAxisTitle[i] = Text3_[static_cast<std::size_t>(i)]->text().toStdString();
+  }
+  draft_.GridStyle = static_cast<std::int16_t>(Combo1_->currentIndex());
+  draft_.GraphStyle = static_cast<std::int16_t>(Combo2_->currentIndex() + 1);
+  draft_.CurveLegend = Check1_->isChecked() ? 1 : 0;
+  draft_.SymbolSize = static_cast<std::int16_t>(HScroll1_->value());
+  draft_.GraphSetParams = static_cast<std::int16_t>(GetArrayIndex(Option1_));
+  session_.State.Preferences.Graph = draft_;
+  SaveSettings(session_.State, SettingsSection::kGraph);
+  graph_.ShowNewFormat();
+  QDialog::accept();
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,77 @@
+#include "commands/GraphCommands.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+
+#include "core/FileNames.h"
+#include "files/PlatformFile.h"
+#include "files/SafeWriter.h"
+#include "graphs/ChartPicture.h"
+#include "graphs/GraphWorkbook.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::string_view kNeedsExcel =
+    "This option will only work if Microsoft Excel is installed on this computer. Proceed?";
+
+// A spreadsheet program may still have an earlier one open.
+std::string FreeWorkbookName(const std::string& folder, const std::string& project) {
+  const std::string stem = folder + FileBaseName(project, true) + " graph";
+  for (int number = 1;; ++number) {
+    std::string name = fmt::format("{} {}.xlsx", stem, number);
+    if (!StateOfFile(name).exists) {
+      return name;
+    }
+  }
+}
+
+}  // namespace
+
+void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
+  if (korva.Preferences.Options.AskOfficeInstall == 0) {
+    const Message question = {std::string(kNeedsExcel), MessageButtons::kYesNo, MessageIcon::kNone, {}};
+    if (ShowMessage(korva, ports.Messages, question) != MessageAnswer::kYes) {
+      return;
+    }
+  }
+  std::string file;
+  {
+    const BusyPointer busy(ports.Busy);
+    const std::string bytes = GraphWorkbook(chart);
+    std::error_code made;
+    std::filesystem::create_directories(korva.Places.TempRoot, made);  // writing tells what went wrong
+    file = FreeWorkbookName(korva.Places.TempRoot, korva.ProjectFileName);
+    WriteFileSafely(file, bytes);
+  }
+  const bool opened = ports.Documents.Open(file);
+  ShowMessage(korva, ports.Messages,
+              {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
+               .title = {},
+               .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file)});
+}
+
+void SaveGraphPicture(Korva& korva, Ports& ports, const Chart& chart) {
+  const FileQuestion question = {
+      .Save = true,
+      .Title = "Save Picture",
+      .Folder = korva.Preferences.DataPath,
+      .Name = FileBaseName(korva.ProjectFileName, true) + ".svg",
+      .DefaultExtension = "svg",
+      .Filters = {"Scalable picture (*.svg)", "Portable document (*.pdf)", "Picture (*.png)"}};
+  const auto file = ports.Files.ChooseFile(question);
+  if (!file) {
+    return;
+  }
+  const auto kind = PictureKindOf(*file);
+  if (!kind) {
+    ShowMessage(korva, ports.Messages, {.text = "A picture's name ends in .svg, .pdf or .png", .title = {}});
+    return;
+  }
+  WriteFileSafely(*file, ChartPicture(chart, *kind));
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Graph saved to file: " + *file);
+}
+
+}  // namespace korva

@@ -1,0 +1,20 @@
+// What the graph window does with a graph beyond showing it.
+#pragma once
+
+#include <string>
+
+#include "core/Korva.h"
+#include "core/Ports.h"
+#include "graphs/Chart.h"
+
+namespace korva {
+
+// "Export to Excel": asks if the settings want that, writes a workbook into the documents' temporary folder
+// under a name that is free, opens it, and tells how many curves it has. Run-time errors of writing.
+void ExportGraph(Korva& korva, Ports& ports, const Chart& chart);
+
+// "Save Picture": asks for a name and writes the graph as SVG, PDF or PNG, by its extension. Run-time errors
+// of writing.
+void SaveGraphPicture(Korva& korva, Ports& ports, const Chart& chart);
+
+}  // namespace korva

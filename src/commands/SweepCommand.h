@@ -1,0 +1,42 @@
+// The command "Graph": from the open project to the points of a parametric graph.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/Korva.h"
+#include "core/Messages.h"
+#include "graphs/Sweep.h"
+#include "strond/KORVAStrond2D.h"
+
+namespace korva {
+
+// A sweep that is ready to run, on any thread and apart from the program's state.
+struct SweepJob {
+  GraphKind Graph = kEntryHeightGraph;
+  SweepRange Range;
+  Calculation Prepared;
+  Project ProjectCalc;
+  std::int16_t Units = kEnglish;
+  std::string ProjectFileName;
+  StrondPlace Place;
+  bool Laminated = false;
+};
+
+// Copies the project to the working copy, in the overburden model `calcMode` if one is given, and prepares
+// the sweep of that graph. Nothing, after a message, for a range whose ends are crossed and for a project
+// that the check refuses.
+std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphKind graph,
+                                     std::optional<std::int16_t> calcMode = {});
+
+// Runs it. `goOn` is asked before each laminated solution.
+SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int step, int capacity)>& goOn);
+
+// Takes a finished sweep into the program's state. One that was cancelled leaves the points of the last one.
+void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome);
+
+// What the progress window says before a laminated solution.
+std::string SweepStepText(int step, int capacity);
+
+}  // namespace korva

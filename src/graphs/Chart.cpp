@@ -1,0 +1,149 @@
+#include "graphs/Chart.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "graphs/GraphTitles.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kMostLabels = 8;
+
+void Widen(double& low, double& high, double value) {
+  low = std::min(low, value);
+  high = std::max(high, value);
+}
+
+void SetScales(Chart& chart) {
+  constexpr double kNone = 1e308;
+  double xLow = kNone;
+  double xHigh = -kNone;
+  double yLow = chart.Reference.value_or(kNone);
+  // Not on the frame.
+  constexpr double kRoom = 1.01;
+  double yHigh = chart.Reference ? kRoom * *chart.Reference : -kNone;
+  for (const ChartCurve& curve : chart.Curves) {
+    for (std::size_t i = 0; i < curve.X.size(); ++i) {
+      Widen(xLow, xHigh, curve.X[i]);
+      Widen(yLow, yHigh, curve.Y[i]);
+    }
+  }
+  chart.XScale = xLow > xHigh ? AxisScale{} : ScaleFor(xLow, xHigh);
+  chart.YScale = yLow > yHigh ? AxisScale{} : ScaleFor(yLow, yHigh);
+}
+
+}  // namespace
+
+int AxisScale::Labels() const {
+  return static_cast<int>(std::lround((High - Low) / Step)) + 1;
+}
+
+double AxisScale::Value(int label) const {
+  return (std::round(Low / Step) + label) * Step;
+}
+
+std::string AxisScale::Text(int label) const {
+  const int decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(Step) - 1e-9)), 0, 12);
+  // A step of 2.5, 0.25 and so on has a digit more.
+  const double scaled = Step * std::pow(10, decimals);
+  const int digits = decimals + (std::abs(scaled - std::round(scaled)) > 1e-6 ? 1 : 0);
+  const double value = Value(label);
+  return fmt::format("{:.{}f}", value == 0 ? 0.0 : value, digits);
+}
+
+AxisScale ScaleFor(double low, double high) {
+  if (!(high > low)) {
+    const double room = low == 0 ? 1 : std::abs(low) / 2;
+    low -= room;
+    high += room;
+  }
+  double power = std::pow(10, std::floor(std::log10(high - low)) - 1);
+  for (;; power *= 10) {
+    for (const double digit : {1.0, 2.0, 2.5, 5.0}) {
+      const double step = digit * power;
+      const AxisScale scale = {std::floor(low / step + 1e-9) * step, std::ceil(high / step - 1e-9) * step,
+                               step};
+      if (scale.Labels() <= kMostLabels) {
+        return scale;
+      }
+    }
+  }
+}
+
+std::optional<ChartCorner> FreeCorner(const Chart& chart, double width, double height, double gap) {
+  const auto across = [&](double x) {
+    return (x - chart.XScale.Low) / (chart.XScale.High - chart.XScale.Low);
+  };
+  const auto up = [&](double y) { return (y - chart.YScale.Low) / (chart.YScale.High - chart.YScale.Low); };
+  for (const ChartCorner corner :
+       {ChartCorner::kTopRight, ChartCorner::kTopLeft, ChartCorner::kBottomRight, ChartCorner::kBottomLeft}) {
+    const bool right = corner == ChartCorner::kTopRight || corner == ChartCorner::kBottomRight;
+    const bool top = corner == ChartCorner::kTopRight || corner == ChartCorner::kTopLeft;
+    // The gap stands on both sides of the box.
+    const auto covers = [&](double x, double y) {
+      return (right ? x > 1 - width - 2 * gap : x < width + 2 * gap) &&
+             (top ? y > 1 - height - 2 * gap : y < height + 2 * gap);
+    };
+    const bool crossed = chart.Reference && covers(right ? 1 : 0, up(*chart.Reference));
+    const bool taken = std::any_of(chart.Curves.begin(), chart.Curves.end(), [&](const ChartCurve& curve) {
+      for (std::size_t i = 0; i < curve.X.size(); ++i) {
+        const std::size_t next = std::min(i + 1, curve.X.size() - 1);
+        constexpr int kParts = 16;
+        for (int part = 0; part <= kParts; ++part) {
+          const double t = static_cast<double>(part) / kParts;
+          if (covers(across(curve.X[i] + t * (curve.X[next] - curve.X[i])),
+                     up(curve.Y[i] + t * (curve.Y[next] - curve.Y[i])))) {
+            return true;
+          }
+        }
+      }
+      return false;
+    });
+    if (!crossed && !taken) {
+      return corner;
+    }
+  }
+  return std::nullopt;
+}
+
+double ReferenceFactor(int graph) {
+  constexpr double kPillars = 1.5;
+  constexpr double kBarriers = 2.0;
+  return YTitleOf(graph) == 0 ? kPillars : kBarriers;
+}
+
+Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference) {
+  constexpr int kHorizontal = 1;
+  constexpr int kVertical = 2;
+  constexpr int kLinesOnly = 1;
+  constexpr int kSymbolsOnly = 2;
+  Chart chart;
+  chart.Title = settings.GraphTitle;
+  chart.XTitle = settings.XAxisTitle[data.GraphIndex];
+  chart.YTitle = settings.YAxisTitle[YTitleOf(data.GraphIndex)];
+  chart.HorizontalGrid = (settings.GridStyle & kHorizontal) != 0;
+  chart.VerticalGrid = (settings.GridStyle & kVertical) != 0;
+  chart.Lines = settings.GraphStyle != kSymbolsOnly;
+  chart.Symbols = settings.GraphStyle != kLinesOnly;
+  chart.Legend = settings.CurveLegend == 1;
+  chart.SymbolSize = settings.SymbolSize;
+  if (showReference) {
+    chart.Reference = ReferenceFactor(data.GraphIndex);
+  }
+  for (int i = 1; i <= curves; ++i) {
+    ChartCurve curve = {std::string(CurveLabel(i)), CurveColours.at(static_cast<std::size_t>(i - 1)), {}, {}};
+    const auto points = static_cast<std::ptrdiff_t>(data.PointCount);
+    curve.X.assign(data.GraphData[0].begin(), data.GraphData[0].begin() + points);
+    curve.Y.assign(data.GraphData[i].begin(), data.GraphData[i].begin() + points);
+    chart.Curves.push_back(std::move(curve));
+  }
+  SetScales(chart);
+  return chart;
+}
+
+}  // namespace korva

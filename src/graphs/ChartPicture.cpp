@@ -1,0 +1,346 @@
+#include "graphs/ChartPicture.h"
+
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+#include <cairo.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <numbers>
+
+#include "core/RuntimeError.h"
+
+namespace korva {
+
+namespace {
+
+// Points; a PNG has kPixels of them.
+constexpr double kWidth = 760;
+constexpr double kHeight = 520;
+constexpr double kPixels = 2;
+constexpr double kMargin = 18;
+constexpr double kTextSize = 12;
+constexpr double kTitleSize = 15;
+constexpr double kTick = 5;
+constexpr double kGap = 6;
+constexpr double kLineWidth = 2;
+constexpr std::uint32_t kBlack = 0x000000;
+constexpr std::uint32_t kGridColour = 0xe0e0e0;
+constexpr std::uint32_t kReferenceColour = 0x808080;
+
+struct Box {
+  double Left = 0;
+  double Top = 0;
+  double Right = 0;
+  double Bottom = 0;
+};
+
+class Painter {
+ public:
+  Painter(const Chart& chart, cairo_t* cairo) : chart_(chart), cairo_(cairo) {
+    cairo_select_font_face(cairo_, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    Place();
+  }
+
+  void Paint() {
+    Colour(0xffffff);
+    cairo_paint(cairo_);
+    PaintAxes();
+    cairo_save(cairo_);
+    cairo_rectangle(cairo_, plot_.Left - kGap, plot_.Top - kGap, plot_.Right - plot_.Left + 2 * kGap,
+                    plot_.Bottom - plot_.Top + 2 * kGap);
+    cairo_clip(cairo_);
+    for (std::size_t i = 0; i < chart_.Curves.size(); ++i) {
+      PaintCurve(i);
+    }
+    cairo_restore(cairo_);
+    PaintReference();
+    if (chart_.Legend) {
+      PaintLegend();
+    }
+  }
+
+ private:
+  void Colour(std::uint32_t rgb) {
+    const auto part = [rgb](unsigned shift) { return static_cast<double>((rgb >> shift) & 0xff) / 255; };
+    cairo_set_source_rgb(cairo_, part(16), part(8), part(0));
+  }
+
+  double TextWidth(const std::string& text, double size = kTextSize) {
+    cairo_set_font_size(cairo_, size);
+    cairo_text_extents_t extents;
+    cairo_text_extents(cairo_, text.c_str(), &extents);
+    return extents.x_advance;
+  }
+
+  // Text from `x` on, or around or up to it, with its base line at `y`.
+  void Text(const std::string& text, double x, double y, double share = 0, double size = kTextSize) {
+    const double width = TextWidth(text, size);
+    cairo_move_to(cairo_, x - share * width, y);
+    cairo_show_text(cairo_, text.c_str());
+  }
+
+  void Line(double x0, double y0, double x1, double y1) {
+    cairo_move_to(cairo_, x0, y0);
+    cairo_line_to(cairo_, x1, y1);
+    cairo_stroke(cairo_);
+  }
+
+  double LegendWidth() {
+    double width = 0;
+    for (const ChartCurve& curve : chart_.Curves) {
+      width = std::max(width, TextWidth(curve.Label));
+    }
+    return width + kSample + 3 * kGap;
+  }
+  double LegendHeight() const { return static_cast<double>(chart_.Curves.size()) * kRowHeight + 2 * kGap; }
+
+  void Place() {
+    double labels = 0;
+    for (int i = 0; i < chart_.YScale.Labels(); ++i) {
+      labels = std::max(labels, TextWidth(chart_.YScale.Text(i)));
+    }
+    plot_ = {kMargin + 2 * kTextSize + labels + kTick + kGap, kMargin + kTitleSize + 3 * kGap,
+             kWidth - kMargin - 2 * kGap, kHeight - kMargin - 3.5 * kTextSize - kTick - kGap};
+    if (chart_.Reference) {
+      plot_.Right -= TextWidth(ReferenceText()) - kGap;
+    }
+    if (chart_.Legend && !(legendInside_ = LegendInside())) {
+      plot_.Right -= LegendWidth() + kGap;
+    }
+  }
+
+  double X(double value) const {
+    return plot_.Left + (value - chart_.XScale.Low) / (chart_.XScale.High - chart_.XScale.Low) *
+                            (plot_.Right - plot_.Left);
+  }
+  double Y(double value) const {
+    return plot_.Bottom - (value - chart_.YScale.Low) / (chart_.YScale.High - chart_.YScale.Low) *
+                              (plot_.Bottom - plot_.Top);
+  }
+
+  // The legend in a corner in which no curve runs.
+  std::optional<Box> LegendInside() {
+    const double width = LegendWidth();
+    const double height = LegendHeight();
+    const auto corner = FreeCorner(chart_, width / (plot_.Right - plot_.Left),
+                                   height / (plot_.Bottom - plot_.Top), kGap / (plot_.Right - plot_.Left));
+    if (!corner) {
+      return std::nullopt;
+    }
+    const bool right = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kBottomRight;
+    const bool top = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kTopLeft;
+    Box box;
+    box.Left = right ? plot_.Right - width - kGap : plot_.Left + kGap;
+    box.Top = top ? plot_.Top + kGap : plot_.Bottom - height - kGap;
+    box.Right = box.Left + width;
+    box.Bottom = box.Top + height;
+    return box;
+  }
+
+  void PaintAxes() {
+    cairo_set_line_width(cairo_, 1);
+    for (int i = 0; i < chart_.XScale.Labels(); ++i) {
+      const double x = X(chart_.XScale.Value(i));
+      if (chart_.VerticalGrid) {
+        Colour(kGridColour);
+        Line(x, plot_.Top, x, plot_.Bottom);
+      }
+      Colour(kBlack);
+      Line(x, plot_.Bottom, x, plot_.Bottom + kTick);
+      Text(chart_.XScale.Text(i), x, plot_.Bottom + kTick + kGap + kTextSize, 0.5);
+    }
+    for (int i = 0; i < chart_.YScale.Labels(); ++i) {
+      const double y = Y(chart_.YScale.Value(i));
+      if (chart_.HorizontalGrid) {
+        Colour(kGridColour);
+        Line(plot_.Left, y, plot_.Right, y);
+      }
+      Colour(kBlack);
+      Line(plot_.Left - kTick, y, plot_.Left, y);
+      Text(chart_.YScale.Text(i), plot_.Left - kTick - kGap, y + 0.35 * kTextSize, 1);
+    }
+    cairo_rectangle(cairo_, plot_.Left, plot_.Top, plot_.Right - plot_.Left, plot_.Bottom - plot_.Top);
+    cairo_stroke(cairo_);
+    const double middle = (plot_.Left + plot_.Right) / 2;
+    Text(chart_.Title, middle, kMargin + kTitleSize, 0.5, kTitleSize);
+    Text(chart_.XTitle, middle, kHeight - kMargin, 0.5);
+    cairo_save(cairo_);
+    cairo_translate(cairo_, kMargin + kTextSize, (plot_.Top + plot_.Bottom) / 2);
+    cairo_rotate(cairo_, -std::numbers::pi / 2);
+    Text(chart_.YTitle, 0, 0, 0.5);
+    cairo_restore(cairo_);
+  }
+
+  void Symbol(std::size_t curve, double x, double y) {
+    const double r = chart_.SymbolSize / 2.0 + 1;
+    switch (curve) {
+      case 0:
+        cairo_arc(cairo_, x, y, r, 0, 2 * std::numbers::pi);
+        break;
+      case 1:
+        cairo_rectangle(cairo_, x - r, y - r, 2 * r, 2 * r);
+        break;
+      case 2:
+        cairo_move_to(cairo_, x, y - r);
+        cairo_line_to(cairo_, x + r, y + r);
+        cairo_line_to(cairo_, x - r, y + r);
+        cairo_close_path(cairo_);
+        break;
+      default:
+        cairo_move_to(cairo_, x, y - r);
+        cairo_line_to(cairo_, x + r, y);
+        cairo_line_to(cairo_, x, y + r);
+        cairo_line_to(cairo_, x - r, y);
+        cairo_close_path(cairo_);
+        break;
+    }
+    cairo_fill(cairo_);
+  }
+
+  void PaintCurve(std::size_t index) {
+    const ChartCurve& curve = chart_.Curves[index];
+    Colour(curve.Colour);
+    cairo_set_line_width(cairo_, kLineWidth);
+    cairo_new_path(cairo_);
+    for (std::size_t i = 0; i < curve.X.size(); ++i) {
+      cairo_line_to(cairo_, X(curve.X[i]), Y(curve.Y[i]));
+    }
+    if (chart_.Lines) {
+      cairo_stroke(cairo_);
+    }
+    cairo_new_path(cairo_);
+    if (chart_.Symbols) {
+      for (std::size_t i = 0; i < curve.X.size(); ++i) {
+        Symbol(index, X(curve.X[i]), Y(curve.Y[i]));
+      }
+    }
+  }
+
+  std::string ReferenceText() const { return fmt::format("{:.1f}", chart_.Reference.value_or(0)); }
+
+  void PaintReference() {
+    if (!chart_.Reference) {
+      return;
+    }
+    const double y = Y(*chart_.Reference);
+    const double dash = 5;
+    Colour(kReferenceColour);
+    cairo_set_line_width(cairo_, 1);
+    cairo_set_dash(cairo_, &dash, 1, 0);
+    Line(plot_.Left, y, plot_.Right, y);
+    cairo_set_dash(cairo_, nullptr, 0, 0);
+    Text(ReferenceText(), plot_.Right + kGap, y + 0.35 * kTextSize);
+  }
+
+  void PaintLegend() {
+    Box box;
+    if (legendInside_) {
+      box = *legendInside_;
+    } else {
+      box.Left = kWidth - kMargin - LegendWidth();
+      box.Top = plot_.Top;
+      box.Right = kWidth - kMargin;
+      box.Bottom = box.Top + LegendHeight();
+    }
+    Colour(0xffffff);
+    cairo_rectangle(cairo_, box.Left, box.Top, box.Right - box.Left, box.Bottom - box.Top);
+    cairo_fill_preserve(cairo_);
+    Colour(kGridColour);
+    cairo_set_line_width(cairo_, 1);
+    cairo_stroke(cairo_);
+    for (std::size_t i = 0; i < chart_.Curves.size(); ++i) {
+      const double y = box.Top + kGap + (static_cast<double>(i) + 0.5) * kRowHeight;
+      Colour(chart_.Curves[i].Colour);
+      if (chart_.Lines) {
+        cairo_set_line_width(cairo_, kLineWidth);
+        Line(box.Left + kGap, y, box.Left + kGap + kSample, y);
+      }
+      if (chart_.Symbols) {
+        Symbol(i, box.Left + kGap + kSample / 2, y);
+      }
+      Colour(kBlack);
+      Text(chart_.Curves[i].Label, box.Left + 2 * kGap + kSample, y + 0.35 * kTextSize);
+    }
+  }
+
+  static constexpr double kSample = 28;
+  static constexpr double kRowHeight = 1.5 * kTextSize;
+
+  const Chart& chart_;
+  cairo_t* cairo_;
+  Box plot_;
+  std::optional<Box> legendInside_;
+};
+
+cairo_status_t Append(void* text, const unsigned char* bytes, unsigned count) {
+  try {
+    static_cast<std::string*>(text)->append(reinterpret_cast<const char*>(bytes), count);
+    return CAIRO_STATUS_SUCCESS;
+  } catch (const std::bad_alloc&) {
+    return CAIRO_STATUS_NO_MEMORY;
+  }
+}
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+Surface NewSurface(PictureKind kind, std::string& bytes) {
+  switch (kind) {
+    case PictureKind::kSvg:
+      return {cairo_svg_surface_create_for_stream(Append, &bytes, kWidth, kHeight), cairo_surface_destroy};
+    case PictureKind::kPdf:
+      return {cairo_pdf_surface_create_for_stream(Append, &bytes, kWidth, kHeight), cairo_surface_destroy};
+    case PictureKind::kPng:
+      break;
+  }
+  return {cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(kWidth * kPixels),
+                                     static_cast<int>(kHeight * kPixels)),
+          cairo_surface_destroy};
+}
+
+void Require(cairo_status_t status) {
+  if (status != CAIRO_STATUS_SUCCESS) {
+    throw RuntimeError(ErrorNumber::kOutOfMemory,
+                       fmt::format("the graph's picture: {}", cairo_status_to_string(status)));
+  }
+}
+
+}  // namespace
+
+std::optional<PictureKind> PictureKindOf(std::string_view fileName) {
+  std::string lower(fileName);
+  std::transform(lower.begin(), lower.end(), lower.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  for (const auto& [extension, kind] :
+       {std::pair{".svg", PictureKind::kSvg}, {".pdf", PictureKind::kPdf}, {".png", PictureKind::kPng}}) {
+    if (lower.ends_with(extension)) {
+      return kind;
+    }
+  }
+  return std::nullopt;
+}
+
+std::string ChartPicture(const Chart& chart, PictureKind kind) {
+  std::string bytes;
+  const Surface surface = NewSurface(kind, bytes);
+  {
+    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo(cairo_create(surface.get()),
+                                                                   cairo_destroy);
+    if (kind == PictureKind::kPng) {
+      cairo_scale(cairo.get(), kPixels, kPixels);
+    }
+    Painter(chart, cairo.get()).Paint();
+    Require(cairo_status(cairo.get()));
+  }
+  if (kind == PictureKind::kPng) {
+    Require(cairo_surface_write_to_png_stream(surface.get(), Append, &bytes));
+  }
+  cairo_surface_finish(surface.get());
+  Require(cairo_surface_status(surface.get()));
+  return bytes;
+}
+
+}  // namespace korva

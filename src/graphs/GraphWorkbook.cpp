@@ -1,0 +1,195 @@
+#include "graphs/GraphWorkbook.h"
+
+#include <fmt/format.h>
+#include <minizip/unzip.h>
+#include <xlsxwriter.h>
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <pugixml.hpp>
+
+#include "core/RuntimeError.h"
+#include "files/PlatformFile.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::uint64_t kLargestWorkbook = std::uint64_t{64} << 20;
+constexpr const char* kSheet = "Graph";
+
+[[noreturn]] void Fail(const std::string& what) {
+  throw RuntimeError(ErrorNumber::kDeviceIo, fmt::format("the workbook: {}", what));
+}
+
+void Check(lxw_error error) {
+  if (error != LXW_NO_ERROR) {
+    Fail(lxw_strerror(error));
+  }
+}
+
+class PrivateFolder {
+ public:
+  PrivateFolder() : name_(MakePrivateFolder()) {}
+  ~PrivateFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(name_, ignored);
+  }
+  PrivateFolder(const PrivateFolder&) = delete;
+  PrivateFolder& operator=(const PrivateFolder&) = delete;
+  const std::string& Name() const { return name_; }
+
+ private:
+  std::string name_;
+};
+
+std::uint16_t Column(std::size_t curve, int offset) {
+  return static_cast<std::uint16_t>(2 * curve + static_cast<std::size_t>(offset));
+}
+
+void WriteCells(lxw_worksheet* sheet, const Chart& chart) {
+  for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
+    const ChartCurve& curve = chart.Curves[i];
+    Check(worksheet_write_string(sheet, 0, Column(i, 0), "X-coord", nullptr));
+    Check(worksheet_write_string(sheet, 0, Column(i, 1), curve.Label.c_str(), nullptr));
+    for (std::size_t j = 0; j < curve.X.size(); ++j) {
+      const auto row = static_cast<lxw_row_t>(j + 1);
+      Check(worksheet_write_number(sheet, row, Column(i, 0), curve.X[j], nullptr));
+      Check(worksheet_write_number(sheet, row, Column(i, 1), curve.Y[j], nullptr));
+    }
+    Check(worksheet_set_column(sheet, Column(i, 1), Column(i, 1), 28, nullptr));
+  }
+}
+
+void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
+  constexpr std::array<std::uint8_t, kMostCurves> kMarkers = {
+      LXW_CHART_MARKER_CIRCLE, LXW_CHART_MARKER_SQUARE, LXW_CHART_MARKER_TRIANGLE, LXW_CHART_MARKER_DIAMOND};
+  const ChartCurve& curve = chart.Curves[i];
+  const auto last = static_cast<lxw_row_t>(curve.X.size());
+  lxw_chart_series* series = chart_add_series(drawn, nullptr, nullptr);
+  chart_series_set_categories(series, kSheet, 1, Column(i, 0), last, Column(i, 0));
+  chart_series_set_values(series, kSheet, 1, Column(i, 1), last, Column(i, 1));
+  chart_series_set_name_range(series, kSheet, 0, Column(i, 1));
+  lxw_chart_line line = {};
+  line.color = curve.Colour == 0 ? lxw_color_t{LXW_COLOR_BLACK} : curve.Colour;
+  line.none = chart.Lines ? LXW_FALSE : LXW_TRUE;
+  line.width = 2;
+  chart_series_set_line(series, &line);
+  chart_series_set_marker_type(series, chart.Symbols ? kMarkers.at(i) : std::uint8_t{LXW_CHART_MARKER_NONE});
+  if (chart.Symbols) {
+    lxw_chart_fill fill = {};
+    fill.color = line.color;
+    chart_series_set_marker_fill(series, &fill);
+    chart_series_set_marker_size(series, static_cast<std::uint8_t>(chart.SymbolSize));
+  }
+}
+
+void AddChart(lxw_workbook* book, lxw_worksheet* sheet, const Chart& chart) {
+  lxw_chart* drawn = workbook_add_chart(book, LXW_CHART_SCATTER_STRAIGHT_WITH_MARKERS);
+  if (drawn == nullptr) {
+    Fail("no memory for its chart");
+  }
+  for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
+    AddCurve(drawn, chart, i);
+  }
+  chart_title_set_name(drawn, chart.Title.c_str());
+  chart_axis_set_name(drawn->x_axis, chart.XTitle.c_str());
+  chart_axis_set_name(drawn->y_axis, chart.YTitle.c_str());
+  chart_axis_set_min(drawn->x_axis, chart.XScale.Low);
+  chart_axis_set_max(drawn->x_axis, chart.XScale.High);
+  chart_axis_major_gridlines_set_visible(drawn->x_axis, chart.VerticalGrid ? LXW_TRUE : LXW_FALSE);
+  chart_axis_major_gridlines_set_visible(drawn->y_axis, chart.HorizontalGrid ? LXW_TRUE : LXW_FALSE);
+  if (!chart.Legend) {
+    chart_legend_set_position(drawn, LXW_CHART_LEGEND_NONE);
+  }
+  lxw_chart_options room = {};
+  room.x_scale = 1.5;
+  room.y_scale = 1.6;
+  Check(worksheet_insert_chart_opt(sheet, 1, Column(chart.Curves.size(), 1), drawn, &room));
+}
+
+void WriteWorkbook(const Chart& chart, const std::string& folder, const std::string& file) {
+  std::string scratch = folder;
+  lxw_workbook_options options = {};
+  options.tmpdir = scratch.data();
+  lxw_workbook* book = workbook_new_opt(file.c_str(), &options);
+  if (book == nullptr) {
+    Fail("no memory");
+  }
+  try {
+    lxw_worksheet* sheet = workbook_add_worksheet(book, kSheet);
+    WriteCells(sheet, chart);
+    if (!chart.Curves.empty() && !chart.Curves[0].X.empty()) {
+      AddChart(book, sheet, chart);
+    }
+  } catch (...) {
+    lxw_workbook_free(book);
+    throw;
+  }
+  Check(workbook_close(book));
+}
+
+// An entry of the file, read to its end; its checksum is tested.
+std::string EntryOf(unzFile zip) {
+  std::array<char, 64 * 1024> room{};
+  std::string bytes;
+  if (unzOpenCurrentFile(zip) != UNZ_OK) {
+    Fail("a part cannot be read back");
+  }
+  int count = 0;
+  while ((count = unzReadCurrentFile(zip, room.data(), static_cast<unsigned>(room.size()))) > 0) {
+    bytes.append(room.data(), static_cast<std::size_t>(count));
+  }
+  if (count < 0 || unzCloseCurrentFile(zip) != UNZ_OK) {
+    Fail("a part cannot be read back");
+  }
+  return bytes;
+}
+
+std::size_t CellsOf(const pugi::xml_document& part) {
+  std::size_t cells = 0;
+  for (const pugi::xml_node row : part.child("worksheet").child("sheetData").children("row")) {
+    for (const pugi::xml_node cell : row.children("c")) {
+      cells += cell.child("v").empty() ? 0U : 1U;
+    }
+  }
+  return cells;
+}
+
+// The writer can lose part of a sheet on a full disk without noticing it.
+void ReadBack(const std::string& file, std::size_t expectedCells) {
+  const std::unique_ptr<void, decltype(&unzClose)> zip(unzOpen64(file.c_str()), unzClose);
+  if (!zip) {
+    Fail("it cannot be read back");
+  }
+  std::size_t cells = 0;
+  int state = unzGoToFirstFile(zip.get());
+  for (; state == UNZ_OK; state = unzGoToNextFile(zip.get())) {
+    const std::string bytes = EntryOf(zip.get());
+    pugi::xml_document part;
+    if (!part.load_buffer(bytes.data(), bytes.size())) {
+      Fail("a part was cut off");
+    }
+    cells += CellsOf(part);
+  }
+  if (state != UNZ_END_OF_LIST_OF_FILE || cells != expectedCells) {
+    Fail(fmt::format("{} of {} cells came out", cells, expectedCells));
+  }
+}
+
+}  // namespace
+
+std::string GraphWorkbook(const Chart& chart) {
+  const PrivateFolder folder;
+  const std::string file = folder.Name() + "/graph.xlsx";
+  WriteWorkbook(chart, folder.Name(), file);
+  std::size_t cells = 0;
+  for (const ChartCurve& curve : chart.Curves) {
+    cells += 2 + 2 * curve.X.size();
+  }
+  ReadBack(file, cells);
+  return ReadWholeFile(file, kLargestWorkbook);
+}
+
+}  // namespace korva

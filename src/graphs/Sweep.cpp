@@ -1,0 +1,216 @@
+#include "graphs/Sweep.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+#include "core/NumberText.h"
+#include "core/RuntimeError.h"
+#include "core/Tables.h"
+#include "model/KORVAmodel.h"
+
+namespace korva {
+
+namespace {
+
+constexpr double kFineSteps = 50;
+constexpr double kCoarseSteps = 10;
+constexpr float kRightAngle = 1.570796326794895F;
+constexpr double kMostDegrees = 90.0;
+
+float Narrowed(double value, std::string_view what) {
+  if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max()))) {
+    throw RuntimeError(ErrorNumber::kOverflow, fmt::format("{} of the sweep", what));
+  }
+  return static_cast<float>(value);
+}
+
+double& WorkingValue(WorkValues& work, GraphKind graph) {
+  switch (graph) {
+    case kEntryHeightGraph:
+      return work.EntryHeight;
+    case kDepthGraph:
+    case kBarrierDepthGraph:
+      return work.DepthCover;
+    case kXcutAngleGraph:
+      return work.XcutAngleRadians;
+    case kXcutSpacingGraph:
+      return work.XcutSpacing;
+    case kFirstBarrierGraph:
+      return work.BarrierWidth[kFirstSide];
+    case kSecondBarrierGraph:
+      return work.BarrierWidth[kSecondSide];
+  }
+  ThrowSubscript(graph, 0, kGraphs - 1);
+}
+
+double Degrees(double radians) {
+  return radians / kRadiansPerDegree;
+}
+
+void WriteField(Project& project, GraphKind graph, double x) {
+  switch (graph) {
+    case kEntryHeightGraph:
+      project.EntryHeight = x;
+      break;
+    case kDepthGraph:
+    case kBarrierDepthGraph:
+      project.DepthCover = x;
+      break;
+    case kXcutAngleGraph:
+      project.XcutAngle = std::min(Degrees(x), kMostDegrees);
+      break;
+    case kXcutSpacingGraph:
+      project.XcutSpacing = x;
+      break;
+    case kFirstBarrierGraph:
+      project.BarrierFirstGob = x;
+      break;
+    case kSecondBarrierGraph:
+      project.BarrierSecondGob = x;
+      break;
+  }
+}
+
+double TraditionalFactor(const Results& out, GraphKind graph, int c) {
+  switch (graph) {
+    case kFirstBarrierGraph:
+    case kBarrierDepthGraph:
+      return out.BarrierSF[c][kFirstSide];
+    case kSecondBarrierGraph:
+      return out.BarrierSF[c][kSecondSide];
+    default:
+      return out.SFKorva[c];
+  }
+}
+
+// The graph of barriers over depth shows the second side's laminated factors, and keeps doing so.
+float LaminatedFactor(const StrondResults& results, GraphKind graph, int stage) {
+  switch (graph) {
+    case kFirstBarrierGraph:
+      return results.StrondBarrierSF[stage][0];
+    case kSecondBarrierGraph:
+    case kBarrierDepthGraph:
+      return results.StrondBarrierSF[stage][1];
+    default:
+      return Narrowed(results.StrondSF[stage], "a stability factor");
+  }
+}
+
+// Calls visit(x) for every step until it gives false. Barrier widths are narrowed at each addition.
+template <class Visit>
+void VisitSteps(GraphKind graph, const SweepSteps& steps, Visit&& visit) {
+  const bool narrow = graph == kFirstBarrierGraph || graph == kSecondBarrierGraph;
+  const double step = static_cast<double>(steps.Step);
+  for (double x = static_cast<double>(steps.Low); x <= static_cast<double>(steps.High);
+       x = narrow ? static_cast<double>(static_cast<float>(x + step)) : x + step) {
+    if (!visit(x)) {
+      return;
+    }
+  }
+}
+
+double ShownValue(GraphKind graph, double x) {
+  return graph == kXcutAngleGraph ? Degrees(x) : x;
+}
+
+// Runs one step; an error tells the parameter's value.
+template <class Step>
+void AtValue(GraphKind graph, double x, Step&& step) {
+  try {
+    step();
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.Number(),
+                       fmt::format("{} = {}: {}", DefaultXAxisTitles[static_cast<std::size_t>(graph)],
+                                   GeneralText(Narrowed(ShownValue(graph, x), "a value")), error.Detail()));
+  }
+}
+
+// The point after those that are filled; their number is decided by the steps, the room by the capacity.
+std::size_t NextPoint(SweepData& data) {
+  if (data.PointCount >= data.PointCapacity) {
+    ThrowSubscript(data.PointCount + 1, 1, data.PointCapacity);
+  }
+  return static_cast<std::size_t>(data.PointCount++);
+}
+
+}  // namespace
+
+SweepSteps StepsOfSweep(GraphKind graph, double base, SweepRange range, bool coarse) {
+  const double low = static_cast<double>(range.Min) / 100;
+  const double high = static_cast<double>(range.Max) / 100;
+  // More than the range over the number of steps: the whole value counts once.
+  float fraction = Narrowed((high + 1 - low) / (coarse ? kCoarseSteps : kFineSteps), "the step");
+  if (fraction == 0) {
+    fraction = 1;
+  }
+  SweepSteps steps;
+  steps.Low = Narrowed(low * base, "the least value");
+  steps.High = Narrowed(high * base, "the greatest value");
+  steps.Step = Narrowed(static_cast<double>(fraction) * base, "the step");
+  if (steps.Step == 0) {
+    steps.Step = 1;
+  }
+  if (graph == kXcutAngleGraph) {
+    steps.High = std::min(steps.High, kRightAngle);
+  }
+  const double span = static_cast<double>(steps.High) - static_cast<double>(steps.Low);
+  const double points = std::nearbyint(span / static_cast<double>(steps.Step) + 2);
+  if (!(std::abs(points) <= std::numeric_limits<std::int32_t>::max())) {
+    throw RuntimeError(ErrorNumber::kOverflow, "points of the sweep");
+  }
+  steps.PointCapacity = static_cast<std::int32_t>(points);
+  return steps;
+}
+
+SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prepared, Project& project,
+                      const LaminatedSweep* laminated) {
+  Calculation run = prepared;
+  double& value = WorkingValue(run.Work, graph);
+  const SweepSteps steps =
+      StepsOfSweep(graph, value, range, laminated != nullptr || graph == kBarrierDepthGraph);
+  SweepOutcome outcome;
+  SweepData& data = outcome.Data;
+  data.GraphIndex = graph;
+  data.CurveCount = laminated != nullptr ? 4 : 2;
+  data.PointCapacity = steps.PointCapacity;
+  for (int column = 0; column <= data.CurveCount; ++column) {
+    data.GraphData[column].resize(static_cast<std::size_t>(std::max(0, steps.PointCapacity)));
+  }
+  VisitSteps(graph, steps, [&](double x) {
+    const std::size_t point = NextPoint(data);
+    AtValue(graph, x, [&] {
+      value = x;
+      RunCalculation(run);
+      data.GraphData[0][point] = Narrowed(ShownValue(graph, x), "a value");
+      data.GraphData[1][point] = Narrowed(TraditionalFactor(run.Out, graph, kDevelopment), "a factor");
+      data.GraphData[2][point] = Narrowed(TraditionalFactor(run.Out, graph, kRetreat), "a factor");
+    });
+    return true;
+  });
+  if (laminated == nullptr) {
+    return outcome;
+  }
+  data.PointCount = 0;
+  VisitSteps(graph, steps, [&](double x) {
+    const std::size_t point = NextPoint(data);
+    if (!laminated->GoOn(data.PointCount, data.PointCapacity)) {
+      outcome.Cancelled = true;
+      return false;
+    }
+    AtValue(graph, x, [&] {
+      WriteField(project, graph, x);
+      const StrondResults results = laminated->Solve(project);
+      data.GraphData[0][point] = Narrowed(ShownValue(graph, x), "a value");
+      data.GraphData[3][point] = LaminatedFactor(results, graph, 0);
+      data.GraphData[4][point] = LaminatedFactor(results, graph, 1);
+    });
+    return true;
+  });
+  return outcome;
+}
+
+}  // namespace korva

@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+#include <minizip/unzip.h>
+
+#include <fstream>
+#include <pugixml.hpp>
+
+#include "graphs/Chart.h"
+#include "graphs/ChartPicture.h"
+#include "graphs/GraphTitles.h"
+#include "graphs/GraphWorkbook.h"
+#include "support/Panels.h"
+#include "support/TempFolder.h"
+
+namespace korva {
+namespace {
+
+SweepData Line(int curves) {
+  SweepData data;
+  data.GraphIndex = kDepthGraph;
+  data.CurveCount = static_cast<std::int16_t>(curves);
+  data.PointCount = 3;
+  data.PointCapacity = 4;
+  data.GraphData[0] = {100, 150, 200, 0};
+  for (int curve = 1; curve <= curves; ++curve) {
+    data.GraphData[curve] = {3, 2.25F, 0.1F, 0};
+  }
+  return data;
+}
+
+GraphSettings Titles() {
+  GraphSettings settings;
+  PrepareTitles(settings, kDepthGraph, kEnglish);
+  return settings;
+}
+
+TEST(GraphTitles, AreMadeForTheirUnitSystem) {
+  GraphSettings settings;
+  PrepareTitles(settings, kXcutAngleGraph, kMetric);
+  EXPECT_EQ(settings.XAxisTitle[kXcutAngleGraph], "Crosscut Angle (deg)");
+  EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (m)");
+  EXPECT_EQ(settings.YAxisTitle[1], "Barrier Stability Factor");
+  settings.XAxisTitle[kDepthGraph] = "Cover";
+  settings.GraphTitle = "Mine";
+  settings.SymbolSize = 9;
+  PrepareTitles(settings, kDepthGraph, kMetric);
+  EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Cover");
+  PrepareTitles(settings, kDepthGraph, kEnglish);
+  EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
+  EXPECT_EQ(settings.GraphTitle, "Korva Panel Review - Strondel");
+  EXPECT_EQ(settings.SymbolSize, 5);
+  settings.XAxisTitle[kDepthGraph] = "Depth of Cover";  // as a settings file without titles reads
+  PrepareTitles(settings, kDepthGraph, kEnglish);
+  EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
+}
+
+TEST(GraphTitles, OneCurveAloneWithoutAnActiveGob) {
+  Project panel = test::TwoSideGobs();
+  EXPECT_EQ(DisplayCurves(panel, Line(4)), 4);
+  panel.ExtentActiveGob = 0;
+  EXPECT_EQ(DisplayCurves(panel, Line(4)), 1);
+  EXPECT_EQ(DisplayCurves(test::DevelopmentPanel(), Line(2)), 1);
+}
+
+TEST(AxisScale, HasRoundNumbersAndAtMostEightLabels) {
+  for (const auto& [low, high] : {std::pair{0.1, 3.0},
+                                  {39.99, 90.0},
+                                  {550.0, 1650.0},
+                                  {-3.0, 12.0},
+                                  {1e-4, 2e-4},
+                                  {1.0, 1e6},
+                                  {5.0, 5.0},
+                                  {0.0, 0.0}}) {
+    const AxisScale scale = ScaleFor(low, high);
+    EXPECT_LE(scale.Low, low);
+    EXPECT_GE(scale.High, high);
+    EXPECT_LE(scale.Labels(), 8) << low << " " << high;
+    EXPECT_GE(scale.Labels(), 3) << low << " " << high;
+    for (int label = 0; label < scale.Labels(); ++label) {
+      EXPECT_NEAR(std::stod(scale.Text(label)), scale.Value(label), 1e-9 * (1 + std::abs(high)));
+    }
+  }
+  EXPECT_EQ(ScaleFor(0.1, 3).Text(1), "0.5");
+  EXPECT_EQ(ScaleFor(0, 1.5).Text(1), "0.25");
+}
+
+TEST(Chart, TakesWhatIsFilledInTheFormatOfTheSettings) {
+  GraphSettings settings = Titles();
+  settings.GridStyle = 2;
+  settings.GraphStyle = 2;
+  const Chart chart = ChartOf(Line(4), 2, settings, true);
+  ASSERT_EQ(chart.Curves.size(), 2U);
+  EXPECT_EQ(chart.Curves[1].Label, "Retreat (KORVA)");
+  EXPECT_EQ(chart.Curves[1].Colour, 0xCD5C5CU);
+  EXPECT_EQ(chart.Curves[0].Y, (std::vector<double>{3, 2.25, static_cast<double>(0.1F)}));
+  EXPECT_FALSE(chart.HorizontalGrid);
+  EXPECT_TRUE(chart.VerticalGrid);
+  EXPECT_FALSE(chart.Lines);
+  EXPECT_TRUE(chart.Symbols);
+  EXPECT_EQ(chart.Reference, 1.5);
+  SweepData barriers = Line(2);
+  barriers.GraphIndex = kFirstBarrierGraph;
+  EXPECT_EQ(ChartOf(barriers, 2, settings, true).Reference, 2);
+  EXPECT_FALSE(ChartOf(barriers, 2, settings, false).Reference);
+  // The curve falls from the top left to the bottom right.
+  EXPECT_EQ(FreeCorner(chart, 0.3, 0.2, 0.01), ChartCorner::kTopRight);
+  EXPECT_FALSE(FreeCorner(chart, 0.9, 0.9, 0.01));
+}
+
+TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
+  const Chart chart = ChartOf(Line(4), 4, Titles(), true);
+  EXPECT_EQ(PictureKindOf("a.b.PDF"), PictureKind::kPdf);
+  EXPECT_FALSE(PictureKindOf("graph"));
+  EXPECT_EQ(ChartPicture(chart, PictureKind::kPdf).find("%PDF"), 0U);
+  EXPECT_EQ(ChartPicture(chart, PictureKind::kPng).find("\x89PNG"), 0U);
+  pugi::xml_document svg;
+  EXPECT_TRUE(svg.load_string(ChartPicture(chart, PictureKind::kSvg).c_str()));
+  EXPECT_FALSE(ChartPicture(Chart{}, PictureKind::kSvg).empty()) << "nothing to show is no error";
+}
+
+std::string Entry(const std::string& workbook, const char* name) {
+  const TempFolder folder;
+  unzFile zip = unzOpen64(folder.Put("book.xlsx", workbook).c_str());
+  std::string bytes(1 << 20, '\0');
+  EXPECT_EQ(unzLocateFile(zip, name, 1), UNZ_OK);
+  unzOpenCurrentFile(zip);
+  bytes.resize(static_cast<std::size_t>(
+      std::max(0, unzReadCurrentFile(zip, bytes.data(), static_cast<unsigned>(bytes.size())))));
+  unzCloseCurrentFile(zip);
+  unzClose(zip);
+  return bytes;
+}
+
+TEST(GraphWorkbook, HasAPairOfColumnsForEveryCurveAndAChart) {
+  const std::string workbook = GraphWorkbook(ChartOf(Line(2), 2, Titles(), false));
+  pugi::xml_document sheet;
+  ASSERT_TRUE(sheet.load_string(Entry(workbook, "xl/worksheets/sheet1.xml").c_str()));
+  std::string cells;
+  for (const pugi::xml_node row : sheet.child("worksheet").child("sheetData").children("row")) {
+    for (const pugi::xml_node cell : row.children("c")) {
+      cells += std::string(cell.attribute("r").value()) + "=" + cell.child_value("v") + " ";
+    }
+  }
+  EXPECT_EQ(cells,
+            "A1=0 B1=1 C1=0 D1=2 A2=100 B2=3 C2=100 D2=3 A3=150 B3=2.25 C3=150 D3=2.25 A4=200 "
+            "B4=0.1000000014901161 C4=200 D4=0.1000000014901161 ");
+  const std::string strings = Entry(workbook, "xl/sharedStrings.xml");
+  EXPECT_LT(strings.find("X-coord"), strings.find("Development (KORVA)"));
+  EXPECT_NE(Entry(workbook, "xl/charts/chart1.xml").find("Graph!$C$2:$C$4"), std::string::npos);
+  SweepData none = Line(2);
+  none.PointCount = 0;
+  EXPECT_FALSE(GraphWorkbook(ChartOf(none, 2, Titles(), false)).empty());
+}
+
+}  // namespace
+}  // namespace korva

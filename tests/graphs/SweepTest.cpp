@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "graphs/Sweep.h"
+#include "model/KORVAmodel.h"
+#include "support/ExpectError.h"
+#include "support/Panels.h"
+
+namespace korva {
+namespace {
+
+SweepData Traditional(GraphKind graph, Project project, SweepRange range = {}) {
+  const Prepared prepared = PrepareCalculation(project, kEnglish);
+  EXPECT_FALSE(prepared.Refusal);
+  return RunSweep(graph, range, prepared.Run, project, nullptr).Data;
+}
+
+// A solver whose factors tell the panel that it was given.
+StrondResults Echo(const Project& project) {
+  StrondResults results;
+  results.StrondSF[0] = project.DepthCover;
+  results.StrondSF[1] = project.XcutAngle;
+  results.StrondBarrierSF[0][0] = static_cast<float>(project.BarrierFirstGob);
+  results.StrondBarrierSF[1][0] = 7;
+  results.StrondBarrierSF[0][1] = static_cast<float>(project.DepthCover);
+  results.StrondBarrierSF[1][1] = 9;
+  return results;
+}
+
+LaminatedSweep EchoSweep() {
+  return {Echo, [](int, int) { return true; }};
+}
+
+TEST(StepsOfSweep, AreWorkedByHand) {
+  // (1.5 + 1 - 0.5) / 50 of 100.
+  const SweepSteps fine = StepsOfSweep(kDepthGraph, 100, {50, 150}, false);
+  EXPECT_EQ(fine.Low, 50);
+  EXPECT_EQ(fine.High, 150);
+  EXPECT_EQ(fine.Step, static_cast<float>(100 * static_cast<double>(0.04F)));
+  EXPECT_EQ(fine.PointCapacity, 27);
+  // (1.5 + 1 - 1) / 10 = 0.15; 0.5 / 0.15 + 2 = 5.33.
+  EXPECT_EQ(StepsOfSweep(kDepthGraph, 100, {100, 150}, true).PointCapacity, 5);
+  EXPECT_EQ(StepsOfSweep(kFirstBarrierGraph, 0, {50, 150}, false).Step, 1);
+  EXPECT_EQ(StepsOfSweep(kDepthGraph, 10, {50, 50}, false).PointCapacity, 2);
+  ExpectError(ErrorNumber::kOverflow, [] { StepsOfSweep(kDepthGraph, 1e39, {50, 150}, false); });
+}
+
+TEST(RunSweep, CountsItsStepsByTheRange) {
+  const Project panel = test::TwoSideGobs();
+  EXPECT_EQ(Traditional(kDepthGraph, panel).PointCount, 26);
+  EXPECT_EQ(Traditional(kFirstBarrierGraph, panel).PointCount, 25) << "60 ft: widths are narrowed each time";
+  EXPECT_EQ(Traditional(kDepthGraph, panel, {70, 70}).PointCount, 1);
+  EXPECT_EQ(Traditional(kBarrierDepthGraph, panel).PointCount, 6) << "coarse in any model";
+  Project copy = panel;
+  const LaminatedSweep laminated = EchoSweep();
+  const auto both =
+      RunSweep(kDepthGraph, {100, 150}, PrepareCalculation(panel, kEnglish).Run, copy, &laminated);
+  EXPECT_EQ(both.Data.PointCount, 4);
+  EXPECT_EQ(both.Data.PointCapacity, 5);
+  EXPECT_EQ(both.Data.CurveCount, 4);
+}
+
+TEST(RunSweep, APointIsARunAtItsValue) {
+  const Project panel = test::TwoSideGobs();
+  const SweepData depths = Traditional(kDepthGraph, panel);
+  Calculation run = PrepareCalculation(panel, kEnglish).Run;
+  double x = static_cast<double>(static_cast<float>(0.5 * panel.DepthCover));
+  for (std::size_t i = 0; i < 26; ++i) {
+    run.Work.DepthCover = x;  // breadth of the zone and clear spacing stay
+    RunCalculation(run);
+    EXPECT_EQ(depths.GraphData[0][i], static_cast<float>(x));
+    EXPECT_EQ(depths.GraphData[1][i], static_cast<float>(run.Out.SFKorva[kDevelopment]));
+    EXPECT_EQ(depths.GraphData[2][i], static_cast<float>(run.Out.SFKorva[kRetreat]));
+    x += static_cast<double>(static_cast<float>(static_cast<double>(0.04F) * panel.DepthCover));
+  }
+  const SweepData barriers = Traditional(kSecondBarrierGraph, panel);
+  EXPECT_LT(barriers.GraphData[1][0], barriers.GraphData[1][24]);
+  EXPECT_GT(barriers.GraphData[1][5], barriers.GraphData[2][5]);
+}
+
+TEST(RunSweep, AnglesEndAtTheRightAngleInDegrees) {
+  Project panel = test::TwoSideGobs();
+  panel.XcutAngle = 80;
+  const SweepData angles = Traditional(kXcutAngleGraph, panel);
+  const auto last = static_cast<std::size_t>(angles.PointCount - 1);
+  EXPECT_EQ(angles.GraphData[0][0], 40);
+  EXPECT_LE(angles.GraphData[0][last], 90);
+  EXPECT_GT(angles.GraphData[0][last], 86);
+  const LaminatedSweep laminated = EchoSweep();
+  panel.XcutAngle = 90;
+  const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
+  const auto both = RunSweep(kXcutAngleGraph, {100, 150}, prepared, panel, &laminated);
+  EXPECT_EQ(both.Data.GraphData[4][0], 90) << "never above";
+}
+
+TEST(RunSweep, WritesTheValueIntoTheWorkingCopyAndKeepsTheMixUpOfSides) {
+  const LaminatedSweep laminated = EchoSweep();
+  Project panel = test::TwoSideGobs();
+  const double depth = panel.DepthCover;
+  const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
+  const SweepData depths = RunSweep(kBarrierDepthGraph, {50, 150}, prepared, panel, &laminated).Data;
+  for (std::size_t i = 0; i < 6; ++i) {
+    EXPECT_EQ(depths.GraphData[3][i], depths.GraphData[0][i]) << "the second side's";
+    EXPECT_EQ(depths.GraphData[4][i], 9);
+  }
+  EXPECT_EQ(static_cast<float>(panel.DepthCover), depths.GraphData[0][5]) << "it ends with the last value";
+  EXPECT_NE(panel.DepthCover, depth);
+  const SweepData widths = RunSweep(kFirstBarrierGraph, {50, 150}, prepared, panel, &laminated).Data;
+  EXPECT_EQ(widths.GraphData[3], widths.GraphData[0]);
+  EXPECT_EQ(widths.GraphData[4][0], 7);
+}
+
+TEST(RunSweep, EndsBetweenStepsWhenToldTo) {
+  std::string told;
+  int solved = 0;
+  const LaminatedSweep laminated = {[&](const Project& project) {
+                                      ++solved;
+                                      return Echo(project);
+                                    },
+                                    [&](int step, int capacity) {
+                                      told += std::to_string(step) + "/" + std::to_string(capacity) + " ";
+                                      return step < 3;
+                                    }};
+  Project panel = test::TwoSideGobs();
+  const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
+  EXPECT_TRUE(RunSweep(kDepthGraph, {50, 150}, prepared, panel, &laminated).Cancelled);
+  EXPECT_EQ(told, "1/7 2/7 3/7 ");
+  EXPECT_EQ(solved, 2);
+}
+
+TEST(RunSweep, AnErrorNamesTheValueOfTheParameter) {
+  Project panel = test::TwoSideGobs();
+  panel.DepthCover = 400;
+  const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
+  const LaminatedSweep failing = {[](const Project& project) -> StrondResults {
+                                    if (project.DepthCover > 250) {
+                                      throw RuntimeError(ErrorNumber::kFileNotFound, "no result");
+                                    }
+                                    return {};
+                                  },
+                                  [](int, int) { return true; }};
+  const std::string detail = ExpectError(ErrorNumber::kFileNotFound, [&] {
+    RunSweep(kDepthGraph, {50, 150}, prepared, panel, &failing);
+  });
+  EXPECT_EQ(detail, "Depth of Cover = 280: no result");
+}
+
+}  // namespace
+}  // namespace korva
