@@ -35,10 +35,11 @@ constexpr int kReferenceIndex = 2;
 
 constexpr int kLeastSide = 267;  // 4000 twips
 constexpr int kTextPixels = 12;
-constexpr int kHeadingPixels = 20;  // 15 points
-constexpr double kNearPoint = 4;    // pixels
+constexpr int kHeadingPixels = 20;                          // 15 points
+constexpr QMargins kPlotMargins(0, 0, 3 * kTextPixels, 0);  // room for the value of the reference line
+constexpr QRgb kGridColour = 0xe0e0e0;
+constexpr double kNearPoint = 4;  // pixels
 constexpr double kHole = 1e308;
-constexpr double kLittle = 0.001;  // of a stretch: no more than is asked for
 constexpr std::string_view kPointPattern = "##0.00";
 
 // Sizes in pixels, so that paper and screen have the same proportions.
@@ -63,16 +64,14 @@ QAction* AddItem(QMenu* menu, const char* array, int index, const char* caption)
 }
 
 void StyleAxis(QCPAxis& axis) {
-  constexpr int kIntervals = 6;
   axis.setTickLabelFont(PixelFont(kTextPixels));
   axis.setLabelFont(PixelFont(kTextPixels));
-  axis.ticker()->setTickCount(kIntervals);
   axis.setSubTicks(false);
   axis.setTickLengthOut(5);
   axis.setTickLengthIn(0);
   axis.setNumberFormat(QStringLiteral("gb"));
   axis.setNumberPrecision(6);
-  axis.grid()->setPen(QPen(QColor(0xe0e0e0), 1));
+  axis.grid()->setPen(QPen(QColor(kGridColour), 1));
   axis.grid()->setZeroLinePen(Qt::NoPen);
 }
 
@@ -85,17 +84,32 @@ frmGraph::frmGraph(Session& session) : session_(session) {
   setMinimumSize(kLeastSide, kLeastSide);
   BuildBody();
   BuildMenus();
-  resize(820, 600);
   CenterForm(*this);
+}
+
+QSize frmGraph::sizeHint() const {
+  return {fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 36};
 }
 
 void frmGraph::BuildBody() {
   auto* body = new QWidget(this);
+  BuildPlot(body);
+  ConnectPlot();
+  BuildPointFrame(body);
+  auto* all = new QVBoxLayout(body);
+  ApplySpacing(*all, *this);
+  all->addWidget(graph1_, 1);
+  all->addWidget(pointFrame_, 0, Qt::AlignLeft);
+  setCentralWidget(body);
+}
+
+void frmGraph::BuildPlot(QWidget* body) {
   graph1_ = new QCustomPlot(body);
   graph1_->setObjectName(QStringLiteral("graph1"));
   graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
   graph1_->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
   graph1_->setMouseTracking(true);
+  graph1_->installEventFilter(this);
   graph1_->plotLayout()->insertRow(0);
   heading_ = new QCPTextElement(graph1_, QString(), PixelFont(kHeadingPixels));
   graph1_->plotLayout()->addElement(0, 0, heading_);
@@ -107,14 +121,32 @@ void frmGraph::BuildBody() {
     axis->setTicks(false);
     axis->setTickLabels(false);
   }
-  beside_ = new QCPLayoutGrid;
-  graph1_->plotLayout()->addElement(1, 1, beside_);
-  graph1_->plotLayout()->setColumnStretchFactor(1, kLittle);
-  beside_->addElement(1, 0, new QCPLayoutGrid);
-  beside_->setRowStretchFactor(0, kLittle);
   graph1_->legend->setFont(PixelFont(kTextPixels));
-  graph1_->legend->setBorderPen(QPen(QColor(0xe0e0e0)));
+  graph1_->legend->setBorderPen(QPen(QColor(kGridColour)));
+}
 
+// A double click in the plot shows all of it again; on a title, it edits that.
+void frmGraph::ConnectPlot() {
+  connect(graph1_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) { TrackPoint(*event); });
+  connect(graph1_, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
+    if (graph1_->axisRect()->rect().contains(event->pos())) {
+      ShowWhole();
+    }
+  });
+  connect(graph1_, &QCustomPlot::axisDoubleClick, this,
+          [this](QCPAxis* axis, QCPAxis::SelectablePart part, QMouseEvent*) {
+            if (part == QCPAxis::spAxisLabel) {
+              axis->setLabel(Edited(axis->label(), QStringLiteral("Axis title")));
+              graph1_->replot();
+            }
+          });
+  connect(heading_, &QCPTextElement::doubleClicked, this, [this](QMouseEvent*) {
+    heading_->setText(Edited(heading_->text(), QStringLiteral("Graph title")));
+    graph1_->replot();
+  });
+}
+
+void frmGraph::BuildPointFrame(QWidget* body) {
   pointFrame_ = new QGroupBox(QStringLiteral("Point ID"), body);
   pointFrame_->setObjectName(QStringLiteral("Frame1"));
   auto* rows = new QFormLayout(pointFrame_);
@@ -129,34 +161,6 @@ void frmGraph::BuildBody() {
   lblSF_ = row("Stability Fact:", "lblSF");
   lblX_ = row("X-coord:", "lblX");
   pointFrame_->hide();
-
-  auto* all = new QVBoxLayout(body);
-  ApplySpacing(*all, *this);
-  all->addWidget(graph1_, 1);
-  all->addWidget(pointFrame_, 0, Qt::AlignLeft);
-  setCentralWidget(body);
-
-  connect(graph1_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) { TrackPoint(*event); });
-  connect(graph1_, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
-    if (graph1_->axisRect()->rect().contains(event->pos())) {
-      ShowWhole();
-    }
-  });
-  connect(graph1_, &QCustomPlot::axisDoubleClick, this,
-          [this](QCPAxis* axis, QCPAxis::SelectablePart part, QMouseEvent*) {
-            if (part == QCPAxis::spAxisLabel) {
-              QString title = axis->label();
-              EditTitle(title, QStringLiteral("Axis title"));
-              axis->setLabel(title);
-              graph1_->replot();
-            }
-          });
-  connect(heading_, &QCPTextElement::doubleClicked, this, [this](QMouseEvent*) {
-    QString title = heading_->text();
-    EditTitle(title, QStringLiteral("Graph title"));
-    heading_->setText(title);
-    graph1_->replot();
-  });
 }
 
 void frmGraph::BuildMenus() {
@@ -232,8 +236,8 @@ void frmGraph::DrawCurve() {
   }
   ShowReference();
   graph1_->legend->setVisible(chart.Legend && !chart.Curves.empty());
-  PlaceLegend();
   ShowWhole();
+  PlaceLegend();
 }
 
 void frmGraph::AddCurve(const ChartCurve& curve, int number) {
@@ -265,42 +269,51 @@ void frmGraph::ShowReference() {
   value->setText(FromUtf8(Format(*chart.Reference, "0.0")));
   value->setFont(PixelFont(kTextPixels));
   value->setColor(QColor(kQuiet));
-  value->setPositionAlignment(Qt::AlignRight | Qt::AlignBottom);
+  value->setClipToAxisRect(false);
+  value->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   value->position->setTypeX(QCPItemPosition::ptAxisRectRatio);
   value->position->setTypeY(QCPItemPosition::ptPlotCoords);
-  value->position->setCoords(0.995, *chart.Reference);
+  value->position->setCoords(1.005, *chart.Reference);
 }
 
-// Inside where no curve runs, else beside the plot.
+// Inside where no curve runs, else right of the plot, which gets narrower then.
 void frmGraph::PlaceLegend() {
-  QCPLegend* legend = graph1_->legend;
-  QCPAxisRect* plot = graph1_->axisRect();
-  const QSizeF room = plot->size();
-  const QSizeF size = legend->minimumOuterSizeHint();
-  constexpr double kGap = 0.02;
-  const auto corner =
-      room.width() < 1 || room.height() < 1
-          ? std::nullopt
-          : FreeCorner(TheChart(), size.width() / room.width(), size.height() / room.height(), kGap);
-  if (legend->layout() != nullptr) {
-    legend->layout()->take(legend);
-  }
-  if (!corner) {
-    beside_->addElement(0, 0, legend);
+  QCPAxisRect& plot = *graph1_->axisRect();
+  QCPLayoutInset& inset = *plot.insetLayout();
+  const QSize size = graph1_->legend->minimumOuterSizeHint();
+  constexpr int kGap = 8;
+  plot.setMinimumMargins(kPlotMargins);
+  graph1_->replot();
+  if (plot.width() < 1 || plot.height() < 1 || !graph1_->legend->visible()) {
     return;
   }
-  const bool right = corner.value_or(ChartCorner::kTopRight) == ChartCorner::kTopRight ||
-                     corner == ChartCorner::kBottomRight;
-  const bool top =
-      corner.value_or(ChartCorner::kTopRight) == ChartCorner::kTopRight || corner == ChartCorner::kTopLeft;
-  plot->insetLayout()->addElement(
-      legend, (right ? Qt::AlignRight : Qt::AlignLeft) | (top ? Qt::AlignTop : Qt::AlignBottom));
+  const auto share = [&plot](double pixels) { return pixels / plot.width(); };
+  const auto corner = FreeCorner(TheChart(), share(size.width()),
+                                 static_cast<double>(size.height()) / plot.height(), share(kGap));
+  if (corner) {
+    const bool right = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kBottomRight;
+    const bool top = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kTopLeft;
+    inset.setInsetPlacement(0, QCPLayoutInset::ipBorderAligned);
+    inset.setInsetAlignment(
+        0, (right ? Qt::AlignRight : Qt::AlignLeft) | (top ? Qt::AlignTop : Qt::AlignBottom));
+  } else {
+    plot.setMinimumMargins(kPlotMargins + QMargins(0, 0, size.width() + kGap, 0));
+    graph1_->replot();
+    inset.setInsetPlacement(0, QCPLayoutInset::ipFree);
+    inset.setInsetRect(0, QRectF(1 + share(kPlotMargins.right()), 0, share(size.width()),
+                                 static_cast<double>(size.height()) / plot.height()));
+  }
+  graph1_->replot();
 }
 
 void frmGraph::ShowWhole() {
   const Chart chart = TheChart();
-  graph1_->xAxis->setRange(chart.XScale.Low, chart.XScale.High);
-  graph1_->yAxis->setRange(chart.YScale.Low, chart.YScale.High);
+  const auto show = [](QCPAxis& axis, const AxisScale& scale) {
+    axis.setRange(scale.Low, scale.High);
+    axis.ticker()->setTickCount(scale.Labels() - 1);
+  };
+  show(*graph1_->xAxis, chart.XScale);
+  show(*graph1_->yAxis, chart.YScale);
   graph1_->replot();
 }
 
@@ -408,13 +421,11 @@ void frmGraph::OptionsItem(int index) {
   }
 }
 
-void frmGraph::EditTitle(QString& title, const QString& what) {
+QString frmGraph::Edited(const QString& title, const QString& what) {
   bool accepted = false;
   const QString edited =
       QInputDialog::getText(this, windowTitle(), what, QLineEdit::Normal, title, &accepted);
-  if (accepted) {
-    title = edited;
-  }
+  return accepted ? edited : title;
 }
 
 // What was edited in the chart itself stays.
@@ -434,13 +445,13 @@ void frmGraph::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
 }
 
-void frmGraph::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  if (graph1_->graphCount() > 0) {
-    graph1_->replot();
-    PlaceLegend();
-    graph1_->replot(QCustomPlot::rpQueuedReplot);
+// The chart has another size: its legend may have to go elsewhere.
+bool frmGraph::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == graph1_ && event->type() == QEvent::Resize) {
+    QMetaObject::invokeMethod(
+        this, [this] { PlaceLegend(); }, Qt::QueuedConnection);
   }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void frmGraph::closeEvent(QCloseEvent* event) {

@@ -11,7 +11,6 @@ class QAction;
 class QCPGraph;
 class QCPItemStraightLine;
 class QCPItemText;
-class QCPLayoutGrid;
 class QCPTextElement;
 class QCustomPlot;
 class QGroupBox;
@@ -38,14 +37,19 @@ class frmGraph final : public QMainWindow {
 
   int ShownGraph() const { return index_; }
 
+  QSize sizeHint() const override;
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();
   void BuildBody();
+  void BuildPlot(QWidget* body);
+  void ConnectPlot();
+  void BuildPointFrame(QWidget* body);
   void FileItem(int index);
   void OptionsItem(int index);
   void Print();
@@ -57,7 +61,8 @@ class frmGraph final : public QMainWindow {
   void PlaceLegend();
   void ShowWhole();
   void TrackPoint(const QMouseEvent& event);
-  void EditTitle(QString& title, const QString& what);
+  // The title as a person leaves it.
+  QString Edited(const QString& title, const QString& what);
   Chart TheChart() const;
   // Runs a command; a run-time error ends here.
   template <class Command>
@@ -69,7 +74,6 @@ class frmGraph final : public QMainWindow {
   bool showReference_ = true;
   QCustomPlot* graph1_ = nullptr;
   QCPTextElement* heading_ = nullptr;
-  QCPLayoutGrid* beside_ = nullptr;  // right of the plot, for the legend
   QGroupBox* pointFrame_ = nullptr;
   QLabel* lblCurve_ = nullptr;
   QLabel* lblSF_ = nullptr;

@@ -132,7 +132,7 @@ void WriteWorkbook(const Chart& chart, const std::string& folder, const std::str
 
 // An entry of the file, read to its end; its checksum is tested.
 std::string EntryOf(unzFile zip) {
-  std::array<char, 64 * 1024> room{};
+  std::array<char, std::size_t{64} * 1024> room{};
   std::string bytes;
   if (unzOpenCurrentFile(zip) != UNZ_OK) {
     Fail("a part cannot be read back");

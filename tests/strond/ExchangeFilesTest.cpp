@@ -28,9 +28,9 @@ TEST(StrondPaths, FollowTheChoiceOfTheFolder) {
                          Row{2, "/panel/panel.KVSD", "/panel/panel.OUT", "/panel_KVSD.CSV"},
                          Row{3, docs + "panel.KVSD", docs + "panel/panel.OUT", docs + "panel_KVSD.CSV"},
                          Row{4, "", "", ""}, Row{-1, "", "", ""}}) {
-    EXPECT_EQ(StrondInputPath("/work/panel.KVL", ".KVSD", Place(row.choice)), row.input);
-    EXPECT_EQ(StrondOutputPath("/work/panel.KVL", ".OUT", Place(row.choice)), row.output);
-    EXPECT_EQ(StrondResultPath("/work/panel.KVL", ".CSV", Place(row.choice)), row.result);
+    EXPECT_EQ(StrondInputPath("/mines/panel.KVL", ".KVSD", Place(row.choice)), row.input);
+    EXPECT_EQ(StrondOutputPath("/mines/panel.KVL", ".OUT", Place(row.choice)), row.output);
+    EXPECT_EQ(StrondResultPath("/mines/panel.KVL", ".CSV", Place(row.choice)), row.result);
   }
 }
 
