@@ -281,15 +281,16 @@ void frmGraph::PlaceLegend() {
   QCPAxisRect& plot = *graph1_->axisRect();
   QCPLayoutInset& inset = *plot.insetLayout();
   const QSize size = graph1_->legend->minimumOuterSizeHint();
-  constexpr int kGap = 8;
+  constexpr int kGap = 14;
   plot.setMinimumMargins(kPlotMargins);
   graph1_->replot();
   if (plot.width() < 1 || plot.height() < 1 || !graph1_->legend->visible()) {
     return;
   }
-  const auto share = [&plot](double pixels) { return pixels / plot.width(); };
-  const auto corner = FreeCorner(TheChart(), share(size.width()),
-                                 static_cast<double>(size.height()) / plot.height(), share(kGap));
+  const auto across = [&plot](double pixels) { return pixels / plot.width(); };
+  const auto up = [&plot](double pixels) { return pixels / plot.height(); };
+  const auto corner =
+      FreeCorner(TheChart(), {across(size.width()), up(size.height()), across(kGap), up(kGap)});
   if (corner) {
     const bool right = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kBottomRight;
     const bool top = *corner == ChartCorner::kTopRight || *corner == ChartCorner::kTopLeft;
@@ -300,8 +301,8 @@ void frmGraph::PlaceLegend() {
     plot.setMinimumMargins(kPlotMargins + QMargins(0, 0, size.width() + kGap, 0));
     graph1_->replot();
     inset.setInsetPlacement(0, QCPLayoutInset::ipFree);
-    inset.setInsetRect(0, QRectF(1 + share(kPlotMargins.right()), 0, share(size.width()),
-                                 static_cast<double>(size.height()) / plot.height()));
+    inset.setInsetRect(0,
+                       QRectF(1 + across(kPlotMargins.right()), 0, across(size.width()), up(size.height())));
   }
   graph1_->replot();
 }

@@ -23,10 +23,10 @@ void SetScales(Chart& chart) {
   constexpr double kNone = 1e308;
   double xLow = kNone;
   double xHigh = -kNone;
-  double yLow = chart.Reference.value_or(kNone);
-  // Not on the frame.
-  constexpr double kRoom = 1.01;
-  double yHigh = chart.Reference ? kRoom * *chart.Reference : -kNone;
+  // The reference line never lies on the frame.
+  constexpr double kRoom = 0.01;
+  double yLow = chart.Reference ? (1 - kRoom) * *chart.Reference : kNone;
+  double yHigh = chart.Reference ? (1 + kRoom) * *chart.Reference : -kNone;
   for (const ChartCurve& curve : chart.Curves) {
     for (std::size_t i = 0; i < curve.X.size(); ++i) {
       Widen(xLow, xHigh, curve.X[i]);
@@ -75,7 +75,7 @@ AxisScale ScaleFor(double low, double high) {
   }
 }
 
-std::optional<ChartCorner> FreeCorner(const Chart& chart, double width, double height, double gap) {
+std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box) {
   const auto across = [&](double x) {
     return (x - chart.XScale.Low) / (chart.XScale.High - chart.XScale.Low);
   };
@@ -84,10 +84,11 @@ std::optional<ChartCorner> FreeCorner(const Chart& chart, double width, double h
        {ChartCorner::kTopRight, ChartCorner::kTopLeft, ChartCorner::kBottomRight, ChartCorner::kBottomLeft}) {
     const bool right = corner == ChartCorner::kTopRight || corner == ChartCorner::kBottomRight;
     const bool top = corner == ChartCorner::kTopRight || corner == ChartCorner::kTopLeft;
-    // The gap stands on both sides of the box.
+    // The gaps stand on both sides of the box.
+    const double width = box.Width + 2 * box.GapAcross;
+    const double height = box.Height + 2 * box.GapUp;
     const auto covers = [&](double x, double y) {
-      return (right ? x > 1 - width - 2 * gap : x < width + 2 * gap) &&
-             (top ? y > 1 - height - 2 * gap : y < height + 2 * gap);
+      return (right ? x > 1 - width : x < width) && (top ? y > 1 - height : y < height);
     };
     const bool crossed = chart.Reference && covers(right ? 1 : 0, up(*chart.Reference));
     const bool taken = std::any_of(chart.Curves.begin(), chart.Curves.end(), [&](const ChartCurve& curve) {

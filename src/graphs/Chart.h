@@ -54,9 +54,17 @@ double ReferenceFactor(int graph);
 
 enum class ChartCorner { kTopRight, kTopLeft, kBottomRight, kBottomLeft };
 
-// A corner of the plot where a box of that size, as shares of the plot's width and height, stands `gap` away
-// from the frame and from every curve; nothing if there is none.
-std::optional<ChartCorner> FreeCorner(const Chart& chart, double width, double height, double gap);
+// A box and the room around it, as shares of the plot's width and height.
+struct ChartBox {
+  double Width = 0;
+  double Height = 0;
+  double GapAcross = 0;
+  double GapUp = 0;
+};
+
+// A corner of the plot where `box` stands away from the frame and from every curve by its gaps; nothing if
+// there is none.
+std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box);
 
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);

@@ -126,8 +126,9 @@ class Painter {
   std::optional<Box> LegendInside() {
     const double width = LegendWidth();
     const double height = LegendHeight();
-    const auto corner = FreeCorner(chart_, width / (plot_.Right - plot_.Left),
-                                   height / (plot_.Bottom - plot_.Top), kGap / (plot_.Right - plot_.Left));
+    const double across = plot_.Right - plot_.Left;
+    const double up = plot_.Bottom - plot_.Top;
+    const auto corner = FreeCorner(chart_, {width / across, height / up, kGap / across, kGap / up});
     if (!corner) {
       return std::nullopt;
     }

@@ -119,6 +119,8 @@ void WriteWorkbook(const Chart& chart, const std::string& folder, const std::str
   }
   try {
     lxw_worksheet* sheet = workbook_add_worksheet(book, kSheet);
+    worksheet_set_landscape(sheet);
+    worksheet_fit_to_pages(sheet, 1, 0);
     WriteCells(sheet, chart);
     if (!chart.Curves.empty() && !chart.Curves[0].X.empty()) {
       AddChart(book, sheet, chart);

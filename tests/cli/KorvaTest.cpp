@@ -187,6 +187,32 @@ TEST_F(KorvaCommand, RunsTheModelAskedFor) {
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "tmp")) << "the runs leave nothing behind";
 }
 
+TEST_F(KorvaCommand, SweepsAParameter) {
+  const json sweep =
+      json::parse(Call({"sweep", "two.KVL", "1", "--json", "--min", "100", "--max", "150"}).Out);
+  EXPECT_EQ(sweep["CurveCount"], 2);
+  EXPECT_EQ(sweep["PointCount"], 17);  // 0.5 / 0.03 + 1
+  EXPECT_EQ(sweep["PointCapacity"], 19);
+  const json calc = json::parse(Call({"calc", "two.KVL", "--json"}).Out);
+  EXPECT_EQ(sweep["Y"][1][0].get<float>(), calc["SFKorva"]["2"].get<float>());
+  const ProgramResult csv = Call({"sweep", "two.KVL", "1", "--csv", "--model", "laminated"});
+  EXPECT_EQ(
+      csv.Out.find("Depth of Cover (ft),Development (KORVA),Retreat (KORVA),Development (KORVA-STROND)"), 0U);
+  EXPECT_EQ(std::count(csv.Out.begin(), csv.Out.end(), '\n'), 7);
+  EXPECT_TRUE(Holds(Call({"sweep", "dev.KVL", "4"}).Err, "there is no first barrier"));
+
+  EXPECT_EQ(Call({"sweep", "two.KVL", "0", "-o", "graph.PNG"}).Status, 0);
+  EXPECT_EQ(TempFolder::Bytes(folder_ / "graph.PNG").find("\x89PNG"), 0U);
+  EXPECT_EQ(Call({"sweep", "two.KVL", "0", "-o", "graph.txt"}).Status, 2);
+  EXPECT_EQ(Call({"sweep", "two.KVL", "7"}).Status, 2);
+  EXPECT_EQ(Call({"sweep", "two.KVL", "0", "--min", "x"}).Status, 2);
+  const ProgramResult crossed = Call({"sweep", "two.KVL", "0", "--min", "90", "--max", "80", "--json"});
+  EXPECT_EQ(crossed.Status, 1);
+  EXPECT_TRUE(Holds(crossed.Out, "Invalid Range settings. Check Options-> Output Options"));
+  EXPECT_EQ(Call({"sweep", "refused.KVL", "1"}).Status, 1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_ / "tmp")) << "the runs leave nothing behind";
+}
+
 // Another library of the same interface takes the solver's place by its name.
 TEST_F(KorvaCommand, TheSolverLibraryCanBeReplaced) {
   const ProgramResult report =

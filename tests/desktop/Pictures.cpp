@@ -9,9 +9,13 @@
 
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
+#include "commands/SweepCommand.h"
 #include "desktop/FormBench.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/files/frmSet.h"
+#include "desktop/graphs/frmGraph.h"
+#include "desktop/graphs/frmGraphOpt.h"
+#include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/plan/SchematicView.h"
@@ -22,6 +26,7 @@
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
 #include "plan/PanelPicture.h"
+#include "support/TempFolder.h"
 
 namespace korva::desktop {
 namespace {
@@ -30,7 +35,10 @@ QDir folder;
 
 void Save(QWidget& form, const QString& name) {
   form.show();
-  QApplication::processEvents();
+  constexpr int kRounds = 3;  // what a change of size sets off is done, too
+  for (int round = 0; round < kRounds; ++round) {
+    QApplication::processEvents();
+  }
   if (!form.grab().save(folder.filePath(name + QStringLiteral(".png")))) {
     std::fprintf(stderr, "cannot write %s\n", qPrintable(name));
   }
@@ -58,6 +66,32 @@ void SaveSchematics() {
                          size.height());
   }
   Save(sheet, QStringLiteral("schematics"));
+}
+
+// One, two and four curves, and the windows around them.
+void SaveGraphs(FormBench& bench) {
+  const auto open = [&bench](GraphKind graph, std::int16_t model) {
+    auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
+    KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
+    auto window = std::make_unique<frmGraph>(bench.Forms);
+    window->GraphInit(graph);
+    window->DrawCurve();
+    window->show();
+    QApplication::processEvents();
+    return window;
+  };
+  Save(*open(kDepthGraph, kTraditionalModel), QStringLiteral("frmGraph-two"));
+  const auto four = open(kXcutSpacingGraph, kComparedModels);
+  The<QAction>(*four, "GraphOptionsItem(0)").trigger();
+  Save(*four, QStringLiteral("frmGraph"));
+  frmGraphOpt options(bench.Forms, *four);
+  The<QRadioButton>(options, "Option1(1)").click();
+  Save(options, QStringLiteral("frmGraphOpt"));
+  frmStrondCalc progress(nullptr);
+  progress.ShowStep(3, 7);
+  Save(progress, QStringLiteral("frmStrondCalc"));
+  bench.State.Stored.ProjectInput.LoadingCondition = 0;
+  Save(*open(kEntryHeightGraph, kTraditionalModel), QStringLiteral("frmGraph-one"));
 }
 
 void SaveAll() {
@@ -95,6 +129,9 @@ void SaveAll() {
   bench.State.Places.LastPath = "/usr/";
   frmPath path(bench.Forms);
   Save(path, QStringLiteral("frmPath"));
+  const TempFolder solverFiles;
+  bench.State.Places.TempRoot = solverFiles / "";
+  SaveGraphs(bench);
 }
 
 }  // namespace

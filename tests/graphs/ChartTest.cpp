@@ -102,8 +102,8 @@ TEST(Chart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   EXPECT_EQ(ChartOf(barriers, 2, settings, true).Reference, 2);
   EXPECT_FALSE(ChartOf(barriers, 2, settings, false).Reference);
   // The curve falls from the top left to the bottom right.
-  EXPECT_EQ(FreeCorner(chart, 0.3, 0.2, 0.01), ChartCorner::kTopRight);
-  EXPECT_FALSE(FreeCorner(chart, 0.9, 0.9, 0.01));
+  EXPECT_EQ(FreeCorner(chart, {0.3, 0.2, 0.01, 0.01}), ChartCorner::kTopRight);
+  EXPECT_FALSE(FreeCorner(chart, {0.9, 0.9, 0.01, 0.01}));
 }
 
 TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
