@@ -244,11 +244,12 @@ void frmGraph::AddCurve(const ChartCurve& curve, int number) {
   const GraphSettings& settings = session_.State.Preferences.Graph;
   const Chart chart = TheChart();
   QCPGraph* graph = graph1_->addGraph();
-  graph->setName(FromUtf8(curve.Label));
+  graph->setName(chart.Legend ? FromUtf8(curve.Label) : QString());
   graph->setData(QVector<double>(curve.X.begin(), curve.X.end()),
                  QVector<double>(curve.Y.begin(), curve.Y.end()), true);
   graph->setLineStyle(chart.Lines ? QCPGraph::lsLine : QCPGraph::lsNone);
-  graph->setPen(QPen(QColor(curve.Colour), 2));
+  constexpr double kWidth = 3;
+  graph->setPen(QPen(QColor(curve.Colour), kWidth));
   graph->setScatterStyle(chart.Symbols ? SymbolOf(number, settings.SymbolSize)
                                        : QCPScatterStyle(QCPScatterStyle::ssNone));
 }

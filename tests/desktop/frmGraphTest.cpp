@@ -168,6 +168,7 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
   EXPECT_TRUE(Plot().xAxis->grid()->visible());
   EXPECT_EQ(Plot().graph(0)->lineStyle(), QCPGraph::lsNone);
   EXPECT_FALSE(Plot().legend->visible());
+  EXPECT_EQ(Plot().graph(0)->name(), QString()) << "no legend, no labels";
   const std::string saved = TempFolder::Bytes(bench.State.Places.IniFile);
   EXPECT_NE(saved.find("GraphTitle=North panel"), std::string::npos) << saved;
 
