@@ -70,7 +70,7 @@ int Calc(Korva& korva, const CalcCall& call) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  const PrivateRun files(korva);
+  const auto files = PrivateFilesOf(korva);
   const Evaluated evaluated = EvaluateProject(korva, korva.ProjectCalc.CalcMode);
   if (evaluated.Refusal) {
     TerminalMessages messages(call.File);

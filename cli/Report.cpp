@@ -59,7 +59,7 @@ int Report(Korva& korva, const ReportCall& call) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  const PrivateRun files(korva);
+  const auto files = PrivateFilesOf(korva);
   RefusalMessages messages(call.File);
   if (!CalculateWorkingCopy(korva, messages, korva.ProjectCalc.CalcMode)) {
     if (call.AsJson) {

@@ -108,7 +108,8 @@ int Sweep(Korva& korva, const SweepCall& call) {
   if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
-  const PrivateRun files(korva);
+  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+  const auto files = PrivateFilesOf(korva);
   RefusalMessages messages(call.File);
   const auto graph = static_cast<GraphKind>(call.Graph);
   auto job = PrepareSweep(korva, messages, graph, ModelOf(call.Model));

@@ -451,7 +451,13 @@ void frmGraph::changeEvent(QEvent* event) {
 bool frmGraph::eventFilter(QObject* watched, QEvent* event) {
   if (watched == graph1_ && event->type() == QEvent::Resize) {
     QMetaObject::invokeMethod(
-        this, [this] { PlaceLegend(); }, Qt::QueuedConnection);
+        this,
+        [this] {
+          if (isVisible()) {
+            PlaceLegend();
+          }
+        },
+        Qt::QueuedConnection);
   }
   return QMainWindow::eventFilter(watched, event);
 }

@@ -107,10 +107,7 @@ BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional
     row.Title = korva.Stored.ProjectTitle;
     row.Units = korva.Stored.ProjectUnits;
     row.CalcMode = project.CalcMode;
-    std::optional<PrivateRun> files;
-    if (project.CalcMode != kTraditionalModel) {
-      files.emplace(korva);
-    }
+    const auto files = PrivateFilesOf(korva);
     Evaluated evaluated = EvaluateProject(korva, project.CalcMode);
     row.Refusal = std::move(evaluated.Refusal);
     if (!row.Refusal) {

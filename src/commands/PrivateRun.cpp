@@ -17,4 +17,8 @@ PrivateRun::~PrivateRun() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+std::unique_ptr<PrivateRun> PrivateFilesOf(Korva& korva) {
+  return korva.ProjectCalc.CalcMode == kTraditionalModel ? nullptr : std::make_unique<PrivateRun>(korva);
+}
+
 }  // namespace korva

@@ -1,6 +1,7 @@
 // A folder of its own for the laminated runs of one call.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "core/Korva.h"
@@ -20,5 +21,8 @@ class PrivateRun {
  private:
   std::string folder_;
 };
+
+// One for `korva` if its working copy asks for the laminated model; nothing otherwise, which needs no folder.
+std::unique_ptr<PrivateRun> PrivateFilesOf(Korva& korva);
 
 }  // namespace korva

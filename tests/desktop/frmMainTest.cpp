@@ -173,7 +173,7 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
   EXPECT_EQ(korva.Sweep.CurveCount, 4);
   Window("frmGraph")->close();
 
-  korva.Sweep.PointCount = 77;
+  korva.Sweep.GraphIndex = kBarrierDepthGraph;
   korva.Stored.ProjectInput = test::TwoSideGobs();  // every step takes a while
   korva.Stored.ProjectInput.CalcMode = kLaminatedModel;
   Choose("mnuCalcGrafItem(0)");
@@ -184,7 +184,7 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
   Click(*Window("frmStrondCalc"), "cmdCancel");
   ASSERT_TRUE(QTest::qWaitFor([this] { return main->isEnabled(); }));
   EXPECT_EQ(FindWindow("frmGraph"), nullptr);
-  EXPECT_EQ(korva.Sweep.PointCount, 77) << "the last sweep stays";
+  EXPECT_EQ(korva.Sweep.GraphIndex, kBarrierDepthGraph) << "the last sweep stays";
 
   std::filesystem::remove(folder / "development.KVSD");
   std::filesystem::create_directory(folder / "development.KVSD");  // where the exchange file belongs
