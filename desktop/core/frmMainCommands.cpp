@@ -99,7 +99,6 @@ void frmMain::ShowResults(QWidget* returnTo) {
 
 void frmMain::GraphItem(int index) {
   if (auto job = PrepareSweep(korva_, ports_.Messages, static_cast<GraphKind>(index))) {
-    SetInputEnabled(false);
     RunSweep(std::move(*job));
   }
 }
@@ -112,14 +111,18 @@ void frmMain::RunSweep(SweepJob job) {
     sweepProgress_ = std::make_unique<frmStrondCalc>(nullptr);
     connect(sweep_.get(), &SweepRunner::Step, sweepProgress_.get(), &frmStrondCalc::ShowStep);
     connect(sweepProgress_.get(), &frmStrondCalc::Cancelled, sweep_.get(), &SweepRunner::Cancel);
-    sweepProgress_->show();
   }
   sweep_->Start();
+  SetInputEnabled(false);  // no second command before the sweep has ended
+  if (sweepProgress_) {
+    sweepProgress_->show();
+  }
 }
 
 void frmMain::AfterSweep() {
   const std::unique_ptr<SweepRunner> sweep = std::move(sweep_);
   sweepProgress_.reset();
+  SetInputEnabled(true);
   bool shown = false;
   bool again = false;
   Run([&, taken = false]() mutable {
@@ -133,22 +136,19 @@ void frmMain::AfterSweep() {
     KeepSweep(korva_, sweep->Job(), std::move(outcome));
   });
   if (again) {
-    GraphItem(sweep->Job().Graph);
-    return;
+    Run([&] { GraphItem(sweep->Job().Graph); });
+  } else if (shown) {
+    Run([this] { ShowGraph(); });
   }
-  if (!shown) {
-    SetInputEnabled(true);
-    return;
-  }
-  Run([this] { ShowGraph(); });
 }
 
 void frmMain::ShowGraph() {
   const BusyPointer busy(ports_.Busy);
-  auto* graph = new frmGraph(session_);
+  auto graph = std::make_unique<frmGraph>(session_);
   graph->GraphInit(korva_.Sweep.GraphIndex);
   graph->DrawCurve();
-  graph->show();
+  SetInputEnabled(false);
+  graph.release()->show();  // it deletes itself
 }
 
 void frmMain::UtilItem(int index) {

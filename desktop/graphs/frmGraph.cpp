@@ -358,6 +358,7 @@ void frmGraph::TrackPoint(const QMouseEvent& event) {
 }
 
 void frmGraph::FileItem(int index) {
+  ReadBack();  // titles may have been edited in the chart
   switch (index) {
     case kPrintIndex:
       Print();
@@ -387,16 +388,14 @@ void frmGraph::Print() {
   if (!painter.begin(&printer)) {
     throw RuntimeError(ErrorNumber::kPrinter, "the graph cannot be printed");
   }
-  // As wide as on the screen at about 96 dots an inch, and as high as the sheet allows.
-  constexpr double kScreenResolution = 96;
-  const double scale = printer.resolution() / kScreenResolution;
+  // In the proportions of the screen, as large as the sheet allows.
   const QRect sheet = printer.pageLayout().paintRectPixels(printer.resolution());
+  const double scale = std::min(static_cast<double>(sheet.width()) / graph1_->width(),
+                                static_cast<double>(sheet.height()) / graph1_->height());
   painter.setMode(QCPPainter::pmVectorized);
   painter.setMode(QCPPainter::pmNoCaching);
   painter.scale(scale, scale);
-  const int width = static_cast<int>(sheet.width() / scale);
-  const int height = static_cast<int>(sheet.height() / scale);
-  graph1_->toPainter(&painter, width, std::min(height, width * 3 / 4));
+  graph1_->toPainter(&painter, graph1_->width(), graph1_->height());
 }
 
 void frmGraph::Copy() {

@@ -58,6 +58,7 @@ frmGraphOpt::frmGraphOpt(Session& session, frmGraph& graph)
   setWindowTitle(QStringLiteral("Graph Parameters and Options"));
   Build();
   SetArrayIndex(Option1_, draft_.GraphSetParams);
+  InitForm();
   ChooseParameters(draft_.GraphSetParams);
   InstallContextHelp(*this);
   CenterForm(*this);
@@ -158,8 +159,8 @@ void frmGraphOpt::ChooseParameters(int index) {
   if (index == kDefaultParameters) {
     draft_.GraphSetParams = kDefaultParameters;
     SetDefaultTitles(draft_, session_.State.Stored.ProjectUnits);
+    InitForm();
   }
-  InitForm();
   std::vector<QWidget*> edited = {Text1_, Combo1_, Combo2_, Check1_, HScroll1_, txtSS_, lblSS_};
   edited.insert(edited.end(), Text2_.begin(), Text2_.end());
   edited.insert(edited.end(), Text3_.begin(), Text3_.end());

@@ -177,8 +177,13 @@ SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prep
   data.GraphIndex = graph;
   data.CurveCount = laminated != nullptr ? 4 : 2;
   data.PointCapacity = steps.PointCapacity;
+  if (data.PointCapacity < 1) {
+    throw RuntimeError(ErrorNumber::kSubscript,
+                       fmt::format("no {} lies in the range of the sweep",
+                                   DefaultXAxisTitles[static_cast<std::size_t>(graph)]));
+  }
   for (int column = 0; column <= data.CurveCount; ++column) {
-    data.GraphData[column].resize(static_cast<std::size_t>(std::max(0, steps.PointCapacity)));
+    data.GraphData[column].resize(static_cast<std::size_t>(steps.PointCapacity));
   }
   VisitSteps(graph, steps, [&](double x) {
     const std::size_t point = NextPoint(data);

@@ -43,7 +43,7 @@ struct SweepOutcome {
 
 // Sweeps the traditional model from `prepared` on, which keeps everything else, and with `laminated` that
 // model, too, by writing the parameter into `project`. In the end `project` holds the last value. Run-time
-// errors of both models, naming the value at which they arose.
+// errors of both models, naming the value at which they arose; 9 if the range holds no value at all.
 SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prepared, Project& project,
                       const LaminatedSweep* laminated);
 

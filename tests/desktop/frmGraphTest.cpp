@@ -142,6 +142,10 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
     The<QLineEdit>(options, "Text1").setText(QStringLiteral("Not taken"));
     Click(options, "Option1(0)");  // would make everything default
     EXPECT_FALSE(The<QWidget>(options, "Text1").isEnabled());
+    Click(options, "Option1(1)");
+    The<QLineEdit>(options, "Text1").setText(QStringLiteral("Not taken either"));
+    Click(options, "Option1(1)");
+    EXPECT_EQ(The<QLineEdit>(options, "Text1").text(), QStringLiteral("Not taken either"));
     Click(options, "Command1");
   });
   EXPECT_EQ(Settings().GraphTitle, "Korva Panel Review - Strondel");
@@ -198,9 +202,11 @@ TEST_F(GraphWindow, CopiesExportsAndSavesPictures) {
   Choose("GraphFileItem(2)");
   EXPECT_EQ(bench.Outside.Documents.Opened.size(), 1U);
 
+  Plot().xAxis->setLabel(QStringLiteral("Cover"));  // as an edit in the chart leaves it
   bench.Outside.Files.Expect(folder / "graph.pdf");
   Choose("GraphFileItem(5)");
   EXPECT_EQ(TempFolder::Bytes(folder / "graph.pdf").find("%PDF"), 0U);
+  EXPECT_EQ(Settings().XAxisTitle[kDepthGraph], "Cover");
   bench.Outside.Files.Expect(folder / "none/graph.pdf");
   bench.Outside.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
   Choose("GraphFileItem(5)");

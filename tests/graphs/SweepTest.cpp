@@ -93,6 +93,9 @@ TEST(RunSweep, AnglesEndAtTheRightAngleInDegrees) {
   const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
   const auto both = RunSweep(kXcutAngleGraph, {100, 150}, prepared, panel, &laminated);
   EXPECT_EQ(both.Data.GraphData[4][0], 90) << "never above";
+  ExpectError(ErrorNumber::kSubscript, [&] {
+    RunSweep(kXcutAngleGraph, {150, 150}, prepared, panel, nullptr);
+  });
 }
 
 TEST(RunSweep, WritesTheValueIntoTheWorkingCopyAndKeepsTheMixUpOfSides) {
