@@ -4,10 +4,18 @@
 
 namespace korva {
 
+namespace {
+
+std::string DefaultXTitle(int graph, std::int16_t units) {
+  std::string title(DefaultXAxisTitles[static_cast<std::size_t>(graph)]);
+  return title.append(graph == kXcutAngleGraph ? " (deg)" : UnitLabel(UnitKind::kLength, units));
+}
+
+}  // namespace
+
 void SetDefaultTitles(GraphSettings& graph, std::int16_t units) {
   for (int i = 0; i < kGraphs; ++i) {
-    graph.XAxisTitle[i] = DefaultXAxisTitles[static_cast<std::size_t>(i)];
-    graph.XAxisTitle[i] += i == kXcutAngleGraph ? " (deg)" : UnitLabel(UnitKind::kLength, units);
+    graph.XAxisTitle[i] = DefaultXTitle(i, units);
   }
   for (int i = 0; i < 2; ++i) {
     graph.YAxisTitle[i] = DefaultYAxisTitles[static_cast<std::size_t>(i)];
@@ -21,12 +29,12 @@ void SetDefaultTitles(GraphSettings& graph, std::int16_t units) {
   graph.SymbolSize = defaults.SymbolSize;
 }
 
-// A settings file without titles reads as the default ones without a unit; an axis always tells its unit.
 void PrepareTitles(GraphSettings& graph, int index, std::int16_t units) {
-  const std::string& title = graph.XAxisTitle[index];
-  const bool made = !title.empty() && title != DefaultXAxisTitles[static_cast<std::size_t>(index)];
-  if (!made || graph.GraphUnits != units) {
+  std::string& title = graph.XAxisTitle[index];
+  if (title.empty() || graph.GraphUnits != units) {
     SetDefaultTitles(graph, units);
+  } else if (title == DefaultXAxisTitles[static_cast<std::size_t>(index)]) {
+    title = DefaultXTitle(index, units);  // as a settings file without titles reads
   }
 }
 

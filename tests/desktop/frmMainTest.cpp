@@ -34,6 +34,9 @@ class MainForm : public testing::Test {
     std::filesystem::copy(KORVA_EXAMPLES "/development.KVL", folder / "development.KVL");
   }
 
+  // Windows that were closed go before the state that they work on.
+  ~MainForm() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
   frmMain& Begin(const std::string& file = {}) {
     main = std::make_unique<frmMain>(korva, ports.All);
     main->Begin(file);

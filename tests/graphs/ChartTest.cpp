@@ -49,7 +49,9 @@ TEST(GraphTitles, AreMadeForTheirUnitSystem) {
   EXPECT_EQ(settings.GraphTitle, "Korva Panel Review - Strondel");
   EXPECT_EQ(settings.SymbolSize, 5);
   settings.XAxisTitle[kDepthGraph] = "Depth of Cover";  // as a settings file without titles reads
+  settings.GridStyle = 3;
   PrepareTitles(settings, kDepthGraph, kEnglish);
+  EXPECT_EQ(settings.GridStyle, 3);
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
 }
 
