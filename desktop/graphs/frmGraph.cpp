@@ -49,11 +49,12 @@ QFont PixelFont(int pixels) {
   return font;
 }
 
-QCPScatterStyle SymbolOf(int curve, int size) {
+// Two pixels larger than the setting, so that it shows on the line.
+QCPScatterStyle SymbolOf(const ChartCurve& curve, std::size_t index, int size) {
   static constexpr std::array kShapes = {QCPScatterStyle::ssDisc, QCPScatterStyle::ssSquare,
                                          QCPScatterStyle::ssTriangle, QCPScatterStyle::ssDiamond};
-  const QColor colour(CurveColours.at(static_cast<std::size_t>(curve - 1)));
-  return {kShapes.at(static_cast<std::size_t>(curve - 1)), colour, colour, static_cast<double>(size) + 2};
+  const QColor colour(curve.Colour);
+  return {kShapes.at(index), colour, colour, static_cast<double>(size) + 2};
 }
 
 QAction* AddItem(QMenu* menu, const char* array, int index, const char* caption) {
@@ -232,31 +233,29 @@ void frmGraph::DrawCurve() {
   const Chart chart = TheChart();
   graph1_->clearGraphs();
   for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
-    AddCurve(chart.Curves[i], static_cast<int>(i) + 1);
+    AddCurve(chart, i);
   }
-  ShowReference();
+  ShowReference(chart);
   graph1_->legend->setVisible(chart.Legend && !chart.Curves.empty());
   ShowWhole();
   PlaceLegend();
 }
 
-void frmGraph::AddCurve(const ChartCurve& curve, int number) {
-  const GraphSettings& settings = session_.State.Preferences.Graph;
-  const Chart chart = TheChart();
+void frmGraph::AddCurve(const Chart& chart, std::size_t index) {
+  constexpr double kWidth = 3;
+  const ChartCurve& curve = chart.Curves[index];
   QCPGraph* graph = graph1_->addGraph();
   graph->setName(chart.Legend ? FromUtf8(curve.Label) : QString());
   graph->setData(QVector<double>(curve.X.begin(), curve.X.end()),
                  QVector<double>(curve.Y.begin(), curve.Y.end()), true);
   graph->setLineStyle(chart.Lines ? QCPGraph::lsLine : QCPGraph::lsNone);
-  constexpr double kWidth = 3;
   graph->setPen(QPen(QColor(curve.Colour), kWidth));
-  graph->setScatterStyle(chart.Symbols ? SymbolOf(number, settings.SymbolSize)
+  graph->setScatterStyle(chart.Symbols ? SymbolOf(curve, index, chart.SymbolSize)
                                        : QCPScatterStyle(QCPScatterStyle::ssNone));
 }
 
-void frmGraph::ShowReference() {
+void frmGraph::ShowReference(const Chart& chart) {
   graph1_->clearItems();
-  const Chart chart = TheChart();
   if (!chart.Reference) {
     return;
   }

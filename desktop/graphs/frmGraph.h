@@ -56,8 +56,8 @@ class frmGraph final : public QMainWindow {
   void Copy();
   void ReadBack();
   void ShowTitles();
-  void AddCurve(const ChartCurve& curve, int number);
-  void ShowReference();
+  void AddCurve(const Chart& chart, std::size_t index);
+  void ShowReference(const Chart& chart);
   void PlaceLegend();
   void ShowWhole();
   void TrackPoint(const QMouseEvent& event);
