@@ -6,7 +6,7 @@
 #include "Commands.h"
 #include "ValueJson.h"
 #include "commands/Calculate.h"
-#include "commands/PrivateRun.h"
+#include "commands/PrivateFiles.h"
 #include "core/NumberText.h"
 #include "input/FormComputations.h"
 

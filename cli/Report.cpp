@@ -5,7 +5,7 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
-#include "commands/PrivateRun.h"
+#include "commands/PrivateFiles.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 

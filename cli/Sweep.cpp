@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "Commands.h"
-#include "commands/PrivateRun.h"
+#include "commands/PrivateFiles.h"
 #include "commands/SweepCommand.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "commands/FileCommands.h"
-#include "commands/PrivateRun.h"
+#include "commands/PrivateFiles.h"
 #include "files/ProjectFile.h"
 #include "input/FormNotices.h"
 

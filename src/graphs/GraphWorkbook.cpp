@@ -5,12 +5,11 @@
 #include <xlsxwriter.h>
 
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <pugixml.hpp>
 
 #include "core/RuntimeError.h"
-#include "files/PlatformFile.h"
+#include "files/PrivateFolder.h"
 
 namespace korva {
 
@@ -28,21 +27,6 @@ void Check(lxw_error error) {
     Fail(lxw_strerror(error));
   }
 }
-
-class PrivateFolder {
- public:
-  PrivateFolder() : name_(MakePrivateFolder()) {}
-  ~PrivateFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(name_, ignored);
-  }
-  PrivateFolder(const PrivateFolder&) = delete;
-  PrivateFolder& operator=(const PrivateFolder&) = delete;
-  const std::string& Name() const { return name_; }
-
- private:
-  std::string name_;
-};
 
 std::uint16_t Column(std::size_t curve, int offset) {
   return static_cast<std::uint16_t>(2 * curve + static_cast<std::size_t>(offset));

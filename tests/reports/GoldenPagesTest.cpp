@@ -9,7 +9,7 @@
 
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
-#include "commands/PrivateRun.h"
+#include "commands/PrivateFiles.h"
 
 namespace korva {
 namespace {
@@ -50,7 +50,8 @@ std::string ComparedOutputOf(const std::string& example) {
   Korva korva;
   korva.ProjectFileName = example;
   KeptMessage message;
-  const PrivateRun files(korva);
+  korva.ProjectCalc.CalcMode = kComparedModels;
+  const auto files = PrivateFilesOf(korva);
   if (!FileOpen(korva, message) || !CalculateWorkingCopy(korva, message, kComparedModels)) {
     return message.Text + "\n";
   }
