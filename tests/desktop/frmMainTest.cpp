@@ -61,7 +61,7 @@ class MainForm : public testing::Test {
 
   // Presses a button of a modal window once that is open.
   void PressLater(const char* window, const char* button) {
-    QTimer::singleShot(0, main.get(), [this, window, button] {
+    QTimer::singleShot(0, main.get(), [window, button] {
       if (QWidget* modal = Window(window)) {
         Click(*modal, button);
       }
@@ -163,7 +163,7 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
   Choose("mnuFileItem(1)");
   Choose("mnuCalcGrafItem(1)");
   EXPECT_FALSE(main->isEnabled()) << "from the click on";
-  ASSERT_TRUE(QTest::qWaitFor([this] { return FindWindow("frmGraph") != nullptr; }));
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }));
   Window("frmGraph")->close();
   EXPECT_TRUE(main->isEnabled());
 
@@ -171,7 +171,7 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
   Choose("mnuCalcGrafItem(1)");
   EXPECT_EQ(Window("frmStrondCalc")->windowTitle(), QStringLiteral("KORVA-STROND Calculations"));
   EXPECT_EQ(FindWindow("frmGraph"), nullptr);
-  ASSERT_TRUE(QTest::qWaitFor([this] { return FindWindow("frmGraph") != nullptr; }));
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }));
   EXPECT_EQ(FindWindow("frmStrondCalc"), nullptr);
   EXPECT_EQ(korva.Sweep.CurveCount, 4);
   Window("frmGraph")->close();
