@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "commands/FileMenu.h"
 #include "commands/PrivateFiles.h"
 #include "commands/SweepCommand.h"
 #include "files/PlatformFile.h"
@@ -87,10 +88,9 @@ Json SweepJson(const SweepData& data) {
 }
 
 void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
-  const Project& project = korva.ProjectCalc;
+  const BarrierGraphs graphs = GraphsOf(korva.ProjectCalc);
   const bool second = call.Graph == kSecondBarrierGraph;
-  const bool shown = second ? project.BarrierSecondGob > 0 && project.LoadingCondition == 3
-                            : project.BarrierFirstGob > 0 && project.LoadingCondition >= 2;
+  const bool shown = second ? graphs.Second : graphs.First;
   if (call.Graph >= kFirstBarrierGraph && !shown) {
     Complain(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
                          second ? "second" : "first"));
@@ -112,7 +112,7 @@ int Sweep(Korva& korva, const SweepCall& call) {
   const auto files = PrivateFilesOf(korva);
   RefusalMessages messages(call.File);
   const auto graph = static_cast<GraphKind>(call.Graph);
-  auto job = PrepareSweep(korva, messages, graph, ModelOf(call.Model));
+  auto job = PrepareSweep(korva, messages, graph, korva.ProjectCalc.CalcMode);
   if (!job) {
     if (call.AsJson) {
       Print(JsonText({{"file", call.File}, {"refused", messages.Text}}));

@@ -125,10 +125,11 @@ ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, con
 
 bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model) {
   korva.OutPageLast = OutputPages::kLast;
-  if (IsRefused(korva, messages)) {
+  Evaluated evaluated = EvaluateProject(korva, model);
+  if (evaluated.Refusal) {
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
     return false;
   }
-  Evaluated evaluated = EvaluateProject(korva, model);
   if (model == kComparedModels) {
     ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
   }

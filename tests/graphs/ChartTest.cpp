@@ -114,8 +114,16 @@ TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
   EXPECT_FALSE(PictureKindOf("graph"));
   EXPECT_EQ(ChartPicture(chart, PictureKind::kPdf).find("%PDF"), 0U);
   EXPECT_EQ(ChartPicture(chart, PictureKind::kPng).find("\x89PNG"), 0U);
+  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
   pugi::xml_document svg;
-  EXPECT_TRUE(svg.load_string(ChartPicture(chart, PictureKind::kSvg).c_str()));
+  EXPECT_TRUE(svg.load_string(drawn.c_str()));
+  for (const char* colour : {"0%,0%,100%", "80.392157%,36.078431%,36.078431%", "0%,39.215686%,0%"}) {
+    EXPECT_NE(drawn.find(colour), std::string::npos) << "a curve is missing: " << colour;
+  }
+  const std::string dashes = "stroke-dasharray";
+  EXPECT_NE(drawn.find(dashes), std::string::npos) << "the reference line";
+  const Chart plain = ChartOf(Line(1), 1, Titles(), false);
+  EXPECT_EQ(ChartPicture(plain, PictureKind::kSvg).find(dashes), std::string::npos);
   EXPECT_FALSE(ChartPicture(Chart{}, PictureKind::kSvg).empty()) << "nothing to show is no error";
 }
 
