@@ -1,25 +1,20 @@
 #include "graphs/ChartPicture.h"
 
-#include <cairo-pdf.h>
-#include <cairo-svg.h>
 #include <cairo.h>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <numbers>
-
-#include "core/RuntimeError.h"
+#include <optional>
 
 namespace korva {
 
 namespace {
 
-// Points; a PNG has kPixels of them.
+// Points.
 constexpr double kWidth = 760;
 constexpr double kHeight = 520;
-constexpr double kPixels = 2;
 constexpr double kMargin = 18;
 constexpr double kTextSize = 12;
 constexpr double kTitleSize = 15;
@@ -45,8 +40,6 @@ class Painter {
   }
 
   void Paint() {
-    Colour(0xffffff);
-    cairo_paint(cairo_);
     PaintAxes();
     cairo_save(cairo_);
     cairo_rectangle(cairo_, plot_.Left - kGap, plot_.Top - kGap, plot_.Right - plot_.Left + 2 * kGap,
@@ -276,71 +269,10 @@ class Painter {
   std::optional<Box> legendInside_;
 };
 
-cairo_status_t Append(void* text, const unsigned char* bytes, unsigned count) {
-  try {
-    static_cast<std::string*>(text)->append(reinterpret_cast<const char*>(bytes), count);
-    return CAIRO_STATUS_SUCCESS;
-  } catch (const std::bad_alloc&) {
-    return CAIRO_STATUS_NO_MEMORY;
-  }
-}
-
-using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
-
-Surface NewSurface(PictureKind kind, std::string& bytes) {
-  switch (kind) {
-    case PictureKind::kSvg:
-      return {cairo_svg_surface_create_for_stream(Append, &bytes, kWidth, kHeight), cairo_surface_destroy};
-    case PictureKind::kPdf:
-      return {cairo_pdf_surface_create_for_stream(Append, &bytes, kWidth, kHeight), cairo_surface_destroy};
-    case PictureKind::kPng:
-      break;
-  }
-  return {cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(kWidth * kPixels),
-                                     static_cast<int>(kHeight * kPixels)),
-          cairo_surface_destroy};
-}
-
-void Require(cairo_status_t status) {
-  if (status != CAIRO_STATUS_SUCCESS) {
-    throw RuntimeError(ErrorNumber::kOutOfMemory,
-                       fmt::format("the graph's picture: {}", cairo_status_to_string(status)));
-  }
-}
-
 }  // namespace
 
-std::optional<PictureKind> PictureKindOf(std::string_view fileName) {
-  std::string lower(fileName);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  for (const auto& [extension, kind] :
-       {std::pair{".svg", PictureKind::kSvg}, {".pdf", PictureKind::kPdf}, {".png", PictureKind::kPng}}) {
-    if (lower.ends_with(extension)) {
-      return kind;
-    }
-  }
-  return std::nullopt;
-}
-
 std::string ChartPicture(const Chart& chart, PictureKind kind) {
-  std::string bytes;
-  const Surface surface = NewSurface(kind, bytes);
-  {
-    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo(cairo_create(surface.get()),
-                                                                   cairo_destroy);
-    if (kind == PictureKind::kPng) {
-      cairo_scale(cairo.get(), kPixels, kPixels);
-    }
-    Painter(chart, cairo.get()).Paint();
-    Require(cairo_status(cairo.get()));
-  }
-  if (kind == PictureKind::kPng) {
-    Require(cairo_surface_write_to_png_stream(surface.get(), Append, &bytes));
-  }
-  cairo_surface_finish(surface.get());
-  Require(cairo_surface_status(surface.get()));
-  return bytes;
+  return PictureBytes(kind, {kWidth, kHeight}, [&chart](cairo_t* cairo) { Painter(chart, cairo).Paint(); });
 }
 
 }  // namespace korva
