@@ -16,9 +16,11 @@
 
 #include "commands/Attempt.h"
 #include "commands/GraphCommands.h"
+#include "commands/SavePicture.h"
 #include "core/Format.h"
 #include "desktop/graphs/frmGraphOpt.h"
 #include "desktop/support/FormTools.h"
+#include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
 
 namespace korva::desktop {
@@ -366,7 +368,8 @@ void frmGraph::FileItem(int index) {
       ExportGraph(session_.State, session_.Outside, TheChart());
       break;
     case kPictureIndex:
-      SaveGraphPicture(session_.State, session_.Outside, TheChart());
+      SavePicture(session_.State, session_.Outside, "Graph",
+                  [this](PictureKind kind) { return ChartPicture(TheChart(), kind); });
       break;
     default:
       close();

@@ -4,6 +4,7 @@
 #include "core/Format.h"
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
+#include "plan/KORVAgraf.h"
 #include "reports/Reports.h"
 #include "reports/RoundSF.h"
 
@@ -72,6 +73,15 @@ bool IsRefused(Korva& korva, MessagePort& messages) {
   return refusal.has_value();
 }
 
+// What the plan shows of it.
+PlanValues ValuesOf(const Korva& korva, const Evaluated& evaluated) {
+  const OptionSettings& options = korva.Preferences.Options;
+  const bool traditional = evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
+  return PlanValuesOf(traditional ? &evaluated.Run : nullptr,
+                      evaluated.Model == kTraditionalModel ? nullptr : &evaluated.Laminated.Results,
+                      korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
+}
+
 void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
   korva.Strond = evaluated.Laminated.Results;
   korva.StrondOutFile = std::move(evaluated.Laminated.StrondOutFile);
@@ -138,6 +148,7 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
   set.Pages[0] = InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
   korva.LastRun = SummaryOf(korva, evaluated);
+  korva.PillarValues = ValuesOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
   if (model != kTraditionalModel) {
