@@ -72,6 +72,11 @@ bool IsRefused(Korva& korva, MessagePort& messages) {
   return refusal.has_value();
 }
 
+std::string InputPage(Korva& korva) {
+  NormalizeDescription(korva.Stored);
+  return InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+}
+
 void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
   korva.Strond = evaluated.Laminated.Results;
   korva.StrondOutFile = std::move(evaluated.Laminated.StrondOutFile);
@@ -79,6 +84,10 @@ void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
 }
 
 }  // namespace
+
+void LoadOutBuf0(Korva& korva) {
+  korva.OutBuf[0] = InputPage(korva);
+}
 
 // The same spacing goes into every slot.
 void FillPlotCopies(Korva& korva) {
@@ -133,10 +142,9 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
   if (model == kComparedModels) {
     ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
   }
-  NormalizeDescription(korva.Stored);
   PageSet set =
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
-  set.Pages[0] = InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+  set.Pages[0] = InputPage(korva);
   korva.LastRun = SummaryOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
