@@ -82,6 +82,11 @@ PlanValues ValuesOf(const Korva& korva, const Evaluated& evaluated) {
                       korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
 }
 
+std::string InputPage(Korva& korva) {
+  NormalizeDescription(korva.Stored);
+  return InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+}
+
 void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
   korva.Strond = evaluated.Laminated.Results;
   korva.StrondOutFile = std::move(evaluated.Laminated.StrondOutFile);
@@ -89,6 +94,10 @@ void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
 }
 
 }  // namespace
+
+void LoadOutBuf0(Korva& korva) {
+  korva.OutBuf[0] = InputPage(korva);
+}
 
 // The same spacing goes into every slot.
 void FillPlotCopies(Korva& korva) {
@@ -143,10 +152,9 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
   if (model == kComparedModels) {
     ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
   }
-  NormalizeDescription(korva.Stored);
   PageSet set =
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
-  set.Pages[0] = InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+  set.Pages[0] = InputPage(korva);
   korva.LastRun = SummaryOf(korva, evaluated);
   korva.PillarValues = ValuesOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Messages.h"
+#include "core/PrintedSheet.h"
 
 namespace korva {
 
@@ -43,6 +44,21 @@ class DocumentPort {
   virtual bool Open(const std::string& file) = 0;
 };
 
+// The printer of the person's choice, which holds while the program runs. All calls but Paper raise run-time
+// error 482 if there is no printer.
+class PrinterPort {
+ public:
+  virtual ~PrinterPort() = default;
+  // The set-up dialog; false if it was cancelled, and then nothing has changed.
+  virtual bool SetUp() = 0;
+  // The print dialog; false if it was cancelled.
+  virtual bool Choose() = 0;
+  // The paper in it, or nothing if there is no printer.
+  virtual std::optional<PaperSize> Paper() = 0;
+  // Prints a document; run-time error 482 if the printer fails.
+  virtual void Print(const std::vector<PrintedSheet>& sheets, const std::string& title) = 0;
+};
+
 // The busy pointer; calls nest.
 class BusyPort {
  public:
@@ -57,6 +73,7 @@ struct Ports {
   ClipboardPort& Clipboard;
   BusyPort& Busy;
   DocumentPort& Documents;
+  PrinterPort& Printer;
 };
 
 // Shows the busy pointer while it lives.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Ports.h"
+#include "core/RuntimeError.h"
 #include "support/ScriptedMessages.h"
 
 namespace korva {
@@ -65,13 +66,46 @@ class KeptDocuments final : public DocumentPort {
   bool CanOpen = true;
 };
 
+// Keeps what is printed. Its dialogs are confirmed unless Cancels is set; the next Failures calls fail.
+class KeptPrinter final : public PrinterPort {
+ public:
+  struct Document {
+    std::vector<PrintedSheet> Sheets;
+    std::string Title;
+  };
+
+  bool SetUp() override { return Dialog("set-up"); }
+  bool Choose() override { return Dialog("print"); }
+  std::optional<PaperSize> Paper() override { return Loaded; }
+  void Print(const std::vector<PrintedSheet>& sheets, const std::string& title) override {
+    if (Failures > 0) {
+      --Failures;
+      throw RuntimeError(ErrorNumber::kPrinter, "out of paper");
+    }
+    Printed.push_back({sheets, title});
+  }
+
+  std::vector<Document> Printed;
+  std::vector<std::string> Dialogs;
+  bool Cancels = false;
+  int Failures = 0;
+  std::optional<PaperSize> Loaded = kLetterPaper;
+
+ private:
+  bool Dialog(const char* kind) {
+    Dialogs.emplace_back(kind);
+    return !Cancels;
+  }
+};
+
 struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
   KeptClipboard Clipboard;
   CountedBusy Busy;
   KeptDocuments Documents;
-  Ports All{Messages, Files, Clipboard, Busy, Documents};
+  KeptPrinter Printer;
+  Ports All{Messages, Files, Clipboard, Busy, Documents, Printer};
 };
 
 }  // namespace korva
