@@ -5,8 +5,10 @@
 
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
+#include "commands/PlanCommands.h"
+#include "desktop/plan/PlanView.h"
+#include "desktop/plan/frmPicture.h"
 #include "input/CheckParameters.h"
-#include "services/HelpTexts.h"
 
 namespace korva::desktop {
 
@@ -28,8 +30,11 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   session_.State.Titles = MessageTitlesOf(kTitleSlot);
   Wire();
   WireWarnings();
+  WirePreview();
   Load();
   InstallContextHelp(*this);
+  session_.State.PlotCaller = kPlanFromForm;
+  ShowPreview();
   ui_.Box("txtEntryHeight").setFocus();
   CenterForm(*this);
 }
@@ -157,9 +162,37 @@ void frmKORVAParm::Results() {
 }
 
 void frmKORVAParm::View() {
-  if (CheckAndShow()) {
-    StoreCalcParameters();
-    Say(NotBuiltText(ui_.cmdView->text().toStdString()));
+  Korva& korva = session_.State;
+  korva.PlotCaller = kPlanFromForm;
+  if (!CheckAndShow()) {
+    return;
+  }
+  StoreCalcParameters();
+  if (korva.Preferences.Options.ViewChildWindow == 1) {
+    if (frmPicture::Open(session_, *this) != nullptr) {
+      hide();
+    }
+  } else {
+    DrawPlanPreview();
+  }
+}
+
+void frmKORVAParm::DrawPlanPreview() {
+  if (!ui_.Picture1->Show(PlanRequestOf(session_.State, false))) {
+    Say(std::string(kInvalidPillars));
+  }
+}
+
+// What is typed in, as long as it is a panel.
+void frmKORVAParm::ShowPreview() {
+  const ParameterTexts texts = Texts();
+  Project draft = session_.State.Stored.ProjectInput;
+  StoreParameters(texts, draft);
+  const auto request = PreviewRequest(session_.State, draft);
+  if (!CheckParameters(texts) && request) {
+    ui_.Picture1->Show(*request);
+  } else {
+    ui_.Picture1->Clear();
   }
 }
 
@@ -174,6 +207,13 @@ std::optional<StoredProject> frmKORVAParm::Draft() const {
 
 void frmKORVAParm::reject() {
   close();
+}
+
+void frmKORVAParm::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    session_.State.PlotCaller = kPlanFromForm;
+  }
+  QDialog::changeEvent(event);
 }
 
 void frmKORVAParm::closeEvent(QCloseEvent* event) {

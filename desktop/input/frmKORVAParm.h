@@ -28,6 +28,7 @@ class frmKORVAParm final : public QDialog {
   void reject() override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -37,6 +38,7 @@ class frmKORVAParm final : public QDialog {
   void WireChecks();
   void WireConditions();
   void WireWarnings();
+  void WirePreview();
 
   // Rules of dependent fields.
   void UpdateArch();
@@ -62,12 +64,15 @@ class frmKORVAParm final : public QDialog {
   void TakeAndClose();
   void Results();
   void View();
+  void DrawPlanPreview();
+  void ShowPreview();
 
   std::int16_t Condition() const;
 
   Session& session_;
   frmKORVAParmControls ui_;
   QTimer timer_;
+  QTimer previewTimer_;  // runs out when a change has gone through all fields
   bool loading_ = true;
   bool acceptOnClose_ = false;
   bool warningShown_ = false;

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "core/Tables.h"
+#include "desktop/plan/PlanView.h"
 #include "desktop/plan/SchematicView.h"
 #include "plan/PanelPicture.h"
 
@@ -261,12 +262,10 @@ QWidget* frmKORVAParmControls::StandardTab() {
                   std::array<const char*, 3>{"Traditional Loading Model", "Laminated Overburden Model",
                                              "Laminated Overburden Model compared to Traditional Model"},
                   optLam);
-  QLabel* preview =
-      NewLabel(QStringLiteral("Picture1"), QStringLiteral("The plan drawing is not built yet"), &form_);
-  preview->setFrameShape(QFrame::StyledPanel);
-  preview->setAlignment(Qt::AlignCenter);
-  preview->setEnabled(false);
-  preview->setAccessibleName(QStringLiteral("Plan preview"));
+  Picture1 = new PlanView("Picture1", &form_);
+  Picture1->setAccessibleName(QStringLiteral("Plan preview"));
+  Picture1->setToolTip(QStringLiteral("The panel to scale, as it is typed in"));
+  Picture1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
   checks["chkEqual"] =
       NewCheckBox("chkEqual", QStringLiteral("Equal center-to-center spacing for all entries"), &form_);
@@ -277,7 +276,7 @@ QWidget* frmKORVAParmControls::StandardTab() {
   layout->addWidget(GeometryFrame(), 0, 0, 2, 1);
   layout->addWidget(model, 0, 1);
   layout->addWidget(RatioFrame(), 1, 1);
-  layout->addWidget(preview, 0, 2, 2, 1);
+  layout->addWidget(Picture1, 0, 2, 2, 1);
   layout->addWidget(checks["chkEqual"], 2, 0, 1, 3);
   layout->addWidget(EntriesFrame(), 3, 0, 1, 3);
   layout->setRowStretch(4, 1);

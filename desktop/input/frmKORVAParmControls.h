@@ -18,6 +18,8 @@
 
 namespace korva::desktop {
 
+class PlanView;
+
 // "txtXcutCenters(3)" for 3.
 std::string CenterName(int index);
 
@@ -43,6 +45,7 @@ struct frmKORVAParmControls {
   QGroupBox* fraFirst = nullptr;
   QGroupBox* fraSecond = nullptr;
   QGroupBox* fraBleeder = nullptr;
+  PlanView* Picture1 = nullptr;
   QStackedWidget* pictures = nullptr;  // Picture2(0) to Picture2(28)
 
   QPushButton* cmdResults = nullptr;

@@ -97,6 +97,19 @@ void frmKORVAParm::WireConditions() {
   }
 }
 
+void frmKORVAParm::WirePreview() {
+  previewTimer_.setSingleShot(true);
+  previewTimer_.setInterval(0);
+  connect(&previewTimer_, &QTimer::timeout, this, &frmKORVAParm::ShowPreview);
+  const auto later = [this] { previewTimer_.start(); };
+  for (const FieldBox* box : findChildren<FieldBox*>()) {
+    connect(box, &QLineEdit::textChanged, this, later);
+  }
+  for (const QAbstractButton* button : findChildren<QAbstractButton*>()) {
+    connect(button, &QAbstractButton::toggled, this, later);
+  }
+}
+
 void frmKORVAParm::WireWarnings() {
   for (const char* name :
        {"txtAbutmentAngleActiveGob", "txtAbutmentAngleFirstGob", "txtAbutmentAngleSecondGob"}) {

@@ -1,6 +1,7 @@
 #include "desktop/plan/PaintDrawing.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -13,14 +14,21 @@ namespace {
 
 constexpr double kLeastPoints = 8;
 constexpr double kOutline = 1.5;
+constexpr double kHatchStep = 8;  // pixels at 100 percent
+constexpr double kDotStep = 7;
+constexpr double kDot = 1.6;
+constexpr float kPlate = 0.85F;  // how much of a pattern it covers
+
+enum class Pattern { kNone, kHatch, kDots };
 
 struct LayerLook {
   QPen Pen;
   QBrush Brush;
+  Pattern Over = Pattern::kNone;  // drawn in the pen's colour
 };
 
-LayerLook Filled(QRgb line, QRgb fill, double width = 1) {
-  return {QPen(QColor(line), width), QBrush(QColor(fill))};
+LayerLook Filled(QRgb line, QRgb fill, double width = 1, Pattern over = Pattern::kNone) {
+  return {QPen(QColor(line), width), QBrush(QColor(fill)), over};
 }
 
 LayerLook Pick(bool dark, const LayerLook& inLight, const LayerLook& inDark) {
@@ -28,19 +36,23 @@ LayerLook Pick(bool dark, const LayerLook& inLight, const LayerLook& inDark) {
 }
 
 LayerLook Hatched(QRgb colour) {
-  return {QPen(QColor(colour), 1), QBrush(QColor(colour), Qt::BDiagPattern)};
+  return {QPen(QColor(colour), 1), Qt::NoBrush, Pattern::kHatch};
 }
 
 LayerLook Dashed(QRgb colour) {
-  return {QPen(QColor(colour), 2, Qt::DashLine), Qt::NoBrush};
+  return {QPen(QColor(colour), 2, Qt::DashLine), Qt::NoBrush, Pattern::kNone};
 }
 
-LayerLook LookOf(DrawLayer layer, const QPalette& palette) {
-  const bool dark = IsDark(palette);
+// Colours of the theme; on paper also what tells the kinds apart without colour.
+LayerLook LookOf(DrawLayer layer, const PaintStyle& style) {
+  const bool dark = IsDark(style.Palette);
   switch (layer) {
     case DrawLayer::kPillar:
       return Pick(dark, Filled(0x4a4a4a, 0xd9d9d9), Filled(0xc8c8c8, 0x3a3a3a));
     case DrawLayer::kBarrier:
+      if (style.Paper) {
+        return Filled(0x8a6d3b, 0xf0e4cc, kOutline, Pattern::kDots);
+      }
       return Pick(dark, Filled(0x8a6d3b, 0xf0e4cc, kOutline), Filled(0xd8b36a, 0x4a3d22, kOutline));
     case DrawLayer::kLeaveRow:
       return Pick(dark, Filled(0x2f6f9f, 0xd6e6f2, kOutline), Filled(0x8cc0e8, 0x1f3a50, kOutline));
@@ -51,7 +63,50 @@ LayerLook LookOf(DrawLayer layer, const QPalette& palette) {
     case DrawLayer::kText:
       break;
   }
-  return {QPen(palette.color(QPalette::WindowText)), Qt::NoBrush};
+  return {QPen(style.Palette.color(QPalette::WindowText)), Qt::NoBrush, Pattern::kNone};
+}
+
+// Lines at 45 degrees, in step over the whole drawing.
+void Hatch(QPainter& painter, const QRectF& room, double step) {
+  QList<QLineF> lines;
+  const double last = room.right() + room.bottom();
+  for (double sum = std::floor((room.left() + room.top()) / step) * step; sum <= last; sum += step) {
+    lines << QLineF(sum - room.top(), room.top(), sum - room.bottom(), room.bottom());
+  }
+  painter.drawLines(lines);
+}
+
+void Dots(QPainter& painter, const QRectF& room, double step) {
+  QList<QPointF> dots;
+  for (int row = static_cast<int>(room.top() / step); row * step <= room.bottom(); ++row) {
+    for (int column = static_cast<int>(room.left() / step); column * step <= room.right(); ++column) {
+      dots << QPointF((column + (row % 2 == 0 ? 0.0 : 0.5)) * step, row * step);
+    }
+  }
+  painter.drawPoints(dots);
+}
+
+void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& look, double unit) {
+  QPen pen = look.Pen;
+  pen.setWidthF(pen.widthF() * unit);
+  painter.setPen(pen);
+  painter.setBrush(look.Brush);
+  painter.drawPolygon(outline);
+  if (look.Over == Pattern::kNone) {
+    return;
+  }
+  painter.save();
+  QPainterPath path;
+  path.addPolygon(outline);
+  painter.setClipPath(path, Qt::IntersectClip);
+  const QRectF room = outline.boundingRect().intersected(painter.clipBoundingRect());
+  if (look.Over == Pattern::kHatch) {
+    Hatch(painter, room, kHatchStep * unit);
+  } else {
+    painter.setPen(QPen(look.Pen.color(), kDot * unit, Qt::SolidLine, Qt::RoundCap));
+    Dots(painter, room, kDotStep * unit);
+  }
+  painter.restore();
 }
 
 // The legend's entries in rows of at most the room's width.
@@ -86,10 +141,8 @@ class Legend {
     for (const Item& item : items_) {
       QPointF corner = at + QPointF(item.x, item.row * RowHeight());
       if (item.entry != nullptr) {
-        const LayerLook look = LookOf(item.entry->Layer, style_.Palette);
-        painter.setPen(look.Pen);
-        painter.setBrush(look.Brush);
-        painter.drawRect(QRectF(corner + QPointF(1, 0.15 * swatch), QSizeF(1.1 * swatch, 0.7 * swatch)));
+        const QRectF room(corner + QPointF(1, 0.15 * swatch), QSizeF(1.1 * swatch, 0.7 * swatch));
+        PaintPolygon(painter, room, LookOf(item.entry->Layer, style_), 1);
         corner += QPointF(1.5 * swatch, 0);
       }
       painter.setPen(style_.Palette.color(QPalette::WindowText));
@@ -125,6 +178,7 @@ class Fit {
   QPointF operator()(const DrawPoint& point) const {
     return middle_ + QPointF((point.X - worldMiddle_.x()) * scale_, -(point.Y - worldMiddle_.y()) * scale_);
   }
+  double Length(double world) const { return world * scale_; }
 
  private:
   double scale_;
@@ -132,23 +186,37 @@ class Fit {
   QPointF worldMiddle_;
 };
 
-// A text on a plate of the window's colour, so that it reads on any pattern.
+void PaintLines(QPainter& painter, const Fit& fit, const Drawing& drawing, const PaintStyle& style) {
+  painter.setPen(QPen(style.Palette.color(QPalette::WindowText), style.Unit));
+  for (const DrawLine& line : drawing.Lines) {
+    painter.drawLine(fit(line.From), fit(line.To));
+  }
+}
+
+// A plate of the window's colour makes it readable on any pattern.
 void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const PaintStyle& style) {
   const QString words = FromUtf8(text.Text);
-  const QFontMetricsF metrics(style.Font);
-  QRectF plate(0, 0, metrics.horizontalAdvance(words) + 4, metrics.height());
-  plate.moveCenter({0, 0});
+  const QFontMetricsF metrics(style.Font, painter.device());
   painter.save();
   painter.translate(fit(text.At));
   if (text.Upright) {
     painter.rotate(-90);
   }
-  if (words.size() > 1) {
+  painter.setPen(style.Palette.color(QPalette::WindowText));
+  if (text.Room > 0) {
+    const QRectF room(0, -metrics.height() / 2, fit.Length(text.Room), 10 * metrics.height());
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, words);
+    painter.restore();
+    return;
+  }
+  const double width = metrics.horizontalAdvance(words);
+  const QRectF plate(-text.Along * width - 2 * style.Unit, -metrics.height() / 2, width + 4 * style.Unit,
+                     metrics.height());
+  if (text.Plate) {
     QColor back = style.Palette.color(QPalette::Window);
-    back.setAlphaF(0.85F);
+    back.setAlphaF(kPlate);
     painter.fillRect(plate, back);
   }
-  painter.setPen(style.Palette.color(QPalette::WindowText));
   painter.drawText(plate, Qt::AlignCenter, words);
   painter.restore();
 }
@@ -172,18 +240,16 @@ void PaintDrawing(QPainter& painter, const QRectF& room, const Drawing& drawing,
   }
   const Fit fit(drawing, upper);
   for (const DrawPolygon& polygon : drawing.Polygons) {
-    const LayerLook look = LookOf(polygon.Layer, style.Palette);
-    painter.setPen(look.Pen);
-    painter.setBrush(look.Brush);
     QPolygonF outline;
     for (const DrawPoint& corner : polygon.Corners) {
       outline << fit(corner);
     }
-    painter.drawPolygon(outline);
+    PaintPolygon(painter, outline, LookOf(polygon.Layer, style), style.Unit);
   }
   if (!style.Texts) {
     return;
   }
+  PaintLines(painter, fit, drawing, style);
   for (const DrawText& text : drawing.Texts) {
     PaintText(painter, fit, text, style);
   }

@@ -1,4 +1,4 @@
-// Paints drawing records on the screen, in the colours of the theme.
+// Paints drawing records on the screen, in the colours of the theme, and on paper.
 #pragma once
 
 #include <QFont>
@@ -11,8 +11,10 @@ namespace korva::desktop {
 
 struct PaintStyle {
   QPalette Palette;
-  QFont Font;         // of texts and legend
-  bool Texts = true;  // also texts and legend
+  QFont Font;          // of texts and legend
+  bool Texts = true;   // also dimensions, texts and legend
+  bool Paper = false;  // patterns that hold in black and white
+  double Unit = 1;     // of line widths, in the painter's units
 };
 
 // Fits the drawing into `room` and keeps its proportions. The legend stands below it.

@@ -10,8 +10,10 @@
 #include <algorithm>
 
 #include "commands/Attempt.h"
+#include "commands/PlanCommands.h"
 #include "commands/PrintCommands.h"
 #include "core/Text.h"
+#include "desktop/plan/frmPicture.h"
 #include "desktop/reports/PageView.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/support/FormTools.h"
@@ -45,6 +47,7 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   setObjectName(QStringLiteral("frmResTxtPlt"));
   setWindowTitle(QStringLiteral("Results"));
   setAttribute(Qt::WA_DeleteOnClose);
+  session.State.PlotCaller = kPlanFromResults;
   Build();
   NextPage();
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
@@ -73,12 +76,10 @@ void frmResTxtPlt::Build() {
                                  [this] { Print("All pages printed", 0, session_.State.OutPageLast); });
   QPushButton* savePdf = button("cmdSavePdf", "Save as P&DF...",
                                 "Writes all pages to a file as they would be printed", [this] { SavePdf(); });
-  QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [] {});
+  QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [this] { ViewPlan(); });
   QPushButton* helpFactors =
       button("Command10", "Help on Stability Factors", "How to read stability factors", [] {});
-  for (QPushButton* later : {view, helpFactors}) {
-    connect(later, &QPushButton::clicked, this, [this, later] { SayNotBuilt(*later); });
-  }
+  connect(helpFactors, &QPushButton::clicked, this, [this, helpFactors] { SayNotBuilt(*helpFactors); });
   QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
   QPushButton* ok = button("Command1", "OK", "Closes this window", [this] { close(); });
   next_->setDefault(true);
@@ -144,6 +145,16 @@ void frmResTxtPlt::Print(const char* logged, int first, int last) {
 void frmResTxtPlt::SavePdf() {
   Attempt(session_.State, session_.Outside.Messages, [this] {
     SaveTextAsPdf(session_.State, session_.Outside, JoinPages(session_.State, 0, session_.State.OutPageLast));
+  });
+}
+
+void frmResTxtPlt::ViewPlan() {
+  session_.State.PlotCaller = kPlanFromResults;
+  Attempt(session_.State, session_.Outside.Messages, [this] {
+    if (frmPicture* plan = frmPicture::Open(session_, *this)) {
+      setEnabled(false);
+      connect(plan, &frmPicture::Closed, this, &frmResTxtPlt::Loadbuffer);
+    }
   });
 }
 

@@ -37,6 +37,7 @@ class frmResTxtPlt final : public QDialog {
   void CopyAll();
   void Print(const char* logged, int first, int last);
   void SavePdf();
+  void ViewPlan();
   void SayNotBuilt(const QPushButton& button);
   void showPopWarnings();
 

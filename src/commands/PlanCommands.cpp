@@ -1,5 +1,7 @@
 #include "commands/PlanCommands.h"
 
+#include "core/RuntimeError.h"
+
 namespace korva {
 
 PlanRequest PlanRequestOf(const Korva& korva, bool full) {
@@ -14,6 +16,20 @@ PlanRequest PlanRequestOf(const Korva& korva, bool full) {
     request.Values = korva.PillarValues;
   }
   return request;
+}
+
+std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft) {
+  PlanRequest request = PlanRequestOf(korva, false);
+  request.ProjectCalc = draft;
+  for (float& spacing : request.Geometry.PlotXcutSpacing) {
+    spacing = static_cast<float>(draft.XcutSpacing);
+  }
+  request.PlotType = kPlotDimensions;
+  try {
+    return DrawPlan(request) ? std::optional(request) : std::nullopt;
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace korva

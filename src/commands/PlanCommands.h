@@ -14,4 +14,7 @@ inline constexpr std::int16_t kPlanFromResults = 2;
 // belong to it only if the results window asks. Without `full` it is outlines alone.
 PlanRequest PlanRequestOf(const Korva& korva, bool full);
 
+// Outlines of `draft`, which may still be in the making; nothing if it has no plan.
+std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft);
+
 }  // namespace korva

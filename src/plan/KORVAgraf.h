@@ -76,6 +76,10 @@ struct PillarSize {
 };
 PillarSize PillarSizeOf(const PlanRequest& request, int i);
 
+// What stands at a point of the plan's world, in a few lines: a pillar with its row, size, and strength and
+// capacity if they are known; a barrier or a gob with its extent. Empty where nothing stands.
+std::string PlanHintAt(const PlanRequest& request, const Plan& plan, DrawPoint point);
+
 // What the last run says about the pillars, in output units. `run` is a finished traditional calculation, or
 // nothing; `laminated` the results of a laminated run, or nothing, and the strengths come from it then.
 PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, std::int16_t units,

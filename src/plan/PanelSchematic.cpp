@@ -72,8 +72,11 @@ void AddPillars(Drawing& drawing, const PanelPicture& picture) {
       drawing.Polygons.push_back(Rectangle(leaveRow ? DrawLayer::kLeaveRow : DrawLayer::kPillar, left, bottom,
                                            left + kPillarWidth, bottom + kPillarLength));
       if (leaveRow) {
-        drawing.Texts.push_back(
-            {{left + kPillarWidth / 2, bottom + kPillarLength / 2}, false, column == 0 ? "A" : "B", 0.5, false});
+        drawing.Texts.push_back({{left + kPillarWidth / 2, bottom + kPillarLength / 2},
+                                 false,
+                                 column == 0 ? "A" : "B",
+                                 0.5,
+                                 false});
       }
     }
   }

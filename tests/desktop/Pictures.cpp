@@ -9,6 +9,7 @@
 
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
+#include "commands/PlanCommands.h"
 #include "commands/SweepCommand.h"
 #include "desktop/FormBench.h"
 #include "desktop/core/frmMain.h"
@@ -19,6 +20,7 @@
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/plan/SchematicView.h"
+#include "desktop/plan/frmPicture.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
@@ -53,6 +55,46 @@ void SaveParameters(FormBench& bench) {
     Save(*form, QStringLiteral("frmKORVAParm-%1").arg(tabs.tabText(tab).toLower()));
   }
   delete form;
+}
+
+// Each loading condition; straight and angled crosscuts; rows A to D; slab cuts; few and many entries.
+void SavePlans(FormBench& bench) {
+  const auto save = [&bench](const QString& name, const char* example, auto change) {
+    bench.State.ProjectFileName = example;
+    FileOpen(bench.State, bench.Outside.Messages);
+    change(bench.State);
+    CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+    bench.State.PlotCaller = kPlanFromResults;
+    QWidget opener;
+    frmPicture* plan = frmPicture::Open(bench.Forms, opener);
+    if (name.endsWith(QStringLiteral("capacity"))) {
+      The<QAction>(*plan, "mnuPlotSetItem(2)").trigger();
+    }
+    Save(*plan, QStringLiteral("frmPicture-") + name);
+    plan->close();
+  };
+  const auto asItIs = [](Korva&) {};
+  save(QStringLiteral("development"), "development.KVL", asItIs);
+  save(QStringLiteral("active"), "leave-rows-a-b.KVL", asItIs);
+  save(QStringLiteral("one-side"), "metric-one-side-gob.KVL", asItIs);
+  save(QStringLiteral("two-sides-capacity"), "two-side-gobs.KVL", asItIs);
+  save(QStringLiteral("angled"), "angled-crosscuts.KVL", asItIs);
+  save(QStringLiteral("bleeders"), "bleeder-rows-c-d.KVL",
+       [](Korva& korva) { korva.Preferences.Options.PlotGobExtLoose = 0; });
+  save(QStringLiteral("slab-cuts"), "slab-cuts.KVL",
+       [](Korva& korva) { korva.Stored.ProjectInput.XcutAngle = 70; });
+  save(QStringLiteral("two-entries"), "development.KVL",
+       [](Korva& korva) { korva.Stored.ProjectInput.NumberEntries = 2; });
+  save(QStringLiteral("ten-entries"), "two-side-gobs.KVL", [](Korva& korva) {
+    korva.Preferences.Options.PlotGobExtLoose = 1;
+    korva.Preferences.Options.PlotSingleXcutDims = 0;
+    Project& p = korva.Stored.ProjectInput;
+    p.NumberEntries = 10;
+    p.XcutAngle = 60;
+    p.XcutCenters[9] = 95;
+    p.RowA = p.RowB = p.RowC = p.RowD = 1;
+    p.WidthRowC = p.WidthRowD = 50;
+  });
 }
 
 void SaveSchematics() {
@@ -137,6 +179,7 @@ void SaveAll() {
   const TempFolder solverFiles;
   bench.State.Places.TempRoot = solverFiles / "";
   SaveGraphs(bench);
+  SavePlans(bench);
 }
 
 }  // namespace

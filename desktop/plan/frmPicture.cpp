@@ -1,0 +1,221 @@
+#include "desktop/plan/frmPicture.h"
+
+#include <QActionGroup>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+#include "commands/Attempt.h"
+#include "commands/PlanCommands.h"
+#include "commands/SavePicture.h"
+#include "desktop/plan/PlanView.h"
+#include "desktop/services/PicturePrinter.h"
+#include "desktop/support/FormTools.h"
+#include "pictures/DrawingPicture.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr double kScreenShare = 0.9;  // of its height, after maximising
+constexpr double kFirstShare = 0.8;
+constexpr int kLeastSide = 200;
+constexpr int kSmallestFont = 4;  // points
+constexpr int kLargestFont = 48;
+constexpr double kZoomStep = 1.5;
+
+}  // namespace
+
+frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
+  session.State.PlotType = kPlotDimensions;
+  std::unique_ptr<frmPicture> window(new frmPicture(session, opener));
+  if (!window->Draw()) {
+    ShowMessage(session.State, session.Outside.Messages, {.text = std::string(kInvalidPillars), .title = {}});
+    return nullptr;
+  }
+  window->show();
+  return window.release();  // it deletes itself
+}
+
+frmPicture::frmPicture(Session& session, QWidget& opener) : session_(session), opener_(&opener) {
+  setObjectName(QStringLiteral("frmPicture"));
+  setWindowTitle(QStringLiteral("View Plan"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setMinimumSize(kLeastSide, kLeastSide);
+  view_ = new PlanView("picPlan", this);
+  view_->setToolTip(QString());
+  setCentralWidget(view_);
+  picTMPCopy_ = new QLabel(this);
+  picTMPCopy_->setObjectName(QStringLiteral("picTMPCopy"));
+  picTMPCopy_->hide();
+  BuildMenus();
+  PlaceFirst();
+}
+
+QAction* frmPicture::AddItem(QMenu& menu, const char* array, int index, const char* caption,
+                             const std::function<void()>& command) {
+  QAction* action = menu.addAction(QLatin1String(caption));
+  action->setObjectName(IndexedName(array, index));
+  action->setMenuRole(QAction::NoRole);
+  connect(action, &QAction::triggered, this,
+          [this, command] { Attempt(session_.State, session_.Outside.Messages, command); });
+  return action;
+}
+
+void frmPicture::BuildMenus() {
+  const auto menu = [this](const char* name, const char* caption) -> QMenu& {
+    QMenu* made = menuBar()->addMenu(QLatin1String(caption));
+    made->setObjectName(QLatin1String(name));
+    return *made;
+  };
+  QMenu& file = menu("mnuPlotFile", "&File");
+  AddItem(file, "mnuPlotFileItem", 0, "&Print", [this] { Print(); })->setShortcut(QKeySequence::Print);
+  AddItem(file, "mnuPlotFileItem", 3, "&Save Picture...", [this] {
+    SavePlan();
+  })->setShortcut(QKeySequence::Save);
+  file.addSeparator()->setObjectName(IndexedName("mnuPlotFileItem", 1));
+  AddItem(file, "mnuPlotFileItem", 2, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
+
+  QMenu& edit = menu("mnuEdit", "&Edit");
+  AddItem(edit, "mnuEditItem", 0, "&Copy", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
+  AddItem(edit, "mnuEditItem", 1, "Increase Font Size", [this] {
+    StepFont(1);
+  })->setShortcut(Qt::CTRL | Qt::Key_BracketRight);
+  AddItem(edit, "mnuEditItem", 2, "Decrease Font Size", [this] {
+    StepFont(-1);
+  })->setShortcut(Qt::CTRL | Qt::Key_BracketLeft);
+
+  QMenu& settings = menu("mnuPlotSet", "&Settings");
+  auto* choices = new QActionGroup(this);
+  const Korva& korva = session_.State;
+  constexpr std::array kPlots = {"&Pillar Dimensions", "Unit Pillar Strength",
+                                 "Pillar Load Bearing Capacity"};
+  for (int i = 0; i < static_cast<int>(kPlots.size()); ++i) {
+    QAction* item = AddItem(settings, "mnuPlotSetItem", i, kPlots.at(static_cast<std::size_t>(i)),
+                            [this, i] { ChoosePlot(i); });
+    item->setCheckable(true);
+    item->setChecked(i == 0);
+    item->setEnabled(korva.PlotCaller == kPlanFromResults);
+    choices->addAction(item);
+    plots_.at(static_cast<std::size_t>(i)) = item;
+  }
+  plots_[2]->setVisible(korva.ProjectCalc.CalcMode != kLaminatedModel);
+
+  QMenu& zoom = menu("mnuView", "&View");
+  const auto middle = [this] { return QRectF(view_->rect()).center(); };
+  AddItem(zoom, "mnuViewItem", 0, "Zoom &In", [this, middle] {
+    view_->ZoomBy(kZoomStep, middle());
+  })->setShortcut(QKeySequence::ZoomIn);
+  AddItem(zoom, "mnuViewItem", 1, "Zoom &Out", [this, middle] {
+    view_->ZoomBy(1 / kZoomStep, middle());
+  })->setShortcut(QKeySequence::ZoomOut);
+  AddItem(zoom, "mnuViewItem", 2, "&Whole Plan", [this] {
+    view_->ShowWhole();
+  })->setShortcut(Qt::CTRL | Qt::Key_0);
+}
+
+bool frmPicture::Draw() {
+  return view_->Show(PlanRequestOf(session_.State, true));
+}
+
+void frmPicture::ChoosePlot(int index) {
+  session_.State.PlotType = static_cast<std::int16_t>(index + 1);
+  Draw();
+}
+
+// To the next size that the font really has.
+void frmPicture::StepFont(int direction) {
+  QFont font = view_->TextFont();
+  const double before = QFontInfo(font).pointSizeF();
+  for (int size = static_cast<int>(before + 0.5) + direction; size >= kSmallestFont && size <= kLargestFont;
+       size += direction) {
+    font.setPointSize(size);
+    if (QFontInfo(font).pointSizeF() != before) {
+      view_->SetTextFont(font);
+      return;
+    }
+  }
+}
+
+void frmPicture::Copy() {
+  picTMPCopy_->setPixmap(view_->grab());
+  QGuiApplication::clipboard()->setPixmap(picTMPCopy_->pixmap());
+}
+
+// As it stands in the window, as large as the sheet allows.
+void frmPicture::Print() {
+  session_.Pictures.PrintPicture(windowTitle(), [this](QPaintDevice& sheet, const QRectF& room) {
+    HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Plan");
+    QPainter painter;
+    BeginPainting(painter, sheet);
+    const double side = std::min(room.width(), room.height());
+    painter.translate((room.width() - side) / 2, 0);
+    painter.scale(side / view_->Side(), side / view_->Side());
+    view_->PaintOnPaper(painter);
+  });
+}
+
+void frmPicture::SavePlan() {
+  SavePicture(session_.State, session_.Outside, "Plan", [this](PictureKind kind) {
+    const Plan& plan = view_->Shown();
+    return DrawingPicture(plan.Picture, static_cast<double>(plan.PlanHeight) * view_->Request().TextShare,
+                          kind);
+  });
+}
+
+void frmPicture::PlaceFirst() {
+  const QRect room = (opener_ ? opener_->screen() : screen())->availableGeometry();
+  const int side = static_cast<int>(std::min(room.width(), room.height()) * kFirstShare);
+  squared_ = QSize(side, side + menuBar()->sizeHint().height());
+  resize(squared_);
+  move(room.center() - QPoint(width() / 2, height() / 2));
+}
+
+// The picture is square: the height follows the width, or the width the height, whichever was changed.
+void frmPicture::SquareUp() {
+  const int menu = height() - view_->height();
+  if (isMaximized()) {
+    showNormal();
+    const int tall = static_cast<int>(screen()->availableGeometry().height() * kScreenShare);
+    squared_ = QSize(tall - menu, tall);
+  } else if (height() == width() + menu) {
+    squared_ = size();
+    return;
+  } else if (width() != squared_.width()) {
+    squared_ = QSize(width(), width() + menu);
+  } else {
+    squared_ = QSize(height() - menu, height());
+  }
+  resize(squared_);
+}
+
+void frmPicture::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  QTimer::singleShot(0, this, &frmPicture::SquareUp);
+}
+
+void frmPicture::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && isMaximized()) {
+    QTimer::singleShot(0, this, &frmPicture::SquareUp);
+  }
+}
+
+void frmPicture::closeEvent(QCloseEvent* event) {
+  if (opener_) {
+    opener_->setEnabled(true);
+    opener_->show();
+    opener_->activateWindow();
+  }
+  event->accept();
+  emit Closed();
+}
+
+}  // namespace korva::desktop

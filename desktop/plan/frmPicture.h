@@ -1,0 +1,59 @@
+// The window "View Plan".
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+
+#include "desktop/support/Session.h"
+
+class QLabel;
+class QMenu;
+
+namespace korva::desktop {
+
+class PlanView;
+
+class frmPicture final : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Opens the plan of the working copy for the window that PlotCaller names. Without a window, after a
+  // message, for a panel without extent; run-time errors of the drawing come through. The opener is enabled
+  // and shown again when the plan closes; the plan deletes itself then.
+  static frmPicture* Open(Session& session, QWidget& opener);
+
+ signals:
+  void Closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  frmPicture(Session& session, QWidget& opener);
+
+  void Build();
+  void BuildMenus();
+  QAction* AddItem(QMenu& menu, const char* array, int index, const char* caption,
+                   const std::function<void()>& command);
+  bool Draw();
+  void ChoosePlot(int index);
+  void StepFont(int direction);
+  void Copy();
+  void Print();
+  void SavePlan();
+  void PlaceFirst();
+  void SquareUp();
+
+  Session& session_;
+  QPointer<QWidget> opener_;
+  PlanView* view_ = nullptr;
+  QLabel* picTMPCopy_ = nullptr;
+  std::array<QAction*, 3> plots_{};
+  QSize squared_;  // the size last made square
+};
+
+}  // namespace korva::desktop

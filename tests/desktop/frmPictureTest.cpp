@@ -1,0 +1,215 @@
+// The plan window, and the plan in the windows that open it.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QLabel>
+#include <QPointer>
+#include <QWheelEvent>
+#include <memory>
+
+#include "commands/Calculate.h"
+#include "commands/PlanCommands.h"
+#include "desktop/FormBench.h"
+#include "desktop/input/frmKORVAParm.h"
+#include "desktop/plan/PlanView.h"
+#include "desktop/plan/frmPicture.h"
+#include "desktop/reports/frmResTxtPlt.h"
+#include "support/Panels.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+class PlanWindow : public testing::Test {
+ protected:
+  PlanWindow() {
+    bench_.State.Stored = test::Stored(test::TwoSideGobs());
+    bench_.State.ProjectEmpty = false;
+    CalculateStabilityFactors(bench_.State, bench_.Outside.Messages);
+  }
+  ~PlanWindow() override {
+    if (window_) {
+      window_->close();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  frmPicture& OpenFor(std::int16_t caller) {
+    bench_.State.PlotCaller = caller;
+    window_ = frmPicture::Open(bench_.Forms, opener_);
+    return *window_;
+  }
+
+  QAction& Item(const char* name) { return The<QAction>(*window_, name); }
+  PlanView& View() { return The<PlanView>(*window_, "picPlan"); }
+
+  std::string Caption() {
+    for (const DrawText& text : View().Shown().Picture.Texts) {
+      if (text.Room > 0) {
+        return text.Text;
+      }
+    }
+    return {};
+  }
+
+  FormBench bench_;
+  QWidget opener_;
+  QPointer<frmPicture> window_;
+};
+
+TEST_F(PlanWindow, FromTheFormShowsDimensionsAlone) {
+  OpenFor(kPlanFromForm);
+  for (const char* item : {"mnuPlotSetItem(0)", "mnuPlotSetItem(1)", "mnuPlotSetItem(2)"}) {
+    EXPECT_FALSE(Item(item).isEnabled());
+  }
+  EXPECT_FALSE(View().Request().Values.has_value());
+  EXPECT_EQ(window_->windowTitle(), "View Plan");
+}
+
+TEST_F(PlanWindow, SettingsChooseWhatThePillarsShow) {
+  OpenFor(kPlanFromResults);
+  EXPECT_TRUE(Item("mnuPlotSetItem(0)").isChecked());
+  Item("mnuPlotSetItem(2)").trigger();
+  EXPECT_EQ(bench_.State.PlotType, 3);
+  EXPECT_TRUE(Item("mnuPlotSetItem(2)").isChecked());
+  EXPECT_FALSE(Item("mnuPlotSetItem(0)").isChecked());
+  EXPECT_EQ(Caption(), "KORVA: Pillar Load Bearing Capacity (tons).  Entries shown from left to right.");
+  Item("mnuPlotSetItem(1)").trigger();
+  EXPECT_EQ(Caption(), "KORVA: Unit Pillar Strength (psi).  Entries shown from left to right.");
+}
+
+TEST_F(PlanWindow, TheLaminatedModelOffersNoCapacity) {
+  bench_.State.ProjectCalc.CalcMode = kLaminatedModel;
+  OpenFor(kPlanFromResults);
+  EXPECT_FALSE(Item("mnuPlotSetItem(2)").isVisible());
+  EXPECT_TRUE(Item("mnuPlotSetItem(1)").isVisible());
+}
+
+TEST_F(PlanWindow, FontStepsChangeTheLayout) {
+  OpenFor(kPlanFromForm);
+  const double before = View().Request().TextShare;
+  const int size = QFontInfo(View().TextFont()).pointSize();
+  Item("mnuEditItem(1)").trigger();
+  EXPECT_GT(QFontInfo(View().TextFont()).pointSize(), size);
+  EXPECT_GT(View().Request().TextShare, before);
+  for (int i = 0; i < 60; ++i) {
+    Item("mnuEditItem(2)").trigger();
+  }
+  EXPECT_GE(QFontInfo(View().TextFont()).pointSize(), 4);
+  EXPECT_LT(View().Request().TextShare, before);
+}
+
+TEST_F(PlanWindow, StaysSquare) {
+  OpenFor(kPlanFromForm);
+  QTRY_COMPARE(View().width(), View().height());
+  window_->resize(420, window_->height());
+  QTRY_COMPARE(View().width(), 420);
+  QTRY_COMPARE(View().height(), 420);
+  window_->resize(420, 500);
+  QTRY_COMPARE(window_->height(), 500);
+  QTRY_COMPARE(View().width(), View().height());
+  window_->showMaximized();
+  QTRY_VERIFY(!window_->isMaximized());
+  QTRY_COMPARE(View().width(), View().height());
+  const int tall = static_cast<int>(window_->screen()->availableGeometry().height() * 0.9);
+  QTRY_COMPARE(window_->height(), tall);
+}
+
+TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
+  OpenFor(kPlanFromForm);
+  Item("mnuEditItem(0)").trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->image().width(), View().width());
+  EXPECT_FALSE(The<QLabel>(*window_, "picTMPCopy").isVisible());
+  const TempFolder folder;
+  bench_.Outside.Files.Expect(folder / "plan.svg");
+  Item("mnuPlotFileItem(3)").trigger();
+  EXPECT_EQ(TempFolder::Bytes(folder / "plan.svg").find("<?xml"), 0U);
+  EXPECT_NE(bench_.History().find("Plan saved to file"), std::string::npos);
+
+  Item("mnuPlotFileItem(0)").trigger();
+  EXPECT_NE(bench_.History().find("Printing Plan"), std::string::npos);
+  const QImage& sheet = bench_.Pictures.Sheet;
+  int painted = 0;
+  for (int x = 0; x < sheet.width(); ++x) {
+    painted += sheet.pixelColor(x, sheet.height() / 2) == QColor(Qt::white) ? 0 : 1;
+  }
+  EXPECT_GT(painted, sheet.height() / 4) << "as large as the sheet allows";
+}
+
+TEST_F(PlanWindow, ZoomsAroundThePointerAndTellsWhatStandsThere) {
+  OpenFor(kPlanFromResults);
+  View().ZoomBy(4, {10, 10});
+  EXPECT_DOUBLE_EQ(View().Zoom(), 4);
+  View().ZoomBy(100, {10, 10});
+  EXPECT_DOUBLE_EQ(View().Zoom(), 20);
+  QTest::mouseDClick(&View(), Qt::LeftButton);
+  EXPECT_DOUBLE_EQ(View().Zoom(), 1);
+
+  const Plan& plan = View().Shown();
+  const auto& corners = plan.Pillars.front().Corners;
+  const DrawPoint middle = {static_cast<double>(corners[0].X + corners[2].X) / 2,
+                            static_cast<double>(corners[0].Y + corners[2].Y) / 2};
+  const std::string hint = PlanHintAt(View().Request(), plan, middle);
+  EXPECT_EQ(hint.substr(0, hint.find("Strength")), "Pillar 1, row 1\n40 x 60 ft\n");
+  EXPECT_NE(hint.find("psi"), std::string::npos);
+  EXPECT_NE(hint.find("Load bearing capacity"), std::string::npos);
+  EXPECT_EQ(PlanHintAt(View().Request(), plan, {0, 0}), "");
+}
+
+TEST_F(PlanWindow, GivesItsOpenerBack) {
+  opener_.setEnabled(false);
+  OpenFor(kPlanFromResults);
+  window_->close();
+  EXPECT_TRUE(opener_.isEnabled());
+  EXPECT_TRUE(opener_.isVisible());
+}
+
+TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
+  auto* results = new frmResTxtPlt(bench_.Forms, nullptr);
+  bench_.State.WarningText.clear();
+  results->show();
+  EXPECT_EQ(bench_.State.PlotCaller, kPlanFromResults);
+  Click(*results, "Command9");
+  EXPECT_FALSE(results->isEnabled());
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* plan = qobject_cast<frmPicture*>(window)) {
+      plan->close();
+    }
+  }
+  EXPECT_TRUE(results->isEnabled());
+  results->close();
+}
+
+TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
+  auto* form = new frmKORVAParm(bench_.Forms);
+  form->show();
+  auto& preview = The<PlanView>(*form, "Picture1");
+  ASSERT_TRUE(preview.HasPlan());
+  EXPECT_TRUE(preview.Shown().Picture.Texts.empty()) << "outlines alone";
+  The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("150"));
+  QTRY_VERIFY(preview.Request().ProjectCalc.XcutSpacing == 150);
+  The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("0"));
+  QTRY_VERIFY(!preview.HasPlan());
+  The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("120"));
+  bench_.State.Preferences.Options.ViewChildWindow = 0;
+  Click(*form, "cmdView");
+  EXPECT_TRUE(form->isVisible());
+  EXPECT_EQ(bench_.State.ProjectCalc.XcutSpacing, 120) << "the working copy is what is drawn";
+  EXPECT_EQ(bench_.State.Stored.ProjectInput.XcutSpacing, 80);
+  bench_.State.Preferences.Options.ViewChildWindow = 1;
+  Click(*form, "cmdView");
+  EXPECT_FALSE(form->isVisible());
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* plan = qobject_cast<frmPicture*>(window)) {
+      plan->close();
+    }
+  }
+  EXPECT_TRUE(form->isVisible());
+  bench_.State.Preferences.Options.IssueWarningCancel = 0;
+  form->close();
+}
+
+}  // namespace
+}  // namespace korva::desktop
