@@ -31,16 +31,14 @@ frmPreview::frmPreview(Session& session, QWidget* parent) : QDialog(parent), ses
 QWidget* frmPreview::NewPages() {
   auto* pages = new QTabWidget(this);
   pages->setObjectName(QStringLiteral("tabPages"));
-  const std::string& page = session_.State.OutBuf[0];
   auto* text = new PageView("RichTextBox1", kColumns, kLines, pages);
   text->setAccessibleName(QStringLiteral("Text of the page"));
-  text->setPlainText(FromUtf8(page));
-  auto* sheets = new SheetView("SheetView1", pages);
-  sheets->setAccessibleName(QStringLiteral("Printed sheets"));
-  const PaperSize paper = PaperInUse(session_.State, session_.Outside.Printer);
-  sheets->Show(SheetsOf(page, paper, LocalTimeNow()), paper);
+  text->setPlainText(FromUtf8(session_.State.OutBuf[0]));
+  sheets_ = new SheetView("SheetView1", pages);
+  sheets_->setAccessibleName(QStringLiteral("Printed sheets"));
+  ShowSheets();
   pages->addTab(text, QStringLiteral("&Text"));
-  pages->addTab(sheets, QStringLiteral("&Sheets"));
+  pages->addTab(sheets_, QStringLiteral("&Sheets"));
   return pages;
 }
 
@@ -65,6 +63,11 @@ void frmPreview::Build() {
   all->addLayout(NewButtonRow(help, {copy, print, pdf, close}));
 }
 
+void frmPreview::ShowSheets() {
+  const PaperSize paper = PaperInUse(session_.State, session_.Outside.Printer);
+  sheets_->Show(SheetsOf(session_.State.OutBuf[0], paper, LocalTimeNow()), paper);
+}
+
 void frmPreview::CopyText() {
   session_.Outside.Clipboard.SetText(session_.State.OutBuf[0]);
   HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Output copied to clipboard");
@@ -73,6 +76,7 @@ void frmPreview::CopyText() {
 void frmPreview::PrintPage() {
   Attempt(session_.State, session_.Outside.Messages,
           [this] { PrintText(session_.State, session_.Outside, session_.State.OutBuf[0]); });
+  ShowSheets();  // the dialog may have brought other paper
 }
 
 void frmPreview::SavePdf() {

@@ -7,6 +7,8 @@
 
 namespace korva::desktop {
 
+class SheetView;
+
 class frmPreview final : public QDialog {
   Q_OBJECT
 
@@ -17,11 +19,13 @@ class frmPreview final : public QDialog {
  private:
   void Build();
   QWidget* NewPages();
+  void ShowSheets();
   void CopyText();
   void PrintPage();
   void SavePdf();
 
   Session& session_;
+  SheetView* sheets_ = nullptr;
 };
 
 }  // namespace korva::desktop

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QTabWidget>
 #include <QTimer>
 
 #include "commands/Calculate.h"
@@ -13,6 +14,7 @@
 #include "desktop/FormBench.h"
 #include "desktop/files/frmSet.h"
 #include "desktop/input/frmKORVADesc.h"
+#include "desktop/reports/SheetView.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
@@ -179,15 +181,20 @@ TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
   Click(form, "Command3");
   ASSERT_EQ(printer.Printed.size(), 1U);
   EXPECT_EQ(printer.Printed[0].Sheets.at(0).Texts.back().Text, "second");
+  form.show();
+  const auto& sheets = The<SheetView>(form, "SheetView1");
+  The<QTabWidget>(form, "tabPages").setCurrentIndex(1);
+  const int high = sheets.widget()->height();
+  printer.Loaded = {16838, 11906};
   printer.Cancels = true;
   Click(form, "Command3");
   EXPECT_EQ(printer.Printed.size(), 1U);
+  EXPECT_LT(sheets.widget()->height(), high) << "broadside now";
   bench.Outside.Files.Expect(folder / "inputs.pdf");
   Click(form, "cmdSavePdf");
   EXPECT_TRUE(TempFolder::Bytes(folder / "inputs.pdf").starts_with("%PDF"));
   EXPECT_TRUE(bench.History().starts_with("1. Preview displayed\r\n2. Output copied to clipboard\r\n"));
   EXPECT_NE(bench.History().find("Printing aborted"), std::string::npos);
-  form.show();
   Click(form, "Command1");
   EXPECT_FALSE(form.isVisible());
 }

@@ -87,6 +87,13 @@ TEST(PagePrinter, SheetsBreakBehindThePageEnd) {
   }
 }
 
+TEST(PagePrinter, TenLinesThatEndExactlyThereHaveNotPassedThePageEnd) {
+  const int firstLine = A4Sheets("x").at(0).Texts[2].Y;
+  const PaperSize paper = {kA4Paper.Width, firstLine + 10 * 204 + 1872};
+  EXPECT_EQ(SheetsOf(Lines(11), paper, Moment()).size(), 1U);
+  EXPECT_EQ(SheetsOf(Lines(12), paper, Moment()).size(), 2U);
+}
+
 TEST(PagePrinter, LongLinesGoOnInTheNext) {
   const std::string word(60, 'w');
   const auto body = [](std::string_view text) { return Body(A4Sheets(text).at(0)); };
@@ -100,7 +107,7 @@ TEST(PagePrinter, LongLinesGoOnInTheNext) {
   for (int i = 0; i < 89; ++i) {
     wide += "\u00b5";
   }
-  EXPECT_EQ(body(wide), (Strings{wide.substr(0, 2 * 88), "\u00b5"})) << "characters count, not bytes";
+  EXPECT_EQ(body(wide), (Strings{wide.substr(0, 176), "\u00b5"})) << "characters count, not bytes";
   EXPECT_EQ(Body(SheetsOf(std::string(93, 'a'), kLetterPaper, Moment()).at(0)).at(1), "a");
 }
 
