@@ -86,7 +86,9 @@ void Dots(QPainter& painter, const QRectF& room, double step) {
   painter.drawPoints(dots);
 }
 
-void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& look, double unit) {
+void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& look,
+                  const PaintStyle& style) {
+  const double unit = style.Unit;
   QPen pen = look.Pen;
   pen.setWidthF(pen.widthF() * unit);
   painter.setPen(pen);
@@ -98,6 +100,7 @@ void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& 
   painter.save();
   QPainterPath path;
   path.addPolygon(outline);
+  painter.setRenderHint(QPainter::Antialiasing, style.Paper);  // on the screen it would take most of the time
   painter.setClipPath(path, Qt::IntersectClip);
   const QRectF room = outline.boundingRect().intersected(painter.clipBoundingRect());
   if (look.Over == Pattern::kHatch) {
@@ -142,7 +145,7 @@ class Legend {
       QPointF corner = at + QPointF(item.x, item.row * RowHeight());
       if (item.entry != nullptr) {
         const QRectF room(corner + QPointF(1, 0.15 * swatch), QSizeF(1.1 * swatch, 0.7 * swatch));
-        PaintPolygon(painter, room, LookOf(item.entry->Layer, style_), 1);
+        PaintPolygon(painter, room, LookOf(item.entry->Layer, style_), style_);
         corner += QPointF(1.5 * swatch, 0);
       }
       painter.setPen(style_.Palette.color(QPalette::WindowText));
@@ -202,6 +205,7 @@ void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const Pa
   if (text.Upright) {
     painter.rotate(-90);
   }
+  painter.scale(text.Scale, text.Scale);
   painter.setPen(style.Palette.color(QPalette::WindowText));
   if (text.Room > 0) {
     const QRectF room(0, -metrics.height() / 2, fit.Length(text.Room), 10 * metrics.height());
@@ -244,7 +248,7 @@ void PaintDrawing(QPainter& painter, const QRectF& room, const Drawing& drawing,
     for (const DrawPoint& corner : polygon.Corners) {
       outline << fit(corner);
     }
-    PaintPolygon(painter, outline, LookOf(polygon.Layer, style), style.Unit);
+    PaintPolygon(painter, outline, LookOf(polygon.Layer, style), style);
   }
   if (!style.Texts) {
     return;

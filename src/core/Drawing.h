@@ -32,6 +32,7 @@ struct DrawText {
   double Along = 0.5;  // 0: the text begins at `At`, 1: it ends there
   bool Plate = true;   // on a plate of the paper's colour, where it stands on a pattern
   double Room = 0;     // above 0: breaks into lines of this width below `At`
+  double Scale = 1;    // of its letters, where there is little room
 };
 
 struct LegendEntry {

@@ -177,6 +177,7 @@ class Painter {
     if (text.Upright) {
       cairo_rotate(cairo_, -std::numbers::pi / 2);
     }
+    cairo_scale(cairo_, text.Scale, text.Scale);
     const double height = textSize_ * kLineHeight;
     double y = -height / 2;
     for (const std::string& line :

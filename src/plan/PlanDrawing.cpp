@@ -18,7 +18,9 @@ constexpr std::string_view kWhole = "#0";
 constexpr double kTickShare = 1.0 / 75;  // of the world's width
 constexpr double kValueInset = 0.15;     // of a pillar's width, for stresses
 constexpr double kBesideLine = 0.62;     // text heights from a line to the middle of its text
-constexpr double kTight = 1.2;           // text heights that a strip needs for a text of its own
+constexpr double kLeastGob = 1.2;        // text heights that a gob is wide to be named
+constexpr double kLeastScale = 0.6;
+constexpr double kFitting = 0.95;  // of the room that there is
 constexpr int kFrameTurns = 8;
 constexpr double kFrameSettled = 1e-4;
 constexpr std::array<std::string_view, 4> kGobNames = {"First side gob", "First side barrier",
@@ -71,6 +73,13 @@ class Drawer {
     d_.Texts.push_back({at, upright, std::move(text), along, plate});
   }
 
+  // Makes the last text smaller, as far as it stays readable, to take at most this length and height.
+  void FitText(double length, double height) {
+    DrawText& text = d_.Texts.back();
+    const double scale = std::min({1.0, length / (TextLength(text.Text) * height_), height / height_});
+    text.Scale = std::max(kLeastScale, scale);
+  }
+
   void AddAreas() {
     if (!g_.ActiveGob.empty()) {
       AddPolygon(DrawLayer::kGob, g_.ActiveGob);
@@ -103,15 +112,16 @@ class Drawer {
       d_.Lines.push_back({{x, y - tick_ / 2}, {x, y + tick_ / 2}});
     }
     AddText({(x0 + x1) / 2, y + kBesideLine * height_}, text, false, 0.5, true);
+    FitText(kFitting * (x1 - x0), height_);
   }
 
-  // The same upward, the text left of it, its middle at `share` of the way.
-  void AddUpward(double y0, double y1, double x, const std::string& text, double share = 0.5) {
+  // The same upward, the text left of it.
+  void AddUpward(double y0, double y1, double x, const std::string& text) {
     d_.Lines.push_back({{x, y0}, {x, y1}});
     for (const double y : {y0, y1}) {
       d_.Lines.push_back({{x - tick_ / 2, y}, {x + tick_ / 2, y}});
     }
-    AddText({x - kBesideLine * height_, y0 + share * (y1 - y0)}, text, true, 0.5, true);
+    AddText({x - kBesideLine * height_, (y0 + y1) / 2}, text, true, 0.5, true);
   }
 
   void AddEntryDimensions() {
@@ -130,8 +140,7 @@ class Drawer {
     return g_.GobDrawn[kFirstGob] == 1 ? At(g_.Gobs[kFirstGob][0]).X : At(g_.Pillars[1][1][0]).X;
   }
 
-  // Each line has a strip of one entry width. Where that is too narrow for a text, neighbours stand at other
-  // heights.
+  // Each line has a strip of one entry width.
   void AddCrosscutDimensions() {
     if (r_.Options.PlotXcutDims != 1) {
       return;
@@ -143,8 +152,9 @@ class Drawer {
       const double x = edge - (once ? 1 : p_.NumberEntries - i) * W();
       const double near = At(g_.Pillars[i][1][0]).Y;
       const double far = At(g_.Pillars[i][1][3]).Y;
-      const double share = once || W() > kTight * height_ ? 0.5 : 0.25 + 0.25 * (i % 3);
-      AddUpward(near - crosscut / 2, far + crosscut / 2, x, Whole(S()), share);
+      AddUpward(near - crosscut / 2, far + crosscut / 2, x, Whole(S()));
+      FitText(S(), once ? height_ : kFitting * W());
+      d_.Texts.back().At.X = x - kBesideLine * height_ * d_.Texts.back().Scale;
     }
   }
 
@@ -153,7 +163,8 @@ class Drawer {
       const double y = S() / 2;
       const auto across = [&](PlanGobIndex gob, double width) {
         if (g_.GobDrawn[gob] == 1) {
-          AddAcross(At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X, y, Whole(width));
+          const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
+          AddAcross(left, right, y, Whole(width));
         }
       };
       across(kFirstBarrier, p_.BarrierFirstGob);
@@ -203,7 +214,7 @@ class Drawer {
     }
     const DrawPoint low = At(g_.Gobs[gob][0]);
     const DrawPoint high = At(g_.Gobs[gob][2]);
-    if (high.X - low.X < kTight * height_) {
+    if (high.X - low.X < kLeastGob * height_) {
       return;
     }
     std::string name(kGobNames[static_cast<std::size_t>(gob - kFirstGob)]);
@@ -259,6 +270,7 @@ class Drawer {
       const DrawPoint a = At(corners[0]);
       const DrawPoint b = At(corners[2]);
       AddText({(a.X + b.X) / 2, (a.Y + b.Y) / 2}, text, true);
+      FitText(kFitting * (At(corners[3]).Y - a.Y), kFitting * (b.X - a.X));
     }
   }
 
@@ -310,6 +322,7 @@ class Drawer {
         } else {
           AddText({At(corners[1]).X - inset, y}, text, false, 1);
         }
+        FitText(inset / kValueInset, height_);
       }
     }
   }

@@ -9,7 +9,7 @@ namespace korva {
 
 namespace {
 
-constexpr double kDigit = 0.5;  // its width as a share of the line height
+constexpr double kDigit = 0.55;  // its width as a share of the line height
 
 void Grow(DrawBox& box, const DrawPoint& point) {
   box.Low = {std::min(box.Low.X, point.X), std::min(box.Low.Y, point.Y)};
@@ -17,7 +17,8 @@ void Grow(DrawBox& box, const DrawPoint& point) {
 }
 
 // `along` runs in the text's direction.
-void GrowByText(DrawBox& box, const DrawText& text, double height) {
+void GrowByText(DrawBox& box, const DrawText& text, double textHeight) {
+  const double height = textHeight * text.Scale;
   const double length = TextLength(text.Text) * height;
   const double begin = -text.Along * length;
   for (const double along : {begin, begin + length}) {

@@ -45,7 +45,8 @@ struct PlanGeometry {
   ByPlanPillar<PlanCorners> Pillars;
   std::vector<PlanBleeder> Bleeders;
   IndexedArray<std::int16_t, kFirstGob, kSecondGob> GobDrawn;
-  // From the near left corner on; a barrier with a slab cut has the two corners of its step besides.
+  // Gobs from the near left corner on, barriers from the near corner at their gob; a slab cut adds the two
+  // corners of its step.
   IndexedArray<std::vector<PlanPoint>, kFirstGob, kSecondGob> Gobs;
   std::vector<PlanPoint> ActiveGob;  // empty if there is none
   float RowTop = 0;                  // the greatest far Y of row 6
