@@ -124,9 +124,10 @@ int RunProgram(Application& application) {
   QtMessages messages;
   QtFileChoice files;
   QtClipboard clipboard;
+  QtPrograms programs;
   QtBusy busy;
   QtDocuments documents;
-  Ports ports{messages, files, clipboard, busy, documents};
+  Ports ports{messages, files, clipboard, programs, busy, documents};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());

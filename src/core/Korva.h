@@ -76,6 +76,8 @@ struct Korva {
   // The last parametric sweep.
   SweepData Sweep;
 
+  std::string LastBrowseFolder;  // of the text viewer, between its openings
+
   Settings Preferences;
   Folders Places;
   History SessionHistory;

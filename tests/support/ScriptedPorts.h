@@ -65,13 +65,25 @@ class KeptDocuments final : public DocumentPort {
   bool CanOpen = true;
 };
 
+class KeptPrograms final : public ProgramPort {
+ public:
+  bool Run(const std::string& program, const std::vector<std::string>& arguments) override {
+    Calls.push_back({program});
+    Calls.back().insert(Calls.back().end(), arguments.begin(), arguments.end());
+    return CanRun;
+  }
+  std::vector<std::vector<std::string>> Calls;  // program and arguments
+  bool CanRun = true;
+};
+
 struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
   KeptClipboard Clipboard;
+  KeptPrograms Programs;
   CountedBusy Busy;
   KeptDocuments Documents;
-  Ports All{Messages, Files, Clipboard, Busy, Documents};
+  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents};
 };
 
 }  // namespace korva
