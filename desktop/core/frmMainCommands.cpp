@@ -13,6 +13,7 @@
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmTextBrow.h"
 #include "services/HelpTexts.h"
 
 namespace korva::desktop {
@@ -40,6 +41,11 @@ void frmMain::FileItem(int index) {
     case kSaveAs:
       fileMenu_.Save(index == kSaveAs);
       break;
+    case kViewSourceFiles: {
+      frmTextBrow form(session_, this);
+      form.exec();
+      break;
+    }
     case kExit:
       close();
       return;

@@ -9,7 +9,7 @@ namespace korva {
 namespace {
 
 constexpr std::size_t kCheckedAtOnce = std::size_t{256} << 10;
-constexpr std::size_t kShownAtOnce = std::size_t{16} << 10;
+constexpr std::size_t kShownAtOnce = std::size_t{8} << 10;
 
 constexpr char32_t kByteOrderMark = 0xFEFF;
 constexpr std::string_view kReplacement = "\uFFFD";
