@@ -23,7 +23,7 @@ TextLoader::TextLoader(Session& session, QPlainTextEdit& view) : session_(sessio
 
 void TextLoader::Load(const std::string& file) {
   Clear();
-  file_ = std::make_unique<ShownFile>(file);
+  file_ = std::make_shared<ShownFile>(file);
   emit Progress(QStringLiteral("Loading... 0%"));
   timer_.start(0);
 }
@@ -36,11 +36,15 @@ void TextLoader::Clear() {
 }
 
 void TextLoader::Step() {
+  const std::shared_ptr<ShownFile> file = file_;
   QElapsedTimer spent;
   spent.start();
-  while (!file_->Ended() && spent.elapsed() < kStepTime) {
+  while (!file->Ended() && spent.elapsed() < kStepTime) {
     std::string piece;
-    const auto result = Attempt(session_.State, session_.Outside.Messages, [&] { piece = file_->Next(); });
+    const auto result = Attempt(session_.State, session_.Outside.Messages, [&] { piece = file->Next(); });
+    if (file != file_) {  // another was chosen while a message waited for its answer
+      return;
+    }
     if (result != AttemptResult::kDone) {
       emit Progress(QStringLiteral("The rest could not be read"));
       return;
@@ -49,13 +53,13 @@ void TextLoader::Step() {
     end.movePosition(QTextCursor::End);
     end.insertText(FromUtf8(piece));
   }
-  if (!file_->Ended()) {
-    emit Progress(QStringLiteral("Loading... %1%").arg(file_->Percent()));
+  if (!file->Ended()) {
+    emit Progress(QStringLiteral("Loading... %1%").arg(file->Percent()));
     timer_.start(0);
-  } else if (file_->IsCut()) {
+  } else if (file->IsCut()) {
     emit Progress(QStringLiteral("Only the beginning is shown: at most %1 MB and %L2 lines")
-                      .arg(file_->Limits().Bytes >> 20)
-                      .arg(file_->Limits().Lines));
+                      .arg(file->Limits().Bytes >> 20)
+                      .arg(file->Limits().Lines));
   } else {
     emit Progress({});
   }

@@ -33,7 +33,7 @@ class TextLoader final : public QObject {
 
   Session& session_;
   QPlainTextEdit& view_;
-  std::unique_ptr<ShownFile> file_;
+  std::shared_ptr<ShownFile> file_;
   QTimer timer_;
 };
 

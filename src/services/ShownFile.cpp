@@ -85,8 +85,7 @@ std::string ShownFile::Piece() {
   std::string text = isUtf8_ ? broken_ + bytes : Windows1252ToUtf8(bytes);
   const std::size_t whole = isUtf8_ && !bytes.empty() ? BytesOfWholeCharacters(text) : text.size();
   broken_ = text.substr(whole);
-  std::string shown;
-  shown.reserve(text.size());
+  std::string shown = std::move(unfinished_);
   std::string_view rest = std::string_view(text).substr(0, whole);
   while (!rest.empty() && lines_ <= limits_.Lines) {
     const std::string_view from = rest;
@@ -101,6 +100,9 @@ std::string ShownFile::Piece() {
     ended_ = true;
     cut_ = full || (read_ == limits_.Bytes && file_->Size() > limits_.Bytes);
   }
+  // A view lays out the line that a piece ends in: it gets whole lines, so that none is laid out twice.
+  unfinished_ = ended_ ? std::string() : shown.substr(shown.rfind('\n') + 1);
+  shown.resize(shown.size() - unfinished_.size());
   return shown;
 }
 

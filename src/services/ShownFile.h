@@ -24,8 +24,8 @@ class ShownFile {
   // Run-time errors 53, 70, 75 and 76.
   explicit ShownFile(const std::string& path, const ShownLimits& limits = {});
 
-  // Does a step of one or two milliseconds and gives the text that it made, in UTF-8. At first there is none:
-  // the encoding has to be found out. Run-time error 57.
+  // Does a step of one or two milliseconds and gives the text that it made, in UTF-8 and, up to the end, in
+  // whole lines. At first there is none: the encoding has to be found out. Run-time error 57.
   std::string Next();
 
   bool Ended() const { return ended_; }
@@ -49,7 +49,8 @@ class ShownFile {
   bool ended_ = false;
   bool cut_ = false;
   std::uint64_t read_ = 0;
-  std::string broken_;  // the first bytes of a character that the last piece broke
+  std::string broken_;      // the first bytes of a character that the last piece broke
+  std::string unfinished_;  // the beginning of a line
   bool begun_ = false;
   bool afterReturn_ = false;
   int column_ = 0;

@@ -23,6 +23,7 @@ class ShownFileTest : public testing::Test {
     while (!file.Ended()) {
       const std::string piece = file.Next();
       EXPECT_TRUE(IsUtf8(piece));
+      EXPECT_TRUE(piece.empty() || piece.ends_with('\n') || file.Ended());
       EXPECT_GE(file.Percent(), percent);
       percent = file.Percent();
       text += piece;
