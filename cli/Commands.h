@@ -9,6 +9,7 @@ Command AddReport(CLI::App& app, const CommonOptions& common);
 Command AddCalc(CLI::App& app, const CommonOptions& common);
 Command AddBatch(CLI::App& app, const CommonOptions& common);
 Command AddSweep(CLI::App& app, const CommonOptions& common);
+Command AddPlan(CLI::App& app, const CommonOptions& common);
 Command AddSave(CLI::App& app, const CommonOptions& common);
 Command AddConvert(CLI::App& app, const CommonOptions& common);
 

@@ -6,8 +6,12 @@
 #include "Commands.h"
 #include "commands/Calculate.h"
 #include "commands/PrivateFiles.h"
+#include "core/FileNames.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
+#include "pictures/PictureFile.h"
+#include "services/PagePrinter.h"
+#include "services/PagesPdf.h"
 
 namespace korva::cli {
 
@@ -19,6 +23,7 @@ struct ReportCall {
   std::string Model;
   bool AsJson = false;
   std::string Out;
+  std::string Paper;  // of a PDF; empty for that of the project's units
 };
 
 Json ReportJson(const std::string& file, const Json& refused, const Json& pages,
@@ -26,18 +31,43 @@ Json ReportJson(const std::string& file, const Json& refused, const Json& pages,
   return {{"file", file}, {"refused", refused}, {"pages", pages}, {"warnings", warnings}};
 }
 
-// The pages asked for, or all, with a line that holds a form feed between two.
-std::string PagesText(const Korva& korva, std::vector<int> pages) {
+// The pages asked for, or all, with `between` between two.
+std::string PagesText(const Korva& korva, std::vector<int> pages, std::string_view between) {
   if (pages.empty()) {
     for (int page = 0; page <= korva.OutPageLast; ++page) {
       pages.push_back(page);
     }
   }
   std::string text;
-  for (const int page : pages) {
-    text += (text.empty() ? "" : "\f\n") + PlatformLines(korva.OutBuf[page]);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    text.append(i == 0 ? "" : between).append(korva.OutBuf[pages[i]]);
   }
   return text;
+}
+
+bool IsPdf(const ReportCall& call) {
+  return PictureKindOf(call.Out) == PictureKind::kPdf;
+}
+
+// The pages as the program prints them.
+std::string ReportPdf(const Korva& korva, const ReportCall& call) {
+  const PaperSize paper = call.Paper.empty()   ? PaperOfUnits(korva.Stored.ProjectUnits)
+                          : call.Paper == "a4" ? kA4Paper
+                                               : kLetterPaper;
+  const auto sheets = SheetsOf(PagesText(korva, call.Pages, ""), paper, LocalTimeNow());
+  return PagesPdf(sheets, paper, FileBaseName(korva.ProjectFileName, true));
+}
+
+void CheckCall(const ReportCall& call) {
+  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
+    throw UsageError{"the report would replace the project file itself"};
+  }
+  if (call.AsJson && IsPdf(call)) {
+    throw UsageError{"JSON does not go into a PDF; leave out --json or give -o another ending"};
+  }
+  if (!call.Paper.empty() && !IsPdf(call)) {
+    throw UsageError{"--paper is for a report as PDF, -o OUT.pdf"};
+  }
 }
 
 int Report(Korva& korva, const ReportCall& call) {
@@ -48,13 +78,7 @@ int Report(Korva& korva, const ReportCall& call) {
       WriteFileSafely(call.Out, text);
     }
   };
-  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
-    throw UsageError{"the report would replace the project file itself"};
-  }
-  if (call.Out.ends_with(".pdf") || call.Out.ends_with(".PDF")) {
-    Complain("a report as PDF is not built yet; give the file another ending for plain text");
-    return kFailed;
-  }
+  CheckCall(call);
   if (!OpenProject(korva, call.File, call.AsJson)) {
     return kFailed;
   }
@@ -73,7 +97,7 @@ int Report(Korva& korva, const ReportCall& call) {
     output(JsonText(ReportJson(call.File, nullptr, pages, korva.WarningText)));
     return kDone;
   }
-  output(PagesText(korva, call.Pages));
+  output(IsPdf(call) ? ReportPdf(korva, call) : PlatformLines(PagesText(korva, call.Pages, "\f\r\n")));
   if (!korva.WarningText.empty()) {
     PrintBeside("KORVA Warnings\n" + PlatformLines(korva.WarningText));
   }
@@ -93,7 +117,15 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
       ->check(CLI::Range(0, 5));
   AddModelOption(*parser, call->Model);
   parser->add_flag("--json", call->AsJson, "all pages and the warnings as JSON");
-  parser->add_option("-o", call->Out, "write to this file instead of the terminal")->type_name("OUT");
+  parser
+      ->add_option("-o", call->Out,
+                   "write to this file instead of the terminal; a name ending in .pdf gets printed pages")
+      ->type_name("OUT");
+  parser
+      ->add_option("--paper", call->Paper,
+                   "paper of a PDF, a4 or letter; else as the units of the project ask")
+      ->type_name("PAPER")
+      ->check(CLI::IsMember({"a4", "letter"}));
   parser->footer("Example:\n  korva report examples/two-side-gobs.KVL --page 1");
   return {parser, [call, &common] {
             return RunGuarded(common, call->File, call->AsJson,

@@ -56,7 +56,8 @@ int Run(int argc, char** argv) {
   CommonOptions common;
   AddCommonOptions(app, common);
   std::vector<Command> commands = {AddReport(app, common), AddCalc(app, common), AddBatch(app, common),
-                                   AddSweep(app, common),  AddSave(app, common), AddConvert(app, common)};
+                                   AddSweep(app, common),  AddPlan(app, common), AddSave(app, common),
+                                   AddConvert(app, common)};
   for (Command& planned : AddPlanned(app)) {
     commands.push_back(std::move(planned));
   }

@@ -15,6 +15,7 @@
 #include "core/Version.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/services/QtPorts.h"
+#include "desktop/services/QtPrinter.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
 
@@ -127,12 +128,13 @@ int RunProgram(Application& application) {
   QtPrograms programs;
   QtBusy busy;
   QtDocuments documents;
-  Ports ports{messages, files, clipboard, programs, busy, documents};
+  QtPrinter printer;
+  Ports ports{messages, files, clipboard, programs, busy, documents, printer};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());
   StartUp(korva, FoldersOfThisMachine(), BestFont);
-  frmMain main(korva, ports);
+  frmMain main(korva, ports, printer);
   QDir::setCurrent(QCoreApplication::applicationDirPath());
   if (!main.AcceptDisclaimer()) {
     return 0;

@@ -39,10 +39,10 @@ QString DroppedFile(const QMimeData* data) {
 
 }  // namespace
 
-frmMain::frmMain(Korva& korva, Ports& ports)
+frmMain::frmMain(Korva& korva, Ports& ports, PicturePrinter& pictures)
     : korva_(korva),
       ports_(ports),
-      session_{korva, ports, *this},
+      session_{korva, ports, *this, pictures},
       recovery_(korva),
       fileMenu_(korva, ports, recovery_),
       menus_(*this, Commands()) {

@@ -29,7 +29,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   Q_OBJECT
 
  public:
-  frmMain(Korva& korva, Ports& ports);
+  frmMain(Korva& korva, Ports& ports, PicturePrinter& pictures);
   ~frmMain() override;
 
   // Shows the disclaimer if the settings ask for it. False if it was refused: the program ends then.
@@ -56,6 +56,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   void Run(const std::function<void()>& command);
 
   void FileItem(int index);
+  // False if the person does not want an empty project printed.
+  bool PrintItem(int index);
   void EditItem(int index);
   void CalcItem(int index);
   void GraphItem(int index);

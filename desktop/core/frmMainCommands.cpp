@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 
 #include "commands/Calculate.h"
+#include "commands/PrintCommands.h"
 #include "commands/ProjectSummary.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/files/frmSet.h"
@@ -13,6 +14,7 @@
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmPreview.h"
 #include "desktop/services/frmTextBrow.h"
 #include "services/HelpTexts.h"
 
@@ -41,6 +43,15 @@ void frmMain::FileItem(int index) {
     case kSaveAs:
       fileMenu_.Save(index == kSaveAs);
       break;
+    case kPrinterSetup:
+      ports_.Printer.SetUp();
+      break;
+    case kPrint:
+    case kPrintPreview:
+      if (!PrintItem(index)) {
+        return;
+      }
+      break;
     case kViewSourceFiles: {
       frmTextBrow form(session_, this);
       form.exec();
@@ -57,6 +68,18 @@ void frmMain::FileItem(int index) {
   }
   menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
   SetGraphMenu();
+}
+
+bool frmMain::PrintItem(int index) {
+  if (index == kPrint) {
+    return PrintInputPage(korva_, ports_);
+  }
+  if (!LoadInputPage(korva_, ports_.Messages)) {
+    return false;
+  }
+  frmPreview preview(session_, this);
+  preview.exec();
+  return true;
 }
 
 void frmMain::AfterOpening(bool opened) {

@@ -9,16 +9,17 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QVBoxLayout>
 #include <cmath>
 
 #include "commands/Attempt.h"
 #include "commands/GraphCommands.h"
+#include "commands/SavePicture.h"
 #include "core/Format.h"
 #include "desktop/graphs/frmGraphOpt.h"
+#include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
+#include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
 
 namespace korva::desktop {
@@ -366,7 +367,8 @@ void frmGraph::FileItem(int index) {
       ExportGraph(session_.State, session_.Outside, TheChart());
       break;
     case kPictureIndex:
-      SaveGraphPicture(session_.State, session_.Outside, TheChart());
+      SavePicture(session_.State, session_.Outside, "Graph",
+                  [this](PictureKind kind) { return ChartPicture(TheChart(), kind); });
       break;
     default:
       close();
@@ -375,26 +377,17 @@ void frmGraph::FileItem(int index) {
 }
 
 void frmGraph::Print() {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setDocName(heading_->text());
-  printer.setPageOrientation(QPageLayout::Landscape);
-  QPrintDialog dialog(&printer, this);
-  if (dialog.exec() != QDialog::Accepted) {
-    return;
-  }
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Graph");
-  QCPPainter painter;
-  if (!painter.begin(&printer)) {
-    throw RuntimeError(ErrorNumber::kPrinter, "the graph cannot be printed");
-  }
-  // In the proportions of the screen, as large as the sheet allows.
-  const QRect sheet = printer.pageLayout().paintRectPixels(printer.resolution());
-  const double scale = std::min(static_cast<double>(sheet.width()) / graph1_->width(),
-                                static_cast<double>(sheet.height()) / graph1_->height());
-  painter.setMode(QCPPainter::pmVectorized);
-  painter.setMode(QCPPainter::pmNoCaching);
-  painter.scale(scale, scale);
-  graph1_->toPainter(&painter, graph1_->width(), graph1_->height());
+  session_.Pictures.PrintPicture(heading_->text(), [this](QPaintDevice& sheet, const QRectF& room) {
+    HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Graph");
+    QCPPainter painter;
+    BeginPainting(painter, sheet);
+    // In the proportions of the screen, as large as the sheet allows.
+    const double scale = std::min(room.width() / graph1_->width(), room.height() / graph1_->height());
+    painter.setMode(QCPPainter::pmVectorized);
+    painter.setMode(QCPPainter::pmNoCaching);
+    painter.scale(scale, scale);
+    graph1_->toPainter(&painter, graph1_->width(), graph1_->height());
+  });
 }
 
 void frmGraph::Copy() {

@@ -139,7 +139,7 @@ void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const Pa
   QRectF plate(0, 0, metrics.horizontalAdvance(words) + 4, metrics.height());
   plate.moveCenter({0, 0});
   painter.save();
-  painter.translate(fit(text.Middle));
+  painter.translate(fit(text.At));
   if (text.Upright) {
     painter.rotate(-90);
   }

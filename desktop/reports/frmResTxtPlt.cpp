@@ -9,6 +9,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "commands/Attempt.h"
+#include "commands/PrintCommands.h"
 #include "core/Text.h"
 #include "desktop/reports/PageView.h"
 #include "desktop/reports/frmPopUp.h"
@@ -65,12 +67,16 @@ void frmResTxtPlt::Build() {
   QPushButton* copyPage =
       button("cmdCopyPage", "&Copy Page", "Copies this page as text", [this] { CopyPage(); });
   QPushButton* copyAll = button("cmdCopyAll", "Cop&y All", "Copies all pages as text", [this] { CopyAll(); });
-  QPushButton* printPage = button("Command3", "&Print Page", "Prints this page", [] {});
-  QPushButton* printAll = button("Command6", "Print &All", "Prints all pages", [] {});
+  QPushButton* printPage = button("Command3", "&Print Page", "Prints this page",
+                                  [this] { Print("Current page printed", page_, page_); });
+  QPushButton* printAll = button("Command6", "Print &All", "Prints all pages",
+                                 [this] { Print("All pages printed", 0, session_.State.OutPageLast); });
+  QPushButton* savePdf = button("cmdSavePdf", "Save as P&DF...",
+                                "Writes all pages to a file as they would be printed", [this] { SavePdf(); });
   QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [] {});
   QPushButton* helpFactors =
       button("Command10", "Help on Stability Factors", "How to read stability factors", [] {});
-  for (QPushButton* later : {printPage, printAll, view, helpFactors}) {
+  for (QPushButton* later : {view, helpFactors}) {
     connect(later, &QPushButton::clicked, this, [this, later] { SayNotBuilt(*later); });
   }
   QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
@@ -85,7 +91,7 @@ void frmResTxtPlt::Build() {
     paging->addWidget(widget);
   }
   paging->addStretch();
-  for (QPushButton* tool : {copyPage, copyAll, printPage, printAll, view}) {
+  for (QPushButton* tool : {copyPage, copyAll, printPage, printAll, savePdf, view}) {
     paging->addWidget(tool);
   }
   all->addLayout(paging);
@@ -124,12 +130,21 @@ void frmResTxtPlt::CopyPage() {
 }
 
 void frmResTxtPlt::CopyAll() {
-  std::string all;
-  for (int page = 0; page <= session_.State.OutPageLast; ++page) {
-    all += session_.State.OutBuf[page];
-  }
-  session_.Outside.Clipboard.SetText(all);
+  session_.Outside.Clipboard.SetText(JoinPages(session_.State, 0, session_.State.OutPageLast));
   HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Output copied to clipboard");
+}
+
+void frmResTxtPlt::Print(const char* logged, int first, int last) {
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, logged);
+  Attempt(session_.State, session_.Outside.Messages,
+          [&] { PrintPages(session_.State, session_.Outside, first, last); });
+  Loadbuffer();
+}
+
+void frmResTxtPlt::SavePdf() {
+  Attempt(session_.State, session_.Outside.Messages, [this] {
+    SaveTextAsPdf(session_.State, session_.Outside, JoinPages(session_.State, 0, session_.State.OutPageLast));
+  });
 }
 
 void frmResTxtPlt::SayNotBuilt(const QPushButton& button) {

@@ -35,6 +35,8 @@ class frmResTxtPlt final : public QDialog {
   void PreviousPage();
   void CopyPage();
   void CopyAll();
+  void Print(const char* logged, int first, int last);
+  void SavePdf();
   void SayNotBuilt(const QPushButton& button);
   void showPopWarnings();
 

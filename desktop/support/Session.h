@@ -8,6 +8,8 @@ class QWidget;
 
 namespace korva::desktop {
 
+class PicturePrinter;
+
 class MainWindow {
  public:
   virtual ~MainWindow() = default;
@@ -27,6 +29,7 @@ struct Session {
   Korva& State;
   Ports& Outside;
   MainWindow& Main;
+  PicturePrinter& Pictures;
 };
 
 }  // namespace korva::desktop

@@ -4,6 +4,7 @@
 #include "core/Format.h"
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
+#include "plan/KORVAgraf.h"
 #include "reports/Reports.h"
 #include "reports/RoundSF.h"
 
@@ -72,6 +73,20 @@ bool IsRefused(Korva& korva, MessagePort& messages) {
   return refusal.has_value();
 }
 
+// What the plan shows of it.
+PlanValues ValuesOf(const Korva& korva, const Evaluated& evaluated) {
+  const OptionSettings& options = korva.Preferences.Options;
+  const bool traditional = evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
+  return PlanValuesOf(traditional ? &evaluated.Run : nullptr,
+                      evaluated.Model == kTraditionalModel ? nullptr : &evaluated.Laminated.Results,
+                      korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
+}
+
+std::string InputPage(Korva& korva) {
+  NormalizeDescription(korva.Stored);
+  return InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+}
+
 void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
   korva.Strond = evaluated.Laminated.Results;
   korva.StrondOutFile = std::move(evaluated.Laminated.StrondOutFile);
@@ -79,6 +94,10 @@ void KeepLaminatedRun(Korva& korva, Evaluated& evaluated) {
 }
 
 }  // namespace
+
+void LoadOutBuf0(Korva& korva) {
+  korva.OutBuf[0] = InputPage(korva);
+}
 
 // The same spacing goes into every slot.
 void FillPlotCopies(Korva& korva) {
@@ -133,11 +152,11 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
   if (model == kComparedModels) {
     ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
   }
-  NormalizeDescription(korva.Stored);
   PageSet set =
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
-  set.Pages[0] = InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
+  set.Pages[0] = InputPage(korva);
   korva.LastRun = SummaryOf(korva, evaluated);
+  korva.PillarValues = ValuesOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
   if (model != kTraditionalModel) {

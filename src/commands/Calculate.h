@@ -29,6 +29,9 @@ Evaluated EvaluateProject(const Korva& korva, std::int16_t model);
 // The stability factors of one of the models that ran, by case, as page 1 has them.
 ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, const OptionSettings& options);
 
+// Writes page 0, the echo of the working copy.
+void LoadOutBuf0(Korva& korva);
+
 // Fills the plan view's single-precision copies from the working copy.
 void FillPlotCopies(Korva& korva);
 

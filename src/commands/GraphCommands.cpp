@@ -7,7 +7,6 @@
 #include "core/FileNames.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
-#include "graphs/ChartPicture.h"
 #include "graphs/GraphWorkbook.h"
 
 namespace korva {
@@ -51,27 +50,6 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
               {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
                .title = {},
                .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file)});
-}
-
-void SaveGraphPicture(Korva& korva, Ports& ports, const Chart& chart) {
-  const FileQuestion question = {
-      .Save = true,
-      .Title = "Save Picture",
-      .Folder = korva.Preferences.DataPath,
-      .Name = FileBaseName(korva.ProjectFileName, true) + ".svg",
-      .DefaultExtension = "svg",
-      .Filters = {"Scalable picture (*.svg)", "Portable document (*.pdf)", "Picture (*.png)"}};
-  const auto file = ports.Files.ChooseFile(question);
-  if (!file) {
-    return;
-  }
-  const auto kind = PictureKindOf(*file);
-  if (!kind) {
-    ShowMessage(korva, ports.Messages, {.text = "A picture's name ends in .svg, .pdf or .png", .title = {}});
-    return;
-  }
-  WriteFileSafely(*file, ChartPicture(chart, *kind));
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Graph saved to file: " + *file);
 }
 
 }  // namespace korva

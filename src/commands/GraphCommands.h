@@ -13,8 +13,4 @@ namespace korva {
 // under a name that is free, opens it, and tells how many curves it has. Run-time errors of writing.
 void ExportGraph(Korva& korva, Ports& ports, const Chart& chart);
 
-// "Save Picture": asks for a name and writes the graph as SVG, PDF or PNG, by its extension. Run-time errors
-// of writing.
-void SaveGraphPicture(Korva& korva, Ports& ports, const Chart& chart);
-
 }  // namespace korva

@@ -19,11 +19,19 @@ struct DrawPolygon {
   std::vector<DrawPoint> Corners;
 };
 
-// A text around its middle.
+struct DrawLine {
+  DrawPoint From;
+  DrawPoint To;
+};
+
+// A text. `At` lies on its middle height, and along it where `Along` says.
 struct DrawText {
-  DrawPoint Middle;
+  DrawPoint At;
   bool Upright = false;  // runs from bottom to top
   std::string Text;
+  double Along = 0.5;  // 0: the text begins at `At`, 1: it ends there
+  bool Plate = true;   // on a plate of the paper's colour, where it stands on a pattern
+  double Room = 0;     // above 0: breaks into lines of this width below `At`
 };
 
 struct LegendEntry {
@@ -31,11 +39,13 @@ struct LegendEntry {
   std::string Text;
 };
 
-// Records are painted in their order, polygons first. All of them lie between `Low` and `High`.
+// Polygons are painted first, then lines, then texts, each in their order. All of them lie between `Low` and
+// `High`.
 struct Drawing {
   DrawPoint Low;
   DrawPoint High;
   std::vector<DrawPolygon> Polygons;
+  std::vector<DrawLine> Lines;  // dimensions
   std::vector<DrawText> Texts;
   std::vector<LegendEntry> Legend;  // beside the drawing
   std::string Note;                 // behind the legend

@@ -13,6 +13,7 @@
 #include "core/History.h"
 #include "core/IndexedArray.h"
 #include "core/Messages.h"
+#include "core/PlanValues.h"
 #include "core/Project.h"
 #include "core/Settings.h"
 #include "core/StrondResults.h"
@@ -57,9 +58,13 @@ struct Korva {
   // The working copy that a calculation reads; never saved.
   Project ProjectCalc;
 
-  // Single-precision copies for the plan view.
+  // The plan view: single-precision copies, what the pillars show (1 to 5), which window opened it (1 the
+  // parameters form, 2 the results), and what the last run says about the pillars.
   IndexedArray<float, 1, 10> PlotXcutSpacing;
   float PlotXcutAngle = 0;
+  std::int16_t PlotType = 1;
+  std::int16_t PlotCaller = 0;
+  std::optional<PlanValues> PillarValues;
 
   // The last run's output. An empty WarningText means no popup.
   OutputPages OutBuf;

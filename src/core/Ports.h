@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Messages.h"
+#include "core/PrintedSheet.h"
 
 namespace korva {
 
@@ -52,6 +53,21 @@ class ProgramPort {
   virtual bool Run(const std::string& program, const std::vector<std::string>& arguments) = 0;
 };
 
+// The printer of the person's choice, which holds while the program runs. All calls but Paper raise run-time
+// error 482 if there is no printer.
+class PrinterPort {
+ public:
+  virtual ~PrinterPort() = default;
+  // The set-up dialog; false if it was cancelled, and then nothing has changed.
+  virtual bool SetUp() = 0;
+  // The print dialog; false if it was cancelled.
+  virtual bool Choose() = 0;
+  // The paper in it, or nothing if there is no printer.
+  virtual std::optional<PaperSize> Paper() = 0;
+  // Prints a document; run-time error 482 if the printer fails.
+  virtual void Print(const std::vector<PrintedSheet>& sheets, const std::string& title) = 0;
+};
+
 // The busy pointer; calls nest.
 class BusyPort {
  public:
@@ -67,6 +83,7 @@ struct Ports {
   ProgramPort& Programs;
   BusyPort& Busy;
   DocumentPort& Documents;
+  PrinterPort& Printer;
 };
 
 // Shows the busy pointer while it lives.

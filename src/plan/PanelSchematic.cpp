@@ -42,8 +42,8 @@ class SideBuilder {
     drawing_.Polygons.push_back(std::move(polygon));
   }
 
-  void AddText(double x, double y, std::string_view text, bool upright) const {
-    drawing_.Texts.push_back({{Across(x), y}, upright, std::string(text)});
+  void AddText(double x, double y, std::string_view text, bool upright, bool plate = true) const {
+    drawing_.Texts.push_back({{Across(x), y}, upright, std::string(text), 0.5, plate});
   }
 
  private:
@@ -73,7 +73,7 @@ void AddPillars(Drawing& drawing, const PanelPicture& picture) {
                                            left + kPillarWidth, bottom + kPillarLength));
       if (leaveRow) {
         drawing.Texts.push_back(
-            {{left + kPillarWidth / 2, bottom + kPillarLength / 2}, false, column == 0 ? "A" : "B"});
+            {{left + kPillarWidth / 2, bottom + kPillarLength / 2}, false, column == 0 ? "A" : "B", 0.5, false});
       }
     }
   }
@@ -116,7 +116,7 @@ void AddSide(const SideBuilder& side, bool rowLeft, bool bleeder, std::string_vi
     for (int row = 0; row < kRows; ++row) {
       side.Add(
           Rectangle(DrawLayer::kLeaveRow, right - kBleeder, row * kRow, right, row * kRow + kPillarLength));
-      side.AddText(right - kBleeder / 2, row * kRow + kPillarLength / 2, bleederLetter, false);
+      side.AddText(right - kBleeder / 2, row * kRow + kPillarLength / 2, bleederLetter, false, false);
     }
     gobEdge = right - kBleeder - kEntry;
   }

@@ -154,7 +154,7 @@ TEST_F(KorvaCommand, OptionsAndModels) {
     call.insert(call.end(), {"report", "two.KVL"});
     EXPECT_TRUE(Holds(Call(call).Out, line + "\n")) << line;
   }
-  ExpectFailure({"plan", "dev.KVL", "--json"}, 3, "not built yet");
+  ExpectFailure({"units", "length", "m", "1"}, 3, "not built yet");
   // An option behind the command counts as well.
   EXPECT_FALSE(Holds(Call({"report", "two.KVL", "--set", "PrintModuleHeader=0"}).Out, "module build"));
   ExpectFailure({"--settings", "gone.ini", "report", "two.KVL"}, 3, "gone.ini");
@@ -272,6 +272,37 @@ TEST_F(KorvaCommand, NoticesStandInFrontOfTheErrorTheyExplain) {
 
 TEST_F(KorvaCommand, AReportNeverReplacesItsProject) {
   ExpectFailure({"report", "dev.KVL", "-o", "./dev.KVL"}, 2, "project file itself");
+}
+
+TEST_F(KorvaCommand, ReportAsPdf) {
+  StoredProject metric = test::Stored(test::DevelopmentPanel(), kMetric);
+  metric.ProjectInput.DepthCover = 120;
+  folder_.Put("metric.KVL", ComposeProject(metric));
+  const auto pdf = [this](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "report");
+    const ProgramResult result = Call(std::move(arguments));
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    EXPECT_EQ(result.Out, "");
+    return TempFolder::Bytes(folder_ / "out.Pdf");
+  };
+  const std::string letter = "[ 0 0 612 792 ]";
+  const std::string a4 = "[ 0 0 595.3 841.9 ]";
+  const std::string all = pdf({"two.KVL", "-o", "out.Pdf"});
+  EXPECT_TRUE(all.starts_with("%PDF"));
+  EXPECT_TRUE(Holds(all, letter));
+  EXPECT_TRUE(Holds(pdf({"two.KVL", "-o", "out.Pdf", "--paper", "a4"}), a4));
+  EXPECT_TRUE(Holds(pdf({"metric.KVL", "-o", "out.Pdf"}), a4));
+  EXPECT_TRUE(Holds(all, "/Count 4")) << "pages follow each other on the sheets";
+  EXPECT_TRUE(Holds(pdf({"two.KVL", "-o", "out.Pdf", "--page", "1"}), "/Count 1"));
+
+  const std::string before = TempFolder::Bytes(folder_ / "out.Pdf");
+  ExpectFailure({"report", "refused.KVL", "-o", "out.Pdf"}, 1, "slab cut");
+  ExpectFailure({"report", "two.KVL", "-o", "out.Pdf", "--json"}, 2, "--json");
+  ExpectFailure({"report", "two.KVL", "-o", "out.txt", "--paper", "a4"}, 2, "--paper");
+  ExpectFailure({"report", "two.KVL", "--paper", "letter"}, 2, "--paper");
+  ExpectFailure({"report", "two.KVL", "-o", "out.Pdf", "--paper", "a3"}, 2, "--paper");
+  ExpectFailure({"report", "two.KVL", "-o", "gone/out.pdf"}, 3, "Path not found");
+  EXPECT_EQ(TempFolder::Bytes(folder_ / "out.Pdf"), before);
 }
 
 TEST_F(KorvaCommand, BatchTables) {

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <QTest>
 #include <QWidget>
 #include <stdexcept>
 
+#include "desktop/services/PicturePrinter.h"
 #include "desktop/support/Session.h"
 #include "support/ScriptedPorts.h"
 
@@ -27,6 +29,24 @@ class CountingMain final : public MainWindow {
   bool Enabled = true;
 };
 
+// Paints pictures on a sheet of pixels.
+class KeptPictures final : public PicturePrinter {
+ public:
+  bool PrintPicture(const QString& title, const Paint& paint) override {
+    if (Cancels) {
+      return false;
+    }
+    Title = title;
+    Sheet.fill(Qt::white);
+    paint(Sheet, Sheet.rect());
+    return true;
+  }
+
+  bool Cancels = false;
+  QString Title;
+  QImage Sheet{600, 400, QImage::Format_RGB32};
+};
+
 // Keeps the history, so that tests can read it.
 struct FormBench {
   FormBench() { State.Preferences.DisplayHistoryWin = 1; }
@@ -34,7 +54,8 @@ struct FormBench {
   Korva State;
   ScriptedPorts Outside;
   CountingMain Main;
-  Session Forms{State, Outside.All, Main};
+  KeptPictures Pictures;
+  Session Forms{State, Outside.All, Main, Pictures};
 
   const std::string& History() const { return State.SessionHistory.Text; }
 };

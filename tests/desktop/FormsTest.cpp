@@ -17,6 +17,7 @@
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPath.h"
+#include "desktop/services/frmPreview.h"
 #include "files/UtilINI.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
@@ -122,6 +123,73 @@ TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
   EXPECT_NE(bench.History().find("Output page # 0copied to clipboard"), std::string::npos);
   QTest::keyClick(form, Qt::Key_Escape);
   EXPECT_TRUE(caller.isEnabled() && caller.isVisible());
+}
+
+TEST_F(Forms, ResultsArePrintedAndSaved) {
+  KeptPrinter& printer = bench.Outside.Printer;
+  for (int page = 0; page <= 5; ++page) {
+    bench.State.OutBuf[page] = "page " + std::to_string(page) + "\r\n";
+  }
+  bench.State.ProjectFileName = "/mine/panel.KVL";
+  frmResTxtPlt form(bench.Forms, nullptr);
+  form.setAttribute(Qt::WA_DeleteOnClose, false);
+  const auto printed = [&printer] {
+    std::vector<std::string> lines;
+    for (const SheetText& text : printer.Printed.back().Sheets.at(0).Texts) {
+      lines.push_back(text.Text);
+    }
+    return std::vector(lines.begin() + 2, lines.end());  // behind the header
+  };
+  Click(form, "Command3");
+  EXPECT_EQ(printed(), std::vector<std::string>{"page 1"});
+  The<QPlainTextEdit>(form, "RichTextBox1").setPlainText(QStringLiteral("stale"));
+  Click(form, "Command6");
+  EXPECT_EQ(printed(),
+            (std::vector<std::string>{"page 0", "page 1", "page 2", "page 3", "page 4", "page 5"}));
+  EXPECT_TRUE(The<QPlainTextEdit>(form, "RichTextBox1").toPlainText().startsWith(QStringLiteral("page 1")));
+  printer.Cancels = true;
+  Click(form, "Command6");
+  EXPECT_EQ(printer.Printed.size(), 2U);
+  EXPECT_TRUE(
+      bench.History().ends_with("3. All pages printed\r\n4. All pages printed\r\n5. Printing aborted\r\n"))
+      << bench.History();
+
+  bench.Outside.Files.Expect(folder / "all.pdf");
+  Click(form, "cmdSavePdf");
+  EXPECT_TRUE(TempFolder::Bytes(folder / "all.pdf").starts_with("%PDF"));
+  EXPECT_EQ(bench.Outside.Files.Asked[0].Name, "panel.pdf");
+  bench.Outside.Files.Expect(folder / "none/all.pdf");
+  bench.Outside.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
+  Click(form, "cmdSavePdf");
+}
+
+TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
+  KeptPrinter& printer = bench.Outside.Printer;
+  bench.State.OutBuf[0] = "first\r\nsecond\r\n";
+  frmPreview form(bench.Forms);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Print Preview"));
+  auto& text = The<QPlainTextEdit>(form, "RichTextBox1");
+  EXPECT_TRUE(text.isReadOnly());
+  EXPECT_EQ(text.toPlainText(), QStringLiteral("first\nsecond\n"));
+  Click(form, "Command2");
+  EXPECT_EQ(bench.Outside.Clipboard.Text, bench.State.OutBuf[0]);
+  printer.Failures = 1;
+  bench.Outside.Messages.Expect("Error occurred: Printer error (482)", MessageButtons::kRetryCancel,
+                                MessageAnswer::kRetry);
+  Click(form, "Command3");
+  ASSERT_EQ(printer.Printed.size(), 1U);
+  EXPECT_EQ(printer.Printed[0].Sheets.at(0).Texts.back().Text, "second");
+  printer.Cancels = true;
+  Click(form, "Command3");
+  EXPECT_EQ(printer.Printed.size(), 1U);
+  bench.Outside.Files.Expect(folder / "inputs.pdf");
+  Click(form, "cmdSavePdf");
+  EXPECT_TRUE(TempFolder::Bytes(folder / "inputs.pdf").starts_with("%PDF"));
+  EXPECT_TRUE(bench.History().starts_with("1. Preview displayed\r\n2. Output copied to clipboard\r\n"));
+  EXPECT_NE(bench.History().find("Printing aborted"), std::string::npos);
+  form.show();
+  Click(form, "Command1");
+  EXPECT_FALSE(form.isVisible());
 }
 
 TEST_F(Forms, WarningsTooLongForABoxHaveAWindow) {

@@ -25,6 +25,7 @@
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPath.h"
+#include "desktop/services/frmPreview.h"
 #include "desktop/services/frmTextBrow.h"
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
@@ -119,7 +120,7 @@ void SaveAll() {
   bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
       "/home/ann/Documents/MyFolvane/KORVA-STROND/";
   bench.State.Preferences.DisplayFont.Name = "Liberation Sans";
-  frmMain main(bench.State, bench.Outside.All);
+  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
   FileNew(bench.State, true, true);
   main.Refresh();
   Save(main, QStringLiteral("frmMain-start"));
@@ -140,6 +141,10 @@ void SaveAll() {
   Save(popUp, QStringLiteral("frmPopUp"));
   bench.State.WarningText.clear();
   Save(*new frmResTxtPlt(bench.Forms, nullptr), QStringLiteral("frmResTxtPlt"));
+  frmPreview preview(bench.Forms);
+  Save(preview, QStringLiteral("frmPreview-text"));
+  The<QTabWidget>(preview, "tabPages").setCurrentIndex(1);
+  Save(preview, QStringLiteral("frmPreview"));
   frmKORVADesc description(bench.Forms);
   Save(description, QStringLiteral("frmKORVADesc"));
   frmSet settings(bench.Forms);

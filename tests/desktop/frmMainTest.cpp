@@ -38,7 +38,7 @@ class MainForm : public testing::Test {
   ~MainForm() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
   frmMain& Begin(const std::string& file = {}) {
-    main = std::make_unique<frmMain>(korva, ports.All);
+    main = std::make_unique<frmMain>(korva, ports.All, pictures);
     main->Begin(file);
     return *main;
   }
@@ -71,6 +71,7 @@ class MainForm : public testing::Test {
   TempFolder folder;
   Korva korva;
   ScriptedPorts ports;
+  KeptPictures pictures;
   std::unique_ptr<frmMain> main;
 };
 
@@ -142,8 +143,7 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
   Choose("Toolbar1(3)");  // does nothing but refresh the menus
   for (const auto& [item, text] : {std::pair{"mnuCalcItem(0)", "Current file is empty"},
                                    {"mnuUtilItem(3)", "Current file is empty"},
-                                   {"mnuHelpItem(10)", "\"About the Program\" is not built"},
-                                   {"mnuFileItem(8)", "\"Print\" is not built"}}) {
+                                   {"mnuHelpItem(10)", "\"About the Program\" is not built"}}) {
     ports.Messages.Expect(text);
     Choose(item);
   }
@@ -153,6 +153,37 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
   korva.ProjectEmpty = korva.ProjectSaved = false;
   ports.Messages.Expect("Save Current File before accessing this option");
   Choose("mnuUtilItem(3)");
+}
+
+TEST_F(MainForm, PrintsTheInputs) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin();
+  Choose("mnuFileItem(7)");
+  EXPECT_EQ(ports.Printer.Dialogs, std::vector<std::string>{"set-up"});
+  EXPECT_TRUE(ports.Printer.Printed.empty());
+  for (const char* item : {"mnuFileItem(8)", "mnuFileItem(9)"}) {
+    ports.Messages.Expect("Current file is empty. Continue?", MessageButtons::kYesNoDefaultNo,
+                          MessageAnswer::kNo);
+    Choose(item);
+  }
+  EXPECT_EQ(FindWindow("frmPreview"), nullptr);
+  EXPECT_TRUE(ports.Printer.Printed.empty());
+
+  // The graph menu follows the working copy, but not behind a No.
+  korva.Stored.ProjectInput.LoadingCondition = 3;
+  ports.Messages.Expect("Current file is empty", MessageButtons::kYesNoDefaultNo, MessageAnswer::kNo);
+  Choose("mnuFileItem(8)");
+  EXPECT_FALSE(Item("mnuCalcGrafItem(4)").isEnabled());
+  korva.ProjectEmpty = false;
+  korva.Stored.ProjectInput.BarrierFirstGob = 60;
+  Choose("mnuFileItem(8)");
+  EXPECT_EQ(ports.Printer.Printed.size(), 1U);
+  EXPECT_TRUE(Item("mnuCalcGrafItem(4)").isEnabled());
+
+  PressLater("frmPreview", "Command3");
+  QTimer::singleShot(50, main.get(), [] { Click(*Window("frmPreview"), "Command1"); });
+  Choose("mnuFileItem(9)");
+  EXPECT_EQ(ports.Printer.Printed.size(), 2U);
 }
 
 TEST_F(MainForm, ASweepEndsInItsGraph) {

@@ -19,7 +19,7 @@ double MeanX(const Drawing& drawing, const std::string& words) {
   int count = 0;
   for (const DrawText& text : drawing.Texts) {
     if (text.Text == words) {
-      sum += text.Middle.X;
+      sum += text.At.X;
       ++count;
     }
   }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Ports.h"
+#include "core/RuntimeError.h"
 #include "support/ScriptedMessages.h"
 
 namespace korva {
@@ -76,6 +77,38 @@ class KeptPrograms final : public ProgramPort {
   bool CanRun = true;
 };
 
+// Keeps what is printed. Its dialogs are confirmed unless Cancels is set; the next Failures calls fail.
+class KeptPrinter final : public PrinterPort {
+ public:
+  struct Document {
+    std::vector<PrintedSheet> Sheets;
+    std::string Title;
+  };
+
+  bool SetUp() override { return Dialog("set-up"); }
+  bool Choose() override { return Dialog("print"); }
+  std::optional<PaperSize> Paper() override { return Loaded; }
+  void Print(const std::vector<PrintedSheet>& sheets, const std::string& title) override {
+    if (Failures > 0) {
+      --Failures;
+      throw RuntimeError(ErrorNumber::kPrinter, "out of paper");
+    }
+    Printed.push_back({sheets, title});
+  }
+
+  std::vector<Document> Printed;
+  std::vector<std::string> Dialogs;
+  bool Cancels = false;
+  int Failures = 0;
+  std::optional<PaperSize> Loaded = kLetterPaper;
+
+ private:
+  bool Dialog(const char* kind) {
+    Dialogs.emplace_back(kind);
+    return !Cancels;
+  }
+};
+
 struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
@@ -83,7 +116,8 @@ struct ScriptedPorts {
   KeptPrograms Programs;
   CountedBusy Busy;
   KeptDocuments Documents;
-  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents};
+  KeptPrinter Printer;
+  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer};
 };
 
 }  // namespace korva

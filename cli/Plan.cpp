@@ -1,0 +1,159 @@
+// korva plan: the panel in plan, to scale.
+#include <fmt/format.h>
+
+#include <memory>
+
+#include "Commands.h"
+#include "commands/Calculate.h"
+#include "commands/PlanCommands.h"
+#include "commands/PrivateFiles.h"
+#include "core/Tables.h"
+#include "files/PlatformFile.h"
+#include "files/SafeWriter.h"
+#include "model/KORVAmodel.h"
+#include "pictures/DrawingPicture.h"
+
+namespace korva::cli {
+
+namespace {
+
+struct PlanCall {
+  std::string File;
+  int Plot = kPlotDimensions;
+  std::string Model;
+  bool AsJson = false;
+  std::string Out;
+};
+
+template <class Points>
+Json PointsJson(const Points& points) {
+  Json all = Json::array();
+  for (const PlanPoint& point : points) {
+    all.push_back({static_cast<double>(point.X), static_cast<double>(point.Y)});
+  }
+  return all;
+}
+
+Json TextsJson(const Drawing& drawing) {
+  Json texts = Json::array();
+  for (const DrawText& text : drawing.Texts) {
+    texts.push_back(
+        {{"text", text.Text}, {"x", text.At.X}, {"y", text.At.Y}, {"angle", text.Upright ? 90 : 0}});
+  }
+  return texts;
+}
+
+Json PlanJson(const Plan& plan) {
+  Json pillars = Json::array();
+  for (const PlanPillar& pillar : plan.Pillars) {
+    pillars.push_back({{"i", pillar.Line}, {"j", pillar.Row}, {"corners", PointsJson(pillar.Corners)}});
+  }
+  Json bleeders = Json::array();
+  for (const PlanBleeder& bleeder : plan.Bleeders) {
+    bleeders.push_back({{"row", RowLetters.at(static_cast<std::size_t>(bleeder.Side))},
+                        {"j", bleeder.Row},
+                        {"corners", PointsJson(bleeder.Corners)}});
+  }
+  Json gobs = Json::array();
+  for (const PlanGob& gob : plan.Gobs) {
+    gobs.push_back({{"name", gob.Name}, {"outline", PointsJson(gob.Outline)}});
+  }
+  return {{"PlanWidth", static_cast<double>(plan.PlanWidth)},
+          {"PlanHeight", static_cast<double>(plan.PlanHeight)},
+          {"pillars", pillars},
+          {"bleeders", bleeders},
+          {"gobs", gobs},
+          {"activeGob", PointsJson(plan.ActiveGob)},
+          {"texts", TextsJson(plan.Picture)}};
+}
+
+int Refuse(const PlanCall& call, const std::string& why) {
+  Complain(call.File + ": " + why);
+  if (call.AsJson) {
+    Print(JsonText({{"file", call.File}, {"refused", why}}));
+  }
+  return kRefused;
+}
+
+// Runs what the values come from: the laminated model for strengths if the project asks for it, else the
+// traditional one. The dimensions need no run.
+void Evaluate(Korva& korva) {
+  if (korva.PlotType == kPlotDimensions) {
+    return;
+  }
+  const bool laminated = korva.PlotType == kPlotStrength && korva.ProjectCalc.CalcMode != kTraditionalModel;
+  const Evaluated evaluated = EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel);
+  const OptionSettings& options = korva.Preferences.Options;
+  korva.PillarValues =
+      PlanValuesOf(laminated ? nullptr : &evaluated.Run, laminated ? &evaluated.Laminated.Results : nullptr,
+                   korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
+}
+
+int DrawPlanOf(Korva& korva, const PlanCall& call) {
+  const auto kind = call.Out.empty() ? PictureKind::kSvg : PictureKindOf(call.Out);
+  if (!kind) {
+    throw UsageError{fmt::format("-o {}: expected a name that ends in .svg, .pdf or .png", call.Out)};
+  }
+  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
+    throw UsageError{"the picture would replace the project file itself"};
+  }
+  if (!OpenProject(korva, call.File, call.AsJson)) {
+    return kFailed;
+  }
+  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+  korva.PlotType = static_cast<std::int16_t>(call.Plot);
+  korva.PlotCaller = kPlanFromResults;
+  FillPlotCopies(korva);
+  if (const auto refusal = CheckProject(korva.ProjectCalc)) {
+    return Refuse(call, *refusal);
+  }
+  if (call.Plot >= kPlotCapacity && korva.ProjectCalc.CalcMode == kLaminatedModel) {
+    return Refuse(call, "the laminated model alone gives no load bearing capacity and no pillar stresses");
+  }
+  TellFormNotices(korva, call.File);
+  const auto files = PrivateFilesOf(korva);
+  Evaluate(korva);
+  const auto plan = DrawPlan(PlanRequestOf(korva, true));
+  if (!plan) {
+    return Refuse(call, std::string(kInvalidPillars));
+  }
+  if (call.AsJson) {
+    Print(JsonText(PlanJson(*plan)));
+    return kDone;
+  }
+  const std::string picture =
+      DrawingPicture(plan->Picture, static_cast<double>(plan->PlanHeight) * kPlanTextShare, *kind);
+  if (call.Out.empty()) {
+    Print(picture);
+  } else {
+    WriteFileSafely(call.Out, picture);
+  }
+  return kDone;
+}
+
+}  // namespace
+
+Command AddPlan(CLI::App& app, const CommonOptions& common) {
+  auto call = std::make_shared<PlanCall>();
+  CLI::App* parser = app.add_subcommand("plan", "Draw the panel in plan, to scale");
+  parser->add_option("FILE", call->File, "project file")->required();
+  parser
+      ->add_option(
+          "--plot", call->Plot,
+          "what the pillars show: 1 dimensions, 2 strength, 3 load bearing capacity, 4 stress of the "
+          "side abutments, 5 the same and the tributary stress")
+      ->type_name("N")
+      ->check(CLI::Range(kPlotDimensions, kPlotTotalStress));
+  AddModelOption(*parser, call->Model);
+  auto* json = parser->add_flag("--json", call->AsJson, "the coordinates as JSON");
+  parser->add_option("-o", call->Out, "draw into this file, .svg, .pdf or .png; without it, SVG is printed")
+      ->type_name("OUT")
+      ->excludes(json);
+  parser->footer("Example:\n  korva plan examples/two-side-gobs.KVL -o plan.svg");
+  return {parser, [call, &common] {
+            return RunGuarded(common, call->File, call->AsJson,
+                              [&](Korva& korva) { return DrawPlanOf(korva, *call); });
+          }};
+}
+
+}  // namespace korva::cli

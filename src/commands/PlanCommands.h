@@ -1,0 +1,17 @@
+// The plan drawing of the working copy.
+#pragma once
+
+#include "core/Korva.h"
+#include "plan/KORVAgraf.h"
+
+namespace korva {
+
+// Which window opened the plan, as PlotCaller holds it.
+inline constexpr std::int16_t kPlanFromForm = 1;
+inline constexpr std::int16_t kPlanFromResults = 2;
+
+// What the plan view is asked to draw: the working copy in PlotType, by the options. Values of the last run
+// belong to it only if the results window asks. Without `full` it is outlines alone.
+PlanRequest PlanRequestOf(const Korva& korva, bool full);
+
+}  // namespace korva

@@ -1,0 +1,27 @@
+// What the last run says about the pillars, as the plan shows it.
+#pragma once
+
+#include <string>
+
+#include "core/IndexedArray.h"
+#include "core/Project.h"
+
+namespace korva {
+
+// Strengths and stresses carry StressLabel, capacities LoadLabel. What a run did not compute is marked and
+// shown nowhere.
+struct PlanValues {
+  bool HasStrength = false;
+  IndexedArray<double, 1, kMaxRows> Strength;  // [pillar line]
+  bool HasTraditional = false;                 // the following, which only the traditional model has
+  IndexedArray<double, 1, kMaxRows> Capacity;
+  IndexedArray<double, 1, kMaxRows> SideStress;
+  double TribStress = 0;
+  bool HasRowStrength = false;
+  IndexedArray<double, 0, 1> RowStrength;  // [row C, row D]
+  IndexedArray<double, 0, 1> RowCapacity;
+  std::string StressLabel;
+  std::string LoadLabel;
+};
+
+}  // namespace korva

@@ -1,0 +1,84 @@
+// The plan drawing: the panel to scale, with its dimensions and what the pillars bear.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Drawing.h"
+#include "core/PlanValues.h"
+#include "core/Settings.h"
+#include "core/StrondResults.h"
+#include "plan/PlanGeometry.h"
+#include "reports/OutputResults.h"
+
+namespace korva {
+
+// What stands in the pillars, as PlotType holds it.
+inline constexpr std::int16_t kPlotDimensions = 1;
+inline constexpr std::int16_t kPlotStrength = 2;
+inline constexpr std::int16_t kPlotCapacity = 3;
+inline constexpr std::int16_t kPlotSideStress = 4;
+inline constexpr std::int16_t kPlotTotalStress = 5;
+
+inline constexpr std::string_view kInvalidPillars = "Invalid Pillar Dimensions";
+
+// The height of texts as a share of the drawing's side, where no window says otherwise.
+inline constexpr double kPlanTextShare = 1.0 / 52;
+
+struct PlanRequest {
+  Project ProjectCalc;
+  std::int16_t Units = kEnglish;
+  PlanOptions Geometry;
+  OptionSettings Options;  // which dimensions are drawn
+  std::int16_t PlotType = kPlotDimensions;
+  std::optional<PlanValues> Values;  // of the last run
+  bool Full = true;                  // false: outlines alone
+  double TextShare = kPlanTextShare;
+};
+
+struct PlanPillar {
+  int Line = 0;  // i
+  int Row = 0;   // j
+  PlanCorners Corners;
+};
+
+struct PlanGob {
+  std::string_view Name;
+  std::vector<PlanPoint> Outline;
+};
+
+// A plan in its square world, from 0 to PlanWidth and PlanHeight, which are equal.
+struct Plan {
+  float PlanWidth = 0;
+  float PlanHeight = 0;
+  std::vector<PlanPillar> Pillars;
+  std::vector<PlanBleeder> Bleeders;
+  std::vector<PlanGob> Gobs;
+  std::vector<PlanPoint> ActiveGob;
+  Drawing Picture;  // the same as records, with all lines and texts
+};
+
+// Draws the plan. Nothing if the panel has no extent ("Invalid Pillar Dimensions"). Run-time error 6 or 11 if
+// a coordinate cannot be had, 5 for a plot type that does not exist.
+std::optional<Plan> DrawPlan(const PlanRequest& request);
+
+// The caption of a plot type, with the units of its values.
+std::string PlanCaption(const PlanRequest& request);
+
+// The size of the pillars of line `i`, across and along the entries; swapped in sense for a pillar that is
+// longer across than along.
+struct PillarSize {
+  double Width = 0;
+  double Length = 0;
+};
+PillarSize PillarSizeOf(const PlanRequest& request, int i);
+
+// What the last run says about the pillars, in output units. `run` is a finished traditional calculation, or
+// nothing; `laminated` the results of a laminated run, or nothing, and the strengths come from it then.
+PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, std::int16_t units,
+                        const OutputUnits& output);
+
+}  // namespace korva

@@ -1,0 +1,232 @@
+#include "plan/PlanGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/ArithmeticWatch.h"
+
+namespace korva {
+
+namespace {
+
+constexpr double kRightAngle = 90;
+constexpr double kRowsBeyond = 2;    // crosscut spacings from row 6 to the top of the gobs
+constexpr int kMostBleeders = 100;   // of a row; a sane panel has less than ten
+constexpr double kSchematicGob = 2;  // barrier widths
+constexpr std::size_t kCorners = 4;  // of an outline without a step
+
+PlanPoint Point(double x, double y) {
+  return {static_cast<float>(x), static_cast<float>(y)};
+}
+
+PlanCorners Rectangle(double left, double near, double right, double far) {
+  return {Point(left, near), Point(right, near), Point(right, far), Point(left, far)};
+}
+
+double Cotangent(const Project& p) {
+  return std::cos(p.XcutAngle * kRadiansPerDegree) / CrosscutSine(p);
+}
+
+class Layout {
+ public:
+  Layout(const Project& project, const PlanOptions& options) : p_(project), options_(options) {}
+
+  PlanGeometry Compute() {
+    FillRowStarts();
+    for (int i = 1; i <= Lines(); ++i) {
+      for (int j = 1; j <= kLastRow; ++j) {
+        g_.Pillars[i][j] = Corners(i, j);
+        g_.PillarDrawn[i][j] = IsDrawn(i, j) ? 1 : 0;
+      }
+      g_.RowTop = std::max({g_.RowTop, g_.Pillars[i][kLastRow][2].Y, g_.Pillars[i][kLastRow][3].Y});
+    }
+    g_.GobTop = static_cast<float>(static_cast<double>(g_.RowTop) + kRowsBeyond * p_.XcutSpacing);
+    if (p_.LoadingCondition >= 2) {
+      AddFirstSide();
+    }
+    if (p_.LoadingCondition >= 3) {
+      AddSecondSide();
+    }
+    if (p_.LoadingCondition >= 1 && p_.ExtentActiveGob != 0) {
+      AddActiveGob();
+    }
+    return std::move(g_);
+  }
+
+ private:
+  int Lines() const { return p_.NumberEntries - 1; }
+  double W() const { return p_.EntryWidth; }
+  // The way along an entry that a crosscut takes.
+  double Crosscut() const { return W() / CrosscutSine(p_); }
+  double Spacing(int i) const {
+    return p_.XcutAngle == kRightAngle ? p_.XcutSpacing : static_cast<double>(options_.PlotXcutSpacing[i]);
+  }
+  double Top(int i, int j) const { return static_cast<double>(g_.RowStart[i]) + j * Spacing(i); }
+  double CentersTo(int i) const {
+    double sum = 0;
+    for (int line = 1; line <= i; ++line) {
+      sum += p_.XcutCenters[line];
+    }
+    return sum;
+  }
+
+  // Angled crosscuts make a chevron.
+  void FillRowStarts() {
+    const int middle = MiddleLine(p_);
+    const double cot = Cotangent(p_);
+    for (float& start : g_.RowStart) {
+      start = static_cast<float>(2 * W());
+    }
+    for (int c = middle; c <= Lines(); ++c) {
+      g_.RowStart[c] =
+          static_cast<float>(static_cast<double>(g_.RowStart[c - 1]) + cot * p_.XcutCenters[c - 1]);
+    }
+    for (int c = middle - 1; c >= 1; --c) {
+      const double less = c == middle - 1 ? cot * W() : 0;
+      g_.RowStart[c] =
+          static_cast<float>(static_cast<double>(g_.RowStart[c + 1]) + cot * p_.XcutCenters[c] - less);
+    }
+  }
+
+  bool IsDrawn(int i, int j) const {
+    return j <= kRetreatRow || (i == 1 && p_.RowA == 1) || (i == Lines() && p_.RowB == 1);
+  }
+
+  PlanCorners Corners(int i, int j) const {
+    const double right = CentersTo(i);
+    const double left = right - p_.XcutCenters[i] + W();
+    const double top = Top(i, j);
+    const double near = top - Spacing(i) + Crosscut();
+    if (p_.XcutAngle == kRightAngle) {
+      return Rectangle(left, top - Spacing(i) + W(), right, top);
+    }
+    const double turned = i < MiddleLine(p_) ? p_.XcutAngle + kRightAngle : kRightAngle - p_.XcutAngle;
+    const double slope = p_.XcutAngle == 0 ? 0 : std::tan(turned * kRadiansPerDegree);
+    const double rise = slope * (p_.XcutCenters[i] - W());
+    return {Point(left, near), Point(right, near + rise), Point(right, top + rise), Point(left, top)};
+  }
+
+  // A barrier from its gob side to its panel side, with the step of a slab cut from row 4 of `line` on.
+  std::vector<PlanPoint> Barrier(double gobSide, double panelSide, double slabCut, int line) const {
+    const double top = static_cast<double>(g_.GobTop);
+    std::vector<PlanPoint> outline = {Point(gobSide, 0), Point(panelSide, 0)};
+    if (slabCut > 0) {
+      const double inward = panelSide > gobSide ? -slabCut : slabCut;
+      const double step = Top(line, kRetreatRow) + Crosscut();
+      outline.push_back(Point(panelSide, step));
+      outline.push_back(Point(panelSide + inward, step + slabCut / CrosscutSine(p_)));
+      outline.push_back(Point(panelSide + inward, top));
+    } else {
+      outline.push_back(Point(panelSide, top));
+    }
+    outline.push_back(Point(gobSide, top));
+    return outline;
+  }
+
+  std::vector<PlanPoint> Gob(double left, double right) const {
+    const PlanCorners corners = Rectangle(left, 0, right, static_cast<double>(g_.GobTop));
+    return {corners.begin(), corners.end()};
+  }
+
+  // Rows C and D stand in the gob, beside the barrier, level with the rows of the line next to them. They
+  // fill the height of the gob.
+  void AddBleeders(int side, int line, double left, double right) {
+    const double top = static_cast<double>(g_.GobTop);
+    const double length = Spacing(line) - W();
+    const double spacing = Spacing(line);
+    const double lowest = Top(line, 1) - length;
+    const double below = std::floor(lowest / spacing);  // rows that fit in front of the first one
+    const int first = 1 - static_cast<int>(std::clamp<double>(below, 0, kMostBleeders));
+    for (int j = first; j < first + kMostBleeders && Top(line, j) - length < top; ++j) {
+      g_.Bleeders.push_back(
+          {side, j, Rectangle(left, Top(line, j) - length, right, std::min(top, Top(line, j)))});
+    }
+  }
+
+  double GobWidth(double barrier, double extent) const {
+    return options_.SchematicGobs ? kSchematicGob * barrier : extent;
+  }
+
+  void AddFirstSide() {
+    const double panelSide = 0;
+    const double gobSide = panelSide - p_.BarrierFirstGob;
+    double edge = gobSide;
+    if (p_.RowC == 1) {
+      const auto width = static_cast<double>(p_.WidthRowC);
+      AddBleeders(kFirstSideLine, 1, edge - W() - width, edge - W());
+      edge -= W() + width + W();
+    }
+    g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, p_.SlabcutFirstGob, 1);
+    g_.Gobs[kFirstGob] = Gob(edge - GobWidth(p_.BarrierFirstGob, p_.ExtentFirstGob), edge);
+    g_.GobDrawn[kFirstBarrier] = g_.GobDrawn[kFirstGob] = 1;
+  }
+
+  void AddSecondSide() {
+    const double panelSide = CentersTo(Lines()) + W();
+    const double gobSide = panelSide + p_.BarrierSecondGob;
+    double edge = gobSide;
+    if (p_.RowD == 1) {
+      const auto width = static_cast<double>(p_.WidthRowD);
+      AddBleeders(kSecondSideLine, Lines(), edge + W(), edge + W() + width);
+      edge += W() + width + W();
+    }
+    g_.Gobs[kSecondBarrier] = Barrier(gobSide, panelSide, p_.SlabcutSecondGob, Lines());
+    g_.Gobs[kSecondGob] = Gob(edge, edge + GobWidth(p_.BarrierSecondGob, p_.ExtentSecondGob));
+    g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = 1;
+  }
+
+  // The panel's side of a barrier above its bottom, from below; a plain edge at `x` if there is none.
+  std::vector<PlanPoint> InnerSide(PlanGobIndex barrier, double x) const {
+    const std::vector<PlanPoint>& outline = g_.Gobs[barrier];
+    if (outline.empty()) {
+      return {{static_cast<float>(x), g_.GobTop}};
+    }
+    return {outline.begin() + 2, outline.end() - 1};
+  }
+
+  // From the crosscut behind row 4 up to the common top, slab cuts included.
+  void AddActiveGob() {
+    std::vector<PlanPoint>& outline = g_.ActiveGob;
+    const auto behind = [this](const PlanPoint& corner) {
+      return Point(static_cast<double>(corner.X), static_cast<double>(corner.Y) + Crosscut());
+    };
+    for (int i = 1; i <= Lines(); ++i) {
+      outline.push_back(behind(g_.Pillars[i][kRetreatRow][3]));
+      outline.push_back(behind(g_.Pillars[i][kRetreatRow][2]));
+    }
+    const auto right = static_cast<float>(CentersTo(Lines()) + W());
+    const std::vector<PlanPoint> leftSide = InnerSide(kFirstBarrier, 0);
+    const std::vector<PlanPoint> rightSide = InnerSide(kSecondBarrier, static_cast<double>(right));
+    if (g_.Gobs[kSecondBarrier].size() <= kCorners) {  // else the step is where it ends
+      outline.push_back({right, outline.back().Y});
+    }
+    outline.insert(outline.end(), rightSide.begin(), rightSide.end());
+    outline.insert(outline.end(), leftSide.rbegin(), leftSide.rend());
+    if (g_.Gobs[kFirstBarrier].size() <= kCorners) {
+      outline.push_back({0, outline.front().Y});
+    }
+  }
+
+  const Project& p_;
+  const PlanOptions& options_;
+  PlanGeometry g_;
+};
+
+}  // namespace
+
+int MiddleLine(const Project& project) {
+  return project.NumberEntries / 2 + 1;
+}
+
+double CrosscutSine(const Project& project) {
+  return project.XcutAngle == 0 ? 1 : std::sin(project.XcutAngle * kRadiansPerDegree);
+}
+
+PlanGeometry ComputePlan(const Project& project, const PlanOptions& options) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  PlanGeometry geometry = Layout(project, options).Compute();
+  watch.Step("plan");
+  return geometry;
+}
+
+}  // namespace korva

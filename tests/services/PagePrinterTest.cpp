@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include "core/Text.h"
+#include "services/PagePrinter.h"
+#include "services/PagesPdf.h"
+#include "support/ExpectError.h"
+
+namespace korva {
+namespace {
+
+std::tm Moment() {
+  std::tm now = {};
+  now.tm_year = 126;
+  now.tm_mon = 2;
+  now.tm_mday = 5;
+  now.tm_hour = 14;
+  now.tm_min = 7;
+  now.tm_sec = 9;
+  return now;
+}
+
+std::vector<PrintedSheet> A4Sheets(std::string_view text) {
+  return SheetsOf(text, kA4Paper, Moment());
+}
+
+// The lines of a sheet without its header.
+std::vector<std::string> Body(const PrintedSheet& sheet) {
+  std::vector<std::string> lines;
+  for (const SheetText& text : sheet.Texts) {
+    if (!text.Bold) {
+      lines.push_back(text.Text);
+    }
+  }
+  return lines;
+}
+
+std::string Lines(int count) {
+  std::string text;
+  for (int i = 1; i <= count; ++i) {
+    text += std::to_string(i) + "\r\n";
+  }
+  return text;
+}
+
+TEST(PagePrinter, HeaderRuleAndFirstLine) {
+  const auto sheets = A4Sheets("only line");
+  ASSERT_EQ(sheets.size(), 1U);
+  ASSERT_EQ(sheets[0].Texts.size(), 3U);
+  const SheetText& title = sheets[0].Texts[0];
+  EXPECT_EQ(title.Text, "KORVA-STROND Version: 1.1.05, 3/5/2026, 14:07:09");
+  EXPECT_TRUE(title.Bold);
+  EXPECT_EQ(title.X, 1152);
+  EXPECT_EQ(title.Y, 576);
+  const SheetText& page = sheets[0].Texts[1];
+  EXPECT_EQ(page.Text, "Page: 1");
+  EXPECT_TRUE(page.Bold);
+  EXPECT_EQ(page.X + 7 * 108, 11906 - 1152);
+  EXPECT_EQ(page.Y, 576);
+  ASSERT_EQ(sheets[0].Rules.size(), 1U);
+  const SheetRule& rule = sheets[0].Rules[0];
+  EXPECT_EQ(rule.X0, 1152);
+  EXPECT_EQ(rule.X1, 11906 - 1152);
+  EXPECT_GE(rule.Y, 576 + 204);
+  const SheetText& line = sheets[0].Texts[2];
+  EXPECT_EQ(line.Text, "only line");
+  EXPECT_FALSE(line.Bold);
+  EXPECT_EQ(line.X, 1152);
+  EXPECT_EQ(line.Y, rule.Y + 50);
+}
+
+// A line is the last of its sheet when its lower edge has passed the page end, 1872 above the paper's.
+TEST(PagePrinter, SheetsBreakBehindThePageEnd) {
+  for (const auto& [paper, room] : {std::pair{kA4Paper, 70}, {kLetterPaper, 65}}) {
+    const auto full = SheetsOf(Lines(room), paper, Moment());
+    ASSERT_EQ(full.size(), 1U) << "no sheet without a line";
+    const int below = full[0].Texts.back().Y + 204;
+    EXPECT_GT(below, paper.Height - 1872);
+    EXPECT_LE(below - 204, paper.Height - 1872);
+
+    const auto sheets = SheetsOf(Lines(2 * room + 1), paper, Moment());
+    ASSERT_EQ(sheets.size(), 3U);
+    EXPECT_EQ(Body(sheets[1]).front(), std::to_string(room + 1));
+    EXPECT_EQ(Body(sheets[2]), std::vector{std::to_string(2 * room + 1)});
+    EXPECT_EQ(sheets[2].Texts[0].Text, sheets[0].Texts[0].Text);
+    EXPECT_EQ(sheets[2].Texts[1].Text, "Page: 3");
+    EXPECT_EQ(sheets[1].Texts[2].Y, sheets[0].Texts[2].Y);
+  }
+}
+
+TEST(PagePrinter, LongLinesGoOnInTheNext) {
+  const std::string word(60, 'w');
+  const auto body = [](std::string_view text) { return Body(A4Sheets(text).at(0)); };
+  using Strings = std::vector<std::string>;
+  EXPECT_EQ(body("  " + word + "   " + word), (Strings{"  " + word, word}));
+  EXPECT_EQ(body(std::string(88, 'a') + " b"), (Strings{std::string(88, 'a'), "b"})) << "88 fit";
+  EXPECT_EQ(body(std::string(89, 'a')), (Strings{std::string(88, 'a'), "a"}));
+  EXPECT_EQ(body("  " + std::string(90, 'a')), (Strings{"  " + std::string(86, 'a'), "aaaa"}));
+  EXPECT_EQ(body("a" + std::string(200, ' ')), (Strings{"a"}));
+  std::string wide;
+  for (int i = 0; i < 89; ++i) {
+    wide += "\u00b5";
+  }
+  EXPECT_EQ(body(wide), (Strings{wide.substr(0, 2 * 88), "\u00b5"})) << "characters count, not bytes";
+  EXPECT_EQ(Body(SheetsOf(std::string(93, 'a'), kLetterPaper, Moment()).at(0)).at(1), "a");
+}
+
+TEST(PagePrinter, LineEndsAndControlCharacters) {
+  const auto sheet = A4Sheets("a\r\n\r\nb\rc\nd\fe\x7f\tf\t\x1bg").at(0);
+  EXPECT_EQ(Body(sheet), (std::vector<std::string>{"a", "b", "c", "d e     f        g"}));
+  EXPECT_EQ(sheet.Texts[3].Y, sheet.Texts[2].Y + 2 * 204) << "an empty line takes its place";
+  EXPECT_EQ(Body(A4Sheets("\u00b5\tb").at(0)).at(0), "\u00b5       b");
+  EXPECT_EQ(Body(A4Sheets("no \xff text").at(0)).at(0), "no \u00ff text");
+  EXPECT_EQ(Body(A4Sheets("a\uffffb\u0085c").at(0)).at(0), "a b c");
+  EXPECT_EQ(Body(A4Sheets(std::string_view("a\0b", 3)).at(0)).at(0), "a b");
+}
+
+TEST(PagePrinter, ModesCallByCall) {
+  PagePrinter printer(kA4Paper, Moment());
+  ExpectError(ErrorNumber::kInvalidCall, [&] { printer.PrintOut(PrintMode::kLine, "too early"); });
+  for (int document = 0; document < 2; ++document) {  // the second begins with page 1 again
+    printer.PrintOut(PrintMode::kBegin, "");
+    printer.PrintOut(PrintMode::kLine, "one");
+    printer.PrintOut(PrintMode::kNewPage, "");
+    printer.PrintOut(PrintMode::kText, "two\r\nthree");
+    printer.PrintOut(static_cast<PrintMode>(8), "");
+    ExpectError(ErrorNumber::kInvalidCall, [&] { printer.PrintOut(static_cast<PrintMode>(5), ""); });
+    printer.PrintOut(PrintMode::kEnd, "");
+    ASSERT_EQ(printer.Ended().size(), 3U);
+    EXPECT_EQ(Body(printer.Ended()[1]).size(), 2U);
+    EXPECT_EQ(printer.Ended()[2].Texts[1].Text, "Page: 3");
+  }
+}
+
+TEST(PagePrinter, NothingOfTheHeaderIsLostOnNarrowPaper) {
+  constexpr PaperSize kA6 = {5953, 8391};
+  const auto sheet = SheetsOf("text", kA6, Moment()).at(0);
+  int y = 0;
+  int end = 0;
+  for (const SheetText& text : sheet.Texts) {
+    EXPECT_TRUE(text.Y > y || (text.Y == y && text.X > end)) << "over each other: " << text.Text;
+    y = text.Y;
+    end = text.X + static_cast<int>(CharacterCount(text.Text)) * 108;
+    EXPECT_LE(end, kA6.Width - 1152) << text.Text;
+  }
+  EXPECT_LT(sheet.Texts[sheet.Texts.size() - 2].Y, sheet.Rules.at(0).Y);
+}
+
+TEST(PagesPdf, HasAPageForEachSheetInTheSizeOfThePaper) {
+  const std::string pdf = PagesPdf(A4Sheets(Lines(150)), kA4Paper, "panel \xff");
+  EXPECT_TRUE(pdf.starts_with("%PDF"));
+  EXPECT_NE(pdf.find("/Count 3\n"), std::string::npos);
+  EXPECT_NE(pdf.find("[ 0 0 595.3 841.9 ]"), std::string::npos) << "in points";
+}
+
+}  // namespace
+}  // namespace korva
