@@ -125,10 +125,11 @@ int RunProgram(Application& application) {
   QtMessages messages;
   QtFileChoice files;
   QtClipboard clipboard;
+  QtPrograms programs;
   QtBusy busy;
   QtDocuments documents;
   QtPrinter printer;
-  Ports ports{messages, files, clipboard, busy, documents, printer};
+  Ports ports{messages, files, clipboard, programs, busy, documents, printer};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());

@@ -16,7 +16,17 @@ class QMainWindow;
 namespace korva::desktop {
 
 // Indexes of the commands that the main window tells apart.
-enum FileIndex { kNew = 0, kOpen, kSave, kSaveAs, kPrinterSetup = 7, kPrint, kPrintPreview, kExit = 13 };
+enum FileIndex {
+  kNew = 0,
+  kOpen,
+  kSave,
+  kSaveAs,
+  kPrinterSetup = 7,
+  kPrint,
+  kPrintPreview,
+  kViewSourceFiles = 11,
+  kExit = 13
+};
 enum UtilIndex { kSettings = 0, kFileConversion = 3, kClearHistory = 5, kToggleHistory, kCopyHistory };
 enum HelpIndex { kDisclaimer = 6 };
 

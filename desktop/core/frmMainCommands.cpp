@@ -15,6 +15,7 @@
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPreview.h"
+#include "desktop/services/frmTextBrow.h"
 #include "services/HelpTexts.h"
 
 namespace korva::desktop {
@@ -51,6 +52,11 @@ void frmMain::FileItem(int index) {
         return;
       }
       break;
+    case kViewSourceFiles: {
+      frmTextBrow form(session_, this);
+      form.exec();
+      break;
+    }
     case kExit:
       close();
       return;

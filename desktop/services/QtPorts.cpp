@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProcess>
 #include <QUrl>
 #include <utility>
 
@@ -145,6 +146,14 @@ void QtClipboard::SetText(std::string_view text) {
 
 bool QtDocuments::Open(const std::string& file) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(FromUtf8(file)));
+}
+
+bool QtPrograms::Run(const std::string& program, const std::vector<std::string>& arguments) {
+  QStringList list;
+  for (const std::string& argument : arguments) {
+    list << FromUtf8(argument);
+  }
+  return QProcess::startDetached(FromUtf8(program), list);
 }
 
 void QtBusy::Begin() {

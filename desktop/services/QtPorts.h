@@ -26,6 +26,11 @@ class QtDocuments final : public DocumentPort {
   bool Open(const std::string& file) override;
 };
 
+class QtPrograms final : public ProgramPort {
+ public:
+  bool Run(const std::string& program, const std::vector<std::string>& arguments) override;
+};
+
 class QtBusy final : public BusyPort {
  public:
   void Begin() override;

@@ -1,13 +1,12 @@
 #include "desktop/services/frmPath.h"
 
-#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QStorageInfo>
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "desktop/services/DriveBox.h"
 #include "input/CheckSettings.h"
 
 namespace korva::desktop {
@@ -26,7 +25,6 @@ frmPath::frmPath(Session& session, QWidget* parent) : QDialog(parent), session_(
   model_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
   model_.setRootPath(QDir::rootPath());
   Build();
-  FillDrives();
   places_[kCurrent]->setChecked(true);
   InstallContextHelp(*this);
   CenterForm(*this);
@@ -53,10 +51,7 @@ void frmPath::Build() {
     });
     row->addWidget(places_[i]);
   }
-  drive_ = new QComboBox(frame);
-  drive_->setObjectName(QStringLiteral("Drive1"));
-  drive_->setAccessibleName(QStringLiteral("Drive"));
-  drive_->setToolTip(QStringLiteral("Mounted volumes"));
+  drive_ = NewDriveBox(frame);
   connect(drive_, &QComboBox::textActivated, this, &frmPath::DriveChosen);
   folders_ = new QTreeView(frame);
   folders_->setObjectName(QStringLiteral("Dir1"));
@@ -88,17 +83,6 @@ void frmPath::Build() {
   all->addLayout(NewButtonRow(help, {ok, cancel}));
 }
 
-void frmPath::FillDrives() {
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-    if (volume.isValid() && !volume.device().isEmpty() && volume.device().startsWith('/')) {
-      drive_->addItem(volume.rootPath());
-    }
-  }
-  if (drive_->findText(QDir::rootPath()) < 0) {
-    drive_->insertItem(0, QDir::rootPath());
-  }
-}
-
 // A folder that cannot be read leaves the list where it is.
 void frmPath::GoTo(const QString& folder) {
   const QModelIndex index = model_.index(folder);
@@ -108,10 +92,7 @@ void frmPath::GoTo(const QString& folder) {
   folders_->setCurrentIndex(index);
   folders_->expand(index);
   folders_->scrollTo(index, QAbstractItemView::PositionAtCenter);
-  const int drive = drive_->findText(QStorageInfo(folder).rootPath());
-  if (drive >= 0) {
-    drive_->setCurrentIndex(drive);
-  }
+  ShowDriveOf(*drive_, folder);
 }
 
 void frmPath::DriveChosen(const QString& root) {

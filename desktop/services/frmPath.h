@@ -22,7 +22,6 @@ class frmPath final : public QDialog {
 
  private:
   void Build();
-  void FillDrives();
   void GoTo(const QString& folder);
   void DriveChosen(const QString& root);
   QString Folder() const;

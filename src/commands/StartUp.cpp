@@ -51,16 +51,6 @@ bool IsProjectName(const fs::path& path) {
   return extension == "." + std::string(kProjectExtension) && path.filename().string().front() != '.';
 }
 
-std::string WithFileLineEnds(std::string_view bytes) {
-  std::string lines;
-  while (!bytes.empty()) {
-    const SplitLine split = TakeLine(bytes);
-    bytes = split.rest;
-    lines.append(split.line).append(kLineEnd);
-  }
-  return lines;
-}
-
 }  // namespace
 
 Folders MakeFolders(const MachineFolders& machine) {

@@ -15,30 +15,6 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// Takes one character off the front of `bytes`, or gives nothing if they do not begin with valid UTF-8.
-std::optional<char32_t> TakeCharacter(std::string_view& bytes) {
-  static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800, 0x10000};
-  const auto lead = static_cast<unsigned char>(bytes.front());
-  const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
-  if (length == 0 || lead > 0xF4 || bytes.size() < length) {
-    return std::nullopt;
-  }
-  char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    const auto next = static_cast<unsigned char>(bytes[i]);
-    if ((next & 0xC0) != 0x80) {
-      return std::nullopt;
-    }
-    point = (point << 6) | (next & 0x3F);
-  }
-  const bool surrogate = point >= 0xD800 && point <= 0xDFFF;
-  if (point < kLeastOfLength[length] || point > 0x10FFFF || surrogate) {
-    return std::nullopt;
-  }
-  bytes.remove_prefix(length);
-  return point;
-}
-
 void AppendUtf8(std::string& text, char32_t point) {
   if (point < 0x80) {
     text += static_cast<char>(point);
@@ -50,16 +26,6 @@ void AppendUtf8(std::string& text, char32_t point) {
     text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
     text += static_cast<char>(0x80 | (point & 0x3F));
   }
-}
-
-std::string Windows1252ToUtf8(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size() + bytes.size() / 8);
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    AppendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80U] : byte);
-  }
-  return text;
 }
 
 std::optional<char> Windows1252Byte(char32_t point) {
@@ -89,6 +55,29 @@ std::optional<std::string> Utf8ToWindows1252(std::string_view text) {
 
 }  // namespace
 
+std::optional<char32_t> TakeCharacter(std::string_view& bytes) {
+  static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800, 0x10000};
+  const auto lead = static_cast<unsigned char>(bytes.front());
+  const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
+  if (length == 0 || lead > 0xF4 || bytes.size() < length) {
+    return std::nullopt;
+  }
+  char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    const auto next = static_cast<unsigned char>(bytes[i]);
+    if ((next & 0xC0) != 0x80) {
+      return std::nullopt;
+    }
+    point = (point << 6) | (next & 0x3F);
+  }
+  const bool surrogate = point >= 0xD800 && point <= 0xDFFF;
+  if (point < kLeastOfLength[length] || point > 0x10FFFF || surrogate) {
+    return std::nullopt;
+  }
+  bytes.remove_prefix(length);
+  return point;
+}
+
 bool IsUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     if (!TakeCharacter(bytes)) {
@@ -96,6 +85,31 @@ bool IsUtf8(std::string_view bytes) {
     }
   }
   return true;
+}
+
+std::size_t BytesOfWholeCharacters(std::string_view bytes) {
+  constexpr std::size_t kLongest = 4;
+  for (std::size_t back = 1; back <= std::min(kLongest - 1, bytes.size()); ++back) {
+    const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
+    if (byte >= 0xC0) {  // the first byte of a character
+      const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+      return length > back ? bytes.size() - back : bytes.size();
+    }
+    if (byte < 0x80) {
+      break;
+    }
+  }
+  return bytes.size();
+}
+
+std::string Windows1252ToUtf8(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    AppendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80U] : byte);
+  }
+  return text;
 }
 
 std::string TextFromFileBytes(std::string_view bytes) {

@@ -81,6 +81,8 @@ struct Korva {
   // The last parametric sweep.
   SweepData Sweep;
 
+  std::string LastBrowseFolder;  // of the text viewer, between its openings
+
   Settings Preferences;
   Folders Places;
   History SessionHistory;

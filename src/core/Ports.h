@@ -44,6 +44,15 @@ class DocumentPort {
   virtual bool Open(const std::string& file) = 0;
 };
 
+// Starts programs.
+class ProgramPort {
+ public:
+  virtual ~ProgramPort() = default;
+  // Starts `program`, a full name or one that the system looks up, in a window of its own and does not wait
+  // for its end. False if it cannot be started.
+  virtual bool Run(const std::string& program, const std::vector<std::string>& arguments) = 0;
+};
+
 // The printer of the person's choice, which holds while the program runs. All calls but Paper raise run-time
 // error 482 if there is no printer.
 class PrinterPort {
@@ -71,6 +80,7 @@ struct Ports {
   MessagePort& Messages;
   FileChoicePort& Files;
   ClipboardPort& Clipboard;
+  ProgramPort& Programs;
   BusyPort& Busy;
   DocumentPort& Documents;
   PrinterPort& Printer;

@@ -113,4 +113,15 @@ SplitLine TakeLine(std::string_view text) {
   return {text.substr(0, end), text.substr(end + length), true};
 }
 
+std::string WithFileLineEnds(std::string_view text) {
+  std::string lines;
+  lines.reserve(text.size() + text.size() / 16);
+  while (!text.empty()) {
+    const SplitLine split = TakeLine(text);
+    text = split.rest;
+    lines.append(split.line).append(kLineEnd);
+  }
+  return lines;
+}
+
 }  // namespace korva

@@ -36,4 +36,7 @@ struct SplitLine {
 };
 SplitLine TakeLine(std::string_view text);
 
+// Every line with CR LF at its end, the last one too.
+std::string WithFileLineEnds(std::string_view text);
+
 }  // namespace korva

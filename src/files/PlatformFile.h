@@ -40,6 +40,20 @@ bool IsSameFile(const std::string& a, const std::string& b);
 // folder, 75 a folder or device, 70 no permission, 7 more than `limit` bytes, 57 a read that fails.
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit);
 
+// A regular file that is read in pieces. Reading throws run-time error 57 for a read that fails.
+class FileReader {
+ public:
+  virtual ~FileReader() = default;
+  virtual std::uint64_t Size() const = 0;  // when it was opened
+  // The next bytes, at most `most`; none at the end.
+  virtual std::string Read(std::size_t most) = 0;
+  // Begins anew at the first byte.
+  virtual void Rewind() = 0;
+};
+
+// Opens a regular file, without waiting for a pipe. Run-time errors as ReadWholeFile has them.
+std::unique_ptr<FileReader> OpenForReading(const std::string& path);
+
 // The file that `path` leads to through symbolic links, whether it is there or not; `path` itself if it is
 // none.
 std::string ResolveLinks(const std::string& path);

@@ -179,6 +179,34 @@ OpenedFile OpenRegularFile(const std::string& path) {
   return {std::move(file), static_cast<std::uint64_t>(state.st_size)};
 }
 
+class PosixFileReader final : public FileReader {
+ public:
+  PosixFileReader(OpenedFile file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+
+  std::uint64_t Size() const override { return file_.size; }
+
+  std::string Read(std::size_t most) override {
+    std::string bytes(most, '\0');
+    const auto count =
+        Uninterrupted([&] { return ::read(file_.descriptor.Get(), bytes.data(), bytes.size()); });
+    if (count < 0) {
+      ThrowSystemError(errno, path_, "reading");
+    }
+    bytes.resize(static_cast<std::size_t>(count));
+    return bytes;
+  }
+
+  void Rewind() override {
+    if (::lseek(file_.descriptor.Get(), 0, SEEK_SET) != 0) {
+      ThrowSystemError(errno, path_, "reading");
+    }
+  }
+
+ private:
+  OpenedFile file_;
+  std::string path_;
+};
+
 [[noreturn]] void ThrowTooLarge(const std::string& path, std::uint64_t limit) {
   throw RuntimeError(ErrorNumber::kOutOfMemory,
                      fmt::format("{}: more than the {} bytes that such a file can have", path, limit));
@@ -251,6 +279,10 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
   }
   bytes.resize(filled);
   return bytes;
+}
+
+std::unique_ptr<FileReader> OpenForReading(const std::string& path) {
+  return std::make_unique<PosixFileReader>(OpenRegularFile(path), path);
 }
 
 std::unique_ptr<FileReplacement> SystemFileReplacement() {

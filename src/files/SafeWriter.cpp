@@ -6,6 +6,24 @@
 
 namespace korva {
 
+namespace {
+
+void Replace(const std::string& target, std::uint32_t mode, std::string_view bytes,
+             FileReplacement& replacement) {
+  try {
+    replacement.CreateBeside(target, mode);
+    replacement.Write(bytes);
+    replacement.Flush();
+    replacement.Close();
+    replacement.Rename(target);
+  } catch (const RuntimeError&) {
+    replacement.Discard();
+    throw;
+  }
+}
+
+}  // namespace
+
 void WriteFileSafely(const std::string& path, std::string_view bytes) {
   WriteFileSafely(path, bytes, *SystemFileReplacement());
 }
@@ -19,17 +37,12 @@ void WriteFileSafely(const std::string& path, std::string_view bytes, FileReplac
   if (state.exists) {
     RequireWritable(path);  // replacing it would not ask
   }
-  const std::string target = ResolveLinks(path);
-  try {
-    replacement.CreateBeside(target, state.mode);
-    replacement.Write(bytes);
-    replacement.Flush();
-    replacement.Close();
-    replacement.Rename(target);
-  } catch (const RuntimeError&) {
-    replacement.Discard();
-    throw;
-  }
+  Replace(ResolveLinks(path), state.mode, bytes, replacement);
+}
+
+void WriteScratchFile(const std::string& path, std::string_view bytes) {
+  constexpr std::uint32_t kOwnerOnly = 0600;
+  Replace(path, kOwnerOnly, bytes, *SystemFileReplacement());
 }
 
 }  // namespace korva

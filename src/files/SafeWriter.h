@@ -14,4 +14,8 @@ namespace korva {
 void WriteFileSafely(const std::string& path, std::string_view bytes);
 void WriteFileSafely(const std::string& path, std::string_view bytes, FileReplacement& replacement);
 
+// The same for a scratch file that only its owner may read. Whatever has the name `path`, be it a link, is
+// replaced and never written through. Run-time error 75 if it is a folder.
+void WriteScratchFile(const std::string& path, std::string_view bytes);
+
 }  // namespace korva

@@ -2,9 +2,11 @@
 // korva_pictures FOLDER [dark]. QT_SCALE_FACTOR sets the scale.
 #include <QApplication>
 #include <QDir>
+#include <QListView>
 #include <QPainter>
 #include <QTabWidget>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "commands/Calculate.h"
@@ -26,6 +28,7 @@
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPath.h"
 #include "desktop/services/frmPreview.h"
+#include "desktop/services/frmTextBrow.h"
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
 #include "plan/PanelPicture.h"
@@ -137,6 +140,23 @@ void SaveGraphs(FormBench& bench) {
   Save(*open(kEntryHeightGraph, kTraditionalModel), QStringLiteral("frmGraph-one"));
 }
 
+void SaveTextBrow(FormBench& bench) {
+  const auto place = std::filesystem::temp_directory_path() / "korva-examples";  // the same in every picture
+  std::error_code there;
+  std::filesystem::create_directory_symlink(KORVA_EXAMPLES, place, there);
+  bench.State.LastBrowseFolder = place.string();
+  bench.State.Preferences.TextBrowse.BrowseFont.Name = "Liberation Sans";
+  frmTextBrow viewer(bench.Forms);
+  auto& files = The<QListView>(viewer, "File1");
+  files.setCurrentIndex(files.model()->index(1, 0));
+  viewer.show();
+  QTest::keyClick(&files, Qt::Key_Return);
+  Save(viewer, QStringLiteral("frmTextBrow"));
+  Click(viewer, "Check1");
+  Save(viewer, QStringLiteral("frmTextBrow-external"));
+  std::filesystem::remove(place, there);
+}
+
 void SaveAll() {
   FormBench bench;
   bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
@@ -176,6 +196,7 @@ void SaveAll() {
   bench.State.Places.LastPath = "/usr/";
   frmPath path(bench.Forms);
   Save(path, QStringLiteral("frmPath"));
+  SaveTextBrow(bench);
   const TempFolder solverFiles;
   bench.State.Places.TempRoot = solverFiles / "";
   SaveGraphs(bench);

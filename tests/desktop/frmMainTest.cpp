@@ -147,6 +147,9 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
     ports.Messages.Expect(text);
     Choose(item);
   }
+  PressLater("frmTextBrow", "cmdOK");
+  Choose("mnuFileItem(11)");
+  EXPECT_NE(TempFolder::Bytes(korva.Places.IniFile).find("BrowseDefaultFilter=*.KVL"), std::string::npos);
   korva.ProjectEmpty = korva.ProjectSaved = false;
   ports.Messages.Expect("Save Current File before accessing this option");
   Choose("mnuUtilItem(3)");

@@ -66,6 +66,17 @@ class KeptDocuments final : public DocumentPort {
   bool CanOpen = true;
 };
 
+class KeptPrograms final : public ProgramPort {
+ public:
+  bool Run(const std::string& program, const std::vector<std::string>& arguments) override {
+    Calls.push_back({program});
+    Calls.back().insert(Calls.back().end(), arguments.begin(), arguments.end());
+    return CanRun;
+  }
+  std::vector<std::vector<std::string>> Calls;  // program and arguments
+  bool CanRun = true;
+};
+
 // Keeps what is printed. Its dialogs are confirmed unless Cancels is set; the next Failures calls fail.
 class KeptPrinter final : public PrinterPort {
  public:
@@ -102,10 +113,11 @@ struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
   KeptClipboard Clipboard;
+  KeptPrograms Programs;
   CountedBusy Busy;
   KeptDocuments Documents;
   KeptPrinter Printer;
-  Ports All{Messages, Files, Clipboard, Busy, Documents, Printer};
+  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer};
 };
 
 }  // namespace korva
