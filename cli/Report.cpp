@@ -9,7 +9,7 @@
 #include "core/FileNames.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
-#include "pictures/PictureFile.h"
+#include "pictures/PictureKind.h"
 #include "services/PagePrinter.h"
 #include "services/PagesPdf.h"
 

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <cmath>
 
 #include "commands/Attempt.h"
 #include "commands/PlanCommands.h"
@@ -134,8 +135,8 @@ void frmPicture::ChoosePlot(int index) {
 void frmPicture::StepFont(int direction) {
   QFont font = view_->TextFont();
   const double before = QFontInfo(font).pointSizeF();
-  for (int size = static_cast<int>(before + 0.5) + direction; size >= kSmallestFont && size <= kLargestFont;
-       size += direction) {
+  for (int size = static_cast<int>(std::lround(before)) + direction;
+       size >= kSmallestFont && size <= kLargestFont; size += direction) {
     font.setPointSize(size);
     if (QFontInfo(font).pointSizeF() != before) {
       view_->SetTextFont(font);

@@ -6,7 +6,7 @@
 
 #include "core/Korva.h"
 #include "core/Ports.h"
-#include "pictures/PictureFile.h"
+#include "pictures/PictureKind.h"
 
 namespace korva {
 

@@ -8,6 +8,8 @@
 #include <numbers>
 #include <optional>
 
+#include "pictures/PictureFile.h"
+
 namespace korva {
 
 namespace {

@@ -1,12 +1,12 @@
 #include "pictures/DrawingPicture.h"
 
-#include <cairo.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <vector>
+
+#include "pictures/PictureFile.h"
 
 namespace korva {
 

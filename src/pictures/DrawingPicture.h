@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/Drawing.h"
-#include "pictures/PictureFile.h"
+#include "pictures/PictureKind.h"
 
 namespace korva {
 

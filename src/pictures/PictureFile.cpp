@@ -2,7 +2,6 @@
 
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
-#include <cairo.h>
 #include <fmt/format.h>
 
 #include <algorithm>

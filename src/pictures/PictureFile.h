@@ -1,19 +1,15 @@
 // Picture files in memory: SVG, PDF or PNG, on white, painted with cairo.
 #pragma once
 
+#include <cairo.h>
+
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 
-typedef struct _cairo cairo_t;
+#include "pictures/PictureKind.h"
 
 namespace korva {
-
-enum class PictureKind { kSvg, kPdf, kPng };
-
-// The kind that the extension of a file name asks for, in any letter case; nothing for another one.
-std::optional<PictureKind> PictureKindOf(std::string_view fileName);
 
 // In points.
 struct PictureSize {

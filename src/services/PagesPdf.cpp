@@ -35,7 +35,8 @@ void PaintSheet(cairo_t* cairo, const PrintedSheet& sheet) {
 std::string PagesPdf(const std::vector<PrintedSheet>& sheets, PaperSize paper, std::string_view title) {
   // A file name may hold any bytes.
   return PdfBytes({paper.Width / kTwipsInPoint, paper.Height / kTwipsInPoint},
-                  static_cast<int>(sheets.size()), TextFromFileBytes(title), [&sheets](cairo_t* cairo, int page) {
+                  static_cast<int>(sheets.size()), TextFromFileBytes(title),
+                  [&sheets](cairo_t* cairo, int page) {
                     cairo_save(cairo);
                     PaintSheet(cairo, sheets[static_cast<std::size_t>(page)]);
                     cairo_restore(cairo);

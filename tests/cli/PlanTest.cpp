@@ -57,7 +57,7 @@ std::string Difference(const json& made, const json& golden, const std::string& 
   const json a = made.flatten();
   const json b = golden.flatten();
   for (auto item = a.begin(), other = b.begin(); item != a.end() && other != b.end(); ++item, ++other) {
-    const std::string fault =
+    std::string fault =
         item.key() != other.key() ? item.key() : Difference(item.value(), other.value(), item.key());
     if (!fault.empty()) {
       return fault;

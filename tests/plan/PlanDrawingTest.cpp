@@ -186,7 +186,7 @@ TEST(PlanDrawing, ShowsNoNumberThatNoRunComputed) {
   EXPECT_TRUE(Says(DrawPlan(request).value(), "KORVA-STROND: Unit Pillar Strength (psf)."));
   request.PlotType = kPlotCapacity;
   EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 4), Texts{});
-  laminated.StrondPillarStrength[0] = 26353680;
+  laminated.StrondPillarStrength[0] = 26353680.0F;
   EXPECT_DOUBLE_EQ(PlanValuesOf(nullptr, &laminated, kMetric, {}).Strength[1], 26353.68);
   request.PlotType = 6;
   EXPECT_THROW(DrawPlan(request), RuntimeError);
