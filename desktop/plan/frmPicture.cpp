@@ -37,7 +37,7 @@ constexpr double kZoomStep = 1.5;
 frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
   session.State.PlotType = kPlotDimensions;
   std::unique_ptr<frmPicture> window(new frmPicture(session, opener));
-  if (!window->Draw()) {
+  if (!window->view_->Show(window->request_)) {
     ShowMessage(session.State, session.Outside.Messages, {.text = std::string(kInvalidPillars), .title = {}});
     return nullptr;
   }
@@ -45,7 +45,8 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
   return window.release();  // it deletes itself
 }
 
-frmPicture::frmPicture(Session& session, QWidget& opener) : session_(session), opener_(&opener) {
+frmPicture::frmPicture(Session& session, QWidget& opener)
+    : session_(session), opener_(&opener), request_(PlanRequestOf(session.State, true)) {
   setObjectName(QStringLiteral("frmPicture"));
   setWindowTitle(QStringLiteral("View Plan"));
   setAttribute(Qt::WA_DeleteOnClose);
@@ -95,7 +96,6 @@ void frmPicture::BuildMenus() {
 
   QMenu& settings = menu("mnuPlotSet", "&Settings");
   auto* choices = new QActionGroup(this);
-  const Korva& korva = session_.State;
   constexpr std::array kPlots = {"&Pillar Dimensions", "Unit Pillar Strength",
                                  "Pillar Load Bearing Capacity"};
   for (int i = 0; i < static_cast<int>(kPlots.size()); ++i) {
@@ -103,11 +103,14 @@ void frmPicture::BuildMenus() {
                             [this, i] { ChoosePlot(i); });
     item->setCheckable(true);
     item->setChecked(i == 0);
-    item->setEnabled(korva.PlotCaller == kPlanFromResults);
+    item->setEnabled(session_.State.PlotCaller == kPlanFromResults);
     choices->addAction(item);
     plots_.at(static_cast<std::size_t>(i)) = item;
   }
-  plots_[2]->setVisible(korva.ProjectCalc.CalcMode != kLaminatedModel);
+  plots_[2]->setVisible(request_.ProjectCalc.CalcMode != kLaminatedModel);
+  if (request_.Values && !request_.Values->HasTraditional) {
+    plots_[2]->setEnabled(false);  // of two models only the laminated one ran
+  }
 
   QMenu& zoom = menu("mnuView", "&View");
   const auto middle = [this] { return QRectF(view_->rect()).center(); };
@@ -122,13 +125,9 @@ void frmPicture::BuildMenus() {
   })->setShortcut(Qt::CTRL | Qt::Key_0);
 }
 
-bool frmPicture::Draw() {
-  return view_->Show(PlanRequestOf(session_.State, true));
-}
-
 void frmPicture::ChoosePlot(int index) {
-  session_.State.PlotType = static_cast<std::int16_t>(index + 1);
-  Draw();
+  request_.PlotType = session_.State.PlotType = static_cast<std::int16_t>(index + 1);
+  view_->Show(request_);
 }
 
 // To the next size that the font really has.
@@ -179,21 +178,19 @@ void frmPicture::PlaceFirst() {
   move(room.center() - QPoint(width() / 2, height() / 2));
 }
 
-// The picture is square: the height follows the width, or the width the height, whichever was changed.
+// The picture is square: the height follows the width, or the width the height, whichever was changed, as far
+// as the screen goes.
 void frmPicture::SquareUp() {
   const int menu = height() - view_->height();
+  const int screenHeight = screen()->availableGeometry().height();
+  int side = width() != squared_.width() ? width() : height() - menu;
   if (isMaximized()) {
     showNormal();
-    const int tall = static_cast<int>(screen()->availableGeometry().height() * kScreenShare);
-    squared_ = QSize(tall - menu, tall);
-  } else if (height() == width() + menu) {
-    squared_ = size();
-    return;
-  } else if (width() != squared_.width()) {
-    squared_ = QSize(width(), width() + menu);
-  } else {
-    squared_ = QSize(height() - menu, height());
+    side = static_cast<int>(screenHeight * kScreenShare) - menu;
   }
+  const int frame = frameGeometry().height() - height();
+  side = std::min(side, screenHeight - frame - menu);
+  squared_ = QSize(side, side + menu);
   resize(squared_);
 }
 

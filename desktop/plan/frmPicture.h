@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "desktop/support/Session.h"
+#include "plan/KORVAgraf.h"
 
 class QLabel;
 class QMenu;
@@ -39,7 +40,6 @@ class frmPicture final : public QMainWindow {
   void BuildMenus();
   QAction* AddItem(QMenu& menu, const char* array, int index, const char* caption,
                    const std::function<void()>& command);
-  bool Draw();
   void ChoosePlot(int index);
   void StepFont(int direction);
   void Copy();
@@ -50,6 +50,7 @@ class frmPicture final : public QMainWindow {
 
   Session& session_;
   QPointer<QWidget> opener_;
+  PlanRequest request_;  // as it was when the window opened
   PlanView* view_ = nullptr;
   QLabel* picTMPCopy_ = nullptr;
   std::array<QAction*, 3> plots_{};

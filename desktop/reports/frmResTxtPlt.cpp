@@ -208,6 +208,10 @@ void frmResTxtPlt::reject() {
 }
 
 void frmResTxtPlt::closeEvent(QCloseEvent* event) {
+  if (!isEnabled()) {  // the plan stands in front of it
+    event->ignore();
+    return;
+  }
   if (returnTo_) {
     returnTo_->setEnabled(true);
     returnTo_->show();

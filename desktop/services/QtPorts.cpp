@@ -100,7 +100,7 @@ class NormalPointer {
 MessageAnswer QtMessages::Show(const Message& message) {
   const NormalPointer pointer;
   const ButtonSet set = ButtonsOf(message.buttons);
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(FrontWindow());
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setTextFormat(Qt::PlainText);
   box.setText(FromUtf8(message.text));
@@ -118,7 +118,7 @@ MessageAnswer QtMessages::Show(const Message& message) {
 
 std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question) {
   const NormalPointer pointer;
-  QFileDialog dialog(QApplication::activeWindow(), FromUtf8(question.Title), FromUtf8(question.Folder));
+  QFileDialog dialog(FrontWindow(), FromUtf8(question.Title), FromUtf8(question.Folder));
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   dialog.setAcceptMode(question.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(question.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -31,7 +31,7 @@ void RequirePrinted(QPrinter& printer, bool done) {
 
 // Printing to a file is left to the commands that write files safely.
 bool Ask(QPrinter& printer, const QString& title, const QString& button) {
-  QPrintDialog dialog(&printer, QApplication::activeWindow());
+  QPrintDialog dialog(&printer, FrontWindow());
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   dialog.setWindowTitle(title);
   dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);

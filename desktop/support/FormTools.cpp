@@ -99,6 +99,19 @@ void CenterForm(QWidget& form) {
   form.move(std::max(available.left(), middle.x()), std::max(available.top(), middle.y()));
 }
 
+QWidget* FrontWindow() {
+  QWidget* active = QApplication::activeWindow();
+  if (active != nullptr && active->isEnabled()) {
+    return active;
+  }
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto front = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && window->isEnabled() &&
+           (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+  });
+  return front == windows.end() ? active : *front;
+}
+
 void ShowHelpHint(Session& session) {
   ShowMessage(session.State, session.Outside.Messages,
               {.text = std::string(kHelpHint), .icon = MessageIcon::kExclamation, .title = "Help"});

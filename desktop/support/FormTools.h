@@ -46,6 +46,10 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 // Centres a window on its screen, never larger than that and never outside it.
 void CenterForm(QWidget& form);
 
+// The window that a message box or a dialog belongs to: the active one unless it is disabled, else one that
+// is open and enabled.
+QWidget* FrontWindow();
+
 // Shows what every button "Help" shows.
 void ShowHelpHint(Session& session);
 

@@ -15,6 +15,7 @@ struct PlanValues {
   IndexedArray<double, 1, kMaxRows> Strength;  // [pillar line]
   bool HasTraditional = false;                 // the following, which only the traditional model has
   IndexedArray<double, 1, kMaxRows> Capacity;
+  IndexedArray<bool, 1, kMaxRows> HasSideStress;  // the model spreads a side load over three lines
   IndexedArray<double, 1, kMaxRows> SideStress;
   double TribStress = 0;
   bool HasRowStrength = false;

@@ -19,10 +19,11 @@ constexpr double kTickShare = 1.0 / 75;  // of the world's width
 constexpr double kValueInset = 0.15;     // of a pillar's width, for stresses
 constexpr double kBesideLine = 0.62;     // text heights from a line to the middle of its text
 constexpr double kLeastGob = 1.2;        // text heights that a gob is wide to be named
-constexpr double kLeastScale = 0.6;
+constexpr double kLeastScale = 0.5;
 constexpr double kFitting = 0.95;  // of the room that there is
 constexpr int kFrameTurns = 8;
 constexpr double kFrameSettled = 1e-4;
+constexpr std::string_view kActiveGob = "Active gob";
 constexpr std::array<std::string_view, 4> kGobNames = {"First side gob", "First side barrier",
                                                        "Second side barrier", "Second side gob"};
 
@@ -105,23 +106,23 @@ class Drawer {
     }
   }
 
-  // A dimension line from x0 to x1 with its ticks, the text above it.
-  void AddAcross(double x0, double x1, double y, const std::string& text) {
+  // A dimension line from x0 to x1 with its ticks, the text above it, or below.
+  void AddAcross(double x0, double x1, double y, const std::string& text, bool plate, bool above = true) {
     d_.Lines.push_back({{x0, y}, {x1, y}});
     for (const double x : {x0, x1}) {
       d_.Lines.push_back({{x, y - tick_ / 2}, {x, y + tick_ / 2}});
     }
-    AddText({(x0 + x1) / 2, y + kBesideLine * height_}, text, false, 0.5, true);
+    AddText({(x0 + x1) / 2, y + (above ? 1 : -1) * kBesideLine * height_}, text, false, 0.5, plate);
     FitText(kFitting * (x1 - x0), height_);
   }
 
   // The same upward, the text left of it.
-  void AddUpward(double y0, double y1, double x, const std::string& text) {
+  void AddUpward(double y0, double y1, double x, const std::string& text, bool plate) {
     d_.Lines.push_back({{x, y0}, {x, y1}});
     for (const double y : {y0, y1}) {
       d_.Lines.push_back({{x - tick_ / 2, y}, {x + tick_ / 2, y}});
     }
-    AddText({x - kBesideLine * height_, (y0 + y1) / 2}, text, true, 0.5, true);
+    AddText({x - kBesideLine * height_, (y0 + y1) / 2}, text, true, 0.5, plate);
   }
 
   void AddEntryDimensions() {
@@ -131,8 +132,9 @@ class Drawer {
     for (int i = 1; i <= Lines(); ++i) {
       const DrawPoint left = At(g_.Pillars[i][1][0]);
       const DrawPoint right = At(g_.Pillars[i][1][1]);
+      const bool above = S() / 2 > 2 * kBesideLine * height_;  // there is room below the pillar
       AddAcross(left.X - W() / 2, right.X + W() / 2, std::min(left.Y, right.Y) - S() / 2,
-                Whole(p_.XcutCenters[i]));
+                Whole(p_.XcutCenters[i]), false, above);
     }
   }
 
@@ -152,7 +154,7 @@ class Drawer {
       const double x = edge - (once ? 1 : p_.NumberEntries - i) * W();
       const double near = At(g_.Pillars[i][1][0]).Y;
       const double far = At(g_.Pillars[i][1][3]).Y;
-      AddUpward(near - crosscut / 2, far + crosscut / 2, x, Whole(S()));
+      AddUpward(near - crosscut / 2, far + crosscut / 2, x, Whole(S()), false);
       FitText(S(), once ? height_ : kFitting * W());
       d_.Texts.back().At.X = x - kBesideLine * height_ * d_.Texts.back().Scale;
     }
@@ -162,9 +164,9 @@ class Drawer {
     if (r_.Options.PlotGobDims == 1) {
       const double y = S() / 2;
       const auto across = [&](PlanGobIndex gob, double width) {
-        if (g_.GobDrawn[gob] == 1) {
+        if (g_.GobDrawn[gob] == 1 && width > 0) {
           const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
-          AddAcross(left, right, y, Whole(width));
+          AddAcross(left, right, y, Whole(width), true);
         }
       };
       across(kFirstBarrier, p_.BarrierFirstGob);
@@ -189,7 +191,7 @@ class Drawer {
     }
     const DrawPoint edge = At(outline[2]);
     const DrawPoint inner = At(outline[3]);
-    AddAcross(std::min(edge.X, inner.X), std::max(edge.X, inner.X), inner.Y + W(), Whole(width));
+    AddAcross(std::min(edge.X, inner.X), std::max(edge.X, inner.X), inner.Y + W(), Whole(width), true);
   }
 
   void AddBleederWidths(double y) {
@@ -199,7 +201,7 @@ class Drawer {
       if (found != g_.Bleeders.end()) {
         const DrawPoint near = At(found->Corners[0]);
         const double clear = near.Y - 2 * kBesideLine * height_;  // the text stands below the pillar
-        AddAcross(near.X, At(found->Corners[1]).X, std::min(y, clear), Whole(BleederWidth(side)));
+        AddAcross(near.X, At(found->Corners[1]).X, std::min(y, clear), Whole(BleederWidth(side)), false);
       }
     }
   }
@@ -223,9 +225,10 @@ class Drawer {
                           BareUnit(UnitLabel(UnitKind::kLength, r_.Units)));
     }
     AddText({(low.X + high.X) / 2, (low.Y + high.Y) / 2}, name, true, 0.5, true);
+    FitText(kFitting * (high.Y - low.Y), height_);
   }
 
-  // In the entry left of the middle line.
+  // In the entry left of the middle line, the text on the side that has room for it.
   void AddActiveGobDimension() {
     if (g_.ActiveGob.empty()) {
       return;
@@ -235,10 +238,17 @@ class Drawer {
     const double x = corner.X - W() / 2;
     const auto top = static_cast<double>(g_.GobTop);
     const std::string extent = Whole(p_.ExtentActiveGob);
-    AddUpward(corner.Y, top, x, extent);
-    d_.Texts.back().At.Y = top - (0.2 + 0.5) * TextLength(extent) * height_ - tick_;
+    AddUpward(corner.Y, top, x, extent, true);
+    const bool roomLeft = x > 2 * kBesideLine * height_;
+    DrawPoint& at = d_.Texts.back().At;
+    at = {x + (roomLeft ? -1 : 1) * kBesideLine * height_,
+          top - (0.2 + 0.5) * TextLength(extent) * height_ - tick_};
+    const double from = roomLeft ? x : x + 2 * kBesideLine * height_;
     const double right = At(g_.Pillars[Lines()][1][1]).X + W();
-    AddText({(x + right) / 2, (static_cast<double>(g_.RowTop) + top) / 2}, "Active gob", false, 0.5, true);
+    if (TextLength(kActiveGob) * height_ < kFitting * (right - from)) {
+      AddText({(from + right) / 2, (static_cast<double>(g_.RowTop) + top) / 2}, std::string(kActiveGob),
+              false, 0.5, true);
+    }
   }
 
   // Values stand in the last row in front of the active gob, and in the last one of a line that is left.
@@ -270,7 +280,8 @@ class Drawer {
       const DrawPoint a = At(corners[0]);
       const DrawPoint b = At(corners[2]);
       AddText({(a.X + b.X) / 2, (a.Y + b.Y) / 2}, text, true);
-      FitText(kFitting * (At(corners[3]).Y - a.Y), kFitting * (b.X - a.X));
+      const double slope = std::abs(At(corners[1]).Y - a.Y) / std::max(b.X - a.X, W());
+      FitText(kFitting * (At(corners[3]).Y - a.Y) - slope * height_, kFitting * (b.X - a.X));
     }
   }
 
@@ -302,6 +313,19 @@ class Drawer {
   }
 
   // On a pillar's far side, from its left edge in the left wing, else up to its right edge.
+  void AddStress(const PlanCorners& corners, const std::string& text, bool leftWing) {
+    const DrawPoint left = At(corners[3]);
+    const DrawPoint right = At(corners[2]);
+    const double inset = kValueInset * (right.X - left.X);
+    AddText({leftWing ? left.X + inset : right.X - inset, 0}, text, false, leftWing ? 0 : 1);
+    FitText(right.X - left.X - inset, height_);
+    DrawText& made = d_.Texts.back();
+    // Below the lower end of the edge above it.
+    const double length = TextLength(text) * height_ * made.Scale;
+    const double slope = (leftWing ? 1 : -1) * (right.Y - left.Y) / (right.X - left.X);
+    made.At.Y = (leftWing ? left.Y : right.Y) + std::min(slope * inset, slope * (inset + length)) - height_;
+  }
+
   void AddStresses() {
     if (!r_.Values || !r_.Values->HasTraditional) {
       return;
@@ -311,18 +335,10 @@ class Drawer {
       const double tributary = r_.PlotType == kPlotTotalStress ? r_.Values->TribStress : 0;
       const std::string text = Whole(r_.Values->SideStress[i] + tributary);
       for (int j = 1; j <= kLastRow; ++j) {
-        if (g_.PillarDrawn[i][j] != 1) {
+        if (g_.PillarDrawn[i][j] != 1 || !r_.Values->HasSideStress[i]) {
           continue;
         }
-        const PlanCorners& corners = g_.Pillars[i][j];
-        const double inset = kValueInset * (At(corners[1]).X - At(corners[0]).X);
-        const double y = std::min(At(corners[2]).Y, At(corners[3]).Y) - height_;
-        if (i < middle) {
-          AddText({At(corners[0]).X + inset, y}, text, false, 0);
-        } else {
-          AddText({At(corners[1]).X - inset, y}, text, false, 1);
-        }
-        FitText(inset / kValueInset, height_);
+        AddStress(g_.Pillars[i][j], text, i < middle);
       }
     }
   }

@@ -31,7 +31,7 @@ void GrowByText(DrawBox& box, const DrawText& text, double textHeight) {
 
 }  // namespace
 
-double TextLength(const std::string& text) {
+double TextLength(std::string_view text) {
   return kDigit * static_cast<double>(CharacterCount(text));
 }
 

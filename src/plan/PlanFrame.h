@@ -1,12 +1,14 @@
 // The square world around a plan: how large it is, and where the drawing lies in it.
 #pragma once
 
+#include <string_view>
+
 #include "core/Drawing.h"
 
 namespace korva {
 
 // What a text is likely to take, in the units of its height; painters have the real widths.
-double TextLength(const std::string& text);
+double TextLength(std::string_view text);
 
 // The least box around all records of `drawing`, with texts of the height `textHeight`.
 struct DrawBox {

@@ -106,13 +106,15 @@ class Layout {
     return {Point(left, near), Point(right, near + rise), Point(right, top + rise), Point(left, top)};
   }
 
-  // A barrier from its gob side to its panel side, with the step of a slab cut from row 4 of `line` on.
-  std::vector<PlanPoint> Barrier(double gobSide, double panelSide, double slabCut, int line) const {
+  // A barrier from its gob side to its panel side, with the step of a slab cut behind the crosscut of
+  // `pillar`, the one in row 4 beside it.
+  std::vector<PlanPoint> Barrier(double gobSide, double panelSide, double slabCut,
+                                 const PlanPoint& pillar) const {
     const double top = static_cast<double>(g_.GobTop);
     std::vector<PlanPoint> outline = {Point(gobSide, 0), Point(panelSide, 0)};
     if (slabCut > 0) {
       const double inward = panelSide > gobSide ? -slabCut : slabCut;
-      const double step = Top(line, kRetreatRow) + Crosscut();
+      const double step = static_cast<double>(pillar.Y) + Crosscut();
       outline.push_back(Point(panelSide, step));
       outline.push_back(Point(panelSide + inward, step + slabCut / CrosscutSine(p_)));
       outline.push_back(Point(panelSide + inward, top));
@@ -143,8 +145,9 @@ class Layout {
     }
   }
 
+  // A schematic gob is seen without a barrier, too.
   double GobWidth(double barrier, double extent) const {
-    return options_.SchematicGobs ? kSchematicGob * barrier : extent;
+    return options_.SchematicGobs ? kSchematicGob * (barrier > 0 ? barrier : W()) : extent;
   }
 
   void AddFirstSide() {
@@ -156,7 +159,7 @@ class Layout {
       AddBleeders(kFirstSideLine, 1, edge - W() - width, edge - W());
       edge -= W() + width + W();
     }
-    g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, p_.SlabcutFirstGob, 1);
+    g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, p_.SlabcutFirstGob, g_.Pillars[1][kRetreatRow][3]);
     g_.Gobs[kFirstGob] = Gob(edge - GobWidth(p_.BarrierFirstGob, p_.ExtentFirstGob), edge);
     g_.GobDrawn[kFirstBarrier] = g_.GobDrawn[kFirstGob] = 1;
   }
@@ -170,7 +173,8 @@ class Layout {
       AddBleeders(kSecondSideLine, Lines(), edge + W(), edge + W() + width);
       edge += W() + width + W();
     }
-    g_.Gobs[kSecondBarrier] = Barrier(gobSide, panelSide, p_.SlabcutSecondGob, Lines());
+    g_.Gobs[kSecondBarrier] =
+        Barrier(gobSide, panelSide, p_.SlabcutSecondGob, g_.Pillars[Lines()][kRetreatRow][2]);
     g_.Gobs[kSecondGob] = Gob(edge, edge + GobWidth(p_.BarrierSecondGob, p_.ExtentSecondGob));
     g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = 1;
   }

@@ -70,6 +70,8 @@ std::string BleederHint(const PlanRequest& request, const PlanBleeder& bleeder) 
   text += SizeText(request, width, p.XcutSpacing - p.EntryWidth);
   if (request.Values && request.Values->HasRowStrength) {
     text += StrengthText(*request.Values, request.Values->RowStrength[side]);
+  }
+  if (request.Values && request.Values->HasTraditional) {
     text += CapacityText(*request.Values, request.Values->RowCapacity[side]);
   }
   return text;

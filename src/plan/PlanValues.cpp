@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "plan/KORVAgraf.h"
 
 namespace korva {
@@ -7,12 +9,27 @@ namespace {
 constexpr double kSquareInchesPerSquareFoot = 144;
 constexpr double kPaPerKPa = 1000;
 
-// A row's share from the first side, and from the second, whose rows are counted from there.
+void AddSideStress(PlanValues& values, int line, double stress) {
+  values.SideStress[line] += stress;
+  values.HasSideStress[line] = true;
+}
+
+// A line's share of each side abutment. The lines of the second side are counted from there. Without a side
+// gob there is nothing to share; behind the third line the model says nothing.
 void FillSideStress(const OutputResults& output, PlanValues& values) {
+  constexpr int kSharedLines = 3;
   const int lines = output.Work.NumRows;
-  for (int i = 1; i <= std::min(3, lines); ++i) {
-    values.SideStress[i] += output.Out.SideStressFirst[i];
-    values.SideStress[lines + 1 - i] += output.Out.SideStressSecond[i];
+  const int sides = std::max(0, output.Work.LoadCond - kActiveGob);
+  for (int i = 1; i <= lines; ++i) {
+    if (sides == 0) {
+      AddSideStress(values, i, 0);
+    }
+    if (sides >= 1 && i <= kSharedLines) {
+      AddSideStress(values, i, output.Out.SideStressFirst[i]);
+    }
+    if (sides == 2 && i <= kSharedLines) {
+      AddSideStress(values, lines + 1 - i, output.Out.SideStressSecond[i]);
+    }
   }
   values.TribStress = static_cast<double>(output.Out.TribStress);
 }

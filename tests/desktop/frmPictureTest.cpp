@@ -158,6 +158,24 @@ TEST_F(PlanWindow, ZoomsAroundThePointerAndTellsWhatStandsThere) {
   EXPECT_EQ(PlanHintAt(View().Request(), plan, {0, 0}), "");
 }
 
+TEST_F(PlanWindow, KeepsThePanelThatItWasOpenedFor) {
+  OpenFor(kPlanFromResults);
+  bench_.State.ProjectCalc = Project{};
+  bench_.State.PillarValues.reset();
+  Item("mnuPlotSetItem(1)").trigger();
+  EXPECT_TRUE(View().Request().Values.has_value());
+  EXPECT_EQ(View().Shown().Pillars.size(), 20U);
+}
+
+TEST_F(PlanWindow, OffersWhatTheRunComputed) {
+  bench_.State.ProjectCalc.CalcMode = kComparedModels;  // of which the laminated model alone may have run
+  const StrondResults laminated;
+  bench_.State.PillarValues = PlanValuesOf(nullptr, &laminated, kEnglish, {});
+  OpenFor(kPlanFromResults);
+  EXPECT_TRUE(Item("mnuPlotSetItem(1)").isEnabled());
+  EXPECT_FALSE(Item("mnuPlotSetItem(2)").isEnabled());
+}
+
 TEST_F(PlanWindow, GivesItsOpenerBack) {
   opener_.setEnabled(false);
   OpenFor(kPlanFromResults);
@@ -173,6 +191,8 @@ TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
   EXPECT_EQ(bench_.State.PlotCaller, kPlanFromResults);
   Click(*results, "Command9");
   EXPECT_FALSE(results->isEnabled());
+  results->close();
+  EXPECT_TRUE(results->isVisible()) << "the plan stands in front of it";
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (auto* plan = qobject_cast<frmPicture*>(window)) {
       plan->close();

@@ -161,6 +161,11 @@ TEST(PlanDrawing, StressesCountTheSecondSideFromItsOwnEnd) {
   PlanValues& values = *request.Values;
   EXPECT_GT(values.SideStress[1], values.SideStress[2]);
   EXPECT_GT(values.SideStress[5], values.SideStress[4]);
+  EXPECT_TRUE(values.HasSideStress[3]);
+  PlanRequest oneSide = AfterRun(test::AtCondition(test::TwoSideGobs(), 2), kPlotTotalStress);
+  EXPECT_FALSE(oneSide.Values->HasSideStress[4]) << "the model says nothing about it";
+  PlanRequest noSide = AfterRun(test::DevelopmentPanel(), kPlotSideStress);
+  EXPECT_EQ(ValuesIn(DrawPlan(noSide).value(), 2), Texts{"0"});
   values.SideStress[1] = 70;
   values.TribStress = 1000;
   EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 1), Texts{"70"}) << "in every row";

@@ -100,6 +100,13 @@ TEST(PlanGeometry, SlabCutIsASlantedStep) {
   EXPECT_FLOAT_EQ(outline[3].X, -20);
   EXPECT_FLOAT_EQ(outline[3].Y, 400);
   EXPECT_EQ(g.Gobs[kSecondBarrier].size(), 4U);
+  Project chevron = test::TwoSideGobs();
+  chevron.XcutAngle = 60;
+  chevron.SlabcutSecondGob = 10;
+  test::SetRows(chevron, 4, 60);
+  const PlanGeometry mirrored = PlanOf(chevron);
+  EXPECT_NEAR(mirrored.Gobs[kFirstBarrier][2].Y, mirrored.Gobs[kSecondBarrier][2].Y, kClose)
+      << "level on both sides of a symmetric panel";
   EXPECT_TRUE(std::any_of(g.ActiveGob.begin(), g.ActiveGob.end(), [](const PlanPoint& corner) {
     return corner.X == -20;
   })) << "the active gob fills the cut";
