@@ -320,10 +320,12 @@ class Drawer {
     AddText({leftWing ? left.X + inset : right.X - inset, 0}, text, false, leftWing ? 0 : 1);
     FitText(right.X - left.X - inset, height_);
     DrawText& made = d_.Texts.back();
-    // Below the lower end of the edge above it.
+    // One text below the edge above it, but no nearer to the edge beneath it than to that.
     const double length = TextLength(text) * height_ * made.Scale;
     const double slope = (leftWing ? 1 : -1) * (right.Y - left.Y) / (right.X - left.X);
-    made.At.Y = (leftWing ? left.Y : right.Y) + std::min(slope * inset, slope * (inset + length)) - height_;
+    const auto [low, high] = std::minmax({slope * inset, slope * (inset + length)});
+    const double along = left.Y - At(corners[0]).Y;
+    made.At.Y = (leftWing ? left.Y : right.Y) + std::max(low - height_, (low + high - along) / 2);
   }
 
   void AddStresses() {
