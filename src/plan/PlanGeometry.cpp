@@ -32,6 +32,9 @@ class Layout {
   Layout(const Project& project, const PlanOptions& options) : p_(project), options_(options) {}
 
   PlanGeometry Compute() {
+    if (Lines() < 1) {
+      return std::move(g_);  // no pillars, no panel
+    }
     FillRowStarts();
     for (int i = 1; i <= Lines(); ++i) {
       for (int j = 1; j <= kLastRow; ++j) {

@@ -204,9 +204,10 @@ TEST(PlanDrawing, PreviewIsOutlinesAloneAndNothingHasNoPlan) {
   EXPECT_TRUE(plan.Picture.Texts.empty());
   EXPECT_TRUE(plan.Picture.Lines.empty());
   EXPECT_EQ(plan.Picture.Polygons.size(), 20U + 4 + 1);
-  request.ProjectCalc = Project{};
-  request.ProjectCalc.NumberEntries = 1;
+  request.ProjectCalc.NumberEntries = 1;  // gobs around no pillar
   EXPECT_FALSE(DrawPlan(request));
+  request.ProjectCalc = Project{};
+  EXPECT_FALSE(DrawPlan(request)) << "pillars without size";
 }
 
 }  // namespace
