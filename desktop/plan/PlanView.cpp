@@ -96,7 +96,9 @@ void PlanView::ShowWhole() {
 void PlanView::paintEvent(QPaintEvent*) {
   if (plan_) {
     QPainter painter(this);
-    PaintDrawing(painter, Square(), plan_->Picture, {palette(), textFont_});
+    PaintStyle style = {palette(), textFont_};
+    style.Zoom = zoom_;
+    PaintDrawing(painter, Square(), plan_->Picture, style);
   }
 }
 

@@ -102,6 +102,8 @@ QWidget* frmTextBrow::DiskSide() {
   dir_->setAccessibleName(QStringLiteral("Folder"));
   dir_->setToolTip(QStringLiteral("A double click or Enter moves to a folder"));
   dir_->setUniformItemSizes(true);
+  const int iconSide = dir_->fontMetrics().height();
+  dir_->setIconSize(QSize(iconSide, iconSide));  // open and closed alike
   filter_ = new QLineEdit(side);
   filter_->setObjectName(QStringLiteral("Text2"));
   filter_->setToolTip(

@@ -84,12 +84,13 @@ void SavePlans(FormBench& bench) {
   save(QStringLiteral("angled"), "angled-crosscuts.KVL", asItIs);
   save(QStringLiteral("bleeders"), "bleeder-rows-c-d.KVL",
        [](Korva& korva) { korva.Preferences.Options.PlotGobExtLoose = 0; });
-  save(QStringLiteral("slab-cuts"), "slab-cuts.KVL",
-       [](Korva& korva) { korva.Stored.ProjectInput.XcutAngle = 70; });
+  save(QStringLiteral("slab-cuts"), "slab-cuts.KVL", [](Korva& korva) {
+    korva.Preferences.Options.PlotGobExtLoose = 1;
+    korva.Stored.ProjectInput.XcutAngle = 70;
+  });
   save(QStringLiteral("two-entries"), "development.KVL",
        [](Korva& korva) { korva.Stored.ProjectInput.NumberEntries = 2; });
   save(QStringLiteral("ten-entries"), "two-side-gobs.KVL", [](Korva& korva) {
-    korva.Preferences.Options.PlotGobExtLoose = 1;
     korva.Preferences.Options.PlotSingleXcutDims = 0;
     Project& p = korva.Stored.ProjectInput;
     p.NumberEntries = 10;
