@@ -1,25 +1,41 @@
-// The square world around a plan: how large it is, and where the drawing lies in it.
+// What stands around the panel in the square world of a plan: caption above, legend and scale below.
 #pragma once
 
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "core/Drawing.h"
+#include "plan/KORVAgraf.h"
 
 namespace korva {
 
-// What a text is likely to take, in the units of its height; painters have the real widths.
-double TextLength(std::string_view text);
+class PlanFrame {
+ public:
+  // Of a world of the width `side`.
+  PlanFrame(const PlanRequest& request, double side);
 
-// The least box around all records of `drawing`, with texts of the height `textHeight`.
-struct DrawBox {
-  DrawPoint Low;
-  DrawPoint High;
-  double Width() const { return High.X - Low.X; }
-  double Height() const { return High.Y - Low.Y; }
+  // What it takes of the world's height; the legend depends on what is drawn.
+  double CaptionHeight() const;
+  double LegendHeight(const Drawing& drawing) const;
+
+  // Adds it to a drawing that has its place in the world.
+  void Add(Drawing& drawing) const;
+
+ private:
+  struct Entry {
+    DrawLayer Layer;
+    std::string Text;
+  };
+
+  static double Length(const Entry& entry);
+  std::string LeaveRowName() const;
+  std::vector<std::vector<Entry>> Legend(const Drawing& drawing) const;
+  void AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, double y) const;
+  void AddScale(Drawing& drawing, double y) const;
+
+  const PlanRequest& r_;
+  double side_;
+  double height_;
+  double margin_;
 };
-DrawBox BoxOf(const Drawing& drawing, double textHeight);
-
-// Moves all records of a drawing.
-void Move(Drawing& drawing, DrawPoint by);
 
 }  // namespace korva

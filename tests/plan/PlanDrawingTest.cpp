@@ -6,7 +6,7 @@
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
 #include "plan/KORVAgraf.h"
-#include "plan/PlanFrame.h"
+#include "plan/PlanBox.h"
 #include "support/Panels.h"
 
 namespace korva {
