@@ -12,6 +12,7 @@ Command AddSweep(CLI::App& app, const CommonOptions& common);
 Command AddPlan(CLI::App& app, const CommonOptions& common);
 Command AddSave(CLI::App& app, const CommonOptions& common);
 Command AddConvert(CLI::App& app, const CommonOptions& common);
+Command AddUnits(CLI::App& app, const CommonOptions& common);
 
 // Commands that are named but not built yet; each says so.
 std::vector<Command> AddPlanned(CLI::App& app);

@@ -1,20 +1,14 @@
 // Commands that have their name but are not built yet.
-#include <fmt/format.h>
-
 #include "Commands.h"
 
 namespace korva::cli {
 
 std::vector<Command> AddPlanned(CLI::App& app) {
-  std::vector<Command> commands;
-  for (const char* name : {"import", "units"}) {
-    CLI::App* parser = app.add_subcommand(name, "Not built yet")->fallthrough(false)->allow_extras();
-    commands.push_back({parser, [name] {
-                          Complain(fmt::format("the command {} is not built yet", name));
-                          return kFailed;
-                        }});
-  }
-  return commands;
+  CLI::App* import = app.add_subcommand("import", "Not built yet")->fallthrough(false)->allow_extras();
+  return {{import, [] {
+             Complain("the command import is not built yet");
+             return kFailed;
+           }}};
 }
 
 }  // namespace korva::cli

@@ -55,9 +55,9 @@ int Run(int argc, char** argv) {
   app.fallthrough();
   CommonOptions common;
   AddCommonOptions(app, common);
-  std::vector<Command> commands = {AddReport(app, common), AddCalc(app, common), AddBatch(app, common),
-                                   AddSweep(app, common),  AddPlan(app, common), AddSave(app, common),
-                                   AddConvert(app, common)};
+  std::vector<Command> commands = {AddReport(app, common),  AddCalc(app, common), AddBatch(app, common),
+                                   AddSweep(app, common),   AddPlan(app, common), AddSave(app, common),
+                                   AddConvert(app, common), AddUnits(app, common)};
   for (Command& planned : AddPlanned(app)) {
     commands.push_back(std::move(planned));
   }

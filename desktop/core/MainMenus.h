@@ -27,7 +27,15 @@ enum FileIndex {
   kViewSourceFiles = 11,
   kExit = 13
 };
-enum UtilIndex { kSettings = 0, kFileConversion = 3, kClearHistory = 5, kToggleHistory, kCopyHistory };
+enum UtilIndex {
+  kSettings = 0,
+  kOptions,
+  kUnitConversion,
+  kFileConversion,
+  kClearHistory = 5,
+  kToggleHistory,
+  kCopyHistory
+};
 enum HelpIndex { kDisclaimer = 6 };
 
 // The menus and what each of their groups does when one of its items is chosen.

@@ -12,6 +12,9 @@
 #include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
+#include "desktop/options/frmConvert.h"
+#include "desktop/options/frmKORVAOpts.h"
+#include "desktop/options/frmUnits.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPreview.h"
@@ -182,11 +185,15 @@ void frmMain::ShowGraph() {
 
 void frmMain::UtilItem(int index) {
   switch (index) {
-    case kSettings: {
-      frmSet form(session_, this);
-      form.exec();
+    case kSettings:
+      frmSet(session_, this).exec();
       break;
-    }
+    case kOptions:
+      frmKORVAOpts(session_, this).exec();
+      break;
+    case kUnitConversion:
+      frmUnits(session_, this).exec();
+      break;
     case kFileConversion:
       if (korva_.ProjectEmpty) {
         ShowMessage(korva_, ports_.Messages, {.text = "Current file is empty", .title = {}});
@@ -194,7 +201,7 @@ void frmMain::UtilItem(int index) {
         ShowMessage(korva_, ports_.Messages,
                     {.text = "Save Current File before accessing this option", .title = {}});
       } else {
-        SayNotBuilt("mnuUtilItem", index);
+        frmConvert(session_, this).exec();
       }
       break;
     case kClearHistory:
@@ -207,8 +214,8 @@ void frmMain::UtilItem(int index) {
     case kCopyHistory:
       ports_.Clipboard.SetText(korva_.SessionHistory.Text);
       break;
-    default:
-      SayNotBuilt("mnuUtilItem", index);
+    default:  // a separator
+      break;
   }
 }
 

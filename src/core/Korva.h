@@ -78,6 +78,9 @@ struct Korva {
   std::string StrondResultFile;
   std::string StrondOutFile;
 
+  // What the file conversion dialog was left with.
+  std::int16_t ConvertFileOption = 0;
+
   // The last parametric sweep.
   SweepData Sweep;
 

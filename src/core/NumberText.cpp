@@ -15,10 +15,17 @@ namespace {
 // The largest number of 15 digits; what lies above would be rounded up to a text that no double holds.
 constexpr double kLargest = 1.79769313486231e308;
 
-std::string General(double value, int digits) {
+constexpr int kFirstPlain = -4;  // powers of ten that the general form writes without an exponent
+constexpr int kLastPlain = 14;
+
+void RequireFinite(double value) {
   if (!std::isfinite(value)) {
     throw RuntimeError(ErrorNumber::kOverflow, "a number without a finite value has no text");
   }
+}
+
+std::string General(double value, int digits) {
+  RequireFinite(value);
   if (value == 0) {
     return "0";  // -0 too
   }
@@ -42,6 +49,23 @@ std::string GeneralText(double value) {
 
 std::string GeneralText(float value) {
   return General(static_cast<double>(value), 7);
+}
+
+std::string ShortestText(double value) {
+  RequireFinite(value);
+  if (value == 0) {
+    return "0";
+  }
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
+  std::string shortest(text, end);
+  const auto mark = shortest.find('e');
+  const int power = std::stoi(shortest.substr(mark + 1));
+  if (power < kFirstPlain || power > kLastPlain) {
+    shortest[mark] = 'E';
+    return shortest;
+  }
+  return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed).ptr};
 }
 
 std::string PaddedText(std::int16_t value) {

@@ -12,6 +12,9 @@ namespace korva {
 std::string GeneralText(double value);
 std::string GeneralText(float value);
 
+// The same form with as many digits as it takes to read back to the very same value, at most 17.
+std::string ShortestText(double value);
+
 // The form that integers and singles have in a file: a blank or minus sign, the digits, one trailing blank.
 std::string PaddedText(std::int16_t value);
 std::string PaddedText(float value);

@@ -154,10 +154,21 @@ TEST_F(KorvaCommand, OptionsAndModels) {
     call.insert(call.end(), {"report", "two.KVL"});
     EXPECT_TRUE(Holds(Call(call).Out, line + "\n")) << line;
   }
-  ExpectFailure({"units", "length", "m", "1"}, 3, "not built yet");
+  ExpectFailure({"import", "vosk", "a.VSK", "b.KVL"}, 3, "not built yet");
   // An option behind the command counts as well.
   EXPECT_FALSE(Holds(Call({"report", "two.KVL", "--set", "PrintModuleHeader=0"}).Out, "module build"));
   ExpectFailure({"--settings", "gone.ini", "report", "two.KVL"}, 3, "gone.ini");
+}
+
+TEST_F(KorvaCommand, ConvertsUnits) {
+  EXPECT_EQ(Call({"units", "length", "ft", "1"}).Out,
+            "in            12\nft            1\ncm            30.48\nm             0.3048\n");
+  const json row = json::parse(Call({"units", "load", "tonsF (short)", "-2,5", "--json"}).Out);
+  EXPECT_EQ(row["value"], -2.5);
+  EXPECT_EQ(row["row"][0]["text"], "-5000");
+  ExpectFailure({"units", "length", "yard", "1"}, 2, "\"in\", \"ft\"");
+  ExpectFailure({"units", "stress", "MPa", "many"}, 2, "expected a number");
+  ExpectFailure({"units", "stress", "MPa", "1e305"}, 3, "Overflow (6)");
 }
 
 TEST_F(KorvaCommand, RunsTheModelAskedFor) {

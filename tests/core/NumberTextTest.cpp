@@ -39,6 +39,15 @@ TEST(GeneralText, Has15DigitsOr7AndAnExponentBeyondItsLimits) {
   ExpectError(ErrorNumber::kOverflow, [] { GeneralText(static_cast<float>(-kInfinity)); });
 }
 
+TEST(ShortestText, ReadsBackToTheSameValue) {
+  std::string texts;
+  for (const double value : {0.1 + 0.2, 1e15, 123456789012345.6, -0.00012345, 1e-5, -2.5e300, 0.0}) {
+    texts += ShortestText(value) + " ";
+    EXPECT_EQ(std::stod(ShortestText(value)), value);
+  }
+  EXPECT_EQ(texts, "0.30000000000000004 1E+15 123456789012345.6 -0.00012345 1E-05 -2.5E+300 0 ");
+}
+
 TEST(PaddedText, HasABlankOrMinusInFrontAndABlankBehind) {
   EXPECT_EQ(PaddedText(std::int16_t{2}) + PaddedText(std::int16_t{-32768}), " 2 -32768 ");
   EXPECT_EQ(PaddedText(-0.5F) + PaddedText(-0.0F), "-0.5  0 ");

@@ -21,6 +21,9 @@
 #include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
+#include "desktop/options/frmConvert.h"
+#include "desktop/options/frmKORVAOpts.h"
+#include "desktop/options/frmUnits.h"
 #include "desktop/plan/SchematicView.h"
 #include "desktop/plan/frmPicture.h"
 #include "desktop/reports/frmPopUp.h"
@@ -200,6 +203,16 @@ void SaveAll() {
   SaveTextBrow(bench);
   const TempFolder solverFiles;
   bench.State.Places.TempRoot = solverFiles / "";
+  frmKORVAOpts options(bench.Forms);
+  auto& tabs = The<QTabWidget>(options, "SSTab1");
+  for (int tab = 0; tab < tabs.count(); ++tab) {
+    tabs.setCurrentIndex(tab);
+    Save(options, QStringLiteral("frmKORVAOpts-%1").arg(tab));
+  }
+  frmUnits units(bench.Forms);
+  Save(units, QStringLiteral("frmUnits"));
+  frmConvert convert(bench.Forms);
+  Save(convert, QStringLiteral("frmConvert"));
   SaveGraphs(bench);
   SavePlans(bench);
 }

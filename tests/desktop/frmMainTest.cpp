@@ -150,6 +150,11 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
   PressLater("frmTextBrow", "cmdOK");
   Choose("mnuFileItem(11)");
   EXPECT_NE(TempFolder::Bytes(korva.Places.IniFile).find("BrowseDefaultFilter=*.KVL"), std::string::npos);
+  for (const auto& [item, form] :
+       {std::pair{"mnuUtilItem(1)", "frmKORVAOpts"}, {"mnuUtilItem(2)", "frmUnits"}}) {
+    PressLater(form, "Command1");
+    Choose(item);
+  }
   korva.ProjectEmpty = korva.ProjectSaved = false;
   ports.Messages.Expect("Save Current File before accessing this option");
   Choose("mnuUtilItem(3)");

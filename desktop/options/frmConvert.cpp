@@ -1,0 +1,89 @@
+#include "desktop/options/frmConvert.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+#include "commands/Attempt.h"
+#include "commands/FileCommands.h"
+#include "desktop/support/FormTools.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kTitleSlot = 13;
+constexpr int kLoadConverted = 0;
+constexpr int kKeepOriginal = 1;
+
+}  // namespace
+
+frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+  setObjectName(QStringLiteral("frmConvert"));
+  setWindowTitle(QStringLiteral("File Conversion Utility"));
+  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading File Conversion Form");
+  Build();
+  Load();
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmConvert::Build() {
+  const auto frame = [this](const char* title, const char* array, std::array<const char*, 2> captions,
+                            std::array<QRadioButton*, 2>& options) {
+    auto* box = new QGroupBox(QLatin1String(title), this);
+    auto* column = new QVBoxLayout(box);
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+      options.at(i) = NewOption(IndexedName(array, static_cast<int>(i)), QLatin1String(captions.at(i)), box);
+      column->addWidget(options.at(i));
+    }
+    return box;
+  };
+  QGroupBox* units = frame("Units", "Option1", {"feet, psi, pcf", "meters, MPa, kN/m3"}, units_);
+  QGroupBox* files =
+      frame("File options", "Option2", {"Load converted project ", "Keep original project"}, files_);
+  units->setToolTip(QStringLiteral("The units to convert to"));
+  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  QPushButton* convert = NewButton("Command2", QStringLiteral("Convert"), this);
+  convert->setToolTip(QStringLiteral("Converts the open project; its file stays as it is until you save"));
+  convert->setDefault(true);
+  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
+  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+  connect(convert, &QPushButton::clicked, this, &frmConvert::Convert);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(units);
+  all->addWidget(files);
+  all->addStretch();
+  all->addLayout(NewButtonRow(help, {convert, cancel}));
+}
+
+// Only the other unit system can be chosen, and the original is never kept.
+void frmConvert::Load() {
+  const bool metric = session_.State.Stored.ProjectUnits == kMetric;
+  units_[metric ? kMetric : kEnglish]->setEnabled(false);
+  units_[metric ? kEnglish : kMetric]->setChecked(true);
+  files_[session_.State.ConvertFileOption == kKeepOriginal ? kKeepOriginal : kLoadConverted]->setChecked(
+      true);
+  files_[kKeepOriginal]->setEnabled(false);
+}
+
+void frmConvert::Convert() {
+  const auto target = static_cast<std::int16_t>(GetArrayIndex(units_));
+  const bool converted = Attempt(session_.State, session_.Outside.Messages,
+                                 [&] { ConvertProject(session_.State, target); }) == AttemptResult::kDone;
+  ShowMessage(session_.State, session_.Outside.Messages,
+              {.text = converted ? "Conversion Completed: The conversion form will be closed"
+                                 : "Error in the Conversion Procedure. Call technical support",
+               .title = {}});
+  accept();
+}
+
+void frmConvert::done(int result) {
+  session_.State.ConvertFileOption = static_cast<std::int16_t>(GetArrayIndex(files_));
+  session_.Main.Refresh();
+  QDialog::done(result);
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,309 @@
+#include "desktop/options/frmKORVAOpts.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <limits>
+
+#include "commands/SettingsCommands.h"
+#include "core/NumberText.h"
+#include "desktop/support/FieldBox.h"
+#include "desktop/support/FormTools.h"
+#include "input/CheckOptions.h"
+#include "input/FieldNumber.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kTitleSlot = 7;
+constexpr int kOutputTab = 2;
+
+// A check box, its caption, what it means, and its option.
+struct CheckRow {
+  const char* Name;
+  const char* Caption;
+  const char* ToolTip;
+  std::int16_t OptionSettings::*Value;
+};
+constexpr CheckRow kChecks[] = {
+    {"Check1", "Load the input form on file open / file new",
+     "New opens the project description, Open the project parameters",
+     &OptionSettings::ShowInputScreenOnLoad},
+    {"chkInputCancel", "Issue warning when discarding changes in input form(s) ",
+     "Closing the project parameters with changes asks first", &OptionSettings::IssueWarningCancel},
+    {"Check8", "Print plot reminders in output", "Page 3 tells where the plan shows its values",
+     &OptionSettings::PrintPlotReminder},
+    {"Check3", "Print module version information", "Page 0 begins with the version",
+     &OptionSettings::PrintModuleHeader},
+    {"Check4", "Plot entry spacing dimensions", "In the plan", &OptionSettings::PlotEntryDims},
+    {"Check5", "Plot crosscut spacing dimensions", "In the plan", &OptionSettings::PlotXcutDims},
+    {"Check7", "Dimension crosscut spacing ONCE", "In the plan: for the first pillar line alone",
+     &OptionSettings::PlotSingleXcutDims},
+    {"Check6", "Dimension barriers and gobs", "In the plan, slab cuts and bleeder rows too",
+     &OptionSettings::PlotGobDims},
+    {"Check2", "View project file in child window",
+     "View Plan of the project parameters opens a window; else it draws into their small picture",
+     &OptionSettings::ViewChildWindow},
+    {"chkOffice", "Do not ask if MS-Office is installed", "At the export of a graph",
+     &OptionSettings::AskOfficeInstall},
+    {"chkStrond2DOut", "Enable viewing of STROND2D output file(s)", "Kept without effect",
+     &OptionSettings::Strond2DViewOutput},
+    {"chkStrond2DProgress", "Enable viewing of Strond2D progress information (parameter forms)",
+     "Kept without effect", &OptionSettings::Strond2DViewProgress},
+    {"chkStrond2DProgOutput", "Enable viewing of Strond2D progress information (output menu)",
+     "Kept without effect", &OptionSettings::Strond2DViewProgOutput},
+};
+
+// A group of option buttons by the name of its array, their captions, and their option, which is the index of
+// the button. Captions 1 and 2 of the rounding stand for each other's action.
+struct OptionRow {
+  const char* Array;
+  std::vector<const char*> Captions;
+  std::int16_t OptionSettings::*Value;
+};
+const std::vector<OptionRow>& OptionRows() {
+  static const std::vector<OptionRow> rows = {
+      {"Option3",
+       {"Plot gob width to scale", "Plot gob width schematically"},
+       &OptionSettings::PlotGobExtLoose},
+      {"Option4",
+       {"Round to two decimals", "Truncate to two decimals", "Do not round"},
+       &OptionSettings::RoundKORVASF},
+      {"Option1", {"psi", "psf"}, &OptionSettings::OutputStrUnits},
+      {"Option2", {"lbs,  lbs/ft", "tons, tons/ft"}, &OptionSettings::OutputStrGradUnits},
+      {"optTmpDir",
+       {"Application directory (may not be allowed)", "User temporary directory (hidden) [default]",
+        "Root directory (may not be allowed)", "MyFolvane temporary directory (not hidden)"},
+       &OptionSettings::iOptDir}};
+  return rows;
+}
+
+}  // namespace
+
+frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+  setObjectName(QStringLiteral("frmKORVAOpts"));
+  setWindowTitle(QStringLiteral("Options"));
+  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing KORVA Options");
+  Build();
+  Load();
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmKORVAOpts::Build() {
+  SSTab1_ = new QTabWidget(this);
+  SSTab1_->setObjectName(QStringLiteral("SSTab1"));
+  SSTab1_->setUsesScrollButtons(false);  // wide enough for all tabs
+  BuildEditTab();
+  BuildPlotTab();
+  BuildOutputTab();
+  BuildStrondelTab();
+  connect(checks_["Check5"], &QCheckBox::toggled, checks_["Check7"], &QWidget::setEnabled);
+  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
+  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
+  ok->setDefault(true);
+  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+  connect(ok, &QPushButton::clicked, this, &frmKORVAOpts::Check);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(SSTab1_, 1);
+  all->addLayout(NewButtonRow(help, {ok, cancel}));
+}
+
+QWidget* frmKORVAOpts::NewTab(const char* caption) {
+  auto* tab = new QWidget(this);
+  auto* column = new QVBoxLayout(tab);
+  ApplySpacing(*column, *this);
+  SSTab1_->addTab(tab, QLatin1String(caption));
+  return tab;
+}
+
+QGroupBox* frmKORVAOpts::NewFrame(QWidget* tab, const char* caption) {
+  auto* frame = new QGroupBox(QLatin1String(caption), tab);
+  new QGridLayout(frame);
+  tab->layout()->addWidget(frame);
+  return frame;
+}
+
+void frmKORVAOpts::AddChecks(QGroupBox* frame, std::initializer_list<const char*> names) {
+  for (const std::string_view name : names) {
+    const auto* row = std::find_if(std::begin(kChecks), std::end(kChecks),
+                                   [name](const CheckRow& check) { return name == check.Name; });
+    QCheckBox* box = NewCheckBox(row->Name, QLatin1String(row->Caption), frame);
+    box->setToolTip(QLatin1String(row->ToolTip));
+    checks_[row->Name] = box;
+    frame->layout()->addWidget(box);
+  }
+}
+
+void frmKORVAOpts::AddOptions(QGroupBox* frame, const char* array) {
+  const auto& rows = OptionRows();
+  const auto row = std::find_if(rows.begin(), rows.end(), [array](const OptionRow& option) {
+    return std::string_view(option.Array) == array;
+  });
+  for (std::size_t i = 0; i < row->Captions.size(); ++i) {
+    QRadioButton* option =
+        NewOption(IndexedName(array, static_cast<int>(i)), QLatin1String(row->Captions[i]), frame);
+    options_[array].push_back(option);
+    frame->layout()->addWidget(option);
+  }
+}
+
+FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* caption,
+                               const char* explanation) {
+  auto* box = new FieldBox(QLatin1String(name), 0, frame);
+  box->Explain(QLatin1String(caption), QLatin1String(explanation));
+  auto* label = new QLabel(QLatin1String(caption), frame);
+  label->setBuddy(box);
+  auto* grid = static_cast<QGridLayout*>(frame->layout());
+  const int row = grid->rowCount();
+  grid->addWidget(label, row, 0);
+  grid->addWidget(box, row, 1);
+  boxes_[name] = box;
+  return box;
+}
+
+void frmKORVAOpts::BuildEditTab() {
+  QWidget* tab = NewTab("Edit / Print Options");
+  AddChecks(NewFrame(tab, "Edit menu options"), {"Check1", "chkInputCancel"});
+  AddChecks(NewFrame(tab, "Print options"), {"Check8", "Check3"});
+  QGroupBox* files = NewFrame(tab, "File association");
+  QPushButton* associate = NewButton("cmdFileAssoc", QStringLiteral("Create File Association"), files);
+  associate->setToolTip(QStringLiteral("Makes project files open with this program"));
+  connect(associate, &QPushButton::clicked, this, [this] { SayNotBuilt("Create File Association"); });
+  static_cast<QGridLayout*>(files->layout())->addWidget(associate, 0, 0, Qt::AlignLeft);
+  static_cast<QVBoxLayout*>(tab->layout())->addStretch();
+}
+
+void frmKORVAOpts::BuildPlotTab() {
+  QWidget* tab = NewTab("View / Plot Options");
+  AddChecks(NewFrame(tab, "Plot options"), {"Check4", "Check5", "Check7", "Check6"});
+  AddOptions(NewFrame(tab, "Plot gob width options"), "Option3");
+  AddChecks(NewFrame(tab, "View options"), {"Check2"});
+  AddImport(tab);
+  static_cast<QVBoxLayout*>(tab->layout())->addStretch();
+}
+
+void frmKORVAOpts::AddImport(QWidget* tab) {
+  QPushButton* import = NewButton("cmdImport", QStringLiteral("Import Excel"), tab);
+  import->setToolTip(QStringLiteral("Takes a case of the data base workbook over as a project"));
+  connect(import, &QPushButton::clicked, this, [this] { SayNotBuilt("Import Excel"); });
+  QLabel* caption = NewLabel(QStringLiteral("Label3"), QStringLiteral("Row:"), tab);
+  boxes_["Text3"] = new FieldBox(QStringLiteral("Text3"), 0, tab);
+  boxes_["Text3"]->Explain(QStringLiteral("Row"), QStringLiteral("The row of the case in the workbook"));
+  boxes_["Text3"]->Fill("0");
+  caption->setBuddy(boxes_["Text3"]);
+  auto* row = new QHBoxLayout;
+  for (QWidget* widget : std::initializer_list<QWidget*>{import, caption, boxes_["Text3"],
+                                                         NewLabel(QStringLiteral("Label4"), {}, tab)}) {
+    row->addWidget(widget);
+  }
+  row->addStretch();
+  static_cast<QVBoxLayout*>(tab->layout())->addLayout(row);
+}
+
+void frmKORVAOpts::BuildOutputTab() {
+  QWidget* tab = NewTab("Output Options");
+  AddOptions(NewFrame(tab, "Rounding of KORVA SF"), "Option4");
+  AddChecks(NewFrame(tab, "Graph export options"), {"chkOffice"});
+  QGroupBox* range = NewFrame(tab, "Range of parametric analysis");
+  AddBox(range, "Text1", "Minimum value (%)",
+         "Where a parametric graph begins, in percent of the project's value. Accepted: 2 to 150.");
+  AddBox(range, "Text2", "Maximum value (%)", "Where it ends. Accepted: 2 to 150, more than the minimum.");
+  AddOptions(NewFrame(tab, "Output units (pressure/strength)"), "Option1");
+  AddOptions(NewFrame(tab, "Output units (load, load gradient)"), "Option2");
+  static_cast<QVBoxLayout*>(tab->layout())->addStretch();
+}
+
+void frmKORVAOpts::BuildStrondelTab() {
+  QWidget* tab = NewTab("Strondel Options");
+  QGroupBox* place = NewFrame(tab, "Temporary File Location");
+  place->setToolTip(QStringLiteral("Where the files between this program and the solver lie"));
+  AddOptions(place, "optTmpDir");
+  AddHiddenFrames(tab);
+  static_cast<QVBoxLayout*>(tab->layout())->addStretch();
+}
+
+// Options without an effect, kept so that a settings file survives.
+void frmKORVAOpts::AddHiddenFrames(QWidget* tab) {
+  QGroupBox* output = NewFrame(tab, "Output Options NOT VISIBLE");
+  AddChecks(output, {"chkStrond2DOut", "chkStrond2DProgress", "chkStrond2DProgOutput"});
+  QGroupBox* cells = NewFrame(tab, "Strond2D cell size NOT VISIBLE");
+  AddBox(cells, "txtCellSizeEng", "English Units (ft)", "Kept without effect");
+  AddBox(cells, "txtCellSizeMet", "Metric Units (m)", "Kept without effect");
+  output->hide();
+  cells->hide();
+}
+
+void frmKORVAOpts::Load() {
+  const OptionSettings& options = session_.State.Preferences.Options;
+  for (const CheckRow& row : kChecks) {
+    checks_[row.Name]->setChecked(options.*row.Value == 1);
+  }
+  for (const OptionRow& row : OptionRows()) {
+    SetArrayIndex(options_[row.Array], options.*row.Value);
+  }
+  checks_["Check7"]->setEnabled(checks_["Check5"]->isChecked());
+  boxes_["Text1"]->Fill(GeneralText(options.PlotRangeMin));
+  boxes_["Text2"]->Fill(GeneralText(options.PlotRangeMax));
+  boxes_["txtCellSizeEng"]->Fill(std::to_string(options.CellSizeEnglish));
+  boxes_["txtCellSizeMet"]->Fill(GeneralText(options.CellSizeMetric));
+  SSTab1_->setCurrentIndex(0);
+}
+
+void frmKORVAOpts::Check() {
+  const auto refusal = CheckOptions(boxes_["Text1"]->Text(), boxes_["Text2"]->Text());
+  if (!refusal) {
+    accept();
+    return;
+  }
+  const std::string title = refusal->IsRange ? session_.State.Titles.TitleRangeError : std::string();
+  ShowMessage(session_.State, session_.Outside.Messages,
+              {refusal->Text, MessageButtons::kOk,
+               refusal->IsRange ? MessageIcon::kCritical : MessageIcon::kNone, title});
+  SSTab1_->setCurrentIndex(kOutputTab);
+  boxes_[refusal->Control]->ShowRefused(FromUtf8(refusal->Text));
+}
+
+void frmKORVAOpts::Store() {
+  OptionSettings& options = session_.State.Preferences.Options;
+  for (const CheckRow& row : kChecks) {
+    options.*row.Value = checks_[row.Name]->isChecked() ? 1 : 0;
+  }
+  for (const OptionRow& row : OptionRows()) {
+    options.*row.Value = static_cast<std::int16_t>(GetArrayIndex(options_[row.Array]));
+  }
+  const auto number = [this](const char* box) { return FieldNumber(boxes_[box]->Text()); };
+  using Whole = std::numeric_limits<std::int16_t>;
+  options.PlotRangeMin = static_cast<float>(number("Text1"));
+  options.PlotRangeMax = static_cast<float>(number("Text2"));
+  options.CellSizeEnglish = static_cast<std::int16_t>(
+      std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), Whole::min(), Whole::max()));
+  options.CellSizeMetric = static_cast<float>(number("txtCellSizeMet"));
+}
+
+void frmKORVAOpts::SayNotBuilt(const char* command) {
+  ShowMessage(session_.State, session_.Outside.Messages, {.text = NotBuiltText(command), .title = {}});
+}
+
+void frmKORVAOpts::done(int result) {
+  Korva& korva = session_.State;
+  if (result == Accepted) {
+    Store();
+    SaveSettings(korva, SettingsSection::kOptions);
+    HistoryLog(korva.SessionHistory, korva.Preferences, "Options Modified");
+    session_.Main.Refresh();
+  } else {
+    HistoryLog(korva.SessionHistory, korva.Preferences, "Options Not Modified");
+  }
+  QDialog::done(result);
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,51 @@
+// The dialog "Options": preferences of the section "KORVAOptions".
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "desktop/support/Session.h"
+
+class QGroupBox;
+class QRadioButton;
+class QTabWidget;
+
+namespace korva::desktop {
+
+class FieldBox;
+
+class frmKORVAOpts final : public QDialog {
+ public:
+  explicit frmKORVAOpts(Session& session, QWidget* parent = nullptr);
+
+  void done(int result) override;
+
+ private:
+  void Build();
+  QWidget* NewTab(const char* caption);
+  QGroupBox* NewFrame(QWidget* tab, const char* caption);
+  void AddChecks(QGroupBox* frame, std::initializer_list<const char*> names);
+  void AddOptions(QGroupBox* frame, const char* array);
+  FieldBox* AddBox(QGroupBox* frame, const char* name, const char* caption, const char* explanation);
+  void BuildEditTab();
+  void BuildPlotTab();
+  void BuildOutputTab();
+  void BuildStrondelTab();
+  void AddHiddenFrames(QWidget* tab);
+  void AddImport(QWidget* tab);
+  void Load();
+  void Check();
+  void Store();
+  void SayNotBuilt(const char* command);
+
+  Session& session_;
+  QTabWidget* SSTab1_ = nullptr;
+  std::map<std::string, QCheckBox*> checks_;
+  std::map<std::string, std::vector<QRadioButton*>> options_;
+  std::map<std::string, FieldBox*> boxes_;
+};
+
+}  // namespace korva::desktop

@@ -1,0 +1,19 @@
+// What the Options dialog refuses.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korva {
+
+struct OptionsRefusal {
+  std::string Text;
+  bool IsRange = false;  // a fault of one field; else of both together
+  std::string Control;   // that gets the focus
+};
+
+// The first fault of the range of parametric graphs, from the texts of its ends in percent, or nothing.
+std::optional<OptionsRefusal> CheckOptions(std::string_view minimum, std::string_view maximum);
+
+}  // namespace korva

@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "commands/SettingsCommands.h"
+#include "desktop/FormBench.h"
+#include "desktop/options/frmKORVAOpts.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+class OptionsForm : public testing::Test {
+ protected:
+  OptionsForm() {
+    bench_.State.Places.IniFile = folder_ / "program.ini";
+    Start();
+    bench_.State.Preferences.DisplayHistoryWin = 1;
+    bench_.State.SessionHistory.Text.clear();
+  }
+
+  // Reads the settings as a start does.
+  void Start() {
+    LoadSettings(bench_.State, {folder_ / "", [] { return std::string("Arial"); }});
+  }
+
+  OptionSettings& Options() { return bench_.State.Preferences.Options; }
+  std::string File() const { return TempFolder::Bytes(folder_ / "program.ini"); }
+  static QAbstractButton& Button(const QWidget& form, const char* name) {
+    return The<QAbstractButton>(form, name);
+  }
+
+  TempFolder folder_;
+  FormBench bench_;
+};
+
+TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
+  {
+    frmKORVAOpts form(bench_.Forms);
+    form.show();
+    for (const char* box : {"Check1", "chkInputCancel", "Check2", "Check3", "Check4", "Check6", "Check7",
+                            "Check8", "chkOffice", "Check5"}) {
+      Button(form, box).click();
+    }
+    EXPECT_FALSE(Button(form, "Check7").isEnabled()) << "without crosscut dimensions";
+    for (const char* option : {"Option1(1)", "Option2(0)", "Option3(0)", "Option4(2)", "optTmpDir(1)"}) {
+      Button(form, option).click();
+    }
+    The<QLineEdit>(form, "Text1").setText(QStringLiteral("40"));
+    The<QLineEdit>(form, "Text2").setText(QStringLiteral("120"));
+    Click(form, "Command2");
+    EXPECT_FALSE(form.isVisible());
+  }
+  EXPECT_EQ(Options().RoundKORVASF, 2);
+  EXPECT_NE(bench_.History().find("Options Modified"), std::string::npos);
+  Options() = {};
+  Start();
+  EXPECT_EQ(Options().ShowInputScreenOnLoad + Options().IssueWarningCancel + Options().ViewChildWindow +
+                Options().PrintModuleHeader + Options().PlotEntryDims + Options().PlotXcutDims +
+                Options().PlotGobDims + Options().PlotSingleXcutDims + Options().PrintPlotReminder +
+                Options().AskOfficeInstall,
+            0);
+  EXPECT_EQ(Options().OutputStrUnits, 1);
+  EXPECT_EQ(Options().OutputStrGradUnits, 0);
+  EXPECT_EQ(Options().PlotGobExtLoose, 0);
+  EXPECT_EQ(Options().iOptDir, 1);
+  EXPECT_EQ(Options().PlotRangeMin, 40);
+  EXPECT_EQ(Options().PlotRangeMax, 120);
+  EXPECT_EQ(Options().RoundKORVASF, 0) << "each start begins with two decimals";
+}
+
+TEST_F(OptionsForm, CancelLeavesTheFileByteByByte) {
+  const std::string before = File();
+  frmKORVAOpts form(bench_.Forms);
+  form.show();
+  Button(form, "Check4").click();
+  Click(form, "Command1");
+  EXPECT_EQ(Options().PlotEntryDims, 1);
+  EXPECT_EQ(File(), before);
+  EXPECT_EQ(bench_.History(), "1. Editing KORVA Options\r\n2. Options Not Modified\r\n");
+}
+
+TEST_F(OptionsForm, KeepsWhatItDoesNotShow) {
+  Options().CellSizeEnglish = 7;
+  Options().CellSizeMetric = 0.25F;
+  Options().Strond2DViewOutput = 1;
+  frmKORVAOpts form(bench_.Forms);
+  form.show();
+  The<QTabWidget>(form, "SSTab1").setCurrentIndex(3);
+  EXPECT_FALSE(The<QLineEdit>(form, "txtCellSizeEng").isVisible());
+  EXPECT_FALSE(Button(form, "chkStrond2DOut").isVisible());
+  Click(form, "Command2");
+  EXPECT_EQ(Options().CellSizeEnglish, 7);
+  EXPECT_EQ(Options().CellSizeMetric, 0.25F);
+  EXPECT_EQ(Options().Strond2DViewOutput, 1);
+}
+
+TEST_F(OptionsForm, RefusesARangeThatIsNone) {
+  frmKORVAOpts form(bench_.Forms);
+  form.show();
+  The<QLineEdit>(form, "Text1").setText(QStringLiteral("1"));
+  bench_.Outside.Messages.Expect("Value '1' is outside input range");
+  Click(form, "Command2");
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(The<QTabWidget>(form, "SSTab1").currentIndex(), 2);
+  EXPECT_EQ(bench_.Outside.Messages.Shown.back().title, "Program Options: Range Error");
+  The<QLineEdit>(form, "Text1").setText(QStringLiteral("150"));
+  bench_.Outside.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
+  Click(form, "Command2");
+  EXPECT_TRUE(form.isVisible());
+}
+
+}  // namespace
+}  // namespace korva::desktop
