@@ -82,11 +82,8 @@ void Evaluate(Korva& korva) {
     return;
   }
   const bool laminated = korva.PlotType == kPlotStrength && korva.ProjectCalc.CalcMode != kTraditionalModel;
-  const Evaluated evaluated = EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel);
-  const OptionSettings& options = korva.Preferences.Options;
   korva.PillarValues =
-      PlanValuesOf(laminated ? nullptr : &evaluated.Run, laminated ? &evaluated.Laminated.Results : nullptr,
-                   korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
+      PillarValuesOf(korva, EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel));
 }
 
 int DrawPlanOf(Korva& korva, const PlanCall& call) {

@@ -52,7 +52,6 @@ frmPicture::frmPicture(Session& session, QWidget& opener)
   setAttribute(Qt::WA_DeleteOnClose);
   setMinimumSize(kLeastSide, kLeastSide);
   view_ = new PlanView("picPlan", this);
-  view_->setToolTip(QString());
   setCentralWidget(view_);
   picTMPCopy_ = new QLabel(this);
   picTMPCopy_->setObjectName(QStringLiteral("picTMPCopy"));

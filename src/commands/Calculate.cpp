@@ -73,15 +73,6 @@ bool IsRefused(Korva& korva, MessagePort& messages) {
   return refusal.has_value();
 }
 
-// What the plan shows of it.
-PlanValues ValuesOf(const Korva& korva, const Evaluated& evaluated) {
-  const OptionSettings& options = korva.Preferences.Options;
-  const bool traditional = evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
-  return PlanValuesOf(traditional ? &evaluated.Run : nullptr,
-                      evaluated.Model == kTraditionalModel ? nullptr : &evaluated.Laminated.Results,
-                      korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
-}
-
 std::string InputPage(Korva& korva) {
   NormalizeDescription(korva.Stored);
   return InputEcho(korva.Stored, korva.ProjectCalc, korva.ProjectFileName, korva.Preferences.Options);
@@ -142,6 +133,14 @@ ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, con
   return texts;
 }
 
+PlanValues PillarValuesOf(const Korva& korva, const Evaluated& evaluated) {
+  const OptionSettings& options = korva.Preferences.Options;
+  const bool traditional = evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
+  return PlanValuesOf(traditional ? &evaluated.Run : nullptr,
+                      evaluated.Model == kTraditionalModel ? nullptr : &evaluated.Laminated.Results,
+                      korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
+}
+
 bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model) {
   korva.OutPageLast = OutputPages::kLast;
   Evaluated evaluated = EvaluateProject(korva, model);
@@ -156,7 +155,7 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
   set.Pages[0] = InputPage(korva);
   korva.LastRun = SummaryOf(korva, evaluated);
-  korva.PillarValues = ValuesOf(korva, evaluated);
+  korva.PillarValues = PillarValuesOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
   if (model != kTraditionalModel) {

@@ -29,6 +29,9 @@ Evaluated EvaluateProject(const Korva& korva, std::int16_t model);
 // The stability factors of one of the models that ran, by case, as page 1 has them.
 ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, const OptionSettings& options);
 
+// What a run says about the pillars, in output units, as the plan shows it.
+PlanValues PillarValuesOf(const Korva& korva, const Evaluated& evaluated);
+
 // Writes page 0, the echo of the working copy.
 void LoadOutBuf0(Korva& korva);
 

@@ -29,10 +29,10 @@ Drawing PanelRecords(const PlanRequest& request, const PlanGeometry& geometry, d
 }
 
 // The side of the least square that holds the drawing with all that belongs to it: texts have a share of
-// that side, so it is found in turns.
-double SideOf(const PlanRequest& request, const PlanGeometry& geometry) {
+// that side, so it is found in turns, from the extent of the panel without texts on.
+double SideOf(const PlanRequest& request, const PlanGeometry& geometry, const DrawBox& panel) {
   const double margins = 2 * request.ProjectCalc.EntryWidth;
-  double side = BoxOf(PanelRecords(request, geometry, 0), 0).Height() + margins;
+  double side = panel.Height() + margins;
   for (int turn = 0; turn < kFrameTurns; ++turn) {
     const Drawing drawing = PanelRecords(request, geometry, side);
     const DrawBox box = BoxOf(drawing, side * request.TextShare);
@@ -130,7 +130,7 @@ std::optional<Plan> DrawPlan(const PlanRequest& request) {
   if (!(panel.Width() > 0) && !(panel.Height() > 0)) {
     return std::nullopt;
   }
-  const double side = SideOf(request, geometry);
+  const double side = SideOf(request, geometry, panel);
   const double height = side * request.TextShare;
   Plan plan;
   plan.PlanWidth = plan.PlanHeight = static_cast<float>(side);

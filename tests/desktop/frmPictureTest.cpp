@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QImage>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QWheelEvent>
 #include <memory>
@@ -191,6 +192,7 @@ TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
   EXPECT_EQ(bench_.State.PlotCaller, kPlanFromResults);
   Click(*results, "Command9");
   EXPECT_FALSE(results->isEnabled());
+  bench_.State.OutBuf[1] = "the page as it is now";
   results->close();
   EXPECT_TRUE(results->isVisible()) << "the plan stands in front of it";
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -199,6 +201,7 @@ TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
     }
   }
   EXPECT_TRUE(results->isEnabled());
+  EXPECT_EQ(The<QPlainTextEdit>(*results, "RichTextBox1").toPlainText(), "the page as it is now");
   results->close();
 }
 

@@ -118,15 +118,18 @@ TEST(PlanDrawing, EntryDimensionsStandClearOfThePillars) {
     PlanRequest request = RequestOf(test::DevelopmentPanel());
     request.ProjectCalc.XcutAngle = angle;
     const Plan plan = DrawPlan(request).value();
+    int found = 0;
     for (const PlanPillar& pillar : plan.Pillars) {
       const float lowest = std::min(pillar.Corners[0].Y, pillar.Corners[1].Y);
       for (const DrawLine& line : plan.Picture.Lines) {
         const bool beneath = line.From.Y == line.To.Y &&
                              line.From.X < static_cast<double>(pillar.Corners[0].X) &&
                              line.To.X > static_cast<double>(pillar.Corners[1].X);
+        found += beneath && pillar.Row == 1 ? 1 : 0;
         EXPECT_TRUE(!beneath || line.From.Y < static_cast<double>(lowest)) << angle;
       }
     }
+    EXPECT_EQ(found, 3) << "one for each line";
   }
 }
 
