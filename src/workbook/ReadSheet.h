@@ -1,0 +1,23 @@
+// Reading a worksheet off a workbook.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "workbook/Sheet.h"
+
+namespace korva {
+
+// A workbook of more bytes is refused.
+inline constexpr std::uint64_t kLargestWorkbook = std::uint64_t{64} << 20;
+
+// The cells of the worksheet `name` of the file `workbook`, .xls or .xlsx by its content. Formulas count with
+// the value that the file holds. A file that asks for more time or memory than a workbook of that size needs
+// is refused. `goOn` is called some ten times a second while reading takes longer; false ends it with the
+// run-time error for a cancelled dialog. Run-time errors: those of opening a file, 9 for a missing worksheet,
+// 57 for a file that is damaged or no workbook, or that is locked by a password, 7 for one that is too large.
+Sheet ReadSheet(const std::string& workbook, std::string_view name, const std::function<bool()>& goOn);
+
+}  // namespace korva
