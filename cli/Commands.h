@@ -13,8 +13,7 @@ Command AddPlan(CLI::App& app, const CommonOptions& common);
 Command AddSave(CLI::App& app, const CommonOptions& common);
 Command AddConvert(CLI::App& app, const CommonOptions& common);
 Command AddUnits(CLI::App& app, const CommonOptions& common);
-
-// Commands that are named but not built yet; each says so.
-std::vector<Command> AddPlanned(CLI::App& app);
+// One for each kind of file that can be imported.
+std::vector<Command> AddImport(CLI::App& app, const CommonOptions& common);
 
 }  // namespace korva::cli

@@ -68,7 +68,7 @@ std::optional<std::int16_t> ModelOf(const std::string& name) {
                                     : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
 }
 
-bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
+bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, MessagePort&)) {
   korva.ProjectFileName = file;
   TerminalMessages messages(file);
   const auto tellNotices = [&] {  // also in front of an error, whose cause they may be
@@ -78,12 +78,17 @@ bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
   };
   bool opened = false;
   try {
-    opened = FileOpen(korva, messages);
+    opened = read(korva, messages);
   } catch (const RuntimeError&) {
     tellNotices();
     throw;
   }
   tellNotices();
+  return opened;
+}
+
+bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
+  const bool opened = ReadInto(korva, file, FileOpen);
   if (!opened && asJson) {
     Print(JsonText({{"file", file}, {"error", PlainErrorJson(kInvalidFormat)}}));
   }

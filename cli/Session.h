@@ -49,8 +49,12 @@ void AddModelOption(CLI::App& command, std::string& model);
 // The overburden model of that name, or nothing for an empty one.
 std::optional<std::int16_t> ModelOf(const std::string& name);
 
-// Opens `file` into `korva`, telling what was odd in it. False for a file of no project format, which has
-// been told.
+// Reads `file` into `korva` with `read`, telling what was odd in it. False for a file of another format,
+// which has been told.
+bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, MessagePort&));
+
+// Opens the project `file` into `korva`, telling what was odd in it. False for a file of no project format,
+// which has been told.
 bool OpenProject(Korva& korva, const std::string& file, bool asJson);
 
 // Tells what the input form would refuse about the working copy.

@@ -31,11 +31,10 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 constexpr std::size_t kLikelyTypo = 2;
 
 // What to tell of a call that cannot be understood, with a hint where to look.
-std::string UsageText(const CLI::ParseError& error, const std::vector<Command>& commands,
-                      std::string_view word) {
+std::string UsageText(const CLI::ParseError& error, const CLI::App& app, std::string_view word) {
   std::string hint = "see \"korva --help\"";
-  for (const Command& command : commands) {
-    const std::string name = command.Parser->get_name();
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    const std::string name = command->get_name();
     if (word == name) {
       return fmt::format("{}; see \"korva {} --help\"", error.what(), name);
     }
@@ -58,8 +57,8 @@ int Run(int argc, char** argv) {
   std::vector<Command> commands = {AddReport(app, common),  AddCalc(app, common), AddBatch(app, common),
                                    AddSweep(app, common),   AddPlan(app, common), AddSave(app, common),
                                    AddConvert(app, common), AddUnits(app, common)};
-  for (Command& planned : AddPlanned(app)) {
-    commands.push_back(std::move(planned));
+  for (Command& import : AddImport(app, common)) {
+    commands.push_back(std::move(import));
   }
   app.require_subcommand(1);
   app.footer("Exit status: 0 done, 1 refused by a check, 2 usage, 3 file or run-time error.");
@@ -69,7 +68,7 @@ int Run(int argc, char** argv) {
   } catch (const CLI::Success& asked) {  // help or version
     return app.exit(asked);
   } catch (const CLI::ParseError& error) {
-    Complain(UsageText(error, commands, argc > 1 ? argv[1] : ""));
+    Complain(UsageText(error, app, argc > 1 ? argv[1] : ""));
     return kUsage;
   }
   const auto called = std::find_if(commands.begin(), commands.end(),

@@ -21,6 +21,7 @@ enum FileIndex {
   kOpen,
   kSave,
   kSaveAs,
+  kImportVosk = 5,
   kPrinterSetup = 7,
   kPrint,
   kPrintPreview,

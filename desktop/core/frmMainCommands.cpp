@@ -46,6 +46,9 @@ void frmMain::FileItem(int index) {
     case kSaveAs:
       fileMenu_.Save(index == kSaveAs);
       break;
+    case kImportVosk:
+      AfterOpening(fileMenu_.ImportVosk());
+      break;
     case kPrinterSetup:
       ports_.Printer.SetUp();
       break;

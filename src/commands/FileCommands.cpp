@@ -8,6 +8,7 @@
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
+#include "files/VoskFile.h"
 
 namespace korva {
 
@@ -67,6 +68,22 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
   korva.ProjectUnitsLocked = true;
   korva.ProjectCalc = korva.Stored.ProjectInput;
   korva.OpenFile.ReadWhole = WasReadWhole(korva.FileNotices);
+  return true;
+}
+
+bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
+  FileNew(korva, false, true);
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
+  const std::string text = TextFromFileBytes(ReadWholeFile(korva.ProjectFileName, kLargestProjectFile));
+  if (!DetectVoskFormat(text, korva.ProjectFileName)) {
+    ShowMessage(korva, messages, {.text = std::string(kInvalidFormat), .title = {}});
+    return false;
+  }
+  korva.ProjectFormatVersion = 0;  // none of the project file's own
+  ReadVoskProject(text, korva.ProjectFileName, korva.Stored, korva.FileNotices);
+  korva.ProjectSaved = true;
+  korva.ProjectEmpty = false;
+  korva.ProjectUnitsLocked = true;
   return true;
 }
 

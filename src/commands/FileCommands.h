@@ -1,4 +1,4 @@
-// New, Open, Save and the conversion to the other unit system.
+// New, Open, Import, Save and the conversion to the other unit system.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +17,11 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits);
 // whole: the project then holds what was read in front of the fault, with the flags of FileNew. FileNotices
 // tells what was odd.
 bool FileOpen(Korva& korva, MessagePort& messages);
+
+// Reads the panel of the sibling program's file ProjectFileName into the project; the working copy stays.
+// False, after a message, for a file of another format; a run-time error leaves the values in front of the
+// fault, as FileOpen does. The project belongs to no file afterwards, whatever its name says.
+bool FileOpenVOSK(Korva& korva, MessagePort& messages);
 
 // Writes the project to the file ProjectFileName in the newest format. A run-time error leaves the file as it
 // was.

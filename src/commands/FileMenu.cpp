@@ -14,6 +14,7 @@
 #include "core/Text.h"
 #include "core/Version.h"
 #include "files/PlatformFile.h"
+#include "files/VoskFile.h"
 
 namespace korva {
 
@@ -49,10 +50,13 @@ FileMenu::FileMenu(Korva& korva, Ports& ports, Recovery& recovery)
 }
 
 // A cancelled dialog leaves the name stripped of its folder.
-void FileMenu::ChooseFile(bool save, std::string& lastName) {
+void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
   std::string& name = korva_.ProjectFileName;
   FileQuestion question;
-  question.Save = save;
+  question.Save = dialog == FileDialog::kSave;
+  if (dialog == FileDialog::kImport) {
+    question.Title = "Import VOSK Project Files";
+  }
   if (!Trimmed(name).empty()) {
     name = FileBaseName(name, false);
     question.Name = name;
@@ -61,7 +65,9 @@ void FileMenu::ChooseFile(bool save, std::string& lastName) {
   question.Folder = lastName.empty() || lastName == "1" ? FolderOfName(dataPath) : FolderOfName(lastName);
   const std::string& extension = korva_.Preferences.FileExtension;
   question.DefaultExtension = extension;
-  question.Filters = {"All Files (*.*)", fmt::format("{} Files (*.{})", ExeName, extension)};
+  question.Filters = {
+      "All Files (*.*)",
+      fmt::format("{} Files (*.{})", ExeName, dialog == FileDialog::kImport ? kVoskExtension : extension)};
   question.ActiveFilter = 1;
   const auto chosen = ports_.Files.ChooseFile(question);
   if (!chosen) {
@@ -79,9 +85,20 @@ void FileMenu::New() {
 
 bool FileMenu::Open() {
   korva_.ProjectPreviousFileName = korva_.ProjectFileName;
-  return Attempt(korva_, ports_.Messages, [this] { ChooseFile(false, lastOpenName_); }) ==
+  return Attempt(korva_, ports_.Messages, [this] { ChooseFile(FileDialog::kOpen, lastOpenName_); }) ==
              AttemptResult::kDone &&
          LoadProjFile();
+}
+
+bool FileMenu::ImportVosk() {
+  korva_.ProjectPreviousFileName = korva_.ProjectFileName;
+  const bool imported =
+      Attempt(korva_, ports_.Messages, [this] { ChooseFile(FileDialog::kImport, lastOpenName_); }) ==
+          AttemptResult::kDone &&
+      Load(FileOpenVOSK);
+  korva_.ProjectFileName = kUntitled;
+  recovery_.TellOpenFile(ports_.Messages);
+  return imported;
 }
 
 bool FileMenu::OpenRecent(int index) {
@@ -95,19 +112,24 @@ bool FileMenu::OpenPath(const std::string& path) {
 }
 
 bool FileMenu::LoadProjFile() {
-  bool opened = false;
-  Attempt(korva_, ports_.Messages, [&] {
-    if (!SaveBeforeOpening()) {
-      return;
-    }
-    const BusyPointer busy(ports_.Busy);
-    opened = FileOpen(korva_, ports_.Messages);
-  });
+  const bool opened = Load(FileOpen);
   if (opened) {
     AddRecentFile();
   }
   recovery_.TellOpenFile(ports_.Messages);
   return opened;
+}
+
+bool FileMenu::Load(bool (*read)(Korva&, MessagePort&)) {
+  bool loaded = false;
+  Attempt(korva_, ports_.Messages, [&] {
+    if (!SaveBeforeOpening()) {
+      return;
+    }
+    const BusyPointer busy(ports_.Busy);
+    loaded = read(korva_, ports_.Messages);
+  });
+  return loaded;
 }
 
 // False if the person asked for saving and nothing was saved: then the project stays open under its name.
@@ -146,7 +168,7 @@ bool FileMenu::FileMenuSave(bool saveAs) {
   bool chosen = false;
   Attempt(korva_, ports_.Messages, [&] {
     if (!chosen && (saveAs || HasNoName(korva_.ProjectFileName))) {
-      ChooseFile(true, lastSaveName_);
+      ChooseFile(FileDialog::kSave, lastSaveName_);
       chosen = true;
     }
     if (!MayReplace(chosen)) {

@@ -20,6 +20,9 @@ class FileMenu {
 
   // Asks for a file and opens it. True if a project was opened.
   bool Open();
+  // Asks for a file of the sibling program and takes its panel over. True if a panel was taken. Whatever came
+  // of it, the open project has no file name any more: the next Save asks for one.
+  bool ImportVosk();
   // Opens entry `index` (1 to 4) of the recent files.
   bool OpenRecent(int index);
   // Opens `path` without asking for a name.
@@ -39,11 +42,14 @@ class FileMenu {
  private:
   // Reads ProjectFileName, after the question for unsaved work. True if a project was opened.
   bool LoadProjFile();
+  // Runs `read` after that question; its result.
+  bool Load(bool (*read)(Korva&, MessagePort&));
   bool FileMenuSave(bool saveAs);
   bool SaveBeforeOpening();
   bool MayReplace(bool chosen);
   void AddRecentFile();
-  void ChooseFile(bool save, std::string& lastName);
+  enum class FileDialog { kOpen, kSave, kImport };
+  void ChooseFile(FileDialog dialog, std::string& lastName);
 
   Korva& korva_;
   Ports& ports_;

@@ -4,12 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-#include <variant>
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
+#include "files/ProjectFields.h"
 
 namespace korva {
 
@@ -24,24 +23,7 @@ struct Magic {
 constexpr std::array<Magic, 5> FileMagics = {
     {{"KORVA_603", 54}, {"KORVA_602", 53}, {"KORVA_601", 52}, {"KORVA_501", 51}, {"KORVA_500", 50}}};
 
-constexpr std::string_view kDescriptionStart = "##StartDesc##";
-constexpr std::string_view kDescriptionEnd = "##EndDesc##";
-
-// The one real number that is written like an integer, with blanks around it.
-struct PaddedSingle {
-  float Project::*member;
-};
-// XcutCenters 1 to NumberEntries - 1, a line each.
-struct Centers {};
-
-using FieldMember =
-    std::variant<double Project::*, float Project::*, PaddedSingle, std::int16_t Project::*, Centers>;
-
-struct FieldLine {
-  const char* name;
-  FieldMember member;
-  std::int16_t since = 50;  // the format from which the line exists
-};
+constexpr std::int16_t kLastLoadingCondition = 3;
 
 // The lines behind the description. Reader and writer both walk this table.
 constexpr auto kFieldLines = std::to_array<FieldLine>({
@@ -57,7 +39,7 @@ constexpr auto kFieldLines = std::to_array<FieldLine>({
     {"BreadthAMZ", &Project::BreadthAMZ},
     {"AMZAuto", &Project::AMZAuto},
     {"ArchAuto", &Project::ArchAuto, 53},
-    {"LoadingCondition", &Project::LoadingCondition},
+    {"LoadingCondition", &Project::LoadingCondition, 50, kLastLoadingCondition},
     {"LoadingConditionAux", &Project::LoadingConditionAux, 51},
     {"ArchFactor", PaddedSingle{&Project::ArchFactor}, 52},
     {"CalcMode", &Project::CalcMode, 54},
@@ -79,41 +61,6 @@ constexpr auto kFieldLines = std::to_array<FieldLine>({
     {"WidthRowD", &Project::WidthRowD, 53},
 });
 
-constexpr std::int16_t kLastLoadingCondition = 3;
-
-class FieldReader {
- public:
-  FieldReader(FieldCursor& cursor, Project& project, const char* name)
-      : cursor_(cursor), p_(project), name_(name) {}
-
-  void operator()(double Project::*member) const { p_.*member = cursor_.ReadNumber(name_); }
-  void operator()(float Project::*member) const { p_.*member = cursor_.ReadSingle(name_); }
-  void operator()(PaddedSingle single) const { (*this)(single.member); }
-  void operator()(Centers) const {
-    for (int i = 1; i < p_.NumberEntries; ++i) {
-      p_.XcutCenters[i] = cursor_.ReadNumber(fmt::format("{} {}", name_, i));
-    }
-  }
-  void operator()(std::int16_t Project::*member) const {
-    const std::int16_t value = cursor_.ReadInteger(name_);
-    p_.*member = value;
-    if (member == &Project::NumberEntries) {
-      p_.NumberEntries = value == 0 ? std::int16_t{1} : value;
-      if (value > kMaxEntries) {
-        cursor_.Fail(ErrorNumber::kSubscript, fmt::format("{} of at most {}", name_, kMaxEntries),
-                     fmt::format("{}", value));
-      }
-    } else if (member == &Project::LoadingCondition) {
-      p_.LoadingCondition = std::min(value, kLastLoadingCondition);
-    }
-  }
-
- private:
-  FieldCursor& cursor_;
-  Project& p_;
-  const char* name_;
-};
-
 class FieldWriter {
  public:
   FieldWriter(std::string& text, const Project& project) : text_(text), p_(project) {}
@@ -134,26 +81,6 @@ class FieldWriter {
   std::string& text_;
   const Project& p_;
 };
-
-// Reads the block between the markers. Its first line is read whole, the others as fields: there a comma ends
-// a line and is dropped, blanks in front are dropped, and a quote at the start delimits it.
-void ReadDescription(FieldCursor& cursor, StoredProject& project) {
-  project.ProjectDescription.clear();
-  std::string_view text = cursor.ReadLine(kDescriptionStart);
-  if (text == kDescriptionStart) {
-    text = cursor.ReadLine("the description");
-  }
-  int lines = 1;
-  while (text != kDescriptionEnd) {
-    if (!Trimmed(text).empty()) {
-      ++lines;
-      project.ProjectDescription.append(text).append(kLineEnd);
-    }
-    text = cursor.ReadText(kDescriptionEnd);
-  }
-  project.ProjectDescriptionLines =
-      static_cast<std::int16_t>(std::min<int>(lines, std::numeric_limits<std::int16_t>::max()));
-}
 
 // Whether a reader that takes the description off `text` stops just at its end.
 bool DescriptionReadsBack(std::string_view text) {
@@ -179,13 +106,10 @@ void ReadProject(std::string_view text, const std::string& fileName, std::int16_
                  StoredProject& project, std::vector<FileNotice>& notices) {
   FieldCursor cursor(text, fileName, notices);
   cursor.ReadText("the format of a project file");
-  const std::int16_t units = cursor.ReadInteger("ProjectUnits");
-  project.ProjectUnits = units == kMetric ? kMetric : kEnglish;
-  project.ProjectTitle = cursor.ReadLine("ProjectTitle");
-  ReadDescription(cursor, project);
+  ReadProjectHead(cursor, project);
   for (const FieldLine& line : kFieldLines) {
     if (version >= line.since) {
-      std::visit(FieldReader(cursor, project.ProjectInput, line.name), line.member);
+      ReadFieldLine(cursor, line, project.ProjectInput);
     }
   }
   cursor.NoticeRest();

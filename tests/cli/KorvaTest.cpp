@@ -11,6 +11,7 @@
 #include "support/Panels.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
+#include "support/VoskPanel.h"
 
 namespace korva {
 namespace {
@@ -154,10 +155,22 @@ TEST_F(KorvaCommand, OptionsAndModels) {
     call.insert(call.end(), {"report", "two.KVL"});
     EXPECT_TRUE(Holds(Call(call).Out, line + "\n")) << line;
   }
-  ExpectFailure({"import", "vosk", "a.VSK", "b.KVL"}, 3, "not built yet");
   // An option behind the command counts as well.
   EXPECT_FALSE(Holds(Call({"report", "two.KVL", "--set", "PrintModuleHeader=0"}).Out, "module build"));
   ExpectFailure({"--settings", "gone.ini", "report", "two.KVL"}, 3, "gone.ini");
+}
+
+TEST_F(KorvaCommand, ImportsAVoskProject) {
+  folder_.Put("a.VSK", test::VoskPanel());
+  const ProgramResult imported = Call({"import", "vosk", "a.VSK", "b.KVL"});
+  EXPECT_EQ(imported.Status, 0);
+  EXPECT_TRUE(Holds(imported.Err, "warning: a.VSK, line 43"));
+  EXPECT_TRUE(TempFolder::Bytes(folder_ / "b.KVL").starts_with("KORVA_603\r\n 1 \r\nNorth, \"four\"\r\n"));
+  ExpectFailure({"import", "vosk", "a.VSK", "a.VSK"}, 1, "holds more than the panel");
+  ExpectFailure({"import", "vosk", "two.KVL", "c.KVL"}, 3, "Invalid file format");
+  ExpectFailure({"import", "vosk", "gone.VSK", "c.KVL"}, 3, "File not found (53)");
+  ExpectFailure({"import", "vosk"}, 2, "see \"korva import --help\"");
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "c.KVL"));
 }
 
 TEST_F(KorvaCommand, ConvertsUnits) {

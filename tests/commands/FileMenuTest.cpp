@@ -7,6 +7,7 @@
 #include "support/Panels.h"
 #include "support/ScriptedPorts.h"
 #include "support/TempFolder.h"
+#include "support/VoskPanel.h"
 
 namespace korva {
 namespace {
@@ -123,6 +124,50 @@ TEST_F(FileMenuTest, OpeningOverUnsavedWorkAsksAndKeepsWhatIsDropped) {
   EXPECT_EQ(korva.ProjectFileName, b);
   EXPECT_FALSE(korva.ProjectSaved);
   EXPECT_FALSE(next.OfferCopies(ports.Messages)) << "offered twice";
+}
+
+TEST_F(FileMenuTest, AnImportedPanelHasNoNameAndAFailedOneTakesIt) {
+  const std::string a = PutProject("a.KVL");
+  const std::string sibling = folder.Put("b.VSK", test::VoskPanel());
+  ASSERT_TRUE(menu->OpenPath(a));
+  Edit(510);
+  ports.Files.Expect(sibling);
+  ports.Messages.Expect("Save changes to: " + a + "?", kYesNo, MessageAnswer::kYes);
+  EXPECT_TRUE(menu->ImportVosk());
+  EXPECT_EQ(DepthIn(a), 510);
+  const FileQuestion& asked = ports.Files.Asked.at(0);
+  EXPECT_EQ(asked.Title + "|" + asked.Name, "Import VOSK Project Files|a.KVL");
+  EXPECT_EQ(asked.Filters.at(asked.ActiveFilter), "KORVA-STROND Files (*.VSK)");
+  EXPECT_FALSE(asked.Save);
+  EXPECT_EQ(korva.ProjectFileName, kUntitled);
+  EXPECT_EQ(korva.Stored.ProjectInput.DepthCover, 812.5);
+  EXPECT_EQ(korva.ProjectCalc.DepthCover, 400) << "the working copy stays";
+  EXPECT_TRUE(korva.ProjectSaved && !korva.ProjectEmpty && korva.ProjectUnitsLocked);
+  EXPECT_EQ(LongNames(), "a.KVL||||") << "no recent file";
+
+  // Saving asks for a name, and never touches the sibling's file.
+  ports.Files.Expect(folder / "b.KVL");
+  EXPECT_TRUE(menu->Save(false));
+  EXPECT_EQ(DepthIn(folder / "b.KVL"), 812.5);
+  EXPECT_EQ(TempFolder::Bytes(sibling), test::VoskPanel());
+
+  ports.Files.Expect(std::nullopt);
+  EXPECT_FALSE(menu->ImportVosk());
+  EXPECT_EQ(korva.ProjectFileName, kUntitled) << "a cancelled dialog takes the name, too";
+  EXPECT_EQ(korva.Stored.ProjectInput.DepthCover, 812.5);
+
+  ports.Files.Expect(a);
+  ports.Messages.Expect("Invalid file format");
+  EXPECT_FALSE(menu->ImportVosk());
+  EXPECT_TRUE(korva.ProjectEmpty);
+  EXPECT_EQ(korva.ProjectFileName, kUntitled);
+
+  ports.Files.Expect(folder.Put("c.VSK", test::VoskPanel("##KORVA START##", "")));
+  ports.Messages.Expect("Error occurred: Input past end of file (62)", MessageButtons::kRetryCancel,
+                        MessageAnswer::kCancel);
+  EXPECT_FALSE(menu->ImportVosk());
+  EXPECT_EQ(korva.Stored.ProjectTitle, "North, \"four\"");
+  EXPECT_EQ(korva.ProjectFileName, kUntitled);
 }
 
 TEST_F(FileMenuTest, NothingIsReplacedUnseen) {
