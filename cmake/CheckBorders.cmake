@@ -12,7 +12,7 @@ set(pictures_may core pictures)
 set(graphs_may core files model strond pictures graphs)
 set(plan_may core model reports pictures plan)
 set(services_may core files reports pictures services)
-set(workbook_may core files workbook)
+set(workbook_may core files input workbook)
 set(commands_may core files input model reports strond pictures graphs plan options services workbook commands)
 
 set(faults "")

@@ -1,5 +1,8 @@
 #include "core/FileNames.h"
 
+#include <algorithm>
+#include <cctype>
+
 #include "core/RuntimeError.h"
 
 namespace korva {
@@ -17,6 +20,25 @@ std::string FileBaseName(const std::string& path, bool strip) {
     }
   }
   return name;
+}
+
+std::string SafeFileName(std::string_view text) {
+  constexpr std::string_view kRefused = "/\\:*?\"<>|";
+  constexpr std::size_t kLongest = 180;
+  std::string name(text);
+  std::replace_if(
+      name.begin(), name.end(),
+      [&](char c) {
+        return kRefused.find(c) != kRefused.npos || std::iscntrl(static_cast<unsigned char>(c)) != 0;
+      },
+      '_');
+  std::size_t length = std::min(name.size(), kLongest);
+  while (length > 0 && length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U) {
+    --length;
+  }
+  name.resize(length);
+  const auto first = name.find_first_not_of(" .");
+  return first == name.npos ? std::string() : name.substr(first, name.find_last_not_of(" .") - first + 1);
 }
 
 }  // namespace korva

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace korva {
 
@@ -9,5 +10,11 @@ namespace korva {
 // character. Both "/" and "\" separate, since project files travel between systems. Empty for a path that
 // ends in a separator.
 std::string FileBaseName(const std::string& path, bool strip);
+
+// The text as part of a file's name on any system: what a name cannot hold ("/", "\\", ":", "*", "?", "<",
+// ">",
+// "|", double quotes, control characters) is "_", blanks and points at either end go, and what is longer than
+// 180 bytes is cut between characters.
+std::string SafeFileName(std::string_view text);
 
 }  // namespace korva

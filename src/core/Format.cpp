@@ -77,6 +77,13 @@ std::string FixedText(Decimal decimal, int decimals) {
   return text;
 }
 
+// `text` with zeros in front until it has `digits` integer digits.
+std::string Padded(std::string text, std::size_t digits) {
+  const std::size_t sign = text.starts_with('-') ? 1 : 0;
+  const std::size_t whole = std::min(text.find('.'), text.size()) - sign;
+  return text.insert(sign, digits > whole ? digits - whole : 0, '0');
+}
+
 std::string ScientificText(Decimal decimal) {
   if (decimal.IsZero()) {
     return ".00E+00";
@@ -110,7 +117,9 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
     throw RuntimeError(ErrorNumber::kInvalidCall, "the number pattern " + std::string(pattern));
   }
   const std::size_t decimals = point < pattern.size() ? pattern.size() - point - 1 : 0;
-  return FixedText(decimal, static_cast<int>(decimals));
+  const auto digits = static_cast<std::size_t>(
+      std::count(pattern.begin(), pattern.begin() + static_cast<std::ptrdiff_t>(point), '0'));
+  return Padded(FixedText(decimal, static_cast<int>(decimals)), digits);
 }
 
 }  // namespace

@@ -84,6 +84,7 @@ struct Korva {
   // The last parametric sweep.
   SweepData Sweep;
 
+  std::string LastCaseWorkbook;  // chosen last for the import of cases
   std::string LastBrowseFolder;  // of the text viewer, between its openings
 
   Settings Preferences;

@@ -34,6 +34,20 @@ float SumOfCenters(const ParameterFields& fields) {
   return sum;
 }
 
+// The arch factor before it is rounded; all in feet, `width` not 0.
+float ArchOf(float depth, float width, double wideDepth) {
+  const auto h = static_cast<double>(depth);
+  const auto w = static_cast<double>(width);
+  float factor = 0;
+  if (h > kLeastArchDepth) {
+    factor = static_cast<float>(1 - 0.28 * NaturalLog(h / w, "Calc_Arch"));
+  }
+  if (h - wideDepth < w) {
+    factor = 1;
+  }
+  return factor < kLeastArchFactor ? kLeastArchFactor : factor;
+}
+
 }  // namespace
 
 ParameterFields FieldsOfProject(const Project& project, std::int16_t units) {
@@ -71,32 +85,38 @@ std::int32_t Calc_AMZ(double depth, std::int16_t units) {
 
 float Calc_Arch(const ParameterFields& fields) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
-  const bool metric = fields.ProjectUnits == kMetric;
   auto depth = static_cast<float>(fields.DepthCover);
   float width = SumOfCenters(fields);
   watch.Step("Calc_Arch");
   if (width == 0) {
     return 1;
   }
-  if (metric) {
+  double wideDepth = kEnglishWidePanelDepth;
+  if (fields.ProjectUnits == kMetric) {
     depth = static_cast<float>(static_cast<double>(depth) * kFeetPerMeter);
     width = static_cast<float>(static_cast<double>(width) * kFeetPerMeter);
+    wideDepth = kMetricWidePanelDepth;
   }
-  watch.Step("Calc_Arch");
-  const auto h = static_cast<double>(depth);
-  const auto w = static_cast<double>(width);
-  float factor = 0;
-  if (h > kLeastArchDepth) {
-    factor = static_cast<float>(1 - 0.28 * NaturalLog(h / w, "Calc_Arch"));
-  }
-  if (h - (metric ? kMetricWidePanelDepth : kEnglishWidePanelDepth) < w) {
-    factor = 1;
-  }
-  if (factor < kLeastArchFactor) {
-    factor = kLeastArchFactor;
-  }
+  const float factor = ArchOf(depth, width, wideDepth);
   watch.Step("Calc_Arch");
   return static_cast<float>(RoundHalfEven(static_cast<double>(factor), 2));
+}
+
+float UnroundedArch(const Project& project) {
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
+  ParameterFields fields;
+  fields.NumberEntries = project.NumberEntries;
+  fields.XcutCenters = project.XcutCenters;
+  const auto depth = static_cast<float>(FieldOf(project.DepthCover));
+  const float sum = SumOfCenters(fields);
+  watch.Step("Calc_Arch");
+  const auto width = static_cast<float>(FieldNumber(GeneralText(sum)));
+  if (width == 0) {
+    return 1;
+  }
+  const float factor = ArchOf(depth, width, kEnglishWidePanelDepth);
+  watch.Step("Calc_Arch");
+  return factor;
 }
 
 std::string Calc_Ext_Ratio(const ParameterFields& fields) {

@@ -32,6 +32,10 @@ std::int32_t Calc_AMZ(double depth, std::int16_t units);
 // feet, with 80 m where the English one has 80 ft. Run-time error 5 for a ratio without a logarithm.
 float Calc_Arch(const ParameterFields& fields);
 
+// The pressure arch factor of a panel in feet as it is, not rounded: from the general texts of its depth and
+// of the sum of its centers. Errors as Calc_Arch has them.
+float UnroundedArch(const Project& project);
+
 // The average extraction ratio in percent, "##0.0", or an empty text while angle, spacing or panel area is 0.
 std::string Calc_Ext_Ratio(const ParameterFields& fields);
 

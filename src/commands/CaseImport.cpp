@@ -1,0 +1,198 @@
+#include "commands/CaseImport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <new>
+
+#include "commands/FileCommands.h"
+#include "core/Description.h"
+#include "core/Encoding.h"
+#include "core/FileNames.h"
+#include "core/NumberText.h"
+#include "files/PlatformFile.h"
+#include "files/ProjectFile.h"
+#include "input/FieldNumber.h"
+#include "workbook/CaseRow.h"
+#include "workbook/ReadSheet.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kAllRows = 999;
+
+// Whether `path` is still free, or a file that holds just `bytes`. A link is neither.
+bool MayTake(const std::string& path, const std::string& bytes) {
+  std::error_code unknown;
+  const auto kind = std::filesystem::symlink_status(path, unknown).type();
+  return kind == std::filesystem::file_type::not_found ||
+         (kind == std::filesystem::file_type::regular &&
+          std::filesystem::file_size(path, unknown) == bytes.size() &&
+          ReadWholeFile(path, kLargestProjectFile) == bytes);
+}
+
+// The name of a case's file that replaces no other file.
+std::string CaseFileName(const std::string& folder, const std::string& name, int row,
+                         const std::string& bytes) {
+  for (int copy = 0;; ++copy) {
+    const std::string mark = copy == 0   ? std::string()
+                             : copy == 1 ? fmt::format(" (row {})", row)
+                                         : fmt::format(" (row {}, {})", row, copy);
+    const std::string path = fmt::format("{}{}{}.{}", folder, name, mark, kProjectExtension);
+    if (MayTake(path, bytes)) {
+      return path;
+    }
+  }
+}
+
+struct CaseRows {
+  int First = 0;
+  int Last = 0;
+};
+
+// What the number in the dialog asks for. Only two numbers do what its caption promises; any other one stands
+// for row 0, which no sheet has.
+CaseRows RowsOf(std::string_view text) {
+  const double number = RoundHalfEven(FieldNumber(text), 0);
+  if (number == 0) {
+    return {kFirstCaseRow, kFirstCaseRow};
+  }
+  return number == kAllRows ? CaseRows{kFirstCaseRow, kLastCaseRow} : CaseRows{};
+}
+
+std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
+  FileQuestion question;
+  if (!korva.LastCaseWorkbook.empty()) {
+    question.Name = FileBaseName(korva.LastCaseWorkbook, false);
+  }
+  question.Folder = korva.Preferences.DataPath;
+  if (question.Folder.size() > 1 && question.Folder.ends_with('/')) {
+    question.Folder.pop_back();
+  }
+  question.Filters = {"All Files (*.*)", "Excel Files (*.XLS)", "Excel Files (*.XLSX)"};
+  question.ActiveFilter = 1;
+  const auto chosen = files.ChooseFile(question);
+  if (!chosen) {
+    throw RuntimeError(ErrorNumber::kDialogCancelled, "no workbook was chosen");
+  }
+  korva.LastCaseWorkbook = *chosen;
+  return *chosen;
+}
+
+class DialogImport {
+ public:
+  DialogImport(Korva& korva, Ports& ports, const CaseImportSteps& steps)
+      : korva_(korva), ports_(ports), steps_(steps) {}
+
+  CaseImportState Run(std::string_view rowText) {
+    try {
+      Import(rowText);
+    } catch (const RuntimeError& error) {
+      End(error);
+    } catch (const std::bad_alloc&) {
+      End(RuntimeError(ErrorNumber::kOutOfMemory));
+    }
+    HistoryLog(korva_.SessionHistory, korva_.Preferences,
+               fmt::format("Case import {} {}", state_.Text, state_.Reason));
+    return state_;
+  }
+
+ private:
+  void Import(std::string_view rowText) {
+    const std::string workbook = ChooseWorkbook(korva_, ports_.Files);
+    const Sheet sheet = ReadSheet(workbook, kCaseSheet, [this] { return steps_.GoOn(state_); });
+    steps_.KeepWork();
+    const CaseRows rows = RowsOf(rowText);
+    state_.LastRow = rows.Last;
+    for (int row = rows.First; row <= rows.Last; ++row) {
+      if (!steps_.GoOn(state_)) {
+        throw RuntimeError(ErrorNumber::kDialogCancelled);
+      }
+      state_.Row = row;
+      if (row == 0) {
+        FileNew(korva_, true, false);
+        throw RuntimeError(ErrorNumber::kSubscript, "0 imports row 3, and 999 rows 3 to 647");
+      }
+      if (sheet.IsEmptyRow(row)) {
+        ++empty_;
+      } else {
+        ImportCase(korva_, sheet, row, {});
+        ++written_;
+      }
+      state_.Text = fmt::format("{}:completed", row);
+    }
+    state_.Reason = Summary();
+    if (rows.Last == kLastCaseRow && sheet.LastRow() > kLastCaseRow) {
+      state_.Reason += fmt::format(" The sheet goes on to row {}, which was not imported.", sheet.LastRow());
+    }
+  }
+
+  void End(const RuntimeError& error) {
+    state_.Text = fmt::format("{}:canceled", state_.Row);
+    state_.Reason = error.what();
+    if (error.Number() == ErrorNumber::kDialogCancelled) {
+      state_.Reason = error.Detail().empty() ? "The import was cancelled." : "No workbook was chosen.";
+    }
+    if (written_ > 0) {
+      state_.Reason += " " + Summary();
+    }
+  }
+
+  std::string Summary() const {
+    std::error_code unknown;
+    std::string text = fmt::format("{} {} written to {}.", written_, written_ == 1 ? "project" : "projects",
+                                   std::filesystem::current_path(unknown).string());
+    if (empty_ > 0) {
+      text += fmt::format(" {} {} empty.", empty_, empty_ == 1 ? "row was" : "rows were");
+    }
+    if (korva_.Stored.ProjectUnits == kMetric) {
+      text += " The program is in metric units: the numbers were taken as metric, not converted.";
+    }
+    return text;
+  }
+
+  Korva& korva_;
+  Ports& ports_;
+  const CaseImportSteps& steps_;
+  CaseImportState state_;
+  int written_ = 0;
+  int empty_ = 0;
+};
+
+}  // namespace
+
+std::string ImportCase(Korva& korva, const Sheet& sheet, int row, const std::string& folder) {
+  FileNew(korva, true, false);
+  CaseProject read = ReadCase(sheet, row, korva.Stored);
+  NormalizeDescription(read.Stored);
+  const std::string bytes = FileBytesFromText(ComposeProject(read.Stored));
+  const std::string name = SafeFileName(fmt::format("{}-{}", read.Number, read.Stored.ProjectTitle));
+  korva.Stored = std::move(read.Stored);
+  korva.ProjectSaved = false;
+  korva.ProjectEmpty = false;
+  const bool bare = folder.empty() || folder.ends_with('/');
+  korva.ProjectFileName = CaseFileName(bare ? folder : folder + "/", name, row, bytes);
+  FileSave(korva);
+  return korva.ProjectFileName;
+}
+
+bool IsCaseFault(const RuntimeError& error) {
+  constexpr std::array kFaults = {ErrorNumber::kTypeMismatch, ErrorNumber::kOverflow, ErrorNumber::kSubscript,
+                                  ErrorNumber::kInvalidCall};
+  return std::find(kFaults.begin(), kFaults.end(), error.Number()) != kFaults.end();
+}
+
+CaseImportState ImportCases(Korva& korva, Ports& ports, std::string_view rowText,
+                            const CaseImportSteps& steps) {
+  const MessageAnswer answer = ShowMessage(korva, ports.Messages,
+                                           {"This operation will override current data. Proceed?",
+                                            MessageButtons::kYesNo,
+                                            MessageIcon::kQuestion,
+                                            {}});
+  return answer == MessageAnswer::kYes ? DialogImport(korva, ports, steps).Run(rowText) : CaseImportState{};
+}
+
+}  // namespace korva
