@@ -15,19 +15,6 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-void AppendUtf8(std::string& text, char32_t point) {
-  if (point < 0x80) {
-    text += static_cast<char>(point);
-  } else if (point < 0x800) {
-    text += static_cast<char>(0xC0 | (point >> 6));
-    text += static_cast<char>(0x80 | (point & 0x3F));
-  } else {  // nothing in Windows-1252 lies beyond three bytes
-    text += static_cast<char>(0xE0 | (point >> 12));
-    text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-    text += static_cast<char>(0x80 | (point & 0x3F));
-  }
-}
-
 std::optional<char> Windows1252Byte(char32_t point) {
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) {
     return static_cast<char>(point);
@@ -54,6 +41,21 @@ std::optional<std::string> Utf8ToWindows1252(std::string_view text) {
 }
 
 }  // namespace
+
+void AppendUtf8(std::string& text, char32_t point) {
+  static constexpr std::array<char32_t, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
+  if (point > 0x10FFFF || IsHighSurrogate(point) || IsLowSurrogate(point)) {
+    point = 0xFFFD;
+  }
+  const unsigned more = point < 0x80      ? 0
+                        : point < 0x800   ? 1
+                        : point < 0x10000 ? 2
+                                          : 3;  // bytes behind the first
+  text += static_cast<char>(kLead[more] | (point >> (6 * more)));
+  for (unsigned left = more; left-- > 0;) {
+    text += static_cast<char>(0x80 | ((point >> (6 * left)) & 0x3F));
+  }
+}
 
 std::optional<char32_t> TakeCharacter(std::string_view& bytes) {
   static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800, 0x10000};

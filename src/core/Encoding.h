@@ -13,6 +13,20 @@ bool IsUtf8(std::string_view bytes);
 // Takes one character off the front of `bytes`, or gives nothing if they do not begin with valid UTF-8.
 std::optional<char32_t> TakeCharacter(std::string_view& bytes);
 
+// Adds one character. What is none, such as a surrogate, becomes U+FFFD.
+void AppendUtf8(std::string& text, char32_t point);
+
+// The halves of a character beyond U+FFFF in UTF-16.
+constexpr bool IsHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+constexpr char32_t JoinSurrogates(char32_t high, char32_t low) {
+  return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+}
+
 // How many of `bytes` stand in front of a UTF-8 character that breaks off at their end.
 std::size_t BytesOfWholeCharacters(std::string_view bytes);
 

@@ -1,0 +1,37 @@
+// One reading of a workbook: whose file it is, whether it may go on, and how it fails.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korva {
+
+class Reading {
+ public:
+  Reading(std::string file, std::function<bool()> goOn) : file_(std::move(file)), goOn_(std::move(goOn)) {}
+
+  const std::string& File() const { return file_; }
+  const std::function<bool()>& GoesOn() const { return goOn_; }
+
+  // Asks whether to go on, and ends the reading with the run-time error for a cancelled dialog if not. An
+  // empty function always goes on.
+  void GoOn() const;
+
+  // The ends of a reading that fails: run-time errors 57, 57, 7 and 9. Words out of the file may be any
+  // bytes.
+  [[noreturn]] void Refuse(std::string_view why) const;
+  [[noreturn]] void Damaged(std::string_view what) const;
+  [[noreturn]] void TooLarge(std::string_view what) const;
+  [[noreturn]] void NoSheet(std::string_view name, const std::vector<std::string>& sheets) const;
+
+ private:
+  std::string file_;
+  std::function<bool()> goOn_;
+};
+
+// Whether two names of worksheets are one: small letters count as capitals, as far as ASCII goes.
+bool IsSameSheetName(std::string_view a, std::string_view b);
+
+}  // namespace korva

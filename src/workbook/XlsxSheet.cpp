@@ -1,0 +1,152 @@
+#include "workbook/XlsxSheet.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/NumberParsing.h"
+#include "core/Text.h"
+#include "workbook/DateStyles.h"
+#include "workbook/SharedStrings.h"
+#include "workbook/SheetBuilder.h"
+#include "workbook/WorkbookParts.h"
+#include "workbook/XmlPart.h"
+
+namespace korva {
+
+namespace {
+
+// What the values of cells mean.
+struct Legend {
+  std::vector<std::string> SharedStrings;
+  std::vector<bool> DateStyles;
+  DateSystem Dates = DateSystem::k1900;
+};
+
+class XlsxCells {
+ public:
+  XlsxCells(Legend legend, const Reading& reading)
+      : legend_(std::move(legend)), reading_(reading), sheet_(reading) {}
+
+  Sheet ReadRows(const pugi::xml_node& rows) {
+    int last = 0;
+    for (const pugi::xml_node row : rows.children()) {
+      if (IsElement(row, "row")) {
+        const auto number = AttributeOf(row, "r");
+        last = number ? ParseCount(*number).value_or(0) : last + 1;
+        if (last < 1 || last > kMostRows) {
+          reading_.Damaged(fmt::format("its sheet has a row \"{}\"", number.value_or("beyond the last one")));
+        }
+        ReadRow(row, last);
+      }
+    }
+    return sheet_.Take();
+  }
+
+ private:
+  void ReadRow(const pugi::xml_node& row, int number) {
+    CellPlace place{number, 0};
+    for (const pugi::xml_node cell : row.children()) {
+      if (!IsElement(cell, "c")) {
+        continue;
+      }
+      ++place.Column;
+      if (const auto name = AttributeOf(cell, "r")) {
+        const auto named = ParseCellName(*name);
+        if (!named || named->Row != number) {
+          reading_.Damaged(fmt::format("row {} has a cell \"{}\"", number, *name));
+        }
+        place = *named;
+      }
+      sheet_.Put(place, CellOf(cell, place));
+    }
+  }
+
+  Cell CellOf(const pugi::xml_node& node, const CellPlace& place) const {
+    const std::string_view type = AttributeOf(node, "t").value_or("n");
+    const pugi::xml_node value = ChildOf(node, "v");
+    const std::string held = InnerText(value);
+    if (type == "inlineStr") {
+      return {CellKind::kText, 0, TextOfRuns(ChildOf(node, "is"))};
+    }
+    const bool isText = type == "str";
+    if (!value || (held.empty() && !isText)) {
+      return {ChildOf(node, "f") ? CellKind::kNoValue : CellKind::kEmpty, 0, {}};
+    }
+    return isText ? Cell{CellKind::kText, 0, WithoutEscapes(held)} : Valued(node, place, type, held);
+  }
+
+  Cell Valued(const pugi::xml_node& node, const CellPlace& place, std::string_view type,
+              std::string_view held) const {
+    const std::string_view text = WithoutXmlSpace(held);
+    if (type == "n") {
+      return Number(node, place, text);
+    }
+    if (type == "s") {
+      const auto index = ParseCount(text);
+      if (!index || static_cast<std::size_t>(*index) >= legend_.SharedStrings.size()) {
+        BadValue(place, text, "no text of the workbook");
+      }
+      return {CellKind::kText, 0, legend_.SharedStrings[static_cast<std::size_t>(*index)]};
+    }
+    if (type == "b") {
+      const auto flag = ParseXmlFlag(text);
+      if (!flag) {
+        BadValue(place, text, "neither true nor false");
+      }
+      return {CellKind::kBoolean, 0, *flag ? "TRUE" : "FALSE"};
+    }
+    if (type == "d") {
+      if (text.find_first_not_of("0123456789-:.+TZ") != std::string_view::npos) {
+        BadValue(place, text, "no date");
+      }
+      return {CellKind::kDate, 0, std::string(text)};
+    }
+    if (type != "e") {
+      BadValue(place, type, "no type of cell");
+    }
+    return {CellKind::kError, 0, std::string(text)};
+  }
+
+  Cell Number(const pugi::xml_node& node, const CellPlace& place, std::string_view text) const {
+    const ParsedNumber parsed = ParseNumberPrefix(text);
+    if (parsed.length == 0 || parsed.length != text.size() || parsed.overflow) {
+      BadValue(place, text, "no number");
+    }
+    const auto style = ParseCount(AttributeOf(node, "s").value_or("0"));
+    const auto index = static_cast<std::size_t>(style.value_or(0));
+    if (index < legend_.DateStyles.size() && legend_.DateStyles[index]) {
+      if (auto date = DateText(parsed.value, legend_.Dates)) {
+        return {CellKind::kDate, parsed.value, std::move(*date)};
+      }
+    }
+    return {CellKind::kNumber, parsed.value, {}};
+  }
+
+  [[noreturn]] void BadValue(const CellPlace& place, std::string_view value, std::string_view what) const {
+    static constexpr std::size_t kMostShown = 40;
+    reading_.Damaged(fmt::format("cell {} holds \"{}\", which is {}", CellName(place),
+                                 value.substr(0, BytesOfCharacters(value, kMostShown)), what));
+  }
+
+  Legend legend_;
+  const Reading& reading_;
+  SheetBuilder sheet_;
+};
+
+}  // namespace
+
+Sheet ReadXlsxSheet(std::string_view bytes, std::string_view name, const Reading& reading) {
+  ZipParts zip(bytes, reading);
+  const WorkbookParts parts = FindParts(zip, name, reading);
+  XlsxCells cells({ReadSharedStrings(zip, parts.SharedStrings, reading),
+                   ReadDateStyles(zip, parts.Styles, reading), parts.Dates},
+                  reading);
+  const pugi::xml_document sheet = ParseXml(zip.Read(parts.Sheet), parts.Sheet, "worksheet", reading);
+  return cells.ReadRows(ChildOf(sheet.document_element(), "sheetData"));
+}
+
+}  // namespace korva
