@@ -41,6 +41,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   void ApplyDisplaySettings() override;
   void EditParameters() override;
   void ShowResults(QWidget* returnTo) override;
+  void KeepDroppedWork() override { recovery_.KeepDroppedWork(korva_.ProjectFileName); }
   void SetInputEnabled(bool enabled) override;
 
  protected:

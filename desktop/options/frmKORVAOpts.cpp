@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -9,6 +10,7 @@
 
 #include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
+#include "desktop/options/CaseImportBox.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/FormTools.h"
 #include "input/CheckOptions.h"
@@ -192,21 +194,17 @@ void frmKORVAOpts::BuildPlotTab() {
 }
 
 void frmKORVAOpts::AddImport(QWidget* tab) {
-  QPushButton* import = NewButton("cmdImport", QStringLiteral("Import Excel"), tab);
-  import->setToolTip(QStringLiteral("Takes a case of the data base workbook over as a project"));
-  connect(import, &QPushButton::clicked, this, [this] { SayNotBuilt("Import Excel"); });
-  QLabel* caption = NewLabel(QStringLiteral("Label3"), QStringLiteral("Row:"), tab);
-  boxes_["Text3"] = new FieldBox(QStringLiteral("Text3"), 0, tab);
-  boxes_["Text3"]->Explain(QStringLiteral("Row"), QStringLiteral("The row of the case in the workbook"));
-  boxes_["Text3"]->Fill("0");
-  caption->setBuddy(boxes_["Text3"]);
-  auto* row = new QHBoxLayout;
-  for (QWidget* widget : std::initializer_list<QWidget*>{import, caption, boxes_["Text3"],
-                                                         NewLabel(QStringLiteral("Label4"), {}, tab)}) {
-    row->addWidget(widget);
-  }
-  row->addStretch();
-  static_cast<QVBoxLayout*>(tab->layout())->addLayout(row);
+  import_ = new CaseImportBox(session_, tab);
+  tab->layout()->addWidget(import_);
+  connect(import_, &CaseImportBox::RunningChanged, this, [this](bool running) {
+    for (QWidget* frame : findChildren<QGroupBox*>()) {
+      frame->setEnabled(!running);
+    }
+    for (const char* button : {"Command1", "Command2", "Command3"}) {
+      findChild<QPushButton*>(QLatin1String(button))->setEnabled(!running);
+    }
+    SSTab1_->tabBar()->setEnabled(!running);
+  });
 }
 
 void frmKORVAOpts::BuildOutputTab() {
@@ -287,6 +285,15 @@ void frmKORVAOpts::Store() {
   options.CellSizeEnglish = static_cast<std::int16_t>(
       std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), Whole::min(), Whole::max()));
   options.CellSizeMetric = static_cast<float>(number("txtCellSizeMet"));
+}
+
+// While rows are imported, the window's own ways out end that first.
+void frmKORVAOpts::reject() {
+  if (import_->IsRunning()) {
+    import_->Cancel();
+    return;
+  }
+  QDialog::reject();
 }
 
 void frmKORVAOpts::SayNotBuilt(const char* command) {

@@ -15,6 +15,7 @@ class QTabWidget;
 
 namespace korva::desktop {
 
+class CaseImportBox;
 class FieldBox;
 
 class frmKORVAOpts final : public QDialog {
@@ -22,6 +23,7 @@ class frmKORVAOpts final : public QDialog {
   explicit frmKORVAOpts(Session& session, QWidget* parent = nullptr);
 
   void done(int result) override;
+  void reject() override;
 
  private:
   void Build();
@@ -43,6 +45,7 @@ class frmKORVAOpts final : public QDialog {
 
   Session& session_;
   QTabWidget* SSTab1_ = nullptr;
+  CaseImportBox* import_ = nullptr;
   std::map<std::string, QCheckBox*> checks_;
   std::map<std::string, std::vector<QRadioButton*>> options_;
   std::map<std::string, FieldBox*> boxes_;

@@ -21,6 +21,8 @@ class MainWindow {
   virtual void EditParameters() = 0;
   // Opens the results window on the pages that stand; `returnTo` is enabled and shown again when it closes.
   virtual void ShowResults(QWidget* returnTo) = 0;
+  // Keeps unsaved work, which is about to be dropped; it is offered at the next start.
+  virtual void KeepDroppedWork() = 0;
   // Enabled while no window of the program stands in front of it.
   virtual void SetInputEnabled(bool enabled) = 0;
 };

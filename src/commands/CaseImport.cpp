@@ -116,11 +116,11 @@ class DialogImport {
         FileNew(korva_, true, false);
         throw RuntimeError(ErrorNumber::kSubscript, "0 imports row 3, and 999 rows 3 to 647");
       }
-      if (sheet.IsEmptyRow(row)) {
-        ++empty_;
-      } else {
+      if (HoldsCase(sheet, row)) {
         ImportCase(korva_, sheet, row, {});
         ++written_;
+      } else {
+        ++empty_;
       }
       state_.Text = fmt::format("{}:completed", row);
     }

@@ -215,6 +215,15 @@ void ReadNumbers(const CaseReader& cells, Project& p) {
 
 }  // namespace
 
+bool HoldsCase(const Sheet& sheet, int row) {
+  for (int column = kCaseNumber; column <= kCounty; ++column) {
+    if (sheet.At(row, column).Kind != CellKind::kEmpty) {
+      return true;
+    }
+  }
+  return false;
+}
+
 CaseProject ReadCase(const Sheet& sheet, int row, const StoredProject& empty) {
   const CaseReader cells(sheet, row);
   CaseProject read{empty, {}};

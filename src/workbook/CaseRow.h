@@ -18,6 +18,9 @@ struct CaseProject {
   std::string Number;  // the case number, three digits if it is a number
 };
 
+// Whether any of the columns of a case, 1 to 47, holds something in row `row`.
+bool HoldsCase(const Sheet& sheet, int row);
+
 // The case in row `row` (from 1) over the empty project `empty`. Numbers are taken as the sheet gives them,
 // without a unit; an empty cell is 0, a text counts as its number, and nothing is validated. Run-time errors
 // name sheet, row, column and what stands there: 13 for a cell that is no number or has no value, 6 for one

@@ -40,9 +40,6 @@ class Sheet {
   // The last row that holds a cell; 0 for an empty sheet.
   int LastRow() const { return rows_.empty() ? 0 : rows_.rbegin()->first; }
 
-  // Whether the row holds no cell.
-  bool IsEmptyRow(int row) const { return rows_.find(row) == rows_.end(); }
-
   // Empty cells are not kept.
   void Set(int row, int column, Cell cell) {
     if (cell.Kind != CellKind::kEmpty) {

@@ -20,11 +20,13 @@ class CountingMain final : public MainWindow {
   void ApplyDisplaySettings() override { ++Applied; }
   void EditParameters() override { ++ParametersOpened; }
   void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
+  void KeepDroppedWork() override { ++Kept; }
   void SetInputEnabled(bool enabled) override { Enabled = enabled; }
 
   int Refreshed = 0;
   int Applied = 0;
   int ParametersOpened = 0;
+  int Kept = 0;
   QWidget* ResultsReturnTo = nullptr;
   bool Enabled = true;
 };
