@@ -89,6 +89,9 @@ std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept;
 // at its end.
 std::string MakePrivateFolder();
 
+// The folder of the running program's file, without a separator at its end.
+std::string ProgramFolder();
+
 // The number of this process.
 int ProcessNumber() noexcept;
 

@@ -309,6 +309,16 @@ std::string MakePrivateFolder() {
   return folder;
 }
 
+std::string ProgramFolder() {
+  static constexpr const char* kProgram = "/proc/self/exe";
+  std::error_code failure;
+  const auto program = std::filesystem::read_symlink(kProgram, failure);
+  if (failure) {
+    ThrowSystemError(failure.value(), kProgram, "finding the running program");
+  }
+  return program.parent_path().string();
+}
+
 int ProcessNumber() noexcept {
   return ::getpid();
 }

@@ -9,14 +9,6 @@
 
 namespace korva {
 
-namespace {
-
-char Capital(char letter) {
-  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-}  // namespace
-
 void Reading::GoOn() const {
   if (goOn_ && !goOn_()) {
     throw RuntimeError(ErrorNumber::kDialogCancelled, fmt::format("{}: reading it was ended", file_));
@@ -48,11 +40,6 @@ void Reading::NoSheet(std::string_view name, const std::vector<std::string>& she
   throw RuntimeError(ErrorNumber::kSubscript,
                      fmt::format("{}: there is no worksheet \"{}\"; the workbook has {}", file_, name,
                                  there.empty() ? "none" : there));
-}
-
-bool IsSameSheetName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Capital(x) == Capital(y); });
 }
 
 }  // namespace korva

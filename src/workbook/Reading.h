@@ -31,7 +31,4 @@ class Reading {
   std::function<bool()> goOn_;
 };
 
-// Whether two names of worksheets are one: small letters count as capitals, as far as ASCII goes.
-bool IsSameSheetName(std::string_view a, std::string_view b);
-
 }  // namespace korva

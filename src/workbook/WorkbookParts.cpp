@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "workbook/SheetName.h"
 #include "workbook/XmlPart.h"
 
 namespace korva {

@@ -1,0 +1,187 @@
+#include "xls/BiffCells.h"
+
+#include <cmath>
+
+#include "workbook/SheetBuilder.h"
+#include "xls/Failure.h"
+
+namespace korva {
+
+namespace {
+
+std::string ErrorName(std::uint8_t code) {
+  switch (code) {
+    case 0x00:
+      return "#NULL!";
+    case 0x07:
+      return "#DIV/0!";
+    case 0x0F:
+      return "#VALUE!";
+    case 0x17:
+      return "#REF!";
+    case 0x1D:
+      return "#NAME?";
+    case 0x24:
+      return "#NUM!";
+    case 0x2A:
+      return "#N/A";
+    default:
+      return "#ERROR!";
+  }
+}
+
+Cell BooleanOrError(std::uint8_t value, bool isError) {
+  return isError ? Cell{CellKind::kError, 0, ErrorName(value)}
+                 : Cell{CellKind::kBoolean, 0, value != 0 ? "TRUE" : "FALSE"};
+}
+
+class CellReader {
+ public:
+  CellReader(const BiffBook& book, RecordReader records) : book_(book), records_(records) {}
+
+  BiffCells Read() {
+    if (records_.Next().Id != kBeginRecord) {
+      throw Failure{XlsStatus::kDamaged};
+    }
+    for (int depth = 1; depth > 0;) {  // a chart within a sheet is a sheet of its own
+      const Record record = records_.Next();
+      depth += record.Id == kBeginRecord ? 1 : record.Id == kEndRecord ? -1 : 0;
+      if (depth == 1) {
+        Note(record);
+      }
+    }
+    return std::move(cells_);
+  }
+
+ private:
+  using Place = BiffCells::key_type;
+
+  void Note(const Record& record) {
+    ByteReader reader(record.Bytes);
+    switch (record.Id) {
+      case kNumberRecord: {
+        const Place place = TakePlace(reader);
+        const std::uint16_t style = reader.Word();
+        Put(place, Numeric(reader.Number(), style));
+        break;
+      }
+      case kRkRecord: {
+        const Place place = TakePlace(reader);
+        const std::uint16_t style = reader.Word();
+        Put(place, Numeric(reader.Rk(), style));
+        break;
+      }
+      case kRkRowRecord:
+        NoteRkRow(reader);
+        break;
+      case kBooleanOrErrorRecord: {
+        const Place place = TakePlace(reader);
+        reader.Word();  // its style
+        const std::uint8_t value = reader.Byte();
+        Put(place, BooleanOrError(value, reader.Byte() != 0));
+        break;
+      }
+      case kFormulaRecord:
+        NoteFormula(reader);
+        break;
+      case kStringRecord:
+        NoteText(reader);
+        break;
+      default:
+        break;
+    }
+  }
+
+  void NoteRkRow(ByteReader reader) {
+    static constexpr std::size_t kEach = 6;
+    static constexpr std::size_t kLastColumn = 2;
+    Place place = TakePlace(reader);
+    for (; reader.Left() >= kEach + kLastColumn; ++place.second) {
+      const std::uint16_t style = reader.Word();
+      Put(place, Numeric(reader.Rk(), style));
+    }
+  }
+
+  void NoteFormula(ByteReader reader) {
+    static constexpr std::uint16_t kNoNumber = 0xFFFF;
+    const Place place = TakePlace(reader);
+    const std::uint16_t style = reader.Word();
+    ByteReader number = reader;
+    const std::uint8_t kind = reader.Byte();
+    reader.Byte();
+    const std::uint8_t value = reader.Byte();
+    reader.Take(3);
+    if (reader.Word() != kNoNumber) {
+      Put(place, Numeric(number.Number(), style));
+      return;
+    }
+    switch (kind) {
+      case 0:  // a text, in a record of its own that follows
+        Put(place, {CellKind::kNoValue, 0, {}});
+        awaited_ = &cells_.at(place);
+        break;
+      case 1:
+      case 2:
+        Put(place, BooleanOrError(value, kind == 2));
+        break;
+      case 3:  // an empty text
+        Put(place, {CellKind::kText, 0, {}});
+        break;
+      default:
+        throw Failure{XlsStatus::kDamaged};
+    }
+  }
+
+  void NoteText(ByteReader reader) {
+    const std::size_t length = reader.Word();
+    std::string text = TakeText(length, reader, book_.Coding, records_);
+    if (awaited_ != nullptr) {
+      *awaited_ = {CellKind::kText, 0, std::move(text)};
+      awaited_ = nullptr;
+    }
+  }
+
+  static Place TakePlace(ByteReader& reader) {
+    const int row = reader.Word();
+    return {row, reader.Word()};
+  }
+
+  Cell Numeric(double number, std::uint16_t style) const {
+    if (!std::isfinite(number)) {
+      throw Failure{XlsStatus::kDamaged};
+    }
+    if (style < book_.DateStyles.size() && book_.DateStyles[style]) {
+      if (auto date = DateText(number, book_.Dates)) {
+        return {CellKind::kDate, number, std::move(*date)};
+      }
+    }
+    return {CellKind::kNumber, number, {}};
+  }
+
+  // Two values at one place are damage, as in an .xlsx workbook.
+  void Put(const Place& place, Cell cell) {
+    awaited_ = nullptr;
+    if (!cells_.emplace(place, std::move(cell)).second) {
+      throw Failure{XlsStatus::kDamaged};
+    }
+    if (cells_.size() > kMostCells) {
+      throw Failure{XlsStatus::kTooLarge};
+    }
+  }
+
+  const BiffBook& book_;
+  RecordReader records_;
+  BiffCells cells_;
+  Cell* awaited_ = nullptr;  // the formula whose text has still to come
+};
+
+}  // namespace
+
+BiffCells ReadBiffCells(std::string_view stream, std::size_t offset, const BiffBook& book) {
+  if (offset > stream.size()) {
+    throw Failure{XlsStatus::kDamaged};
+  }
+  return CellReader(book, RecordReader(stream.substr(offset))).Read();
+}
+
+}  // namespace korva
