@@ -173,6 +173,40 @@ TEST_F(KorvaCommand, ImportsAVoskProject) {
   EXPECT_FALSE(std::filesystem::exists(folder_ / "c.KVL"));
 }
 
+TEST_F(KorvaCommand, ImportsCases) {
+  const std::string book = KORVA_EXAMPLES "/cases.xlsx";
+  const ProgramResult all = Call({"import", "cases", book, "out"});
+  EXPECT_EQ(all.Status, 0) << all.Err;
+  const json rows = json::parse(Call({"import", "cases", book, "out", "--all", "--json"}).Out)["rows"];
+  ASSERT_GE(rows.size(), 6U);
+  EXPECT_EQ(rows[0]["row"], 3);
+  for (const json& row : rows) {
+    EXPECT_TRUE(Holds(all.Out, row["file"])) << row;
+    EXPECT_EQ(Call({"report", row["file"]}).Status, 0) << row;
+  }
+  EXPECT_EQ(
+      Call({"import", "cases", book, "one", "--row", "4"}).Out,
+      "4       one/" + std::filesystem::path(rows[1]["file"].get<std::string>()).filename().string() + "\n");
+
+  // A row with a fault leaves the others; the result tells both.
+  const std::string faulty = KORVA_WORKBOOKS "/cases.xls";
+  const ProgramResult some = Call({"import", "cases", faulty, "some", "--json"});
+  EXPECT_EQ(some.Status, 3);
+  EXPECT_TRUE(Holds(some.Err, "row 5, column 20 (T): \"deep\" is not a number")) << some.Err;
+  const json done = json::parse(some.Out)["rows"];
+  ASSERT_GE(done.size(), 3U);
+  EXPECT_EQ(done[0]["file"], "some/001-Invented _ Mine.KVL");
+  EXPECT_EQ(done[2]["error"]["number"], 13);
+
+  ExpectFailure({"import", "cases", book, "one", "--row", "2"}, 3, "row 2, column 4 (D): \"");
+  ExpectFailure({"import", "cases", book, "one", "--row", "500"}, 3,
+                "row 500 of sheet \"Cases\" holds no case");
+  ExpectFailure({"import", "cases", book, "dev.KVL/in"}, 3, "dev.KVL/in");
+  ExpectFailure({"import", "cases", book, "dev.KVL", "--row", "3"}, 3, "dev.KVL");
+  ExpectFailure({"import", "cases", "dev.KVL", "one"}, 3, "dev.KVL");
+  ExpectFailure({"import", "cases", book, "one", "--all", "--row", "3"}, 2, "excludes");
+}
+
 TEST_F(KorvaCommand, ConvertsUnits) {
   EXPECT_EQ(Call({"units", "length", "ft", "1"}).Out,
             "in            12\nft            1\ncm            30.48\nm             0.3048\n");

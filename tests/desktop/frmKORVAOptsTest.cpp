@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTimer>
+#include <filesystem>
 
 #include "commands/SettingsCommands.h"
 #include "desktop/FormBench.h"
@@ -111,6 +114,55 @@ TEST_F(OptionsForm, RefusesARangeThatIsNone) {
   bench_.Outside.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
   Click(form, "Command2");
   EXPECT_TRUE(form.isVisible());
+}
+
+class CaseImportInTheForm : public OptionsForm {
+ protected:
+  CaseImportInTheForm() : before_(std::filesystem::current_path()) {
+    std::filesystem::create_directory(folder_ / "cases");
+    std::filesystem::current_path(folder_ / "cases");
+    form_.show();
+    The<QTabWidget>(form_, "SSTab1").setCurrentIndex(1);
+    bench_.Outside.Messages.Expect("This operation will override current data. Proceed?",
+                                   MessageButtons::kYesNo, MessageAnswer::kYes);
+    bench_.Outside.Files.Expect(KORVA_EXAMPLES "/cases.xlsx");
+  }
+  ~CaseImportInTheForm() override { std::filesystem::current_path(before_); }
+
+  int Files() const {
+    const std::filesystem::directory_iterator files(folder_ / "cases");
+    return static_cast<int>(std::distance(begin(files), end(files)));
+  }
+
+  std::filesystem::path before_;
+  frmKORVAOpts form_{bench_.Forms};
+};
+
+TEST_F(CaseImportInTheForm, TellsWhatWasWritten) {
+  The<QLineEdit>(form_, "Text3").setText(QStringLiteral("999"));
+  Click(form_, "cmdImport");
+  EXPECT_EQ(The<QLabel>(form_, "Label4").text(), QStringLiteral("647:completed"));
+  EXPECT_TRUE(The<QLabel>(form_, "lblImport").text().contains(QStringLiteral("projects written to")));
+  EXPECT_GE(Files(), 6);
+  EXPECT_EQ(bench_.Main.Kept, 1);
+  EXPECT_GE(bench_.Main.Refreshed, 1);
+  EXPECT_TRUE(Button(form_, "Command2").isEnabled());
+  EXPECT_FALSE(Button(form_, "cmdCancelImport").isVisible());
+}
+
+TEST_F(CaseImportInTheForm, ClosingTheWindowStopsItBetweenRows) {
+  The<QLineEdit>(form_, "Text3").setText(QStringLiteral("999"));
+  QTimer::singleShot(0, &form_, [this] {
+    EXPECT_FALSE(Button(form_, "Command2").isEnabled()) << "only the way to stop is open";
+    EXPECT_FALSE(Button(form_, "Option1(0)").isEnabled());
+    EXPECT_TRUE(Button(form_, "cmdCancelImport").isVisible());
+    form_.close();
+  });
+  Click(form_, "cmdImport");
+  EXPECT_TRUE(form_.isVisible());
+  EXPECT_TRUE(The<QLabel>(form_, "Label4").text().endsWith(QStringLiteral(":canceled")));
+  EXPECT_LT(Files(), 6);
+  EXPECT_TRUE(Button(form_, "Option1(0)").isEnabled());
 }
 
 }  // namespace
