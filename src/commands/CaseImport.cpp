@@ -137,7 +137,7 @@ class DialogImport {
       state_.Reason = error.Detail().empty() ? "The import was cancelled." : "No workbook was chosen.";
     }
     if (written_ > 0) {
-      state_.Reason += " " + Summary();
+      state_.Reason += "\n" + Summary();
     }
   }
 

@@ -2,9 +2,12 @@
 // korva_pictures FOLDER [dark]. QT_SCALE_FACTOR sets the scale.
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QPainter>
 #include <QTabWidget>
+#include <QTimer>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -64,6 +67,23 @@ void SaveParameters(FormBench& bench) {
 }
 
 // Each loading condition; straight and angled crosscuts; rows A to D; slab cuts; few and many entries.
+// The tab of the import while rows are written, and after a row that could not be taken.
+void SaveCaseImport() {
+  FormBench bench;
+  frmKORVAOpts options(bench.Forms);
+  const TempFolder cases;
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(cases / "");
+  The<QTabWidget>(options, "SSTab1").setCurrentIndex(1);
+  The<QLineEdit>(options, "Text3").setText(QStringLiteral("999"));
+  bench.Outside.Messages.Expect("This operation", MessageButtons::kYesNo, MessageAnswer::kYes);
+  bench.Outside.Files.Expect(KORVA_WORKBOOKS "/cases.xlsx");
+  QTimer::singleShot(0, &options, [&options] { Save(options, QStringLiteral("frmKORVAOpts-importing")); });
+  Click(options, "cmdImport");
+  Save(options, QStringLiteral("frmKORVAOpts-imported"));
+  std::filesystem::current_path(before);
+}
+
 void SavePlans(FormBench& bench) {
   const auto save = [&bench](const QString& name, const char* example, auto change) {
     bench.State.ProjectFileName = example;
@@ -209,6 +229,7 @@ void SaveAll() {
     tabs.setCurrentIndex(tab);
     Save(options, QStringLiteral("frmKORVAOpts-%1").arg(tab));
   }
+  SaveCaseImport();
   frmUnits units(bench.Forms);
   Save(units, QStringLiteral("frmUnits"));
   frmConvert convert(bench.Forms);

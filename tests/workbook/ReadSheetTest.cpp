@@ -6,6 +6,7 @@
 
 #include "support/ExpectError.h"
 #include "support/TempFolder.h"
+#include "workbook/CaseRow.h"
 #include "workbook/ReadSheet.h"
 
 namespace korva {
@@ -67,7 +68,7 @@ TEST(ReadSheet, GivesWhatTheCellsShow) {
     EXPECT_EQ(sheet.At(5, 25).Text, "#N/A");
     EXPECT_EQ(sheet.At(5, 26).Text, "Grüße é") << "a formula";
     EXPECT_EQ(sheet.At(5, 44).Text.size(), 12'500U) << "a text that takes more than one record";
-    EXPECT_TRUE(sheet.IsEmptyRow(6) && sheet.IsEmptyRow(7) && sheet.IsEmptyRow(39));
+    EXPECT_TRUE(!HoldsCase(sheet, 6) && !HoldsCase(sheet, 7) && !HoldsCase(sheet, 39));
     EXPECT_EQ(sheet.At(8, 5).Number, 1e-7);
     EXPECT_EQ(sheet.At(8, 27).Kind, CellKind::kDate);
     EXPECT_EQ(sheet.At(8, 27).Number, 45351);

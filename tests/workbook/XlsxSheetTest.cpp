@@ -2,6 +2,7 @@
 
 #include "support/ExpectError.h"
 #include "support/Workbooks.h"
+#include "workbook/CaseRow.h"
 #include "workbook/XlsxSheet.h"
 
 namespace korva {
@@ -99,7 +100,7 @@ TEST(ReadXlsxSheet, PlacesCellsByNameOrInTurn) {
   EXPECT_EQ(sheet.At(1, 16384).Number, 3);
   EXPECT_EQ(sheet.At(1048576, 27).Number, 4);
   EXPECT_EQ(sheet.At(1048576, 28).Number, 5);
-  EXPECT_TRUE(sheet.IsEmptyRow(7) && sheet.IsEmptyRow(8));
+  EXPECT_TRUE(!HoldsCase(sheet, 7) && !HoldsCase(sheet, 8));
 }
 
 TEST(ReadXlsxSheet, FollowsLinksAndForeignPrefixes) {
