@@ -1,9 +1,9 @@
 #include "workbook/DateFormat.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 
 namespace korva {
 
@@ -12,11 +12,10 @@ namespace {
 constexpr std::int64_t kSecondsOfDay = 86'400;
 constexpr std::int64_t kLeapDayThatNeverWas = 60;  // of the system that begins in 1900
 
-template <class... Numbers>
-std::string Printed(const char* format, Numbers... numbers) {
-  char text[64];
-  std::snprintf(text, sizeof text, format, numbers...);
-  return text;
+// With zeros in front up to `width`.
+std::string Padded(std::int64_t number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
 std::string DayText(std::int64_t day, DateSystem system) {
@@ -29,13 +28,12 @@ std::string DayText(std::int64_t day, DateSystem system) {
                          : day < kLeapDayThatNeverWas ? sys_days{std::chrono::year{1899} / 12 / 31}
                                                       : sys_days{std::chrono::year{1899} / 12 / 30};
   const std::chrono::year_month_day date = start + days{day};
-  return Printed("%04d-%02u-%02u", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-                 static_cast<unsigned>(date.day()));
+  return Padded(static_cast<int>(date.year()), 4) + "-" + Padded(static_cast<unsigned>(date.month()), 2) +
+         "-" + Padded(static_cast<unsigned>(date.day()), 2);
 }
 
 std::string TimeText(std::int64_t seconds) {
-  return Printed("%02d:%02d:%02d", static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
-                 static_cast<int>(seconds % 60));
+  return Padded(seconds / 3600, 2) + ":" + Padded(seconds / 60 % 60, 2) + ":" + Padded(seconds % 60, 2);
 }
 
 bool IsOneOf(char letter, std::string_view letters) {

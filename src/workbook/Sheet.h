@@ -11,7 +11,7 @@ enum class CellKind {
   kEmpty,
   kNumber,
   kText,
-  kDate,     // a number shown as a date or time; Text is its ISO form
+  kDate,     // a number shown as a date or time; Text is its ISO form, such as "2024-02-29T18:15:30"
   kBoolean,  // Text is "TRUE" or "FALSE"
   kError,    // Text is the error's name, such as "#DIV/0!"
   kNoValue,  // a formula whose value is not in the file
@@ -19,8 +19,8 @@ enum class CellKind {
 
 struct Cell {
   CellKind Kind = CellKind::kEmpty;
-  double Number = 0;  // of kNumber and kDate; always finite
-  std::string Text;   // UTF-8; of a number empty
+  double Number = 0;  // of kNumber and kDate; always finite; 0 of a date that the file holds as a text
+  std::string Text;   // UTF-8; of a number and of a missing value empty
 };
 
 // Rows and columns count from 1.

@@ -10,7 +10,7 @@ namespace korva {
 
 void SheetBuilder::Put(const CellPlace& place, Cell cell) {
   static constexpr std::size_t kCellsBetweenQuestions = 4096;
-  if (++cells_ % kCellsBetweenQuestions == 0) {
+  if (++seen_ % kCellsBetweenQuestions == 0) {
     reading_.GoOn();
   }
   if (place.Row < 1 || place.Row > kMostRows || place.Column < 1 || place.Column > kMostColumns) {
@@ -24,7 +24,7 @@ void SheetBuilder::Put(const CellPlace& place, Cell cell) {
     return;
   }
   textBytes_ += cell.Text.size();
-  if (cells_ > kMostCells || textBytes_ > kMostTextBytes) {
+  if (++cells_ > kMostCells || textBytes_ > kMostTextBytes) {
     reading_.TooLarge(
         fmt::format("its sheet has more than {} cells or {} MiB of text", kMostCells, kMostTextBytes >> 20U));
   }

@@ -27,7 +27,8 @@ class SheetBuilder {
  private:
   const Reading& reading_;
   Sheet sheet_;
-  std::size_t cells_ = 0;
+  std::size_t seen_ = 0;   // empty ones too
+  std::size_t cells_ = 0;  // kept
   std::size_t textBytes_ = 0;
 };
 

@@ -51,7 +51,7 @@ std::string PartOfKind(const std::vector<Relationship>& all, std::string_view ki
 }
 
 std::string WorkbookPart(ZipParts& zip, const Reading& reading) {
-  const std::string part = PartOfKind(RelationshipsOf("", zip, reading), "officeDocument");
+  std::string part = PartOfKind(RelationshipsOf("", zip, reading), "officeDocument");
   if (part.empty()) {
     reading.Refuse("is a zip, but no workbook");
   }
