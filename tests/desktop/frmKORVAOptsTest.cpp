@@ -1,3 +1,4 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <QGroupBox>
@@ -8,7 +9,11 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "commands/Calculate.h"
+#include "commands/FileCommands.h"
+#include "commands/PlanCommands.h"
 #include "commands/SettingsCommands.h"
+#include "commands/SweepCommand.h"
 #include "desktop/FormBench.h"
 #include "desktop/options/frmKORVAOpts.h"
 #include "support/TempFolder.h"
@@ -114,6 +119,82 @@ TEST_F(OptionsForm, RefusesARangeThatIsNone) {
   bench_.Outside.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
   Click(form, "Command2");
   EXPECT_TRUE(form.isVisible());
+}
+
+// Switches options in the dialog and looks at what changes elsewhere.
+class OptionsAct : public OptionsForm {
+ protected:
+  OptionsAct() {
+    bench_.State.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
+    FileOpen(bench_.State, bench_.Outside.Messages);
+  }
+
+  void Choose(std::initializer_list<const char*> names) {
+    frmKORVAOpts form(bench_.Forms);
+    form.show();
+    for (const char* name : names) {
+      Button(form, name).click();
+    }
+    Click(form, "Command2");
+  }
+
+  std::string Page(int page) {
+    EXPECT_TRUE(CalculateStabilityFactors(bench_.State, bench_.Outside.Messages));
+    return bench_.State.OutBuf[page];
+  }
+
+  // The texts of the plan, and how far its side gobs reach.
+  std::string PlanTexts() {
+    const auto plan = DrawPlan(PlanRequestOf(bench_.State, true));
+    std::string texts;
+    for (const DrawText& text : plan->Picture.Texts) {
+      texts += text.Text + "|";
+    }
+    for (const PlanGob& gob : plan->Gobs) {
+      texts += fmt::format("{:.1f}|", gob.Outline.at(1).X - gob.Outline.at(0).X);
+    }
+    return texts;
+  }
+
+  static bool Holds(const std::string& text, const char* part) { return text.find(part) != text.npos; }
+};
+
+TEST_F(OptionsAct, OnPages) {
+  EXPECT_TRUE(Holds(Page(0), "module build"));
+  EXPECT_TRUE(Holds(Page(3), "View Plots->Settings"));
+  EXPECT_TRUE(Holds(Page(3), "(psi)") && Holds(Page(3), "(tons)"));
+  EXPECT_TRUE(Holds(Page(1), ".....  2.21"));
+  Choose({"Check3", "Check8", "Option1(1)", "Option2(0)", "Option4(2)"});
+  EXPECT_FALSE(Holds(Page(0), "module build"));
+  EXPECT_FALSE(Holds(Page(3), "View Plots"));
+  EXPECT_TRUE(Holds(Page(3), "(psf)") && Holds(Page(3), "(lbs)"));
+  EXPECT_TRUE(Holds(Page(1), ".....  2.20")) << "\"Do not round\" truncates";
+  Choose({"Option4(1)"});
+  EXPECT_TRUE(Holds(Page(1), ".....  2.21")) << "\"Truncate to two decimals\" leaves the value to the page";
+}
+
+TEST_F(OptionsAct, OnThePlan) {
+  Page(1);
+  std::string before = PlanTexts();
+  for (const char* name : {"Check4", "Check6", "Check7", "Check5", "Option3(0)"}) {
+    Choose({name});
+    const std::string after = PlanTexts();
+    EXPECT_NE(after, before) << name;
+    before = after;
+  }
+}
+
+TEST_F(OptionsAct, OnGraphsAndTheSolversFiles) {
+  frmKORVAOpts form(bench_.Forms);
+  form.show();
+  The<QLineEdit>(form, "Text1").setText(QStringLiteral("80"));
+  The<QLineEdit>(form, "Text2").setText(QStringLiteral("90"));
+  Button(form, "optTmpDir(0)").click();
+  Click(form, "Command2");
+  const auto job = PrepareSweep(bench_.State, bench_.Outside.Messages, kDepthGraph);
+  EXPECT_EQ(job->Range.Min, 80);
+  EXPECT_EQ(job->Range.Max, 90);
+  EXPECT_EQ(job->Place.iOptDir, 0);
 }
 
 class CaseImportInTheForm : public OptionsForm {
