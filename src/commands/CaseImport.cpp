@@ -41,7 +41,7 @@ std::string CaseFileName(const std::string& folder, const std::string& name, int
     const std::string mark = copy == 0   ? std::string()
                              : copy == 1 ? fmt::format(" (row {})", row)
                                          : fmt::format(" (row {}, {})", row, copy);
-    const std::string path = fmt::format("{}{}{}.{}", folder, name, mark, kProjectExtension);
+    std::string path = fmt::format("{}{}{}.{}", folder, name, mark, kProjectExtension);
     if (MayTake(path, bytes)) {
       return path;
     }
