@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "workbook/SheetBuilder.h"
 #include "xls/Failure.h"
 
 namespace korva {
@@ -17,7 +18,7 @@ class BookReader {
     RecordReader records(stream);
     Begin(records.Next());
     for (Record record = records.Next(); record.Id != kEndRecord; record = records.Next()) {
-      Note(record);
+      Note(record, records);
     }
     for (const std::uint16_t format : styles_) {
       const auto custom = formats_.find(format);
@@ -36,7 +37,7 @@ class BookReader {
     book_.Coding.IsUnicode = version == kSince1997;
   }
 
-  void Note(const Record& record) {
+  void Note(const Record& record, RecordReader& records) {
     ByteReader reader(record.Bytes);
     switch (record.Id) {
       case kPasswordRecord:
@@ -60,6 +61,9 @@ class BookReader {
       case kSheetRecord:
         NoteSheet(reader);
         break;
+      case kSharedTextsRecord:
+        NoteTexts(reader, records);
+        break;
       default:
         break;
     }
@@ -72,6 +76,17 @@ class BookReader {
     const std::size_t length = reader.Byte();
     if (isWorksheet) {
       book_.Worksheets.push_back({TakeText(length, reader, book_.Coding), offset});
+    }
+  }
+
+  void NoteTexts(ByteReader reader, RecordReader& records) {
+    reader.Long();  // how many cells have them
+    const std::uint32_t count = reader.Long();
+    if (count > kMostCells) {
+      throw Failure{XlsStatus::kTooLarge};
+    }
+    for (std::uint32_t i = 0; i < count; ++i) {
+      book_.Texts.push_back(TakeSharedText(reader, records));
     }
   }
 

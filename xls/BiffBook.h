@@ -19,7 +19,8 @@ struct BiffBook {
   TextCoding Coding;
   DateSystem Dates = DateSystem::k1900;
   std::vector<Worksheet> Worksheets;
-  std::vector<bool> DateStyles;  // whether a style shows a number as a date, by its number
+  std::vector<std::string> Texts;  // that the cells of all worksheets share
+  std::vector<bool> DateStyles;    // whether a style shows a number as a date, by its number
 };
 
 // Fails with kDamaged, and kLocked for a workbook under a password.

@@ -81,6 +81,20 @@ class CellReader {
         Put(place, BooleanOrError(value, reader.Byte() != 0));
         break;
       }
+      case kSharedTextRecord: {
+        const Place place = TakePlace(reader);
+        reader.Word();  // its style
+        Put(place, {CellKind::kText, 0, SharedText(reader.Long())});
+        break;
+      }
+      case kTextRecord:
+      case kRichTextRecord: {
+        const Place place = TakePlace(reader);
+        reader.Word();  // its style
+        const std::size_t length = reader.Word();
+        Put(place, {CellKind::kText, 0, TakeText(length, reader, book_.Coding, records_)});
+        break;
+      }
       case kFormulaRecord:
         NoteFormula(reader);
         break;
@@ -90,6 +104,13 @@ class CellReader {
       default:
         break;
     }
+  }
+
+  const std::string& SharedText(std::uint32_t number) const {
+    if (number >= book_.Texts.size()) {
+      throw Failure{XlsStatus::kDamaged};
+    }
+    return book_.Texts[number];
   }
 
   void NoteRkRow(ByteReader reader) {

@@ -1,5 +1,4 @@
-// The cells of a worksheet that hold numbers, booleans, errors and formulas. Constant texts are not among
-// them.
+// The cells of a worksheet.
 #pragma once
 
 #include <map>

@@ -13,11 +13,13 @@ namespace korva {
 
 namespace {
 
-constexpr std::uint8_t kTwoBytesEach = 1;  // flag of a piece of text
+// Flags of a text.
+constexpr std::uint8_t kTwoBytesEach = 1;
+constexpr std::uint8_t kHasReadings = 4;
+constexpr std::uint8_t kHasRuns = 8;
 
 // Adds up to `most` characters of one piece of text as UTF-16 and returns how many.
-std::size_t TakeUnits(std::size_t most, ByteReader& reader, std::u16string& units) {
-  const bool wide = (reader.Byte() & kTwoBytesEach) != 0;
+std::size_t TakeUnits(std::size_t most, bool wide, ByteReader& reader, std::u16string& units) {
   const std::size_t count = std::min(most, wide ? reader.Left() / 2 : reader.Left());
   for (std::size_t i = 0; i < count; ++i) {
     units += static_cast<char16_t>(wide ? reader.Word() : reader.Byte());
@@ -50,6 +52,41 @@ std::string Utf8OfCodePage(std::string_view bytes, std::uint16_t codePage) {
                 nullptr),
       g_free);
   return text ? std::string(text.get(), written) : Windows1252ToUtf8(bytes);
+}
+
+// Puts `reader` at the front of the record that goes on with its own.
+void GoOn(ByteReader& reader, RecordReader& records) {
+  Record more;
+  if (!records.TakeContinued(more)) {
+    throw Failure{XlsStatus::kDamaged};
+  }
+  reader = ByteReader(more.Bytes);
+}
+
+// Each piece but the first has a byte of flags in front.
+std::string TakeUnicode(std::size_t length, bool wide, ByteReader& reader, RecordReader& records) {
+  std::u16string units;
+  for (;;) {
+    length -= TakeUnits(length, wide, reader, units);
+    if (length == 0) {
+      return Utf8OfUnits(units);
+    }
+    GoOn(reader, records);
+    wide = (reader.Byte() & kTwoBytesEach) != 0;
+  }
+}
+
+std::string TakeBytes(std::size_t length, ByteReader& reader, RecordReader& records) {
+  std::string bytes;
+  for (;;) {
+    const std::size_t count = std::min(length, reader.Left());
+    bytes += reader.Take(count);
+    length -= count;
+    if (length == 0) {
+      return bytes;
+    }
+    GoOn(reader, records);
+  }
 }
 
 }  // namespace
@@ -98,31 +135,35 @@ bool RecordReader::TakeContinued(Record& record) {
   return true;
 }
 
-std::string TakeText(std::size_t length, ByteReader reader, const TextCoding& coding, RecordReader& records) {
-  std::u16string units;
-  std::string bytes;
-  for (;;) {
-    if (coding.IsUnicode) {
-      length -= length == 0 ? 0 : TakeUnits(length, reader, units);
-    } else {
-      const std::size_t count = std::min(length, reader.Left());
-      bytes += reader.Take(count);
-      length -= count;
-    }
-    if (length == 0) {
-      return coding.IsUnicode ? Utf8OfUnits(units) : Utf8OfCodePage(bytes, coding.CodePage);
-    }
-    Record more;
-    if (!records.TakeContinued(more)) {
-      throw Failure{XlsStatus::kDamaged};
-    }
-    reader = ByteReader(more.Bytes);
+std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& coding,
+                     RecordReader& records) {
+  if (length == 0) {
+    return {};
   }
+  if (!coding.IsUnicode) {
+    return Utf8OfCodePage(TakeBytes(length, reader, records), coding.CodePage);
+  }
+  const bool wide = (reader.Byte() & kTwoBytesEach) != 0;
+  return TakeUnicode(length, wide, reader, records);
 }
 
-std::string TakeText(std::size_t length, ByteReader reader, const TextCoding& coding) {
+std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& coding) {
   RecordReader none{{}};
   return TakeText(length, reader, coding, none);
+}
+
+std::string TakeSharedText(ByteReader& reader, RecordReader& records) {
+  static constexpr std::size_t kBytesOfRun = 4;
+  if (reader.Left() == 0) {
+    GoOn(reader, records);
+  }
+  const std::size_t length = reader.Word();
+  const std::uint8_t flags = reader.Byte();
+  const std::size_t runs = (flags & kHasRuns) != 0 ? reader.Word() : std::uint16_t{0};
+  const std::size_t readings = (flags & kHasReadings) != 0 ? reader.Long() : 0U;
+  std::string text = TakeUnicode(length, (flags & kTwoBytesEach) != 0, reader, records);
+  TakeBytes(runs * kBytesOfRun + readings, reader, records);
+  return text;
 }
 
 }  // namespace korva

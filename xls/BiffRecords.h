@@ -17,8 +17,12 @@ enum RecordId : std::uint16_t {
   kCodePageRecord = 0x0042,
   kSheetRecord = 0x0085,
   kRkRowRecord = 0x00BD,
+  kRichTextRecord = 0x00D6,
   kStyleRecord = 0x00E0,
+  kSharedTextsRecord = 0x00FC,
+  kSharedTextRecord = 0x00FD,
   kNumberRecord = 0x0203,
+  kTextRecord = 0x0204,
   kBooleanOrErrorRecord = 0x0205,
   kStringRecord = 0x0207,
   kRkRecord = 0x027E,
@@ -70,11 +74,15 @@ struct TextCoding {
   std::uint16_t CodePage = 1252;
 };
 
-// A text of `length` characters in UTF-8. It begins in `record`, of which `reader` has the rest, and may go
-// on in the records behind it.
-std::string TakeText(std::size_t length, ByteReader reader, const TextCoding& coding, RecordReader& records);
+// A text of `length` characters in UTF-8, off the front of `reader`. Where its record ends, the text goes on
+// in the records behind it, and so does `reader`.
+std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& coding, RecordReader& records);
 
 // The same for a text that stays within its record.
-std::string TakeText(std::size_t length, ByteReader reader, const TextCoding& coding);
+std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& coding);
+
+// One of the texts that cells share, with a head of its own: formats of its runs and readings follow the
+// characters and are left out. Only workbooks since 1997 have them.
+std::string TakeSharedText(ByteReader& reader, RecordReader& records);
 
 }  // namespace korva
