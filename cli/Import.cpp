@@ -11,6 +11,7 @@
 #include "commands/CaseImport.h"
 #include "commands/FileCommands.h"
 #include "files/PlatformFile.h"
+#include "files/VoskFile.h"
 #include "workbook/CaseRow.h"
 #include "workbook/ReadSheet.h"
 
@@ -18,15 +19,24 @@ namespace korva::cli {
 
 namespace {
 
+constexpr std::size_t kMostMagic = 1024;  // bytes that hold a format's name, blanks around it included
+
 struct VoskCall {
   std::string File;
   std::string Out;
 };
 
+bool IsVoskFile(const std::string& path) {
+  if (!StateOfFile(path).isRegular) {
+    return false;
+  }
+  const std::string start = OpenForReading(path)->Read(kMostMagic);
+  return start.find_first_not_of(" \t\r\n") != start.npos && DetectVoskFormat(start, path);
+}
+
 int ImportVosk(Korva& korva, const VoskCall& call) {
-  if (IsSameFile(call.File, call.Out)) {
-    Complain(
-        fmt::format("{}: not replaced, since it holds more than the panel that is taken over", call.Out));
+  if (IsVoskFile(call.Out)) {
+    Complain(fmt::format("{}: not replaced, since it is a VOSK project itself", call.Out));
     return kRefused;
   }
   if (!ReadInto(korva, call.File, FileOpenVOSK)) {
@@ -146,7 +156,7 @@ Command AddCases(CLI::App& import, const CommonOptions& common) {
   parser->add_option("DIR", call->Folder, "folder for the project files, made if it is missing")->required();
   auto* row = parser->add_option("--row", call->Row, "only this row of the sheet")
                   ->type_name("N")
-                  ->check(CLI::Range(1, kMostRows));
+                  ->check(CLI::Range(kFirstCaseRow, kMostRows));
   parser->add_flag("--all", call->All, "all rows from 3 on, as without --row")->excludes(row);
   parser->add_flag("--json", call->AsJson, "rows and files as JSON");
   parser->footer("Example:\n  korva import cases examples/cases.xlsx cases");

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 
@@ -26,7 +28,11 @@ void Print(std::string_view text) {
 }
 
 void Complain(std::string_view text) {
-  PrintBeside(fmt::format("korva: {}\n", PlatformLines(text)));
+  std::string shown = PlatformLines(text);
+  std::replace_if(
+      shown.begin(), shown.end(),
+      [](unsigned char c) { return std::iscntrl(c) != 0 && c != '\n' && c != '\t'; }, '?');
+  PrintBeside(fmt::format("korva: {}\n", shown));
 }
 
 void PrintBeside(std::string_view text) {

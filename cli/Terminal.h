@@ -19,7 +19,8 @@ inline constexpr int kFailed = 3;
 // Writes to standard output; a run-time error if that cannot be written.
 void Print(std::string_view text);
 
-// A line on standard error behind the program's name, and text on standard error as it is.
+// A line on standard error behind the program's name, in which "?" stands for control characters, since words
+// out of files may be told; and text on standard error as it is.
 void Complain(std::string_view text);
 void PrintBeside(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "options/UnitTables.h"
 
@@ -21,10 +22,13 @@ struct UnitsCall {
 
 // A number with a point or a comma, and nothing else.
 double ValueOf(const std::string& text) {
-  const auto end = text.find_last_of("0123456789.,");
-  const bool number = !text.empty() && text.find_first_not_of("0123456789.,+-eE") == std::string::npos &&
-                      end + 1 == text.size();
-  if (!number) {
+  std::string plain = text;
+  const auto comma = plain.find(',');
+  if (comma != plain.npos) {
+    plain[comma] = '.';
+  }
+  const ParsedNumber number = ParseNumberPrefix(plain);
+  if (number.length == 0 || number.length != plain.size()) {
     throw UsageError{fmt::format("{}: expected a number", text)};
   }
   return CalculatorNumber(text);

@@ -24,14 +24,25 @@ namespace {
 
 constexpr int kAllRows = 999;
 
-// Whether `path` is still free, or a file that holds just `bytes`. A link is neither.
+// Whether the file `path` holds just `bytes`; false also if that cannot be told.
+bool Holds(const std::string& path, const std::string& bytes) {
+  try {
+    return ReadWholeFile(path, kLargestProjectFile) == bytes;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+// Whether `path` is still free, or a file that holds just `bytes`. A link is neither. Run-time error of
+// looking into the folder.
 bool MayTake(const std::string& path, const std::string& bytes) {
-  std::error_code unknown;
-  const auto kind = std::filesystem::symlink_status(path, unknown).type();
+  std::error_code failure;
+  const auto kind = std::filesystem::symlink_status(path, failure).type();
+  if (kind == std::filesystem::file_type::none) {
+    ThrowSystemError(failure.value(), path, "looking whether it is there");
+  }
   return kind == std::filesystem::file_type::not_found ||
-         (kind == std::filesystem::file_type::regular &&
-          std::filesystem::file_size(path, unknown) == bytes.size() &&
-          ReadWholeFile(path, kLargestProjectFile) == bytes);
+         (kind == std::filesystem::file_type::regular && Holds(path, bytes));
 }
 
 // The name of a case's file that replaces no other file.

@@ -72,6 +72,12 @@ std::string_view Trimmed(std::string_view text) {
                                          : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string Excerpt(std::string_view text) {
+  constexpr std::size_t kMost = 40;
+  const std::size_t length = BytesOfCharacters(text, kMost);
+  return std::string(text.substr(0, length)) + (length < text.size() ? "..." : "");
+}
+
 std::string PadLeft(std::string_view text, std::size_t width) {
   return Padding(text, width, ' ').append(text);
 }

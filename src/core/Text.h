@@ -19,6 +19,10 @@ std::size_t BytesOfCharacters(std::string_view text, std::size_t characters);
 // Without blanks (and only blanks) at both ends.
 std::string_view Trimmed(std::string_view text);
 
+// What a message shows of a text that may be of any length: its first 40 characters, with dots behind if
+// there are more.
+std::string Excerpt(std::string_view text);
+
 // `text` with blanks in front, blanks behind, or dots behind up to `width`. A longer text is returned whole.
 std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);

@@ -81,7 +81,7 @@ std::string WhatStandsIn(const Cell& cell) {
     case CellKind::kNoValue:
       return "a formula whose value is not in the file: save the workbook again, as .xlsx";
     case CellKind::kText:
-      return fmt::format("\"{}\" is not a number with a decimal point", cell.Text);
+      return fmt::format("\"{}\" is not a number with a decimal point", Excerpt(cell.Text));
     case CellKind::kEmpty:
     case CellKind::kNumber:
       break;
@@ -111,7 +111,7 @@ class CaseReader {
       Fail(ErrorNumber::kTypeMismatch, column, WhatStandsIn(cell));
     }
     if (number->overflow) {
-      Fail(ErrorNumber::kOverflow, column, fmt::format("\"{}\" is out of range", cell.Text));
+      Fail(ErrorNumber::kOverflow, column, fmt::format("\"{}\" is out of range", Excerpt(cell.Text)));
     }
     return number->value;
   }
@@ -136,11 +136,17 @@ class CaseReader {
     return text;
   }
 
+  // A spacing below 0 is named rather than the depth.
   float Arch(const Project& panel) const {
     try {
       return UnroundedArch(panel);
     } catch (const RuntimeError& error) {
-      Fail(error.Number(), kDepthCover, fmt::format("the arch factor has no value ({})", error.Detail()));
+      int culprit = kDepthCover;
+      for (int i = 1; i < panel.NumberEntries && culprit == kDepthCover; ++i) {
+        culprit = panel.XcutCenters[i] < 0 ? kFirstSpacing + i - 1 : culprit;
+      }
+      Fail(error.Number(), culprit,
+           fmt::format("with {} the panel has no arch factor", GeneralText(Number(culprit))));
     }
   }
 

@@ -127,9 +127,7 @@ class XlsxCells {
   }
 
   [[noreturn]] void BadValue(const CellPlace& place, std::string_view value, std::string_view what) const {
-    static constexpr std::size_t kMostShown = 40;
-    reading_.Damaged(fmt::format("cell {} holds \"{}\", which is {}", CellName(place),
-                                 value.substr(0, BytesOfCharacters(value, kMostShown)), what));
+    reading_.Damaged(fmt::format("cell {} holds \"{}\", which is {}", CellName(place), Excerpt(value), what));
   }
 
   Legend legend_;

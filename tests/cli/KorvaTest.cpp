@@ -166,7 +166,7 @@ TEST_F(KorvaCommand, ImportsAVoskProject) {
   EXPECT_EQ(imported.Status, 0);
   EXPECT_TRUE(Holds(imported.Err, "warning: a.VSK, line 43"));
   EXPECT_TRUE(TempFolder::Bytes(folder_ / "b.KVL").starts_with("KORVA_603\r\n 1 \r\nNorth, \"four\"\r\n"));
-  ExpectFailure({"import", "vosk", "a.VSK", "a.VSK"}, 1, "holds more than the panel");
+  ExpectFailure({"import", "vosk", "a.VSK", "a.VSK"}, 1, "a VOSK project itself");
   ExpectFailure({"import", "vosk", "two.KVL", "c.KVL"}, 3, "Invalid file format");
   ExpectFailure({"import", "vosk", "gone.VSK", "c.KVL"}, 3, "File not found (53)");
   ExpectFailure({"import", "vosk"}, 2, "see \"korva import --help\"");
@@ -198,7 +198,7 @@ TEST_F(KorvaCommand, ImportsCases) {
   EXPECT_EQ(done[0]["file"], "some/001-Invented _ Mine.KVL");
   EXPECT_EQ(done[2]["error"]["number"], 13);
 
-  ExpectFailure({"import", "cases", book, "one", "--row", "2"}, 3, "row 2, column 4 (D): \"");
+  ExpectFailure({"import", "cases", book, "one", "--row", "2"}, 2, "--row");
   ExpectFailure({"import", "cases", book, "one", "--row", "500"}, 3,
                 "row 500 of sheet \"Cases\" holds no case");
   ExpectFailure({"import", "cases", book, "dev.KVL/in"}, 3, "dev.KVL/in");
@@ -214,7 +214,9 @@ TEST_F(KorvaCommand, ConvertsUnits) {
   EXPECT_EQ(row["value"], -2.5);
   EXPECT_EQ(row["row"][0]["text"], "-5000");
   ExpectFailure({"units", "length", "yard", "1"}, 2, "\"in\", \"ft\"");
-  ExpectFailure({"units", "stress", "MPa", "many"}, 2, "expected a number");
+  for (const char* text : {"many", "1.000,5", "1-2", "1,2,3", "e5", ".", "1e5,5", "12 ft", ""}) {
+    ExpectFailure({"units", "stress", "MPa", text}, 2, "expected a number");
+  }
   ExpectFailure({"units", "stress", "MPa", "1e305"}, 3, "Overflow (6)");
 }
 

@@ -67,8 +67,10 @@ TEST_F(CaseImportTest, TheDialogTakesTheFirstCaseOrAllRows) {
 
   const CaseImportState all = Import("999");
   EXPECT_EQ(all.Text, "647:completed");
-  EXPECT_EQ(all.Reason, Import("999").Reason) << "done again it is the same files";
-  EXPECT_GE(folder_.Names().size(), 6U);
+  const std::size_t files = folder_.Names().size();
+  EXPECT_GE(files, 6U);
+  Import("999");
+  EXPECT_EQ(folder_.Names().size(), files) << "done again it is the same files";
   EXPECT_EQ(ports_.Files.Asked.at(1).Name, "cases.xlsx");
   EXPECT_TRUE(
       korva_.Stored.ProjectDescription.starts_with("Data Import from KORVA Database Excel file, row: "));
@@ -124,6 +126,8 @@ TEST_F(CaseImportTest, NoFileOfAnotherRowIsReplaced) {
   EXPECT_EQ(TempFolder::Bytes(folder_ / "008-.._a_b.KVL"), "changed");
 
   ExpectError(ErrorNumber::kPathNotFound, [&] { ImportCase(korva_, sheet, 3, folder_ / "gone"); });
+  fs::create_symlink("loop", folder_ / "loop");
+  ExpectError(ErrorNumber::kPathFileAccess, [&] { ImportCase(korva_, sheet, 3, folder_ / "loop"); });
   EXPECT_EQ(korva_.Stored.ProjectTitle, "../a/b") << "what could not be saved is still there";
   EXPECT_FALSE(korva_.ProjectSaved);
 }

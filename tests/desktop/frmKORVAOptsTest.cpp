@@ -66,11 +66,12 @@ TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
   EXPECT_NE(bench_.History().find("Options Modified"), std::string::npos);
   Options() = {};
   Start();
-  EXPECT_EQ(Options().ShowInputScreenOnLoad + Options().IssueWarningCancel + Options().ViewChildWindow +
-                Options().PrintModuleHeader + Options().PlotEntryDims + Options().PlotXcutDims +
-                Options().PlotGobDims + Options().PlotSingleXcutDims + Options().PrintPlotReminder +
-                Options().AskOfficeInstall,
-            0);
+  const OptionSettings& o = Options();
+  const std::vector<int> flags = {o.ShowInputScreenOnLoad, o.IssueWarningCancel, o.ViewChildWindow,
+                                  o.PrintModuleHeader,     o.PlotEntryDims,      o.PlotXcutDims,
+                                  o.PlotGobDims,           o.PlotSingleXcutDims, o.PrintPlotReminder,
+                                  o.AskOfficeInstall};
+  EXPECT_EQ(flags, std::vector<int>(10, 0));
   EXPECT_EQ(Options().OutputStrUnits, 1);
   EXPECT_EQ(Options().OutputStrGradUnits, 0);
   EXPECT_EQ(Options().PlotGobExtLoose, 0);

@@ -109,8 +109,15 @@ TEST(ReadCase, ACellThatCannotBeTakenIsNamed) {
       {9, {CellKind::kNumber, 11, ""}, ErrorNumber::kSubscript, "11 entries, of at most 10"},
       {9, {CellKind::kNumber, 4e4, ""}, ErrorNumber::kOverflow, "40000 is out of range"},
       {5, {CellKind::kText, 0, "1e999"}, ErrorNumber::kOverflow, "\"1e999\" is out of range"},
-      {5, {CellKind::kNumber, 1e300, ""}, ErrorNumber::kOverflow, "the arch factor has no value"},
-      {10, {CellKind::kNumber, -5000, ""}, ErrorNumber::kInvalidCall, "the arch factor has no value"},
+      {5,
+       {CellKind::kNumber, 1e300, ""},
+       ErrorNumber::kOverflow,
+       "column 5 (E): with 1E+300 the panel has no"},
+      {11,
+       {CellKind::kNumber, -5000, ""},
+       ErrorNumber::kInvalidCall,
+       "column 11 (K): with -5000 the panel has no"},
+      {6, {CellKind::kText, 0, std::string(50, 'x')}, ErrorNumber::kTypeMismatch, "xx...\" is not a number"},
   };
   for (const auto& fault : faults) {
     Sheet sheet = FullCase();
