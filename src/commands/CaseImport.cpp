@@ -93,6 +93,17 @@ std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
   return *chosen;
 }
 
+// Where the dialog's import puts its files: the current folder. That is the program's own after a start,
+// which an installed program may not write into; they go to the data path then.
+std::string FolderOfCases(const Settings& settings) {
+  try {
+    RequireWritable(".");
+    return {};
+  } catch (const RuntimeError&) {
+    return settings.DataPath;
+  }
+}
+
 class DialogImport {
  public:
   DialogImport(Korva& korva, Ports& ports, const CaseImportSteps& steps)
@@ -116,6 +127,7 @@ class DialogImport {
     const std::string workbook = ChooseWorkbook(korva_, ports_.Files);
     const Sheet sheet = ReadSheet(workbook, kCaseSheet, [this] { return steps_.GoOn(state_); });
     steps_.KeepWork();
+    folder_ = FolderOfCases(korva_.Preferences);
     const CaseRows rows = RowsOf(rowText);
     state_.LastRow = rows.Last;
     for (int row = rows.First; row <= rows.Last; ++row) {
@@ -128,7 +140,7 @@ class DialogImport {
         throw RuntimeError(ErrorNumber::kSubscript, "0 imports row 3, and 999 rows 3 to 647");
       }
       if (HoldsCase(sheet, row)) {
-        ImportCase(korva_, sheet, row, {});
+        ImportCase(korva_, sheet, row, folder_);
         ++written_;
       } else {
         ++empty_;
@@ -154,8 +166,9 @@ class DialogImport {
 
   std::string Summary() const {
     std::error_code unknown;
-    std::string text = fmt::format("{} {} written to {}.", written_, written_ == 1 ? "project" : "projects",
-                                   std::filesystem::current_path(unknown).string());
+    std::string text =
+        fmt::format("{} {} written to {}.", written_, written_ == 1 ? "project" : "projects",
+                    folder_.empty() ? std::filesystem::current_path(unknown).string() : folder_);
     if (empty_ > 0) {
       text += fmt::format(" {} {} empty.", empty_, empty_ == 1 ? "row was" : "rows were");
     }
@@ -169,6 +182,7 @@ class DialogImport {
   Ports& ports_;
   const CaseImportSteps& steps_;
   CaseImportState state_;
+  std::string folder_;
   int written_ = 0;
   int empty_ = 0;
 };
