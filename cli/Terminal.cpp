@@ -4,11 +4,11 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstdio>
 
 #include "core/RuntimeError.h"
+#include "core/Text.h"
 #include "files/PlatformFile.h"
 
 namespace korva::cli {
@@ -30,8 +30,7 @@ void Print(std::string_view text) {
 void Complain(std::string_view text) {
   std::string shown = PlatformLines(text);
   std::replace_if(
-      shown.begin(), shown.end(),
-      [](unsigned char c) { return std::iscntrl(c) != 0 && c != '\n' && c != '\t'; }, '?');
+      shown.begin(), shown.end(), [](char c) { return IsControl(c) && c != '\n' && c != '\t'; }, '?');
   PrintBeside(fmt::format("korva: {}\n", shown));
 }
 

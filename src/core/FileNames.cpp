@@ -1,9 +1,9 @@
 #include "core/FileNames.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "core/RuntimeError.h"
+#include "core/Text.h"
 
 namespace korva {
 
@@ -27,18 +27,14 @@ std::string SafeFileName(std::string_view text) {
   constexpr std::size_t kLongest = 180;
   std::string name(text);
   std::replace_if(
-      name.begin(), name.end(),
-      [&](char c) {
-        return kRefused.find(c) != kRefused.npos || std::iscntrl(static_cast<unsigned char>(c)) != 0;
-      },
+      name.begin(), name.end(), [&](char c) { return kRefused.find(c) != kRefused.npos || IsControl(c); },
       '_');
   std::size_t length = std::min(name.size(), kLongest);
   while (length > 0 && length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U) {
     --length;
   }
   name.resize(length);
-  const auto first = name.find_first_not_of(" .");
-  return first == name.npos ? std::string() : name.substr(first, name.find_last_not_of(" .") - first + 1);
+  return name;
 }
 
 }  // namespace korva

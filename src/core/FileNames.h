@@ -11,10 +11,10 @@ namespace korva {
 // ends in a separator.
 std::string FileBaseName(const std::string& path, bool strip);
 
-// The text as part of a file's name on any system: what a name cannot hold ("/", "\\", ":", "*", "?", "<",
-// ">",
-// "|", double quotes, control characters) is "_", blanks and points at either end go, and what is longer than
-// 180 bytes is cut between characters.
+// The text as the stem of a file's name on any system: what a name cannot hold ("/", "\\", ":", "*", "?",
+// "<",
+// ">", "|", double quotes, control characters) is "_", and what is longer than 180 bytes is cut between
+// characters.
 std::string SafeFileName(std::string_view text);
 
 }  // namespace korva

@@ -19,6 +19,11 @@ std::size_t BytesOfCharacters(std::string_view text, std::size_t characters);
 // Without blanks (and only blanks) at both ends.
 std::string_view Trimmed(std::string_view text);
 
+// Whether a byte is an ASCII control character, in any locale.
+constexpr bool IsControl(char c) {
+  return (c >= '\0' && c < ' ') || c == '\x7F';
+}
+
 // What a message shows of a text that may be of any length: its first 40 characters, with dots behind if
 // there are more.
 std::string Excerpt(std::string_view text);

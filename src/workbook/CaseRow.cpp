@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -131,8 +130,7 @@ class CaseReader {
       Fail(ErrorNumber::kTypeMismatch, column, WhatStandsIn(cell));
     }
     std::string text = cell.Kind == CellKind::kNumber ? GeneralText(cell.Number) : cell.Text;
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return std::iscntrl(c) != 0; }, ' ');
+    std::replace_if(text.begin(), text.end(), IsControl, ' ');
     return text;
   }
 
