@@ -31,7 +31,7 @@ double ValueOf(const std::string& text) {
   if (number.length == 0 || number.length != plain.size()) {
     throw UsageError{fmt::format("{}: expected a number", text)};
   }
-  return CalculatorNumber(text);
+  return number.value;
 }
 
 const UnitTab& TabOf(const std::string& word) {

@@ -87,7 +87,7 @@ std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
   question.ActiveFilter = 1;
   const auto chosen = files.ChooseFile(question);
   if (!chosen) {
-    throw RuntimeError(ErrorNumber::kDialogCancelled, "no workbook was chosen");
+    throw RuntimeError(ErrorNumber::kDialogCancelled, "No workbook was chosen.");
   }
   korva.LastCaseWorkbook = *chosen;
   return *chosen;
@@ -132,7 +132,7 @@ class DialogImport {
     state_.LastRow = rows.Last;
     for (int row = rows.First; row <= rows.Last; ++row) {
       if (!steps_.GoOn(state_)) {
-        throw RuntimeError(ErrorNumber::kDialogCancelled);
+        throw RuntimeError(ErrorNumber::kDialogCancelled, "The import was stopped.");
       }
       state_.Row = row;
       if (row == 0) {
@@ -155,10 +155,7 @@ class DialogImport {
 
   void End(const RuntimeError& error) {
     state_.Text = fmt::format("{}:canceled", state_.Row);
-    state_.Reason = error.what();
-    if (error.Number() == ErrorNumber::kDialogCancelled) {
-      state_.Reason = error.Detail().empty() ? "The import was cancelled." : "No workbook was chosen.";
-    }
+    state_.Reason = error.Number() == ErrorNumber::kDialogCancelled ? error.Detail() : error.what();
     if (written_ > 0) {
       state_.Reason += "\n" + Summary();
     }

@@ -13,6 +13,7 @@
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "input/FormComputations.h"
+#include "workbook/CellName.h"
 
 namespace korva {
 
@@ -52,15 +53,6 @@ enum CaseColumn {
 
 constexpr int kLoadingCodes = 4;
 
-// 1 is "A", 27 is "AA".
-std::string ColumnLetters(int column) {
-  std::string letters;
-  for (; column > 0; column = (column - 1) / 26) {
-    letters.insert(letters.begin(), static_cast<char>('A' + (column - 1) % 26));
-  }
-  return letters;
-}
-
 // The number that the whole of a text is, blanks around it aside.
 std::optional<ParsedNumber> WholeNumber(std::string_view text) {
   const std::string_view trimmed = Trimmed(text);
@@ -94,7 +86,7 @@ class CaseReader {
 
   [[noreturn]] void Fail(ErrorNumber number, int column, std::string_view reason) const {
     throw RuntimeError(number, fmt::format("sheet \"{}\", row {}, column {} ({}): {}", kCaseSheet, row_,
-                                           column, ColumnLetters(column), reason));
+                                           column, ColumnName(column), reason));
   }
 
   double Number(int column) const {

@@ -7,13 +7,17 @@ namespace korva {
 
 static constexpr int kLetters = 26;
 
-std::string CellName(const CellPlace& place) {
+std::string ColumnName(int column) {
   std::string letters;
-  for (int left = place.Column; left > 0; left = (left - 1) / kLetters) {
+  for (int left = column; left > 0; left = (left - 1) / kLetters) {
     letters += static_cast<char>('A' + (left - 1) % kLetters);
   }
   std::reverse(letters.begin(), letters.end());
-  return letters + std::to_string(place.Row);
+  return letters;
+}
+
+std::string CellName(const CellPlace& place) {
+  return ColumnName(place.Column) + std::to_string(place.Row);
 }
 
 std::optional<CellPlace> ParseCellName(std::string_view name) {

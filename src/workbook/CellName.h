@@ -16,6 +16,8 @@ struct CellPlace {
   int Column = 0;
 };
 
+// 1 is "A", 27 is "AA".
+std::string ColumnName(int column);
 std::string CellName(const CellPlace& place);
 
 // Nothing for a text that is no name of a cell, or that of one outside the largest worksheet.

@@ -90,6 +90,13 @@ TEST_F(CaseImportTest, WhatImportsNothing) {
   EXPECT_EQ(korva_.Stored.ProjectInput.DepthCover, 700) << "nothing was begun";
   EXPECT_EQ(kept_, 0);
 
+  stopAt_ = 0;
+  const CaseImportState stopped = Import("0");
+  EXPECT_EQ(stopped.Text, "0:canceled");
+  EXPECT_NE(stopped.Reason.find("reading it was ended"), std::string::npos) << stopped.Reason;
+  EXPECT_EQ(korva_.Stored.ProjectInput.DepthCover, 700) << "the workbook was still being read";
+  stopAt_ = 1000;
+
   const CaseImportState other = Import("10");
   EXPECT_EQ(other.Text, "0:canceled");
   EXPECT_EQ(korva_.Stored.ProjectInput.DepthCover, 0);
