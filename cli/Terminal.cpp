@@ -57,6 +57,7 @@ MessageAnswer TerminalMessages::Show(const Message& message) {
   switch (message.buttons) {
     case MessageButtons::kOk:
       return MessageAnswer::kOk;
+    case MessageButtons::kOkCancel:
     case MessageButtons::kRetryCancel:
     case MessageButtons::kYesNoCancel:
       return MessageAnswer::kCancel;

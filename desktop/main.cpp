@@ -14,6 +14,7 @@
 #include "core/ClassifyError.h"
 #include "core/Version.h"
 #include "desktop/core/frmMain.h"
+#include "desktop/services/QtFetch.h"
 #include "desktop/services/QtPorts.h"
 #include "desktop/services/QtPrinter.h"
 #include "desktop/support/FormTools.h"
@@ -129,7 +130,8 @@ int RunProgram(Application& application) {
   QtBusy busy;
   QtDocuments documents;
   QtPrinter printer;
-  Ports ports{messages, files, clipboard, programs, busy, documents, printer};
+  QtFetch fetches;
+  Ports ports{messages, files, clipboard, programs, busy, documents, printer, fetches};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());
@@ -139,6 +141,7 @@ int RunProgram(Application& application) {
   if (!main.AcceptDisclaimer()) {
     return 0;
   }
+  main.CheckForUpdates();
   main.Begin(file);
   return QApplication::exec();
 }

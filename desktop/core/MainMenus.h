@@ -37,7 +37,7 @@ enum UtilIndex {
   kToggleHistory,
   kCopyHistory
 };
-enum HelpIndex { kDisclaimer = 6 };
+enum HelpIndex { kDisclaimer = 6, kProgramUpdates = 8 };
 
 // The menus and what each of their groups does when one of its items is chosen.
 class MainMenus {

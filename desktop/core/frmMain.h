@@ -34,6 +34,9 @@ class frmMain final : public QMainWindow, public MainWindow {
 
   // Shows the disclaimer if the settings ask for it. False if it was refused: the program ends then.
   bool AcceptDisclaimer();
+  // Begins to look for a newer version, and asks about one as soon as it is known and no other window is
+  // open.
+  void CheckForUpdates();
   // An empty project, the window on the screen, then kept work, the last file or `file`, in this order.
   void Begin(const std::string& file);
 
@@ -42,6 +45,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   void EditParameters() override;
   void ShowResults(QWidget* returnTo) override;
   void KeepDroppedWork() override { recovery_.KeepDroppedWork(korva_.ProjectFileName); }
+  void EndAtOnce() override;
   void SetInputEnabled(bool enabled) override;
 
  protected:
@@ -73,7 +77,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   void SetGraphMenu();
   void ShowHistory();
   void ToggleHistory();
-  void EndByDisclaimer();
+  void AnswerUpdates();
 
   Korva& korva_;
   Ports& ports_;
@@ -88,6 +92,9 @@ class frmMain final : public QMainWindow, public MainWindow {
   StatusLine* status_ = nullptr;
   QPointer<frmKORVAParm> parameters_;  // while it is open
   QTimer recoveryTimer_;
+  std::unique_ptr<FetchPort::Running> versionFetch_;
+  std::string versionFile_;  // that has come and was not asked about yet
+  QTimer answerTimer_;
   std::unique_ptr<frmStrondCalc> sweepProgress_;  // while a laminated sweep is going on
   std::unique_ptr<SweepRunner> sweep_;            // which ends before it
 };

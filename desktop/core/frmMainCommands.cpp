@@ -1,10 +1,11 @@
 // The commands of the main window's menus.
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPlainTextEdit>
 
 #include "commands/Calculate.h"
 #include "commands/PrintCommands.h"
 #include "commands/ProjectSummary.h"
+#include "commands/Updates.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/files/frmSet.h"
 #include "desktop/graphs/SweepRunner.h"
@@ -19,6 +20,7 @@
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPreview.h"
 #include "desktop/services/frmTextBrow.h"
+#include "desktop/services/frmUpdate.h"
 #include "services/HelpTexts.h"
 
 namespace korva::desktop {
@@ -27,6 +29,7 @@ namespace {
 
 constexpr int kBarrierGraphs[] = {4, 6};
 constexpr int kSecondBarrierGraph = 5;
+constexpr int kAnswerInterval = 200;  // milliseconds
 
 }  // namespace
 
@@ -231,6 +234,10 @@ void frmMain::ToggleHistory() {
 }
 
 void frmMain::HelpItem(int index) {
+  if (index == kProgramUpdates) {
+    frmUpdate(session_, this).exec();
+    return;
+  }
   if (index != kDisclaimer) {
     SayNotBuilt("mnuHelpItem", index);
     return;
@@ -238,12 +245,39 @@ void frmMain::HelpItem(int index) {
   frmDisclaimer disclaimer(session_, this);
   disclaimer.exec();
   if (!disclaimer.Accepted()) {
-    EndByDisclaimer();
+    EndAtOnce();
   }
 }
 
-// No question here; unsaved work is offered at the next start.
-void frmMain::EndByDisclaimer() {
+void frmMain::CheckForUpdates() {
+  answerTimer_.setInterval(kAnswerInterval);
+  connect(&answerTimer_, &QTimer::timeout, this, [this] { AnswerUpdates(); });
+  versionFetch_ = FetchVersionFile(korva_, ports_, [this](const FetchAnswer& answer) {
+    versionFetch_.reset();
+    if (answer.Complete) {
+      versionFile_ = answer.Bytes;
+      answerTimer_.start();
+    }
+  });
+}
+
+// Nobody is interrupted: the question waits until the main window is the only one.
+void frmMain::AnswerUpdates() {
+  if (!isVisible() || !isEnabled() || QApplication::activeModalWidget() != nullptr) {
+    return;
+  }
+  answerTimer_.stop();
+  Run([this] {
+    if (CompareServerVersion(korva_, ports_.Messages, versionFile_)) {
+      frmUpdate update(session_, this);
+      update.RunAll();
+      update.exec();
+    }
+  });
+}
+
+// Unsaved work is offered at the next start.
+void frmMain::EndAtOnce() {
   recovery_.KeepDroppedWork(korva_.ProjectFileName);
   recovery_.EndCleanly();
   QCoreApplication::quit();

@@ -41,6 +41,8 @@ ButtonSet ButtonsOf(MessageButtons buttons) {
   switch (buttons) {
     case MessageButtons::kOk:
       return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    case MessageButtons::kOkCancel:
+      return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel};
     case MessageButtons::kYesNo:
       return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
     case MessageButtons::kYesNoDefaultNo:
@@ -146,6 +148,10 @@ void QtClipboard::SetText(std::string_view text) {
 
 bool QtDocuments::Open(const std::string& file) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(FromUtf8(file)));
+}
+
+bool QtDocuments::OpenPage(const std::string& address) {
+  return QDesktopServices::openUrl(QUrl(FromUtf8(address)));
 }
 
 bool QtPrograms::Run(const std::string& program, const std::vector<std::string>& arguments) {

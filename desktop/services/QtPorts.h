@@ -24,6 +24,7 @@ class QtClipboard final : public ClipboardPort {
 class QtDocuments final : public DocumentPort {
  public:
   bool Open(const std::string& file) override;
+  bool OpenPage(const std::string& address) override;
 };
 
 class QtPrograms final : public ProgramPort {

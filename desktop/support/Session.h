@@ -23,6 +23,8 @@ class MainWindow {
   virtual void ShowResults(QWidget* returnTo) = 0;
   // Keeps unsaved work, which is about to be dropped; it is offered at the next start.
   virtual void KeepDroppedWork() = 0;
+  // Ends the program without a question; unsaved work is kept as KeepDroppedWork keeps it.
+  virtual void EndAtOnce() = 0;
   // Enabled while no window of the program stands in front of it.
   virtual void SetInputEnabled(bool enabled) = 0;
 };

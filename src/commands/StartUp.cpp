@@ -12,6 +12,7 @@
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
+#include "services/UpdateRules.h"
 
 namespace korva {
 
@@ -92,6 +93,7 @@ void CopyExampleProjects(const Folders& places) {
 
 void StartUp(Korva& korva, const MachineFolders& machine, const std::function<std::string()>& bestFont) {
   korva.Places = MakeFolders(machine);
+  korva.Updates = BuiltInUpdateSource();
   LoadSettings(korva, {korva.Places.ProductFolder, bestFont});
   if (korva.Preferences.CopyExampleFiles != 0) {
     CopyExampleProjects(korva.Places);

@@ -17,6 +17,7 @@
 #include "core/Project.h"
 #include "core/Settings.h"
 #include "core/StrondResults.h"
+#include "core/UpdateSource.h"
 
 namespace korva {
 
@@ -86,6 +87,9 @@ struct Korva {
 
   std::string LastCaseWorkbook;  // chosen last for the import of cases
   std::string LastBrowseFolder;  // of the text viewer, between its openings
+
+  UpdateSource Updates;
+  bool AutoUpdate = false;  // while the check at the start drives the window of updates
 
   Settings Preferences;
   Folders Places;

@@ -8,7 +8,7 @@ namespace korva {
 
 struct Korva;
 
-enum class MessageButtons { kOk, kYesNo, kYesNoDefaultNo, kYesNoCancel, kRetryCancel };
+enum class MessageButtons { kOk, kOkCancel, kYesNo, kYesNoDefaultNo, kYesNoCancel, kRetryCancel };
 enum class MessageIcon { kNone, kCritical, kQuestion, kExclamation, kInformation };
 enum class MessageAnswer { kOk = 1, kCancel = 2, kRetry = 4, kYes = 6, kNo = 7 };
 

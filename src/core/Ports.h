@@ -2,6 +2,10 @@
 // tests have scripts.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,6 +46,8 @@ class DocumentPort {
   virtual ~DocumentPort() = default;
   // False if there is no such program.
   virtual bool Open(const std::string& file) = 0;
+  // The same for a web page.
+  virtual bool OpenPage(const std::string& address) = 0;
 };
 
 // Starts programs.
@@ -68,6 +74,35 @@ class PrinterPort {
   virtual void Print(const std::vector<PrintedSheet>& sheets, const std::string& title) = 0;
 };
 
+struct FetchQuestion {
+  std::string Address;
+  std::uint64_t MostBytes = 0;         // a file that has more is a failure
+  std::chrono::milliseconds Limit{0};  // on the clock, from the question to the end
+};
+
+struct FetchAnswer {
+  bool Complete = false;
+  std::string Bytes;   // if it is complete
+  std::string Reason;  // if it is not, in a few words
+};
+
+// Fetches files from a server, over trusted roads only.
+class FetchPort {
+ public:
+  // A fetch that is going on; its end is the end of the fetch, too.
+  class Running {
+   public:
+    virtual ~Running() = default;
+  };
+
+  virtual ~FetchPort() = default;
+  // Begins a fetch. `progress` is told how many bytes have come. `done` is called once, after this call has
+  // returned, unless the fetch was ended before; it may end the fetch itself.
+  virtual std::unique_ptr<Running> Fetch(const FetchQuestion& question,
+                                         std::function<void(std::uint64_t)> progress,
+                                         std::function<void(FetchAnswer)> done) = 0;
+};
+
 // The busy pointer; calls nest.
 class BusyPort {
  public:
@@ -84,6 +119,7 @@ struct Ports {
   BusyPort& Busy;
   DocumentPort& Documents;
   PrinterPort& Printer;
+  FetchPort& Fetches;
 };
 
 // Shows the busy pointer while it lives.

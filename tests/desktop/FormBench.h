@@ -21,12 +21,14 @@ class CountingMain final : public MainWindow {
   void EditParameters() override { ++ParametersOpened; }
   void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
   void KeepDroppedWork() override { ++Kept; }
+  void EndAtOnce() override { ++Ended; }
   void SetInputEnabled(bool enabled) override { Enabled = enabled; }
 
   int Refreshed = 0;
   int Applied = 0;
   int ParametersOpened = 0;
   int Kept = 0;
+  int Ended = 0;
   QWidget* ResultsReturnTo = nullptr;
   bool Enabled = true;
 };

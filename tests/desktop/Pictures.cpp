@@ -35,9 +35,11 @@
 #include "desktop/services/frmPath.h"
 #include "desktop/services/frmPreview.h"
 #include "desktop/services/frmTextBrow.h"
+#include "desktop/services/frmUpdate.h"
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
 #include "plan/PanelPicture.h"
+#include "services/UpdateRules.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -230,6 +232,9 @@ void SaveAll() {
     Save(options, QStringLiteral("frmKORVAOpts-%1").arg(tab));
   }
   SaveCaseImport();
+  bench.State.Updates = BuiltInUpdateSource();
+  frmUpdate updates(bench.Forms);
+  Save(updates, QStringLiteral("frmUpdate"));
   frmUnits units(bench.Forms);
   Save(units, QStringLiteral("frmUnits"));
   frmConvert convert(bench.Forms);

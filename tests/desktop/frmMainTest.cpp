@@ -294,5 +294,32 @@ TEST_F(MainForm, ADroppedFileIsOpened) {
   EXPECT_EQ(korva.ProjectFileName, folder / "development.KVL");
 }
 
+TEST_F(MainForm, TheQuestionAboutANewVersionWaitsForTheWindow) {
+  main = std::make_unique<frmMain>(korva, ports.All, pictures);
+  main->CheckForUpdates();
+  main->Begin({});
+  main->EditParameters();
+  ports.Fetches.Give("1106\r\n");
+  QTest::qWait(500);
+  EXPECT_TRUE(ports.Messages.Shown.empty()) << "nobody is interrupted";
+  ports.Messages.Expect("A new KORVA-STROND version is available. ", MessageButtons::kYesNoCancel,
+                        MessageAnswer::kNo);
+  Click(*Window("frmKORVAParm"), "cmdCancel");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !ports.Messages.Shown.empty(); }));
+  EXPECT_EQ(FindWindow("frmUpdate"), nullptr);
+  QTest::qWait(500);
+  EXPECT_EQ(ports.Messages.Shown.size(), 1U) << "it asks once";
+}
+
+TEST_F(MainForm, NoAnswerAtTheStartIsNoMatter) {
+  main = std::make_unique<frmMain>(korva, ports.All, pictures);
+  main->CheckForUpdates();
+  main->Begin({});
+  const std::string history = korva.SessionHistory.Text;
+  ports.Fetches.Fail("the server did not answer");
+  QTest::qWait(300);
+  EXPECT_EQ(korva.SessionHistory.Text, history);
+}
+
 }  // namespace
 }  // namespace korva::desktop

@@ -6,6 +6,7 @@
 #include <deque>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/Ports.h"
@@ -62,6 +63,7 @@ class KeptDocuments final : public DocumentPort {
     Opened.push_back(file);
     return CanOpen;
   }
+  bool OpenPage(const std::string& address) override { return Open(address); }
   std::vector<std::string> Opened;
   bool CanOpen = true;
 };
@@ -109,6 +111,47 @@ class KeptPrinter final : public PrinterPort {
   }
 };
 
+// Answers fetches one by one with what the test gives them.
+class ScriptedFetches final : public FetchPort {
+ public:
+  std::unique_ptr<Running> Fetch(const FetchQuestion& question, std::function<void(std::uint64_t)> progress,
+                                 std::function<void(FetchAnswer)> done) override {
+    Asked.push_back(question);
+    tell_ = std::move(progress);
+    done_ = std::move(done);
+    return std::make_unique<Ending>(*this);
+  }
+
+  bool IsRunning() const { return done_ != nullptr; }
+  void Tell(std::uint64_t bytes) const { tell_(bytes); }
+  void Give(std::string bytes) { Answer({true, std::move(bytes), {}}); }
+  void Fail(std::string reason) { Answer({false, {}, std::move(reason)}); }
+
+  std::vector<FetchQuestion> Asked;
+
+ private:
+  struct Ending final : Running {
+    explicit Ending(ScriptedFetches& port) : Port(port), Number(port.Asked.size()) {}
+    Ending(const Ending&) = delete;
+    Ending& operator=(const Ending&) = delete;
+    ~Ending() override {
+      if (Port.Asked.size() == Number) {
+        Port.done_ = nullptr;
+      }
+    }
+    ScriptedFetches& Port;
+    std::size_t Number;
+  };
+
+  void Answer(FetchAnswer answer) {
+    ASSERT_TRUE(IsRunning()) << "nothing is being fetched";
+    std::exchange(done_, nullptr)(std::move(answer));
+  }
+
+  std::function<void(std::uint64_t)> tell_;
+  std::function<void(FetchAnswer)> done_;
+};
+
 struct ScriptedPorts {
   ScriptedMessages Messages;
   ScriptedFiles Files;
@@ -117,7 +160,8 @@ struct ScriptedPorts {
   CountedBusy Busy;
   KeptDocuments Documents;
   KeptPrinter Printer;
-  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer};
+  ScriptedFetches Fetches;
+  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer, Fetches};
 };
 
 }  // namespace korva

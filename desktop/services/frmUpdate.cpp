@@ -1,0 +1,131 @@
+#include "desktop/services/frmUpdate.h"
+
+#include <QDate>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include "commands/SettingsCommands.h"
+#include "core/Version.h"
+#include "desktop/support/FormTools.h"
+#include "desktop/support/LinkLabel.h"
+#include "desktop/support/Theme.h"
+#include "services/UpdateRules.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kColumns = 64;
+
+std::chrono::sys_days Today() {
+  static const QDate kEpoch(1970, 1, 1);
+  return std::chrono::sys_days(std::chrono::days(kEpoch.daysTo(QDate::currentDate())));
+}
+
+// Room for so many lines, so that nothing moves when the text comes.
+QLabel* NewNotice(const char* name, int lines, QWidget* parent) {
+  QLabel* label = NewLabel(QLatin1String(name), {}, parent);
+  label->setWordWrap(true);
+  label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+}  // namespace
+
+frmUpdate::frmUpdate(Session& session, QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      lblLastVer_(NewNotice("lblLastVer", 1, this)),
+      lblbytes_(NewNotice("lblbytes", 2, this)),
+      ProgressBar1_(new QProgressBar(this)),
+      cmdCheck_(NewButton("cmdCheck", QStringLiteral("Check for Updates"), this)),
+      cmdDownUpdate_(NewButton("cmdDownUpdate", QStringLiteral("Download Update"), this)),
+      cmdInstall_(NewButton("cmdInstall", QStringLiteral("Install Update"), this)),
+      Command1_(NewButton("Command1", QStringLiteral("Close"), this)),
+      chkShow_(NewCheckBox("chkShow", QStringLiteral("Disable check for program updates"), this)),
+      updates_(
+          session.State, session.Outside, [this] { ShowView(); }, [this] { session_.Main.EndAtOnce(); }) {
+  setObjectName(QStringLiteral("frmUpdate"));
+  setWindowTitle(QStringLiteral("Program Updates for ") + FromUtf8(ExeName));
+  ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
+  ProgressBar1_->setAccessibleName(QStringLiteral("Download"));
+  ProgressBar1_->setTextVisible(false);
+  cmdCheck_->setToolTip(QStringLiteral("Asks the program's server for its latest version"));
+  cmdDownUpdate_->setToolTip(
+      QStringLiteral("Fetches the setup program of that version and checks its signature"));
+  cmdInstall_->setToolTip(QStringLiteral("Starts the setup program and ends this one"));
+  chkShow_->setToolTip(QStringLiteral("Kept in the settings; the check at the start goes on"));
+  connect(cmdCheck_, &QPushButton::clicked, this, &frmUpdate::cmdCheck_Click);
+  connect(cmdDownUpdate_, &QPushButton::clicked, this, &frmUpdate::cmdDownUpdate_Click);
+  connect(cmdInstall_, &QPushButton::clicked, this, &frmUpdate::cmdInstall_Click);
+  connect(Command1_, &QPushButton::clicked, this, &QDialog::accept);
+  LayOut();
+  ShowView();
+  InstallContextHelp(*this);
+  CenterForm(*this);
+}
+
+void frmUpdate::LayOut() {
+  QLabel* lblInfo = NewLabel(QStringLiteral("lblInfo"), FromUtf8(CurrentVersionText()), this);
+  QLabel* lblUpdate = NewLabel(QStringLiteral("lblUpdate"), FromUtf8(ReleasedText(Today())), this);
+  lblUpdate->setWordWrap(true);
+  lblUpdate->setMinimumWidth(fontMetrics().averageCharWidth() * kColumns);
+  const std::string& page = session_.State.Updates.ProductPageUrl;
+  auto* lblURL = new LinkLabel("lblURL", FromUtf8(page), this);
+  lblURL->setToolTip(QStringLiteral("Opens the program's web page"));
+  connect(lblURL, &LinkLabel::Clicked, this, [this, page] {
+    if (!session_.Outside.Documents.OpenPage(page)) {
+      ShowMessage(session_.State, session_.Outside.Messages, {.text = "Operation Failed", .title = {}});
+    }
+  });
+  auto* steps = new QHBoxLayout;
+  for (QPushButton* step : {cmdCheck_, cmdDownUpdate_, cmdInstall_}) {
+    steps->addWidget(step, 1);
+  }
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addWidget(lblInfo);
+  all->addWidget(lblUpdate);
+  all->addWidget(lblURL, 0, Qt::AlignLeft);
+  all->addSpacing(SpacingUnit(*this));
+  all->addLayout(steps);
+  all->addWidget(lblLastVer_);
+  all->addWidget(ProgressBar1_);
+  all->addWidget(lblbytes_);
+  all->addStretch();
+  all->addWidget(chkShow_);
+  all->addLayout(NewButtonRow(nullptr, {Command1_}));
+  cmdCheck_->setDefault(true);
+  cmdCheck_->setFocus();
+}
+
+void frmUpdate::ShowView() {
+  const UpdateView& view = updates_.View();
+  QPalette colours = palette();
+  if (view.LastVersionIsRed) {
+    colours.setColor(QPalette::WindowText, RefusedColour(palette()));
+  }
+  lblLastVer_->setPalette(colours);
+  lblLastVer_->setText(FromUtf8(view.LastVersion));
+  lblLastVer_->setToolTip(FromUtf8(view.Detail));
+  lblbytes_->setText(FromUtf8(view.Bytes));
+  ProgressBar1_->setValue(view.Progress);
+  cmdCheck_->setEnabled(!view.Busy);
+  cmdDownUpdate_->setEnabled(view.MayDownload && !view.Busy);
+  cmdInstall_->setEnabled(view.MayInstall && !view.Busy);
+}
+
+// The settings are written however the window is closed.
+void frmUpdate::done(int result) {
+  if (chkShow_->isChecked()) {
+    session_.State.Preferences.RemindAnnualUpdates = 0;
+  }
+  SaveSettings(session_.State, SettingsSection::kSettings);
+  QDialog::done(result);
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,235 @@
+#include "commands/Updates.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "commands/Attempt.h"
+#include "core/Text.h"
+#include "core/Version.h"
+#include "files/PlatformFile.h"
+#include "files/SafeWriter.h"
+#include "services/SetupSignature.h"
+#include "services/UpdateRules.h"
+
+namespace korva {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kVersionLimit = 20s;
+constexpr std::chrono::milliseconds kSetupLimit = 60min;
+
+}  // namespace
+
+std::unique_ptr<FetchPort::Running> FetchVersionFile(const Korva& korva, Ports& ports,
+                                                     std::function<void(FetchAnswer)> done) {
+  return ports.Fetches.Fetch(
+      {korva.Updates.DownloadBaseUrl + std::string(kVersionFileName), kLargestVersionFile, kVersionLimit},
+      [](std::uint64_t) {}, std::move(done));
+}
+
+bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view versionFile) {
+  const std::string server = ReadServerVersion(versionFile);
+  const std::string current = ProgramVersionText(false);
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Server/Current: " + server + "/" + current);
+  korva.AutoUpdate = false;
+  if (IsNewerVersion(server, current)) {
+    korva.AutoUpdate = ShowMessage(korva, messages,
+                                   {.text = NewVersionQuestion(),
+                                    .buttons = MessageButtons::kYesNoCancel,
+                                    .icon = MessageIcon::kQuestion,
+                                    .title = {}}) == MessageAnswer::kYes;
+  }
+  return korva.AutoUpdate;
+}
+
+Updates::Updates(Korva& korva, Ports& ports, std::function<void()> changed, std::function<void()> endProgram)
+    : korva_(korva), ports_(ports), changed_(std::move(changed)), endProgram_(std::move(endProgram)) {}
+
+Updates::~Updates() {
+  korva_.AutoUpdate = false;
+}
+
+void Updates::Show(std::string text) {
+  ShowMessage(korva_, ports_.Messages, {.text = std::move(text), .title = {}});
+}
+
+std::string Updates::SetupFile() const {
+  return DownloadsFolder(korva_.Places.DataRoot) + setupName_;
+}
+
+void Updates::RunAll() {
+  korva_.AutoUpdate = true;
+  Check();
+}
+
+void Updates::Check() {
+  view_.MayDownload = false;
+  view_.MayInstall = false;
+  view_.Busy = true;
+  setupName_.clear();
+  running_ = FetchVersionFile(korva_, ports_, [this](const FetchAnswer& answer) {
+    running_.reset();
+    view_.Busy = false;
+    view_.LastVersionIsRed = true;
+    Compare(answer);
+  });
+  changed_();
+}
+
+void Updates::Compare(const FetchAnswer& answer) {
+  view_.Detail = answer.Reason;
+  if (!answer.Complete) {
+    view_.LastVersion = "Internet Connection Failed";
+    EndStep();
+    return;
+  }
+  const std::string server = ReadServerVersion(answer.Bytes);
+  if (server.empty()) {
+    Show("Invalid information for new version. Check with developer.");
+    EndStep();
+    return;
+  }
+  view_.LastVersion = VersionsText(server);
+  if (!IsNewerVersion(server, ProgramVersionText(false))) {
+    korva_.AutoUpdate = false;  // nothing is left to do
+    changed_();
+    ShowMessage(korva_, ports_.Messages,
+                {.text = "Program is up to date", .buttons = MessageButtons::kOkCancel, .title = {}});
+    return;
+  }
+  setupName_ = SetupName(server);
+  view_.MayDownload = true;
+  changed_();
+  if (korva_.AutoUpdate || ShowMessage(korva_, ports_.Messages,
+                                       {.text = "A new version is available. Download?",
+                                        .buttons = MessageButtons::kYesNoCancel,
+                                        .icon = MessageIcon::kQuestion,
+                                        .title = {}}) == MessageAnswer::kYes) {
+    Download();
+  }
+}
+
+// A run of all steps goes on to the last one whatever came of the others.
+void Updates::EndStep() {
+  changed_();
+  if (korva_.AutoUpdate) {
+    Install();
+    korva_.AutoUpdate = false;
+  }
+}
+
+void Updates::Fetch(const std::string& name, std::uint64_t mostBytes, std::function<void(FetchAnswer)> done) {
+  running_ = ports_.Fetches.Fetch(
+      {korva_.Updates.DownloadBaseUrl + name, mostBytes, kSetupLimit},
+      [this](std::uint64_t bytes) {
+        view_.Progress = ProgressOfDownload(bytes);
+        view_.Bytes = fmt::format("{}", bytes);
+        changed_();
+      },
+      [this, done = std::move(done)](const FetchAnswer& answer) {
+        running_.reset();
+        done(answer);
+      });
+}
+
+// The signature comes first: without one there is no need for the rest.
+void Updates::Download() {
+  view_.Busy = true;
+  view_.MayInstall = false;
+  view_.Bytes.clear();
+  view_.Detail.clear();
+  view_.Progress = 0;
+  if (korva_.Updates.PublicKey.empty()) {
+    FailDownload("this program has no key to check signatures with");
+    return;
+  }
+  Fetch(setupName_ + std::string(kSignatureExtension), kLargestSignature, [this](const FetchAnswer& answer) {
+    if (answer.Complete) {
+      FetchSetup(answer.Bytes);
+    } else {
+      FailDownload("its signature did not come: " + answer.Reason);
+    }
+  });
+  changed_();
+}
+
+void Updates::FetchSetup(std::string signature) {
+  Fetch(setupName_, kLargestSetup, [this, signature = std::move(signature)](const FetchAnswer& answer) {
+    const std::string fault =
+        answer.Complete ? SignatureFault(answer.Bytes, setupName_, signature, korva_.Updates.PublicKey)
+                        : answer.Reason;
+    if (fault.empty()) {
+      Keep(answer.Bytes, signature);
+    } else {
+      FailDownload(fault);
+    }
+  });
+}
+
+void Updates::FailDownload(const std::string& reason) {
+  view_.Busy = false;
+  view_.Progress = 0;
+  view_.Bytes = "Download failed: " + reason;
+  HistoryLog(korva_.SessionHistory, korva_.Preferences, view_.Bytes);
+  EndStep();
+}
+
+void Updates::Keep(const std::string& setup, const std::string& signature) {
+  const std::string file = SetupFile();
+  bool kept = false;
+  Attempt(korva_, ports_.Messages, [&] {
+    std::error_code made;
+    std::filesystem::create_directories(DownloadsFolder(korva_.Places.DataRoot), made);  // writing tells
+    WriteFileSafely(file + std::string(kSignatureExtension), signature);
+    WriteFileSafely(file, setup);
+    kept = true;
+  });
+  if (!kept) {
+    FailDownload("the setup program could not be written");
+    return;
+  }
+  view_.Busy = false;
+  view_.MayInstall = true;
+  changed_();
+  Show("Download completed. Program at: " + file);
+  EndStep();
+}
+
+// What lies in the folder may have changed since it was written: it is checked once more.
+void Updates::Install() {
+  const std::string file = SetupFile();
+  Attempt(korva_, ports_.Messages, [&] {
+    if (setupName_.empty() || !StateOfFile(file).exists) {
+      Show("Update file: " + file + " not found");
+      return;
+    }
+    const std::string fault = SignatureFault(
+        ReadWholeFile(file, kLargestSetup), setupName_,
+        ReadWholeFile(file + std::string(kSignatureExtension), kLargestSignature), korva_.Updates.PublicKey);
+    if (!fault.empty()) {
+      Show("Update file: " + file + " was not started: " + fault);
+      return;
+    }
+    StartSetup(file);
+  });
+}
+
+void Updates::StartSetup(const std::string& file) {
+  if (korva_.AutoUpdate) {
+    Show(
+        "KORVASTROND will now close to install the new update. You may be asked to grant permission to Windows "
+        "to allow installation of the new version. ");
+  }
+  if (ports_.Documents.Open(file)) {
+    endProgram_();
+  } else {
+    Show("Operation Failed");
+  }
+}
+
+}  // namespace korva

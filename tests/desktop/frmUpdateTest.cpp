@@ -1,0 +1,90 @@
+// The window of updates, and the check at the start.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <filesystem>
+
+#include "core/Korva.h"
+#include "desktop/FormBench.h"
+#include "desktop/services/frmUpdate.h"
+#include "support/SignedSetup.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+struct UpdateBench : FormBench {
+  UpdateBench() {
+    std::filesystem::create_directories(Folder / "Documents/MyFolvane");
+    State.Places.DataRoot = Folder / "Documents/MyFolvane/";
+    State.Places.IniFile = Folder / "KORVA-STROND.INI";
+    State.Updates = {"https://example.invalid/page/", "https://example.invalid/files/",
+                     std::string(test::kSetupKey)};
+  }
+  TempFolder Folder;
+};
+
+std::string TextOf(const QWidget& form, const char* label) {
+  return The<QLabel>(form, label).text().toStdString();
+}
+
+bool IsEnabled(const QWidget& form, const char* button) {
+  return The<QPushButton>(form, button).isEnabled();
+}
+
+TEST(UpdateForm, OpensWithItsOwnVersionAndNothingToDownload) {
+  UpdateBench bench;
+  frmUpdate form(bench.Forms);
+  form.show();
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Program Updates for KORVA-STROND"));
+  EXPECT_TRUE(TextOf(form, "lblUpdate").starts_with("This version was released "));
+  EXPECT_EQ(TextOf(form, "lblLastVer"), "Version Available: ");
+  EXPECT_EQ(TextOf(form, "lblURL"), "https://example.invalid/page/");
+  EXPECT_TRUE(IsEnabled(form, "cmdCheck"));
+  EXPECT_FALSE(IsEnabled(form, "cmdDownUpdate") || IsEnabled(form, "cmdInstall"));
+  EXPECT_TRUE(bench.Outside.Fetches.Asked.empty()) << "nothing is asked before a button is pressed";
+  Click(form, "lblURL");
+  EXPECT_EQ(bench.Outside.Documents.Opened.back(), "https://example.invalid/page/");
+}
+
+TEST(UpdateForm, ShowsEachStepAndEndsTheProgramForTheSetup) {
+  UpdateBench bench;
+  frmUpdate form(bench.Forms);
+  form.show();
+  Click(form, "cmdCheck");
+  EXPECT_FALSE(IsEnabled(form, "cmdCheck")) << "one fetch at a time";
+  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                                MessageAnswer::kCancel);
+  bench.Outside.Fetches.Give("1106");
+  EXPECT_TRUE(IsEnabled(form, "cmdDownUpdate"));
+  Click(form, "cmdDownUpdate");
+  bench.Outside.Fetches.Give(std::string(test::kSetupSignature));
+  bench.Outside.Fetches.Tell(40000);
+  EXPECT_EQ(TextOf(form, "lblbytes"), "40000");
+  EXPECT_EQ(The<QProgressBar>(form, "ProgressBar1").value(), 3);
+  EXPECT_FALSE(IsEnabled(form, "cmdInstall"));
+  bench.Outside.Messages.Expect("Download completed. Program at: ");
+  bench.Outside.Fetches.Give(std::string(test::kSetup));
+  Click(form, "cmdInstall");
+  EXPECT_EQ(bench.Main.Ended, 1);
+}
+
+TEST(UpdateForm, ClosingEndsAFetchAndWritesTheSettings) {
+  UpdateBench bench;
+  {
+    frmUpdate form(bench.Forms);
+    form.show();
+    Click(form, "cmdCheck");
+    The<QCheckBox>(form, "chkShow").setChecked(true);
+    Click(form, "Command1");
+  }
+  EXPECT_FALSE(bench.Outside.Fetches.IsRunning());
+  EXPECT_EQ(bench.State.Preferences.RemindAnnualUpdates, 0);
+  EXPECT_TRUE(std::filesystem::exists(bench.State.Places.IniFile));
+}
+
+}  // namespace
+}  // namespace korva::desktop
