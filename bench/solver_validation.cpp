@@ -1,4 +1,4 @@
-// Prints the validation tables of docs/laminated-model.md: the solver against closed forms, finer cells,
+// Prints the validation tables of docs/help/theory-laminated.md: the solver against closed forms, finer cells,
 // wider margins, and its own smoothness.
 #include <fmt/format.h>
 
