@@ -158,8 +158,10 @@ class HelpPage {
     }
     words.resize(words.size() - (changes.empty() ? 0 : 1));  // "with"
     PutProject(words.at(2), changes, metric);
-    std::string output = "\n" + Call({words.begin() + 1, words.end()});
-    std::erase(output, '\r');
+    std::string output = "\n";
+    for (const std::string& line : Lines(Call({words.begin() + 1, words.end()}))) {
+      output += line.substr(0, line.find_last_not_of(" \r") + 1) + "\n";
+    }
 
     ASSERT_TRUE(lines_.at(at_).starts_with("```"));
     std::size_t from = 0;
