@@ -6,9 +6,14 @@
 //   <!-- check: table FILE NAME... --> a table with a column for each name: project fields first, which are
 //                                      set, then results as calc names them, or RULES for the rules that
 //                                      spoke
+//   <!-- check: rows FILE NAME... : FIELD=VALUE... : ... -->  a table with words in its first column and one
+//   for
+//                                      each name; behind each colon stands what a row changes, "-" for
+//                                      nothing
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -74,27 +79,49 @@ bool SetField(Project& p, const std::string& name, double value) {
   static const std::map<std::string, double Project::*> kValues = {
       {"EntryHeight", &Project::EntryHeight},
       {"DepthCover", &Project::DepthCover},
+      {"EntryWidth", &Project::EntryWidth},
       {"XcutAngle", &Project::XcutAngle},
       {"XcutSpacing", &Project::XcutSpacing},
+      {"CoalStrength", &Project::CoalStrength},
+      {"UnitWeight", &Project::UnitWeight},
+      {"BreadthAMZ", &Project::BreadthAMZ},
+      {"ExtentActiveGob", &Project::ExtentActiveGob},
+      {"AbutmentAngleActiveGob", &Project::AbutmentAngleActiveGob},
+      {"ExtentFirstGob", &Project::ExtentFirstGob},
+      {"AbutmentAngleFirstGob", &Project::AbutmentAngleFirstGob},
       {"BarrierFirstGob", &Project::BarrierFirstGob},
       {"SlabcutFirstGob", &Project::SlabcutFirstGob},
+      {"ExtentSecondGob", &Project::ExtentSecondGob},
+      {"BarrierSecondGob", &Project::BarrierSecondGob},
       {"SlabcutSecondGob", &Project::SlabcutSecondGob},
   };
   static const std::map<std::string, std::int16_t Project::*> kChoices = {
       {"ArchAuto", &Project::ArchAuto}, {"LoadingCondition", &Project::LoadingCondition},
       {"RowA", &Project::RowA},         {"RowB", &Project::RowB},
       {"RowC", &Project::RowC},         {"RowD", &Project::RowD},
+      {"AMZAuto", &Project::AMZAuto},   {"NumberEntries", &Project::NumberEntries},
   };
+  static const std::map<std::string, float Project::*> kSingles = {{"ArchFactor", &Project::ArchFactor},
+                                                                   {"WidthRowC", &Project::WidthRowC}};
+  constexpr std::string_view kCenters = "XcutCenters.";
   if (const auto found = kValues.find(name); found != kValues.end()) {
     p.*found->second = value;
   } else if (const auto choice = kChoices.find(name); choice != kChoices.end()) {
     p.*choice->second = static_cast<std::int16_t>(value);
-  } else if (name == "ArchFactor") {
-    p.ArchFactor = static_cast<float>(value);
+  } else if (const auto single = kSingles.find(name); single != kSingles.end()) {
+    p.*single->second = static_cast<float>(value);
+  } else if (name.starts_with(kCenters)) {
+    p.XcutCenters[std::stoi(name.substr(kCenters.size()))] = value;
   } else {
     return false;
   }
   return true;
+}
+
+// FIELD=VALUE.
+std::pair<std::string, double> Change(const std::string& word) {
+  const auto equal = word.find('=');
+  return {word.substr(0, equal), std::stod(word.substr(equal + 1))};
 }
 
 class HelpPage {
@@ -118,6 +145,7 @@ class HelpPage {
         SCOPED_TRACE(fmt::format("{}, line {}: {}", name_, at_, line));
         words.front() == "korva"  ? CheckText(words)
         : words.front() == "calc" ? CheckWorking(words.at(1))
+        : words.front() == "rows" ? CheckRows(words)
                                   : CheckTable(words);
       }
     }
@@ -153,8 +181,7 @@ class HelpPage {
     const bool metric = words.back() == "units";
     words.resize(words.size() - (metric ? 3 : 0));
     for (; words.back().find('=') != std::string::npos; words.pop_back()) {
-      const auto equal = words.back().find('=');
-      changes.emplace_back(words.back().substr(0, equal), std::stod(words.back().substr(equal + 1)));
+      changes.push_back(Change(words.back()));
     }
     words.resize(words.size() - (changes.empty() ? 0 : 1));  // "with"
     PutProject(words.at(2), changes, metric);
@@ -216,6 +243,30 @@ class HelpPage {
     return text;
   }
 
+  void CheckRows(const std::vector<std::string>& words) {
+    const auto firstRow = std::find(words.begin(), words.end(), ":");
+    const std::vector<std::string> names(words.begin() + 2, firstRow);
+    auto word = firstRow;
+    for (std::size_t row = 0; NextRow(row);) {
+      ASSERT_NE(word, words.end()) << lines_[at_];
+      Changes changes;
+      for (++word; word != words.end() && *word != ":"; ++word) {
+        if (*word != "-") {
+          changes.push_back(Change(*word));
+        }
+      }
+      const auto cells = Cells(lines_[at_]);
+      ASSERT_EQ(cells.size(), names.size() + 1);
+      PutProject(words.at(1), changes);
+      const json results = Results(words.at(1), false);
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        const double value = Value(results, names[i]);
+        EXPECT_TRUE(Shows(cells[i + 1], value)) << lines_[at_] << ": " << names[i] << " is " << value;
+      }
+    }
+    EXPECT_EQ(word, words.end()) << "a row is missing";
+  }
+
   void CheckTable(const std::vector<std::string>& words) {
     const std::vector<std::string> names(words.begin() + 2, words.end());
     bool laminated = false;
@@ -256,7 +307,7 @@ TEST(Help, QuotesWhatTheCommandComputes) {
       checks[page.path().stem().string()] = HelpPage(page.path()).Check();
     }
   }
-  for (const char* page : {"tutorial", "examples", "theory-traditional", "oddities"}) {
+  for (const char* page : {"tutorial", "examples", "theory-traditional", "oddities", "parameters"}) {
     EXPECT_GT(checks[page], 0) << page;
   }
 }
