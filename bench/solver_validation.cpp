@@ -1,5 +1,5 @@
-// Prints the validation tables of docs/laminated-model.md: the solver against closed forms, finer cells,
-// wider margins, and its own smoothness.
+// Prints the validation tables of docs/help/theory-laminated.md: the solver against closed forms, finer
+// cells, wider margins, and its own smoothness.
 #include <fmt/format.h>
 
 #include <algorithm>

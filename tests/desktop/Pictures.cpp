@@ -140,18 +140,20 @@ void SaveSchematics() {
   Save(sheet, QStringLiteral("schematics"));
 }
 
+std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph, std::int16_t model) {
+  auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
+  KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
+  auto window = std::make_unique<frmGraph>(bench.Forms);
+  window->GraphInit(graph);
+  window->DrawCurve();
+  window->show();
+  QApplication::processEvents();
+  return window;
+}
+
 // One, two and four curves, and the windows around them.
 void SaveGraphs(FormBench& bench) {
-  const auto open = [&bench](GraphKind graph, std::int16_t model) {
-    auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
-    KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
-    auto window = std::make_unique<frmGraph>(bench.Forms);
-    window->GraphInit(graph);
-    window->DrawCurve();
-    window->show();
-    QApplication::processEvents();
-    return window;
-  };
+  const auto open = [&bench](GraphKind graph, std::int16_t model) { return OpenGraph(bench, graph, model); };
   Save(*open(kDepthGraph, kTraditionalModel), QStringLiteral("frmGraph-two"));
   const auto four = open(kXcutSpacingGraph, kComparedModels);
   The<QAction>(*four, "GraphOptionsItem(0)").trigger();
@@ -181,6 +183,27 @@ void SaveTextBrow(FormBench& bench) {
   Click(viewer, "Check1");
   Save(viewer, QStringLiteral("frmTextBrow-external"));
   std::filesystem::remove(place, there);
+}
+
+// The panel of the tutorial: its retreat tab, the graph of its first barrier, its plan.
+void SaveTutorial() {
+  FormBench bench;
+  bench.State.ProjectFileName = "tutorial.KVL";
+  FileOpen(bench.State, bench.Outside.Messages);
+  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+  auto* form = new frmKORVAParm(bench.Forms);
+  The<QTabWidget>(*form, "SSTab1").setCurrentIndex(2);
+  Save(*form, QStringLiteral("tutorial-retreat"));
+  delete form;
+  bench.State.PlotCaller = kPlanFromResults;
+  QWidget opener;
+  frmPicture* plan = frmPicture::Open(bench.Forms, opener);
+  The<QAction>(*plan, "mnuPlotSetItem(2)").trigger();
+  Save(*plan, QStringLiteral("tutorial-plan"));
+  plan->close();
+  bench.State.Stored.ProjectInput.XcutSpacing = 80;
+  bench.State.Stored.ProjectInput.BarrierFirstGob = 60;
+  Save(*OpenGraph(bench, kFirstBarrierGraph, kTraditionalModel), QStringLiteral("tutorial-graph"));
 }
 
 void SaveAll() {
@@ -241,6 +264,7 @@ void SaveAll() {
   Save(convert, QStringLiteral("frmConvert"));
   SaveGraphs(bench);
   SavePlans(bench);
+  SaveTutorial();
 }
 
 }  // namespace
