@@ -1,7 +1,6 @@
 #include "Terminal.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -68,7 +67,7 @@ MessageAnswer TerminalMessages::Show(const Message& message) {
   return MessageAnswer::kCancel;
 }
 
-TerminalProgress::TerminalProgress() : terminal_(::isatty(STDERR_FILENO) == 1) {}
+TerminalProgress::TerminalProgress() : terminal_(ShowsErrorsOnTerminal()) {}
 
 TerminalProgress::~TerminalProgress() {
   if (shown_) {

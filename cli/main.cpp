@@ -5,8 +5,7 @@
 #include <exception>
 #include <numeric>
 
-#include "Commands.h"
-#include "core/Version.h"
+#include "Parser.h"
 
 namespace korva::cli {
 
@@ -49,20 +48,8 @@ std::string UsageText(const CLI::ParseError& error, const CLI::App& app, std::st
 }
 
 int Run(int argc, char** argv) {
-  CLI::App app("Stability of coal pillars in room-and-pillar retreat panels", "korva");
-  app.set_version_flag("--version", "korva " + ProgramVersionText(true));
-  app.fallthrough();
-  CommonOptions common;
-  AddCommonOptions(app, common);
-  std::vector<Command> commands = {AddReport(app, common),  AddCalc(app, common), AddBatch(app, common),
-                                   AddSweep(app, common),   AddPlan(app, common), AddSave(app, common),
-                                   AddConvert(app, common), AddUnits(app, common)};
-  for (Command& import : AddImport(app, common)) {
-    commands.push_back(std::move(import));
-  }
-  app.require_subcommand(1);
-  app.footer("Exit status: 0 done, 1 refused by a check, 2 usage, 3 file or run-time error.");
-
+  const auto parser = MakeParser();
+  CLI::App& app = parser->App;
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& asked) {  // help or version
@@ -71,7 +58,7 @@ int Run(int argc, char** argv) {
     Complain(UsageText(error, app, argc > 1 ? argv[1] : ""));
     return kUsage;
   }
-  const auto called = std::find_if(commands.begin(), commands.end(),
+  const auto called = std::find_if(parser->Commands.begin(), parser->Commands.end(),
                                    [](const Command& command) { return command.Parser->parsed(); });
   return called->Run();
 }

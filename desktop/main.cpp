@@ -98,6 +98,7 @@ MachineFolders FoldersOfThisMachine() {
   machine.Documents = place(QStandardPaths::DocumentsLocation);
   machine.Desktop = place(QStandardPaths::DesktopLocation);
   machine.DataHome = place(QStandardPaths::GenericDataLocation);
+  machine.ConfigHome = place(QStandardPaths::GenericConfigLocation);
   machine.StateHome = machine.DataHome + "/korva-strond/sessions";
   machine.SystemTemp = place(QStandardPaths::TempLocation);
   return machine;

@@ -10,12 +10,12 @@
 
 #include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
+#include "desktop/options/AssociationBox.h"
 #include "desktop/options/CaseImportBox.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/FormTools.h"
 #include "input/CheckOptions.h"
 #include "input/FieldNumber.h"
-#include "services/HelpTexts.h"
 
 namespace korva::desktop {
 
@@ -176,11 +176,7 @@ void frmKORVAOpts::BuildEditTab() {
   QWidget* tab = NewTab("Edit / Print Options");
   AddChecks(NewFrame(tab, "Edit menu options"), {"Check1", "chkInputCancel"});
   AddChecks(NewFrame(tab, "Print options"), {"Check8", "Check3"});
-  QGroupBox* files = NewFrame(tab, "File association");
-  QPushButton* associate = NewButton("cmdFileAssoc", QStringLiteral("Create File Association"), files);
-  associate->setToolTip(QStringLiteral("Makes project files open with this program"));
-  connect(associate, &QPushButton::clicked, this, [this] { SayNotBuilt("Create File Association"); });
-  static_cast<QGridLayout*>(files->layout())->addWidget(associate, 0, 0, Qt::AlignLeft);
+  tab->layout()->addWidget(new AssociationBox(session_, tab));
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
 }
 
@@ -294,10 +290,6 @@ void frmKORVAOpts::reject() {
     return;
   }
   QDialog::reject();
-}
-
-void frmKORVAOpts::SayNotBuilt(const char* command) {
-  ShowMessage(session_.State, session_.Outside.Messages, {.text = NotBuiltText(command), .title = {}});
 }
 
 void frmKORVAOpts::done(int result) {

@@ -41,7 +41,6 @@ class frmKORVAOpts final : public QDialog {
   void Load();
   void Check();
   void Store();
-  void SayNotBuilt(const char* command);
 
   Session& session_;
   QTabWidget* SSTab1_ = nullptr;

@@ -1,7 +1,6 @@
 // The library's one function.
 #include <cfenv>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <new>
 #include <sstream>
@@ -9,6 +8,7 @@
 
 #include "ExchangeLine.h"
 #include "Factors.h"
+#include "ProgramFolder.h"
 #include "ResultFile.h"
 #include "Status.h"
 #include "korvastrond.h"
@@ -31,11 +31,6 @@ std::string ReadExchangeFile(const char* path) {
     throw Failure{KORVASTROND_NOT_52_FIELDS};
   }
   return text;
-}
-
-std::filesystem::path ProgramFolder() {
-  std::error_code ignored;
-  return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
 }
 
 std::int16_t Run(const char* path) {

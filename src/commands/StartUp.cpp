@@ -59,6 +59,8 @@ Folders MakeFolders(const MachineFolders& machine) {
   Folders places;
   places.AppPath = WithSeparator(machine.AppPath);
   places.Examples = WithSeparator(machine.Examples);
+  places.DataHome = WithSeparator(machine.DataHome);
+  places.ConfigHome = WithSeparator(machine.ConfigHome);
   places.StateFolder = machine.StateHome.empty() ? std::string() : WithSeparator(machine.StateHome);
   places.SystemTempFolder = WithSeparator(machine.SystemTemp);
   places.DataRoot = root + "MyFolvane/";

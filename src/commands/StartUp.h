@@ -15,8 +15,9 @@ struct MachineFolders {
   std::string Examples;   // shipped example projects
   std::string Documents;  // made if it is missing
   std::string Desktop;
-  std::string DataHome;   // the user's data folder, the last resort; made if it is missing
-  std::string StateHome;  // for running sessions and recovery copies
+  std::string DataHome;    // the user's data folder, the last resort; made if it is missing
+  std::string ConfigHome;  // the user's choices in other programs
+  std::string StateHome;   // for running sessions and recovery copies
   std::string SystemTemp;
 };
 

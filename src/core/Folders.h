@@ -13,6 +13,8 @@ struct Folders {
   std::string ProductFolder;      // the program's own in DataRoot; where projects go unless told otherwise
   std::string ProductTempFolder;  // "Temp" in it
   std::string SystemTempFolder;
+  std::string DataHome;     // where programs keep this user's files, the desktop's lists among them
+  std::string ConfigHome;   // where they keep this user's choices
   std::string StateFolder;  // running sessions and recovery copies
   std::string IniFile;      // the settings file, a full name
   std::string LastPath;     // the folder last chosen

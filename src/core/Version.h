@@ -10,6 +10,9 @@ namespace korva {
 // The name of the program in upper case, as files and folders carry it.
 inline constexpr std::string_view ExeName = "KORVA-STROND";
 
+// The desktop program's file.
+inline constexpr std::string_view ProgramFile = "korva-strond";
+
 inline constexpr int kVersionMajor = 1;
 inline constexpr int kVersionMinor = 1;
 inline constexpr int kVersionRevision = 5;

@@ -92,6 +92,9 @@ std::string MakePrivateFolder();
 // The folder of the running program's file, without a separator at its end.
 std::string ProgramFolder();
 
+// Whether standard error goes to a terminal.
+bool ShowsErrorsOnTerminal() noexcept;
+
 // The number of this process.
 int ProcessNumber() noexcept;
 

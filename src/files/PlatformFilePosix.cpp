@@ -319,6 +319,10 @@ std::string ProgramFolder() {
   return program.parent_path().string();
 }
 
+bool ShowsErrorsOnTerminal() noexcept {
+  return ::isatty(STDERR_FILENO) == 1;
+}
+
 int ProcessNumber() noexcept {
   return ::getpid();
 }

@@ -1,17 +1,17 @@
-#include <dlfcn.h>
 #include <fmt/format.h>
 #include <korvastrond.h>
 
 #include <array>
 
 #include "core/RuntimeError.h"
+#include "files/DynamicLibrary.h"
 #include "strond/KORVAStrond2D.h"
 
 namespace korva {
 
 namespace {
 
-constexpr const char* kLibrary = "libkorvastrond.so";
+constexpr const char* kLibrary = "korvastrond";
 constexpr const char* kFunction = "KORVA_Run_STROND";
 
 // Names of the fields of the exchange line that a solver can refuse; the others are constants.
@@ -58,13 +58,7 @@ std::string FieldName(int field) {
 }  // namespace
 
 std::int16_t CallSolverLibrary(const std::string& library, const std::string& exchangePath) {
-  void* loaded =
-      dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);  // counted; it stays loaded from the first call on
-  if (loaded == nullptr) {
-    throw RuntimeError(ErrorNumber::kFileNotFound,
-                       fmt::format("the solver library {} cannot be loaded: {}", library, dlerror()));
-  }
-  const auto run = reinterpret_cast<decltype(&KORVA_Run_STROND)>(dlsym(loaded, kFunction));
+  const auto run = reinterpret_cast<decltype(&KORVA_Run_STROND)>(LibraryFunction(library, kFunction));
   if (run == nullptr) {
     throw RuntimeError(ErrorNumber::kFileNotFound,
                        fmt::format("the solver library {} has no function {}", library, kFunction));
@@ -73,7 +67,7 @@ std::int16_t CallSolverLibrary(const std::string& library, const std::string& ex
 }
 
 std::int16_t CallSolverLibrary(const std::string& exchangePath) {
-  return CallSolverLibrary(kLibrary, exchangePath);
+  return CallSolverLibrary(LibraryFile(kLibrary), exchangePath);
 }
 
 std::string SolverStatusText(std::int16_t status) {

@@ -1,0 +1,52 @@
+#include "desktop/options/AssociationBox.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+
+#include "commands/FileAssociation.h"
+#include "desktop/support/FormTools.h"
+
+namespace korva::desktop {
+
+namespace {
+
+std::string Resource(const char* name) {
+  QFile file((QLatin1String(name)));
+  return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+}  // namespace
+
+AssociationBox::AssociationBox(Session& session, QWidget* parent)
+    : QGroupBox(QStringLiteral("File association"), parent),
+      session_(session),
+      remove_(NewButton("cmdFileAssocUndo", QStringLiteral("Remove File Association"), this)) {
+  QPushButton* associate = NewButton("cmdFileAssoc", QStringLiteral("Create File Association"), this);
+  associate->setToolTip(QStringLiteral("Makes project files open with this program"));
+  remove_->setToolTip(QStringLiteral("Makes project files open again as they did before"));
+  connect(associate, &QPushButton::clicked, this, &AssociationBox::Associate);
+  connect(remove_, &QPushButton::clicked, this, &AssociationBox::Dissociate);
+  QWidget::setTabOrder(associate, remove_);
+  auto* row = new QHBoxLayout(this);
+  row->addWidget(associate);
+  row->addWidget(remove_);
+  row->addStretch();
+  ShowState();
+}
+
+void AssociationBox::Associate() {
+  AskFileAssociation(session_.State, session_.Outside,
+                     {Resource(":/korva/korva-strond.svg"), Resource(":/korva/korva-strond-project.svg")});
+  ShowState();
+}
+
+void AssociationBox::Dissociate() {
+  AskFileDissociation(session_.State, session_.Outside);
+  ShowState();
+}
+
+void AssociationBox::ShowState() {
+  remove_->setEnabled(HasFileAssociation(session_.State));
+}
+
+}  // namespace korva::desktop

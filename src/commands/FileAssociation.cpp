@@ -1,0 +1,106 @@
+#include "commands/FileAssociation.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "commands/Attempt.h"
+#include "core/Text.h"
+#include "core/Version.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::size_t kLongestExtension = 3;
+
+bool IsExtension(std::string_view text) {
+  return !text.empty() && text.size() <= kLongestExtension &&
+         std::all_of(text.begin(), text.end(),
+                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
+UserFolders UserOf(const Korva& korva) {
+  return {korva.Places.DataHome, korva.Places.ConfigHome};
+}
+
+bool IsConfirmed(Korva& korva, Ports& ports, std::string question) {
+  return ShowMessage(korva, ports.Messages,
+                     {.text = std::move(question), .buttons = MessageButtons::kYesNo, .title = {}}) ==
+         MessageAnswer::kYes;
+}
+
+// The lines of `names` below `heading`, or nothing.
+std::string Listed(std::string_view heading, const std::vector<std::string>& names) {
+  return names.empty() ? std::string() : fmt::format("{}\n{}", heading, fmt::join(names, "\n"));
+}
+
+}  // namespace
+
+void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& pictures) {
+  const std::string extension = korva.Preferences.FileExtension;
+  if (!IsExtension(extension)) {
+    ShowMessage(
+        korva, ports.Messages,
+        {.text = fmt::format("The file extension of the settings, \"{}\", cannot be associated. It has "
+                             "to be one to three capital letters or digits.",
+                             Excerpt(extension)),
+         .title = {}});
+    return;
+  }
+  if (!IsConfirmed(
+          korva, ports,
+          fmt::format("This operation may break an existing association of file extension {} with other "
+                      "programs on this computer. Proceed?",
+                      extension))) {
+    return;
+  }
+  const std::string program(ProgramFile);
+  std::vector<std::string> missing;
+  const auto associate = [&] {
+    const BusyPointer busy(ports.Busy);
+    missing = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
+  };
+  if (Attempt(korva, ports.Messages, associate) != AttemptResult::kDone) {
+    return;
+  }
+  ShowMessage(
+      korva, ports.Messages,
+      {.text = fmt::format("The {} file extensions has been associated to {}{}{}Note: if order for this "
+                           "function to be successfully completed the user needs to have access to the "
+                           "registry",
+                           extension, program, kLineEnd, kLineEnd),
+       .title = {},
+       .detail = Listed("Desktops may not see it before these tools are installed and have run:", missing)});
+  HistoryLog(korva.SessionHistory, korva.Preferences,
+             fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
+}
+
+bool HasFileAssociation(const Korva& korva) {
+  return AssociatedExtension(UserOf(korva)).has_value();
+}
+
+void AskFileDissociation(Korva& korva, Ports& ports) {
+  const auto extension = AssociatedExtension(UserOf(korva));
+  if (!extension ||
+      !IsConfirmed(
+          korva, ports,
+          fmt::format("Files with the extension {} will open as they did before they were associated to {}. "
+                      "Proceed?",
+                      *extension, ProgramFile))) {
+    return;
+  }
+  std::vector<std::string> left;
+  const auto dissociate = [&] {
+    const BusyPointer busy(ports.Busy);
+    left = DissociateFileType(UserOf(korva));
+  };
+  if (Attempt(korva, ports.Messages, dissociate) == AttemptResult::kDone) {
+    ShowMessage(korva, ports.Messages,
+                {.text = fmt::format("The association of file extension {} has been removed", *extension),
+                 .title = {},
+                 .detail = Listed("These files were changed since and stay as they are:", left)});
+  }
+}
+
+}  // namespace korva

@@ -1,0 +1,39 @@
+// The texts that tell a freedesktop.org desktop which program opens the project files.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korva {
+
+inline constexpr std::string_view kProjectType = "application/x-korva-strond";
+inline constexpr std::string_view kProjectTypeIcon = "application-x-korva-strond";
+inline constexpr std::string_view kProgramEntry = "korva-strond.desktop";
+inline constexpr std::string_view kProgramIcon = "korva-strond";
+
+// Whether a desktop entry can name that program. A path with "=", "%" or control characters, or one that is
+// no UTF-8, is never found by the desktops.
+bool CanStandInEntry(std::string_view program);
+
+// The line of a desktop entry that starts `program` with one file, its name one argument whatever it holds.
+std::string ExecValue(std::string_view program);
+
+// The desktop entry of `program`, a full path or a name to look up.
+std::string ProgramEntryText(std::string_view program);
+
+// How much a type's pattern weighs against those of other types: the standard's own, and one above it for
+// what a person has asked for.
+inline constexpr int kUsualWeight = 50;
+inline constexpr int kAskedWeight = 60;
+
+// The type of files whose names end in `extension`, capital letters and digits, in whatever case.
+std::string ProjectTypeText(std::string_view extension, int weight);
+
+// The user's list of default programs with this program first for project files. All else, comments and line
+// ends too, stays as it is.
+std::string WithDefaultProgram(std::string_view list);
+
+// The same list without this program for project files; what was named behind it comes first again.
+std::string WithoutDefaultProgram(std::string_view list);
+
+}  // namespace korva

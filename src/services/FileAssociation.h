@@ -1,0 +1,37 @@
+// Which program the user's desktop opens project files with. How that is told to a desktop is the platform's
+// own matter; nothing of it needs more rights than the user has.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korva {
+
+// The folders that programs keep a user's files in, with a separator at their end.
+struct UserFolders {
+  std::string Data;
+  std::string Config;
+};
+
+// What stands for the program and for a project file, as SVG.
+struct AssociationPictures {
+  std::string Program;
+  std::string Project;
+};
+
+// Makes files with `extension`, capital letters and digits, open with the program `exeName` in `folder`,
+// which gets the file's name as its one argument. All of it or, with the run-time error of what failed,
+// nothing. Returns the tools that are not installed and that desktops would have needed to see it at once.
+std::vector<std::string> AssociateFileType(const UserFolders& user, const std::string& folder,
+                                           const std::string& exeName, const std::string& extension,
+                                           const AssociationPictures& pictures);
+
+// The extension that this user has associated last, if that can be taken back.
+std::optional<std::string> AssociatedExtension(const UserFolders& user);
+
+// Takes back what AssociateFileType has changed: what was there before is there again. Files that somebody
+// has changed since stay and are returned. After a run-time error it can be done again.
+std::vector<std::string> DissociateFileType(const UserFolders& user);
+
+}  // namespace korva
