@@ -1,9 +1,9 @@
-#include "LargePages.h"
-
 #include <sys/mman.h>
 
 #include <cstdlib>
 #include <new>
+
+#include "LargePages.h"
 
 namespace korva::laminated {
 
