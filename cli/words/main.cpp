@@ -1,5 +1,4 @@
 // A tool of the build: prints what bash, fish or the manual is told of the command `korva`.
-#include <cstdio>
 #include <exception>
 #include <string_view>
 
@@ -16,9 +15,9 @@ int main(int argc, char** argv) {
       Print(kind == "bash" ? BashWords(calls) : kind == "fish" ? FishWords(calls) : ManualPage(calls));
       return 0;
     }
-    std::fputs("usage: korva-words bash|fish|man\n", stderr);
+    Complain("usage: korva-words bash|fish|man");
   } catch (const std::exception& error) {
-    std::fputs(error.what(), stderr);
+    Complain(error.what());
   }
   return 2;
 }

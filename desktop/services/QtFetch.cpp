@@ -160,7 +160,8 @@ class QtRunning final : public QObject, public FetchPort::Running {
 
 }  // namespace
 
-QtFetch::QtFetch(QSslConfiguration security) : security_(std::move(security)) {
+QtFetch::QtFetch(QSslConfiguration security) {
+  security_.swap(security);
   manager_.setProxy(QNetworkProxy::NoProxy);
   manager_.setRedirectPolicy(QNetworkRequest::UserVerifiedRedirectPolicy);
 }
