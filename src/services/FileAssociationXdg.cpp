@@ -148,7 +148,7 @@ std::string ToolPath(std::string_view name) {
   std::string_view rest = searched == nullptr ? "" : searched;
   while (!rest.empty()) {
     const auto end = std::min(rest.find(':'), rest.size());
-    const std::string path = fmt::format("{}/{}", rest.substr(0, end), name);
+    std::string path = fmt::format("{}/{}", rest.substr(0, end), name);
     std::error_code unknown;
     if (rest.starts_with('/') && fs::is_regular_file(path, unknown)) {
       return path;
