@@ -67,16 +67,17 @@ std::string BestFont() {
   return families.isEmpty() ? std::string() : families.constFirst().toStdString();
 }
 
-// The shipped examples: beside an installed program, or in the folders above one that was just built.
-QString ExamplesFolder(const QString& programFolder) {
+// A folder of what comes with the program: beside an installed program, or in the folders above one that was
+// just built.
+QString ShippedFolder(const QString& programFolder, const QString& name) {
   QDir folder(programFolder);
-  QString installed = folder.filePath(QStringLiteral("../share/korva-strond/examples"));
+  QString installed = folder.filePath(QStringLiteral("../share/korva-strond/") + name);
   if (QFileInfo(installed).isDir()) {
     return installed;
   }
   static constexpr int kLevelsOfABuild = 4;
   for (int level = 0; level < kLevelsOfABuild; ++level) {
-    QString built = folder.filePath(QStringLiteral("examples"));
+    QString built = folder.filePath(name);
     if (QFileInfo(built).isDir()) {
       return built;
     }
@@ -94,7 +95,8 @@ MachineFolders FoldersOfThisMachine() {
   const QString program = QCoreApplication::applicationDirPath();
   MachineFolders machine;
   machine.AppPath = program.toStdString();
-  machine.Examples = ExamplesFolder(program).toStdString();
+  machine.Examples = ShippedFolder(program, QStringLiteral("examples")).toStdString();
+  machine.Docs = ShippedFolder(program, QStringLiteral("docs")).toStdString();
   machine.Documents = place(QStandardPaths::DocumentsLocation);
   machine.Desktop = place(QStandardPaths::DesktopLocation);
   machine.DataHome = place(QStandardPaths::GenericDataLocation);
@@ -138,7 +140,7 @@ int RunProgram(Application& application) {
   const std::string file = FileOfCall(QCoreApplication::arguments());
   StartUp(korva, FoldersOfThisMachine(), BestFont);
   frmMain main(korva, ports, printer);
-  QDir::setCurrent(QCoreApplication::applicationDirPath());
+  QDir::setCurrent(FromUtf8(StartFolder(korva)));
   if (!main.AcceptDisclaimer()) {
     return 0;
   }

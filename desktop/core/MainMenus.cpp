@@ -58,16 +58,11 @@ QList<ItemRow> UtilItems() {
 }
 
 QList<ItemRow> HelpItems() {
-  return {{"Help &Contents...", QKeySequence::HelpContents},
-          {"Help &Index..."},
-          {"Help in &PDF format..."},
-          {""},
-          {"&Resource Files..."},
-          {""},
-          {"&Disclaimer..."},
-          {""},
-          {"Program Updates..."},
-          {""},
+  return {{"Help &Contents..."},      {"Help &Index..."},
+          {"Help in &PDF format..."}, {""},
+          {"&Resource Files..."},     {""},
+          {"&Disclaimer..."},         {""},
+          {"Program Updates..."},     {""},
           {"&About the Program..."}};
 }
 

@@ -37,7 +37,15 @@ enum UtilIndex {
   kToggleHistory,
   kCopyHistory
 };
-enum HelpIndex { kDisclaimer = 6, kProgramUpdates = 8 };
+enum HelpIndex {
+  kHelpContents = 0,
+  kHelpIndex,
+  kHelpManual,
+  kResourceFiles = 4,
+  kDisclaimer = 6,
+  kProgramUpdates = 8,
+  kAbout = 10
+};
 
 // The menus and what each of their groups does when one of its items is chosen.
 class MainMenus {

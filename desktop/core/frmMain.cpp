@@ -22,6 +22,7 @@
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/services/FontChoice.h"
 #include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmHelp.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
@@ -45,7 +46,8 @@ frmMain::frmMain(Korva& korva, Ports& ports, PicturePrinter& pictures)
       session_{korva, ports, *this, pictures},
       recovery_(korva),
       fileMenu_(korva, ports, recovery_),
-      menus_(*this, Commands()) {
+      menus_(*this, Commands()),
+      contextHelp_([this](const std::vector<std::string>& labels) { ShowHelp(labels); }) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("KORVA-STROND"));
   setAcceptDrops(true);
@@ -190,6 +192,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   }
   SaveSettings(korva_, SettingsSection::kFileMenu);
   recovery_.EndCleanly();
+  help_.reset();
   event->accept();
   QCoreApplication::quit();
 }

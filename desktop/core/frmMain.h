@@ -11,6 +11,7 @@
 #include "commands/Recovery.h"
 #include "commands/SweepCommand.h"
 #include "desktop/core/MainMenus.h"
+#include "desktop/support/ContextHelp.h"
 #include "desktop/support/Session.h"
 
 class QLabel;
@@ -22,6 +23,7 @@ namespace korva::desktop {
 class ProjectCard;
 class StatusLine;
 class SweepRunner;
+class frmHelp;
 class frmKORVAParm;
 class frmStrondCalc;
 
@@ -44,6 +46,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   void ApplyDisplaySettings() override;
   void EditParameters() override;
   void ShowResults(QWidget* returnTo) override;
+  void ShowHelp(const std::vector<std::string>& labels) override;
   void KeepDroppedWork() override { recovery_.KeepDroppedWork(korva_.ProjectFileName); }
   void EndAtOnce() override;
   void SetInputEnabled(bool enabled) override;
@@ -68,6 +71,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   void GraphItem(int index);
   void UtilItem(int index);
   void HelpItem(int index);
+  // The help window, made when it is first asked for; nothing, after a message, if there is no help file.
+  frmHelp* Help();
   void SayNotBuilt(const char* array, int index);
 
   void RunSweep(SweepJob job);
@@ -92,6 +97,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   StatusLine* status_ = nullptr;
   QPointer<frmKORVAParm> parameters_;  // while it is open
   QTimer recoveryTimer_;
+  std::unique_ptr<frmHelp> help_;
+  ContextHelp contextHelp_;
   std::unique_ptr<FetchPort::Running> versionFetch_;
   std::string versionFile_;  // that has come and was not asked about yet
   QTimer answerTimer_;

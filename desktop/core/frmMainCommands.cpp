@@ -2,7 +2,9 @@
 #include <QApplication>
 #include <QPlainTextEdit>
 
+#include "commands/Attempt.h"
 #include "commands/Calculate.h"
+#include "commands/HelpCommands.h"
 #include "commands/PrintCommands.h"
 #include "commands/ProjectSummary.h"
 #include "commands/Updates.h"
@@ -18,7 +20,9 @@
 #include "desktop/options/frmUnits.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmHelp.h"
 #include "desktop/services/frmPreview.h"
+#include "desktop/services/frmResource.h"
 #include "desktop/services/frmTextBrow.h"
 #include "desktop/services/frmUpdate.h"
 #include "services/HelpTexts.h"
@@ -234,19 +238,52 @@ void frmMain::ToggleHistory() {
 }
 
 void frmMain::HelpItem(int index) {
-  if (index == kProgramUpdates) {
-    frmUpdate(session_, this).exec();
-    return;
+  switch (index) {
+    case kHelpContents:
+    case kHelpIndex:
+      if (frmHelp* help = Help()) {
+        index == kHelpContents ? help->ShowContents() : help->ShowIndex();
+      }
+      break;
+    case kHelpManual:
+      OpenManual(korva_, ports_);
+      break;
+    case kResourceFiles:
+      frmResource(session_, this).exec();
+      break;
+    case kDisclaimer: {
+      frmDisclaimer disclaimer(session_, this);
+      disclaimer.exec();
+      if (!disclaimer.Accepted()) {
+        EndAtOnce();
+      }
+      break;
+    }
+    case kProgramUpdates:
+      frmUpdate(session_, this).exec();
+      break;
+    case kAbout:
+      ShowAbout(korva_, ports_.Messages);
+      break;
+    default:  // a separator
+      break;
   }
-  if (index != kDisclaimer) {
-    SayNotBuilt("mnuHelpItem", index);
-    return;
+}
+
+frmHelp* frmMain::Help() {
+  if (!help_) {
+    const BusyPointer busy(ports_.Busy);
+    help_ = frmHelp::Open(session_);
   }
-  frmDisclaimer disclaimer(session_, this);
-  disclaimer.exec();
-  if (!disclaimer.Accepted()) {
-    EndAtOnce();
-  }
+  return help_.get();
+}
+
+void frmMain::ShowHelp(const std::vector<std::string>& labels) {
+  Attempt(korva_, ports_.Messages, [&] {
+    if (frmHelp* help = Help()) {
+      help->ShowTopic(labels);
+    }
+  });
 }
 
 void frmMain::CheckForUpdates() {
@@ -280,7 +317,7 @@ void frmMain::AnswerUpdates() {
 void frmMain::EndAtOnce() {
   recovery_.KeepDroppedWork(korva_.ProjectFileName);
   recovery_.EndCleanly();
-  QCoreApplication::quit();
+  QCoreApplication::exit();  // at once; quit() would close the windows, each with its questions
 }
 
 void frmMain::SetGraphMenu() {

@@ -57,7 +57,6 @@ frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(se
   Build();
   Wire();
   Load();
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

@@ -60,7 +60,6 @@ frmGraphOpt::frmGraphOpt(Session& session, frmGraph& graph)
   SetArrayIndex(Option1_, draft_.GraphSetParams);
   InitForm();
   ChooseParameters(draft_.GraphSetParams);
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

@@ -31,7 +31,6 @@ frmKORVADesc::frmKORVADesc(Session& session, QWidget* parent) : QDialog(parent),
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Project Description");
   Build();
   Load();
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

@@ -32,7 +32,6 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   WireWarnings();
   WirePreview();
   Load();
-  InstallContextHelp(*this);
   session_.State.PlotCaller = kPlanFromForm;
   ShowPreview();
   ui_.Box("txtEntryHeight").setFocus();

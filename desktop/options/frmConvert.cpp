@@ -24,7 +24,6 @@ frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), ses
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading File Conversion Form");
   Build();
   Load();
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

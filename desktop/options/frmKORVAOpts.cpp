@@ -93,7 +93,6 @@ frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent) : QDialog(parent),
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing KORVA Options");
   Build();
   Load();
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

@@ -43,7 +43,6 @@ frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session
   ApplySpacing(*all, *this);
   all->addWidget(SSTab1_, 1);
   all->addLayout(NewButtonRow(help, {copy, close}));
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

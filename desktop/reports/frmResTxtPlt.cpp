@@ -17,7 +17,7 @@
 #include "desktop/reports/PageView.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/support/FormTools.h"
-#include "services/HelpTexts.h"
+#include "services/HelpTopics.h"
 
 namespace korva::desktop {
 
@@ -51,7 +51,6 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   Build();
   NextPage();
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 
@@ -78,8 +77,8 @@ void frmResTxtPlt::Build() {
                                 "Writes all pages to a file as they would be printed", [this] { SavePdf(); });
   QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [this] { ViewPlan(); });
   QPushButton* helpFactors =
-      button("Command10", "Help on Stability Factors", "How to read stability factors", [] {});
-  connect(helpFactors, &QPushButton::clicked, this, [this, helpFactors] { SayNotBuilt(*helpFactors); });
+      button("Command10", "Help on Stability Factors", "How to read stability factors",
+             [this] { session_.Main.ShowHelp({std::string(kStabilityFactorsTopic)}); });
   QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
   QPushButton* ok = button("Command1", "OK", "Closes this window", [this] { close(); });
   next_->setDefault(true);
@@ -156,11 +155,6 @@ void frmResTxtPlt::ViewPlan() {
       connect(plan, &frmPicture::Closed, this, &frmResTxtPlt::Loadbuffer);
     }
   });
-}
-
-void frmResTxtPlt::SayNotBuilt(const QPushButton& button) {
-  ShowMessage(session_.State, session_.Outside.Messages,
-              {.text = NotBuiltText(button.text().toStdString()), .title = {}});
 }
 
 void frmResTxtPlt::showPopWarnings() {

@@ -38,7 +38,6 @@ class frmResTxtPlt final : public QDialog {
   void Print(const char* logged, int first, int last);
   void SavePdf();
   void ViewPlan();
-  void SayNotBuilt(const QPushButton& button);
   void showPopWarnings();
 
   Session& session_;

@@ -26,7 +26,6 @@ frmPath::frmPath(Session& session, QWidget* parent) : QDialog(parent), session_(
   model_.setRootPath(QDir::rootPath());
   Build();
   places_[kCurrent]->setChecked(true);
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

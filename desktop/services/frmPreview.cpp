@@ -24,7 +24,6 @@ frmPreview::frmPreview(Session& session, QWidget* parent) : QDialog(parent), ses
   setWindowTitle(QStringLiteral("Print Preview"));
   Build();
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Preview displayed");
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

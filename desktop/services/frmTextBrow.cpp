@@ -89,7 +89,6 @@ frmTextBrow::frmTextBrow(Session& session, QWidget* parent) : QDialog(parent), s
   all->addLayout(Buttons());
   Wire();
   Load();
-  InstallContextHelp(*this);
   list_->setFocus();
   CenterForm(*this);
 }

@@ -65,7 +65,6 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
   connect(Command1_, &QPushButton::clicked, this, &QDialog::accept);
   LayOut();
   ShowView();
-  InstallContextHelp(*this);
   CenterForm(*this);
 }
 

@@ -6,8 +6,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
-#include <QShortcut>
-#include <QWhatsThis>
 #include <algorithm>
 
 #include "services/HelpTexts.h"
@@ -101,12 +99,15 @@ void CenterForm(QWidget& form) {
 
 QWidget* FrontWindow() {
   QWidget* active = QApplication::activeWindow();
+  if (active != nullptr && active->property(kAsideProperty).toBool()) {
+    active = QApplication::activeModalWidget();
+  }
   if (active != nullptr && active->isEnabled()) {
     return active;
   }
   const QWidgetList windows = QApplication::topLevelWidgets();
   const auto front = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
-    return window->isVisible() && window->isEnabled() &&
+    return window->isVisible() && window->isEnabled() && !window->property(kAsideProperty).toBool() &&
            (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
   });
   return front == windows.end() ? active : *front;
@@ -115,20 +116,6 @@ QWidget* FrontWindow() {
 void ShowHelpHint(Session& session) {
   ShowMessage(session.State, session.Outside.Messages,
               {.text = std::string(kHelpHint), .icon = MessageIcon::kExclamation, .title = "Help"});
-}
-
-void InstallContextHelp(QWidget& form) {
-  auto* shortcut = new QShortcut(QKeySequence::HelpContents, &form);
-  QObject::connect(shortcut, &QShortcut::activated, &form, [&form] {
-    const QWidget* control = form.focusWidget();
-    if (control == nullptr || control->toolTip().isEmpty()) {
-      control = &form;
-    }
-    const QString text = control->toolTip().isEmpty()
-                             ? QApplication::translate("Form", "There is no help for this control yet.")
-                             : control->toolTip();
-    QWhatsThis::showText(control->mapToGlobal(QPoint(0, control->height())), text);
-  });
 }
 
 QFont FixedPitchFont(int points) {

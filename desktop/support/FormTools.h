@@ -46,15 +46,15 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 // Centres a window on its screen, never larger than that and never outside it.
 void CenterForm(QWidget& form);
 
+// Marks a window that stands beside the others, such as the help: nothing belongs to it.
+inline constexpr const char* kAsideProperty = "aside";
+
 // The window that a message box or a dialog belongs to: the active one unless it is disabled, else one that
 // is open and enabled.
 QWidget* FrontWindow();
 
 // Shows what every button "Help" shows.
 void ShowHelpHint(Session& session);
-
-// Makes F1 show what the control with the focus is for.
-void InstallContextHelp(QWidget& form);
 
 // A font whose letters are all equally wide, "Courier New" or what stands in for it.
 QFont FixedPitchFont(int points = 10);

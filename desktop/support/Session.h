@@ -1,6 +1,9 @@
 // What a form works with: the program's state, its ports, and the main window as far as forms know it.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "core/Korva.h"
 #include "core/Ports.h"
 
@@ -23,6 +26,8 @@ class MainWindow {
   virtual void ShowResults(QWidget* returnTo) = 0;
   // Keeps unsaved work, which is about to be dropped; it is offered at the next start.
   virtual void KeepDroppedWork() = 0;
+  // Opens the help at the first of these labels that it has.
+  virtual void ShowHelp(const std::vector<std::string>& labels) = 0;
   // Ends the program without a question; unsaved work is kept as KeepDroppedWork keeps it.
   virtual void EndAtOnce() = 0;
   // Enabled while no window of the program stands in front of it.

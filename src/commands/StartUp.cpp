@@ -59,6 +59,7 @@ Folders MakeFolders(const MachineFolders& machine) {
   Folders places;
   places.AppPath = WithSeparator(machine.AppPath);
   places.Examples = WithSeparator(machine.Examples);
+  places.Docs = WithSeparator(machine.Docs);
   places.DataHome = WithSeparator(machine.DataHome);
   places.ConfigHome = WithSeparator(machine.ConfigHome);
   places.StateFolder = machine.StateHome.empty() ? std::string() : WithSeparator(machine.StateHome);
@@ -90,6 +91,15 @@ void CopyExampleProjects(const Folders& places) {
     } catch (const RuntimeError&) {
       continue;  // a missing example keeps nobody from working
     }
+  }
+}
+
+std::string StartFolder(const Korva& korva) {
+  try {
+    RequireWritable(korva.Places.AppPath);
+    return korva.Places.AppPath;
+  } catch (const RuntimeError&) {
+    return FolderExists(korva.Preferences.DataPath) ? korva.Preferences.DataPath : korva.Places.ProductFolder;
   }
 }
 

@@ -6,11 +6,12 @@
 namespace korva {
 
 struct Folders {
-  std::string AppPath;            // of the executable
-  std::string Examples;           // example projects that are shipped; empty if there are none
-  std::string DataRoot;           // "MyFolvane" in the documents folder
-  std::string TempRoot;           // "Temp" in it
-  std::string ProductFolder;      // the program's own in DataRoot; where projects go unless told otherwise
+  std::string AppPath;        // of the executable
+  std::string Examples;       // example projects that are shipped; empty if there are none
+  std::string Docs;           // help file and documents, as far as they do not lie in AppPath; may be empty
+  std::string DataRoot;       // "MyFolvane" in the documents folder
+  std::string TempRoot;       // "Temp" in it
+  std::string ProductFolder;  // the program's own in DataRoot; where projects go unless told otherwise
   std::string ProductTempFolder;  // "Temp" in it
   std::string SystemTempFolder;
   std::string DataHome;     // where programs keep this user's files, the desktop's lists among them

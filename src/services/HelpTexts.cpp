@@ -5,8 +5,32 @@
 #include <algorithm>
 
 #include "core/Text.h"
+#include "core/Version.h"
 
 namespace korva {
+
+namespace {
+
+constexpr std::string_view kContributors = "   The KORVA-STROND contributors";
+
+}  // namespace
+
+std::string AboutText() {
+  static constexpr std::string_view kBlankLine = "\r\n\n";
+  std::string text = fmt::format("{}{}Version: {}{}Revision Date: {}{}", ExeName, kBlankLine,
+                                 ProgramVersionText(true), kBlankLine, RevisionDateText(), kBlankLine);
+  for (const std::string_view what :
+       {"This program was originally created by:", "Development of windows version:",
+        "Development of Strond2D routines:"}) {
+    text.append(text.ends_with(kBlankLine) ? "" : kLineEnd).append(what).append(kLineEnd);
+    text.append(kContributors).append(kLineEnd);
+  }
+  return text;
+}
+
+std::string AboutTitle() {
+  return fmt::format("About the {} Program", ExeName);
+}
 
 std::string DisclaimerText() {
   std::string text = "Disclaimer of Liability Clause";

@@ -37,6 +37,18 @@ class StartUpTest : public testing::Test {
   MachineFolders machine;
 };
 
+TEST_F(StartUpTest, BareNamesGoWhereTheUserMayWrite) {
+  Korva korva = Start();
+  EXPECT_EQ(StartFolder(korva), korva.Places.ProductFolder)
+      << "there is no folder of the program to write into";
+  korva.Preferences.DataPath = folder / "examples/";
+  EXPECT_EQ(StartFolder(korva), folder / "examples/");
+  korva.Preferences.DataPath = folder / "gone/";
+  EXPECT_EQ(StartFolder(korva), korva.Places.ProductFolder);
+  fs::create_directory(machine.AppPath);
+  EXPECT_EQ(StartFolder(korva), machine.AppPath + "/");
+}
+
 TEST_F(StartUpTest, AFirstStartMakesFoldersSettingsAndExamples) {
   folder.Put("examples/one.KVL", "KORVA_603\n 0 \nlast");
   folder.Put("examples/two.kvl", "kept");

@@ -21,6 +21,7 @@ class CountingMain final : public MainWindow {
   void EditParameters() override { ++ParametersOpened; }
   void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
   void KeepDroppedWork() override { ++Kept; }
+  void ShowHelp(const std::vector<std::string>& labels) override { HelpLabels = labels; }
   void EndAtOnce() override { ++Ended; }
   void SetInputEnabled(bool enabled) override { Enabled = enabled; }
 
@@ -30,6 +31,7 @@ class CountingMain final : public MainWindow {
   int Kept = 0;
   int Ended = 0;
   QWidget* ResultsReturnTo = nullptr;
+  std::vector<std::string> HelpLabels;
   bool Enabled = true;
 };
 

@@ -2,6 +2,7 @@
 // korva_pictures FOLDER [dark]. QT_SCALE_FACTOR sets the scale.
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -32,8 +33,10 @@
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/reports/frmResTxtPlt.h"
 #include "desktop/services/frmDisclaimer.h"
+#include "desktop/services/frmHelp.h"
 #include "desktop/services/frmPath.h"
 #include "desktop/services/frmPreview.h"
+#include "desktop/services/frmResource.h"
 #include "desktop/services/frmTextBrow.h"
 #include "desktop/services/frmUpdate.h"
 #include "desktop/support/Icons.h"
@@ -206,6 +209,23 @@ void SaveTutorial() {
   Save(*OpenGraph(bench, kFirstBarrierGraph, kTraditionalModel), QStringLiteral("tutorial-graph"));
 }
 
+// The start page and a topic; nothing where the documents were not built.
+void SaveHelp(FormBench& bench) {
+  bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
+  if (!QFileInfo::exists(QStringLiteral(KORVA_BUILT_DOCS "/korva-strond.qch"))) {
+    return;
+  }
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowContents();
+  Save(*help, QStringLiteral("frmHelp"));
+  for (const char* topic : {"frmkorvaparm-txtdepth", "warnings-rules", "frmhelp", "theory-traditional"}) {
+    help->ShowTopic({topic});
+    Save(*help, QStringLiteral("frmHelp-") + QLatin1String(topic));
+  }
+  help->ShowIndex();
+  Save(*help, QStringLiteral("frmHelp-index"));
+}
+
 void SaveAll() {
   FormBench bench;
   bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
@@ -240,6 +260,9 @@ void SaveAll() {
   Save(description, QStringLiteral("frmKORVADesc"));
   frmSet settings(bench.Forms);
   Save(settings, QStringLiteral("frmSet"));
+  frmResource resources(bench.Forms);
+  Save(resources, QStringLiteral("frmResource"));
+  SaveHelp(bench);
   frmDisclaimer disclaimer(bench.Forms);
   Save(disclaimer, QStringLiteral("frmDisclaimer"));
   bench.State.Places.LastPath = "/usr/";

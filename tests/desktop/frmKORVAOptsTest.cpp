@@ -45,6 +45,32 @@ class OptionsForm : public testing::Test {
   FormBench bench_;
 };
 
+TEST_F(OptionsForm, AssociatesProjectFilesAndTakesThatBack) {
+  bench_.State.Places.AppPath = "/opt/";
+  bench_.State.Places.DataHome = folder_ / "data/";
+  bench_.State.Places.ConfigHome = folder_ / "config/";
+  auto& messages = bench_.Outside.Messages;
+  {
+    frmKORVAOpts form(bench_.Forms);
+    form.show();
+    EXPECT_FALSE(Button(form, "cmdFileAssocUndo").isEnabled());
+    messages.Expect("This operation may break", MessageButtons::kYesNo, MessageAnswer::kYes);
+    messages.Expect("The KVL file extensions has been associated to korva-strond");
+    Click(form, "cmdFileAssoc");
+    EXPECT_TRUE(Button(form, "cmdFileAssocUndo").isEnabled());
+    EXPECT_TRUE(
+        TempFolder::Bytes(folder_ / "data/icons/hicolor/scalable/apps/korva-strond.svg").starts_with("<svg"));
+  }
+  frmKORVAOpts form(bench_.Forms);
+  form.show();
+  EXPECT_TRUE(Button(form, "cmdFileAssocUndo").isEnabled()) << "in the next session too";
+  messages.Expect("Files with the extension KVL", MessageButtons::kYesNo, MessageAnswer::kYes);
+  messages.Expect("The association of file extension KVL has been removed");
+  Click(form, "cmdFileAssocUndo");
+  EXPECT_FALSE(Button(form, "cmdFileAssocUndo").isEnabled());
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "config/mimeapps.list"));
+}
+
 TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
   {
     frmKORVAOpts form(bench_.Forms);

@@ -143,13 +143,16 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
   Choose("Toolbar1(3)");  // does nothing but refresh the menus
   for (const auto& [item, text] : {std::pair{"mnuCalcItem(0)", "Current file is empty"},
                                    {"mnuUtilItem(3)", "Current file is empty"},
-                                   {"mnuHelpItem(10)", "\"About the Program\" is not built"}}) {
+                                   {"mnuHelpItem(2)", "Help file (KORVA-STROND.PDF) not available"},
+                                   {"mnuHelpItem(10)", "KORVA-STROND\r\n\nVersion: "}}) {
     ports.Messages.Expect(text);
     Choose(item);
   }
   PressLater("frmTextBrow", "cmdOK");
   Choose("mnuFileItem(11)");
   EXPECT_NE(TempFolder::Bytes(korva.Places.IniFile).find("BrowseDefaultFilter=*.KVL"), std::string::npos);
+  PressLater("frmResource", "Command2");
+  Choose("mnuHelpItem(4)");
   for (const auto& [item, form] :
        {std::pair{"mnuUtilItem(1)", "frmKORVAOpts"}, {"mnuUtilItem(2)", "frmUnits"}}) {
     PressLater(form, "Command1");
@@ -319,6 +322,23 @@ TEST_F(MainForm, NoAnswerAtTheStartIsNoMatter) {
   ports.Fetches.Fail("the server did not answer");
   QTest::qWait(300);
   EXPECT_EQ(korva.SessionHistory.Text, history);
+}
+
+TEST_F(MainForm, RefusingTheDisclaimerEndsTheProgramWithoutAQuestion) {
+  Begin();
+  korva.ProjectSaved = korva.ProjectEmpty = false;
+  bool late = false;
+  QTimer::singleShot(0, main.get(), [this] {
+    PressLater("frmDisclaimer", "cmdNoAccept");
+    Choose("mnuHelpItem(6)");
+  });
+  QTimer::singleShot(10'000, main.get(), [&late] {
+    late = true;
+    QCoreApplication::exit();
+  });
+  QCoreApplication::exec();
+  EXPECT_FALSE(late);
+  EXPECT_FALSE(korva.ProjectSaved);
 }
 
 }  // namespace

@@ -1,0 +1,50 @@
+// Shows the pages of the help file: in the window's colours, formulas too, pictures no wider than the window.
+#pragma once
+
+#include <QTextBrowser>
+#include <QTimer>
+
+#include "desktop/services/HelpFile.h"
+
+namespace korva::desktop {
+
+class HelpBrowser final : public QTextBrowser {
+  Q_OBJECT
+
+ public:
+  HelpBrowser(HelpFile& file, QWidget* parent);
+
+  QVariant loadResource(int type, const QUrl& name) override;
+
+  int Zoom() const { return zoom_; }
+  // In percent, kept between a half and three times.
+  void SetZoom(int percent);
+  // Finds `text` from the place of the cursor on, and from the other end if it is not there; false if the
+  // page does not have it.
+  bool FindText(const QString& text, bool backward = false);
+
+ signals:
+  // A link that leads out of the help; it is not followed.
+  void LinkOutside(const QUrl& link);
+
+ protected:
+  void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  QImage Formula(QByteArray svg) const;
+  QImage Picture(const QByteArray& bytes) const;
+  void ApplyColours();
+  void ReloadInPlace();
+
+  HelpFile& file_;
+  QUrl page_;  // that is shown or being set
+  QTimer resized_;
+  qreal basePoints_;
+  int zoom_ = 100;
+  int shownWidth_ = 0;
+};
+
+}  // namespace korva::desktop

@@ -1,0 +1,96 @@
+#include "desktop/services/HelpSearch.h"
+
+#include <QHelpSearchEngine>
+#include <QLabel>
+#include <QListWidget>
+#include <QVBoxLayout>
+
+#include "desktop/services/HelpFile.h"
+#include "desktop/support/FormTools.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kMostResults = 100;
+
+}  // namespace
+
+QLineEdit* NewHelpText(const char* name, const QString& meaning, QWidget* parent) {
+  auto* text = new QLineEdit(parent);
+  text->setObjectName(QLatin1String(name));
+  text->setAccessibleName(meaning);
+  text->setPlaceholderText(meaning);
+  text->setClearButtonEnabled(true);
+  return text;
+}
+
+QVBoxLayout* NewHelpTabLayout(QWidget& page) {
+  auto* layout = new QVBoxLayout(&page);
+  const int unit = SpacingUnit(page);
+  layout->setContentsMargins(unit, unit, unit, unit);
+  layout->setSpacing(unit);
+  return layout;
+}
+
+HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
+    : QWidget(parent),
+      file_(file),
+      query_(NewHelpText("txtSearch", QStringLiteral("Words to search for"), this)),
+      results_(new QListWidget(this)) {
+  QPushButton* search = NewButton("cmdSearch", QStringLiteral("Sea&rch"), this);
+  results_->setObjectName(QStringLiteral("lstSearch"));
+  results_->setAccessibleName(QStringLiteral("Pages found"));
+  results_->setWordWrap(true);
+  found_ = NewLabel(QStringLiteral("lblSearch"), {}, this);
+  found_->setWordWrap(true);
+  connect(query_, &QLineEdit::returnPressed, this, &HelpSearch::Search);
+  connect(search, &QPushButton::clicked, this, &HelpSearch::Search);
+  const auto choose = [this](const QListWidgetItem* item) {
+    emit PageChosen(item->data(Qt::UserRole).toUrl(),
+                    query_->text().section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty));
+  };
+  connect(results_, &QListWidget::itemActivated, this, choose);
+  connect(results_, &QListWidget::itemClicked, this, choose);
+  const QHelpSearchEngine* engine = file_.Engine().searchEngine();
+  connect(engine, &QHelpSearchEngine::indexingFinished, this, [this] {
+    indexed_ = true;
+    Search();
+  });
+  connect(engine, &QHelpSearchEngine::searchingFinished, this, &HelpSearch::ShowResults);
+  QVBoxLayout* layout = NewHelpTabLayout(*this);
+  auto* row = new QHBoxLayout;
+  row->addWidget(query_, 1);
+  row->addWidget(search);
+  layout->addLayout(row);
+  layout->addWidget(found_);
+  layout->addWidget(results_, 1);
+}
+
+// The pages are read when the first search is asked for.
+void HelpSearch::Search() {
+  const QString query = query_->text().trimmed();
+  if (query.isEmpty()) {
+    return;
+  }
+  if (!indexed_) {
+    found_->setText(QStringLiteral("Reading the pages..."));
+    file_.Engine().searchEngine()->reindexDocumentation();
+    return;
+  }
+  file_.Engine().searchEngine()->search(query);
+}
+
+void HelpSearch::ShowResults() {
+  results_->clear();
+  const auto pages = file_.Engine().searchEngine()->searchResults(0, kMostResults);
+  for (const QHelpSearchResult& page : pages) {
+    auto* item = new QListWidgetItem(page.title(), results_);
+    item->setData(Qt::UserRole, page.url());
+  }
+  found_->setText(pages.isEmpty()     ? QStringLiteral("No page has all of these words")
+                  : pages.size() == 1 ? QStringLiteral("1 page")
+                                      : QStringLiteral("%1 pages").arg(pages.size()));
+}
+
+}  // namespace korva::desktop

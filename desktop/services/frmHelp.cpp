@@ -1,0 +1,305 @@
+#include "desktop/services/frmHelp.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QHelpLink>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "commands/Attempt.h"
+#include "commands/HelpCommands.h"
+#include "desktop/services/HelpBrowser.h"
+#include "desktop/services/HelpSearch.h"
+#include "desktop/support/FormTools.h"
+#include "desktop/support/Icons.h"
+#include "desktop/support/Theme.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kColumns = 160;  // characters across, as far as the screen has room
+constexpr int kLines = 46;
+constexpr int kListColumns = 44;
+constexpr int kFindColumns = 18;
+constexpr int kZoomStep = 10;
+
+}  // namespace
+
+std::unique_ptr<frmHelp> frmHelp::Open(Session& session) {
+  auto file = HelpFile::Open(FromUtf8(DocumentPath(session.State.Places, HelpFileName)));
+  if (!file) {
+    SayHelpNotAvailable(session.State, session.Outside.Messages);
+    return nullptr;
+  }
+  return std::unique_ptr<frmHelp>(new frmHelp(session, std::move(file)));
+}
+
+frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
+    : QWidget(nullptr, Qt::Window),
+      session_(session),
+      file_(std::move(file)),
+      browser_(new HelpBrowser(*file_, this)) {
+  setObjectName(QStringLiteral("frmHelp"));
+  setWindowTitle(QStringLiteral("Help for ") + QLatin1String("KORVA-STROND"));
+  setProperty(kAsideProperty, true);
+  QHelpEngine& engine = file_->Engine();
+  QHelpContentWidget* contents = engine.contentWidget();
+  contents->setObjectName(QStringLiteral("Contents"));
+  contents->setAccessibleName(QStringLiteral("Contents"));
+  contents->setFrameShape(QFrame::NoFrame);
+  connect(contents, &QHelpContentWidget::linkActivated, this, &frmHelp::GoTo);
+  connect(contents, &QHelpContentWidget::clicked, this, [this, contents](const QModelIndex& index) {
+    if (const auto* item = static_cast<QHelpContentModel*>(contents->model())->contentItemAt(index)) {
+      GoTo(item->url());
+    }
+  });
+  connect(engine.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
+    contents->expandToDepth(0);
+    ShowPlaceInContents(browser_->source());
+  });
+  tabs_ = new QTabWidget(this);
+  tabs_->setObjectName(QStringLiteral("tabHelp"));
+  tabs_->setAccessibleName(QStringLiteral("Ways to a page"));
+  tabs_->addTab(contents, QStringLiteral("&Contents"));
+  tabs_->addTab(NewIndexPage(), QStringLiteral("&Index"));
+  auto* search = new HelpSearch(*file_, this);
+  tabs_->addTab(search, QStringLiteral("&Search"));
+  connect(search, &HelpSearch::PageChosen, this, [this](const QUrl& page, const QString& word) {
+    GoTo(page);
+    browser_->FindText(word);
+  });
+  tabs_->setMinimumWidth(fontMetrics().averageCharWidth() * kListColumns / 2);
+
+  auto* halves = new QSplitter(this);
+  halves->setChildrenCollapsible(false);
+  halves->addWidget(tabs_);
+  halves->addWidget(browser_);
+  halves->setStretchFactor(1, 1);
+  const int list = fontMetrics().averageCharWidth() * kListColumns;
+  halves->setSizes({list, fontMetrics().averageCharWidth() * kColumns - list});
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addLayout(NewToolRow());
+  all->addWidget(halves, 1);
+
+  connect(browser_, &QTextBrowser::sourceChanged, this, &frmHelp::ShowPlaceInContents);
+  connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
+    ShowMessage(
+        session_.State, session_.Outside.Messages,
+        {.text = "This link leads out of the help: " + link.toDisplayString().toStdString(), .title = {}});
+  });
+  engine.contentModel()->createContents({});
+  engine.indexModel()->createIndex({});
+  const QSize wished(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
+  const QRect room = screen()->availableGeometry();
+  resize(wished.boundedTo(room.size() * 9 / 10));
+  move(room.right() - width() - 2 * SpacingUnit(*this), room.top() + (room.height() - height()) / 2);
+  GoTo(file_->StartPage());
+}
+
+QToolButton* frmHelp::NewTool(const char* name, const char* image, const QString& caption,
+                              const QKeySequence& key, const std::function<void()>& command) {
+  auto* tool = new QToolButton(this);
+  tool->setObjectName(QLatin1String(name));
+  tool->setAccessibleName(caption);
+  tool->setToolTip(QStringLiteral("%1 (%2)").arg(caption, key.toString(QKeySequence::NativeText)));
+  tool->setShortcut(key);
+  tool->setAutoRaise(true);
+  tool->setFocusPolicy(Qt::TabFocus);
+  connect(tool, &QToolButton::clicked, this, command);
+  tools_.emplace_back(tool, QLatin1String(image));
+  return tool;
+}
+
+QBoxLayout* frmHelp::NewToolRow() {
+  auto* back = NewTool("cmdBack", "back", QStringLiteral("Back"), Qt::ALT | Qt::Key_Left,
+                       [this] { browser_->backward(); });
+  auto* forward = NewTool("cmdForward", "forward", QStringLiteral("Forward"), Qt::ALT | Qt::Key_Right,
+                          [this] { browser_->forward(); });
+  auto* home = NewTool("cmdHome", "home", QStringLiteral("Start page"), Qt::ALT | Qt::Key_Home,
+                       [this] { GoTo(file_->StartPage()); });
+  auto* smaller = NewTool("cmdZoomOut", "zoom-out", QStringLiteral("Smaller"), Qt::CTRL | Qt::Key_Minus,
+                          [this] { browser_->SetZoom(browser_->Zoom() - kZoomStep); });
+  auto* larger = NewTool("cmdZoomIn", "zoom-in", QStringLiteral("Larger"), Qt::CTRL | Qt::Key_Plus,
+                         [this] { browser_->SetZoom(browser_->Zoom() + kZoomStep); });
+  for (QToolButton* tool : {back, forward}) {
+    tool->setEnabled(false);
+  }
+  connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+  connect(browser_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+  find_ = NewHelpText("txtFind", QStringLiteral("Find in this page (Ctrl+F)"), this);
+  find_->setMinimumWidth(fontMetrics().averageCharWidth() * kFindColumns * 2);
+  connect(find_, &QLineEdit::returnPressed, this, [this] { Find(false); });
+  connect(find_, &QLineEdit::textChanged, this, [this] { find_->setPalette({}); });
+  QPushButton* previous = NewButton("cmdPrevious", QStringLiteral("&Previous"), this);
+  QPushButton* next = NewButton("cmdNext", QStringLiteral("&Next"), this);
+  QPushButton* manual = NewButton("cmdPdf", QStringLiteral("PDF &Manual"), this);
+  previous->setToolTip(QStringLiteral("The place before (Shift+F3)"));
+  next->setToolTip(QStringLiteral("The next place (F3)"));
+  manual->setToolTip(QStringLiteral("Opens the manual for printing"));
+  connect(previous, &QPushButton::clicked, this, [this] { Find(true); });
+  connect(next, &QPushButton::clicked, this, [this] { Find(false); });
+  connect(manual, &QPushButton::clicked, this, [this] {
+    Attempt(session_.State, session_.Outside.Messages,
+            [this] { OpenManual(session_.State, session_.Outside); });
+  });
+  PaintImages();
+  auto* row = new QHBoxLayout;
+  for (QWidget* widget : std::initializer_list<QWidget*>{back, forward, home, smaller, larger}) {
+    row->addWidget(widget);
+  }
+  row->addStretch(1);
+  row->addWidget(find_);
+  row->addWidget(previous);
+  row->addWidget(next);
+  row->addSpacing(2 * SpacingUnit(*this));
+  row->addWidget(manual);
+  return row;
+}
+
+QWidget* frmHelp::NewIndexPage() {
+  auto* page = new QWidget(this);
+  index_ = NewHelpText("txtIndex", QStringLiteral("Word to look up"), page);
+  QHelpIndexWidget* words = file_->Engine().indexWidget();
+  words->setObjectName(QStringLiteral("Index"));
+  words->setAccessibleName(QStringLiteral("Index"));
+  connect(index_, &QLineEdit::textChanged, words,
+          [words](const QString& text) { words->filterIndices(text, {}); });
+  connect(index_, &QLineEdit::returnPressed, words, &QHelpIndexWidget::activateCurrentItem);
+  connect(words, &QHelpIndexWidget::clicked, words, &QHelpIndexWidget::activateCurrentItem);
+  connect(words, &QHelpIndexWidget::documentActivated, this,
+          [this](const QHelpLink& link) { GoTo(link.url); });
+  connect(words, &QHelpIndexWidget::documentsActivated, this, &frmHelp::ChooseOf);
+  QVBoxLayout* layout = NewHelpTabLayout(*page);
+  layout->addWidget(index_);
+  layout->addWidget(words, 1);
+  return page;
+}
+
+void frmHelp::PaintImages() {
+  for (const auto& [tool, image] : tools_) {
+    tool->setIcon(ThemedIcon(image, palette()));
+  }
+}
+
+void frmHelp::ShowTopic(const std::vector<std::string>& labels) {
+  const QUrl topic = file_->Topic(labels);
+  GoTo(topic.isEmpty() ? file_->StartPage() : topic);
+  BringUp();
+  browser_->setFocus();
+}
+
+void frmHelp::ShowTab(int tab) {
+  tabs_->setCurrentIndex(tab);
+  BringUp();
+  QWidget* first = tab == 0 ? static_cast<QWidget*>(file_->Engine().contentWidget()) : index_;
+  first->setFocus();
+}
+
+void frmHelp::BringUp() {
+  if (isMinimized()) {
+    showNormal();
+  }
+  show();
+  BelongToFrontDialog();
+  raise();
+  activateWindow();
+}
+
+// A dialog that waits for an answer locks all windows but those that belong to it.
+void frmHelp::BelongToFrontDialog() {
+  QWindow* own = windowHandle();
+  if (own == nullptr || !isVisible()) {
+    return;
+  }
+  const QWidget* dialog = QApplication::activeModalWidget();
+  QWindow* front = dialog != nullptr ? dialog->window()->windowHandle() : nullptr;
+  if (front == own || front == own->transientParent()) {
+    return;
+  }
+  own->setTransientParent(front);
+  if (front != nullptr) {
+    connect(front, &QWindow::visibleChanged, this, &frmHelp::BelongToFrontDialog, Qt::QueuedConnection);
+  }
+}
+
+void frmHelp::GoTo(const QUrl& page) {
+  browser_->setSource(page);
+}
+
+// A word with several pages: the person chooses.
+void frmHelp::ChooseOf(const QList<QHelpLink>& pages) {
+  QMenu menu(this);
+  for (const QHelpLink& page : pages) {
+    menu.addAction(page.title)->setData(page.url);
+  }
+  const QHelpIndexWidget& words = *file_->Engine().indexWidget();
+  const QRect line = words.visualRect(words.currentIndex());
+  if (const QAction* chosen = menu.exec(words.viewport()->mapToGlobal(line.bottomLeft()))) {
+    GoTo(chosen->data().toUrl());
+  }
+}
+
+void frmHelp::ShowPlaceInContents(const QUrl& page) {
+  QHelpContentWidget& contents = *file_->Engine().contentWidget();
+  QModelIndex place = contents.indexOf(page);
+  if (!place.isValid()) {
+    place = contents.indexOf(page.adjusted(QUrl::RemoveFragment));
+  }
+  if (place.isValid()) {
+    contents.setCurrentIndex(place);
+    contents.scrollTo(place);
+  }
+}
+
+void frmHelp::Find(bool backward) {
+  const bool found = browser_->FindText(find_->text(), backward);
+  QPalette colours;
+  if (!found && !find_->text().isEmpty()) {
+    colours.setColor(QPalette::Text, RefusedColour(palette()));
+  }
+  find_->setPalette(colours);
+}
+
+bool frmHelp::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked) {
+    QMetaObject::invokeMethod(this, &frmHelp::BelongToFrontDialog, Qt::QueuedConnection);
+  }
+  return QWidget::event(event);
+}
+
+void frmHelp::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    PaintImages();
+  }
+  QWidget::changeEvent(event);
+}
+
+void frmHelp::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else if (event->matches(QKeySequence::Find)) {
+    find_->setFocus();
+    find_->selectAll();
+  } else if (event->key() == Qt::Key_F3) {
+    Find((event->modifiers() & Qt::ShiftModifier) != 0);
+  } else if (event->matches(QKeySequence::ZoomIn) || event->matches(QKeySequence::ZoomOut)) {
+    browser_->SetZoom(browser_->Zoom() + (event->matches(QKeySequence::ZoomIn) ? kZoomStep : -kZoomStep));
+  } else if (event->key() == Qt::Key_0 && (event->modifiers() & Qt::ControlModifier) != 0) {
+    browser_->SetZoom(100);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,39 @@
+#include "desktop/services/frmResource.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+#include "commands/Attempt.h"
+#include "commands/HelpCommands.h"
+#include "desktop/support/FormTools.h"
+#include "services/HelpTexts.h"
+
+namespace korva::desktop {
+
+frmResource::frmResource(Session& session, QWidget* parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("frmResource"));
+  setWindowTitle(QStringLiteral("Resource Files"));
+  auto* list = new QVBoxLayout;
+  list->setSpacing(SpacingUnit(*this) / 2);
+  for (int i = 0; i < kResources; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    QPushButton* button =
+        NewButton(qPrintable(IndexedName("Command1", i)), FromUtf8(ResourceTitles[at]), this);
+    button->setToolTip(FromUtf8(ResourceFiles[at]));
+    connect(button, &QPushButton::clicked, this, [&session, i] {
+      Attempt(session.State, session.Outside.Messages,
+              [&] { OpenResource(session.State, session.Outside, i); });
+    });
+    list->addWidget(button);
+  }
+  QPushButton* close = NewButton("Command2", QStringLiteral("Close"), this);
+  close->setDefault(true);
+  connect(close, &QPushButton::clicked, this, &QDialog::accept);
+  auto* all = new QVBoxLayout(this);
+  ApplySpacing(*all, *this);
+  all->addLayout(list);
+  all->addLayout(NewButtonRow(nullptr, {close}));
+  CenterForm(*this);
+}
+
+}  // namespace korva::desktop

@@ -1,0 +1,59 @@
+#include "commands/HelpCommands.h"
+
+#include <filesystem>
+
+#include "core/RuntimeError.h"
+#include "services/HelpTexts.h"
+
+namespace korva {
+
+namespace {
+
+bool IsFile(const std::string& path) {
+  std::error_code unknown;
+  return std::filesystem::is_regular_file(path, unknown);
+}
+
+// `name` is what a message calls the document.
+void Open(Korva& korva, Ports& ports, const std::string& path, std::string_view kind, std::string_view name) {
+  if (!IsFile(path)) {
+    ShowMessage(
+        korva, ports.Messages,
+        {.text = std::string(kind).append(" file (").append(name).append(") not available"), .title = {}});
+  } else if (!ports.Documents.Open(path)) {
+    ShowMessage(korva, ports.Messages, {.text = "Operation Failed", .title = {}});
+  }
+}
+
+}  // namespace
+
+std::string DocumentPath(const Folders& places, std::string_view name) {
+  std::string beside = places.AppPath + std::string(name);
+  std::string shared = places.Docs + std::string(name);
+  return !IsFile(beside) && !places.Docs.empty() && IsFile(shared) ? shared : beside;
+}
+
+void SayHelpNotAvailable(Korva& korva, MessagePort& messages) {
+  ShowMessage(
+      korva, messages,
+      {.text = std::string("Help file (").append(HelpFileName).append(") not available"), .title = {}});
+}
+
+void OpenManual(Korva& korva, Ports& ports) {
+  Open(korva, ports, DocumentPath(korva.Places, ManualFileName), "Help", ManualFileName);
+}
+
+void OpenResource(Korva& korva, Ports& ports, int index) {
+  if (index < 0 || index >= kResources) {
+    throw RuntimeError(ErrorNumber::kSubscript, "the index of a resource file");
+  }
+  const std::string path = DocumentPath(korva.Places, ResourceFiles[static_cast<std::size_t>(index)]);
+  Open(korva, ports, path, "Resource", path);
+}
+
+void ShowAbout(Korva& korva, MessagePort& messages) {
+  ShowMessage(korva, messages,
+              {.text = AboutText(), .icon = MessageIcon::kInformation, .title = AboutTitle()});
+}
+
+}  // namespace korva

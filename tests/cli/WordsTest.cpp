@@ -1,0 +1,150 @@
+// What the shells and the manual are told of the command, against what the command itself says.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+namespace korva {
+namespace {
+
+const std::vector<std::string> kCommands = {"",     "report",  "calc",  "batch",       "sweep",       "plan",
+                                            "save", "convert", "units", "import vosk", "import cases"};
+
+std::string Words(const std::string& kind) {
+  return TempFolder::Bytes(std::string(KORVA_WORDS) + "/korva." + kind);
+}
+
+std::vector<std::string> Split(const std::string& text) {
+  static const std::regex blanks("\\s+");
+  std::vector<std::string> words;
+  for (std::sregex_token_iterator word(text.begin(), text.end(), blanks, -1), end; word != end; ++word) {
+    if (word->length() > 0) {
+      words.push_back(*word);
+    }
+  }
+  return words;
+}
+
+// The options that `korva COMMAND --help` lists.
+std::set<std::string> OptionsOf(const std::string& command) {
+  std::vector<std::string> call = Split(command);
+  call.emplace_back("--help");
+  const ProgramResult help = RunProgram({KORVA_PROGRAM, call, "/", {}, {}});
+  EXPECT_EQ(help.Status, 0) << command;
+  static const std::regex line("\n  (-[^ ]+)");
+  std::set<std::string> options;
+  for (std::sregex_iterator found(help.Out.begin(), help.Out.end(), line), end; found != end; ++found) {
+    const std::string names = (*found)[1];
+    const auto comma = names.find(',');
+    options.insert(names.substr(0, comma));
+    if (comma != std::string::npos) {
+      options.insert(names.substr(comma + 1));
+    }
+  }
+  EXPECT_GE(options.size(), 2U) << command;
+  return options;
+}
+
+class Completion : public testing::Test {
+ protected:
+  // What bash offers at the end of `line`, in a folder with two files.
+  std::vector<std::string> Offered(const std::string& line) const {
+    const std::string script = folder_.Put("try", Words("bash") + R"(
+read -ra COMP_WORDS <<<"$1"
+[[ $1 != *' ' ]] || COMP_WORDS+=("")
+COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+_korva
+printf '%s\n' "${COMPREPLY[@]}"
+)");
+    const ProgramResult result =
+        RunProgram({"/bin/bash", {"--norc", script, line}, folder_ / "files", {}, {}});
+    EXPECT_EQ(result.Err, "") << line;
+    std::vector<std::string> lines;
+    std::istringstream printed(result.Out);
+    for (std::string word; std::getline(printed, word);) {
+      if (!word.empty()) {
+        lines.push_back(word);
+      }
+    }
+    return lines;
+  }
+
+  void SetUp() override {
+    std::filesystem::create_directory(folder_ / "files");
+    folder_.Put("files/panel one.KVL", "");
+    folder_.Put("files/report", "");
+  }
+
+  const TempFolder folder_;
+};
+
+using List = std::vector<std::string>;
+
+TEST_F(Completion, OffersEveryOptionOfEveryCommand) {
+  for (const std::string& command : kCommands) {
+    const List offered = Offered("korva " + command + (command.empty() ? "-" : " -"));
+    std::set<std::string> expected = OptionsOf(command);
+    expected.merge(std::set<std::string>{"--settings", "--set"});  // before and behind any command
+    EXPECT_EQ(std::set<std::string>(offered.begin(), offered.end()), expected) << command;
+    EXPECT_EQ(offered.size(), expected.size()) << command;
+  }
+}
+
+TEST_F(Completion, KnowsCommandsValuesAndFiles) {
+  EXPECT_EQ(Offered("korva "),
+            (List{"report", "calc", "batch", "sweep", "plan", "save", "convert", "units", "import"}));
+  EXPECT_EQ(Offered("korva re"), List{"report"});
+  EXPECT_EQ(Offered("korva import "), (List{"vosk", "cases"}));
+  EXPECT_EQ(Offered("korva report --model "), (List{"traditional", "laminated", "compared"}));
+  EXPECT_EQ(Offered("korva --set A=1 report x --paper a"), List{"a4"});
+  EXPECT_EQ(Offered("korva report pa"), List{"panel one.KVL"});
+  EXPECT_EQ(Offered("korva report --settings re"), List{"report"}) << "the file";
+  EXPECT_EQ(Offered("korva plan report -o pan"), List{"panel one.KVL"});
+  EXPECT_EQ(Offered("korva units str"), (List{"stress", "stressgrad"}));
+  EXPECT_EQ(Offered("korva sweep x --min "), List{});
+  EXPECT_EQ(Offered("korva sweep zz"), List{});
+}
+
+TEST(ManualPage, DescribesEveryOptionOfEveryCommand) {
+  std::string page = Words("man");
+  std::erase(page, '\\');
+  for (const std::string& command : kCommands) {
+    const auto begin = page.find(command.empty() ? ".SH OPTIONS\n" : "\n.SS " + command + "\n");
+    ASSERT_NE(begin, std::string::npos) << command;
+    const std::string section = page.substr(begin, page.find("\n.S", begin + 1) - begin);
+    for (const std::string& option : OptionsOf(command)) {
+      const bool common = option == "-h" || option == "--help";
+      EXPECT_EQ(section.find("fB" + option + "fR") == std::string::npos, common && !command.empty())
+          << command << " " << option;
+    }
+  }
+}
+
+TEST(ManualPage, OfTheDesktopProgramDescribesItsOptions) {
+  std::string page = TempFolder::Bytes(std::string(KORVA_PACKAGING) + "/korva-strond.1");
+  std::erase(page, '\\');
+  for (const char* option : {"--help", "-h", "--version"}) {
+    EXPECT_NE(page.find(std::string("fB") + option + "fR"), std::string::npos) << option;
+  }
+}
+
+TEST(FishWords, NameEveryOption) {
+  const std::string words = Words("fish");
+  for (const std::string& command : kCommands) {
+    for (const std::string& option : OptionsOf(command)) {
+      const std::string flag =
+          option.starts_with("--") ? " -l " + option.substr(2) : " -s " + option.substr(1);
+      EXPECT_NE(words.find(flag), std::string::npos) << command << " " << option;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace korva

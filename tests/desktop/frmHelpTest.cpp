@@ -1,0 +1,331 @@
+// The help window, and whether every control of the program has its topic in the help file.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QListWidget>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QWindow>
+#include <filesystem>
+#include <set>
+
+#include "desktop/AllForms.h"
+#include "desktop/services/HelpFile.h"
+#include "desktop/services/frmHelp.h"
+#include "desktop/support/ContextHelp.h"
+#include "desktop/support/FormTools.h"
+#include "desktop/support/Icons.h"
+#include "services/HelpTexts.h"
+#include "services/HelpTopics.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+class HelpWindow : public testing::Test {
+ protected:
+  HelpWindow() {
+    InitResources();
+    bench.State.Places.AppPath = folder / "";
+    bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
+    bench.State.Places.IniFile = folder / "KORVA-STROND.INI";
+    bench.State.Places.TempRoot = bench.State.Places.ProductFolder = bench.State.Places.LastPath =
+        folder / "";
+    bench.State.Preferences.DataPath = folder / "";
+    bench.State.Preferences.ShowDisclaim = 0;
+  }
+  ~HelpWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  static frmHelp* OpenHelp() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (auto* help = qobject_cast<frmHelp*>(window); help != nullptr && help->isVisible()) {
+        return help;
+      }
+    }
+    return nullptr;
+  }
+  // The fragment of the page that the help window shows.
+  static std::string Shown() {
+    const frmHelp* help = OpenHelp();
+    return help == nullptr ? "no help window"
+                           : The<QTextBrowser>(*help, "Browser").source().fragment().toStdString();
+  }
+  static QByteArray Built(const char* name) {
+    QFile file(QDir(QStringLiteral(KORVA_BUILT_DOCS)).filePath(QLatin1String(name)));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return file.readAll();
+  }
+  static std::vector<QString> All(const QString& text, const char* pattern) {
+    std::vector<QString> found;
+    for (auto match = QRegularExpression(QLatin1String(pattern)).globalMatch(text); match.hasNext();) {
+      found.push_back(match.next().captured(1));
+    }
+    return found;
+  }
+
+  TempFolder folder;
+  FormBench bench;
+};
+
+bool IsOurs(const QString& name) {
+  return !name.isEmpty() && !name.startsWith(QLatin1String("qt_")) && !name.startsWith(QLatin1Char('_'));
+}
+
+bool TakesFocus(const QWidget& widget) {
+  return widget.focusPolicy() != Qt::NoFocus && qobject_cast<const QMenu*>(&widget) == nullptr &&
+         qobject_cast<const QTabBar*>(widget.parentWidget()) == nullptr;  // its arrows
+}
+
+TEST_F(HelpWindow, TheListOfFormsIsWhole) {
+  const AllForms forms(bench);
+  std::set<std::string> listed;
+  for (const auto& form : forms.List()) {
+    listed.insert(form->objectName().toStdString());
+  }
+  std::set<std::string> there;
+  for (const auto& entry : fs::recursive_directory_iterator(KORVA_DESKTOP_SOURCES)) {
+    const std::string stem = entry.path().stem().string();
+    if (entry.path().extension() == ".h" && stem.starts_with("frm") && stem != "frmKORVAParmControls") {
+      there.insert(stem);
+    }
+  }
+  EXPECT_EQ(listed, there);
+}
+
+TEST_F(HelpWindow, EveryControlAndMenuCommandHasItsTopic) {
+  const auto help = HelpFile::Open(QStringLiteral(KORVA_BUILT_DOCS "/korva-strond.qch"));
+  ASSERT_NE(help, nullptr);
+  const auto knows = [&help](const std::vector<std::string>& labels) {
+    return !help->Topic(labels).isEmpty();
+  };
+  const AllForms forms(bench);
+  int controls = 0;
+  for (const auto& form : forms.List()) {
+    const std::string name = form->objectName().toStdString();
+    EXPECT_TRUE(knows({HelpLabel(name)})) << HelpLabel(name);
+    const auto own = [&](const QString& control) {
+      auto labels = HelpLabels(name, {control.toStdString()});
+      labels.pop_back();  // the form's
+      ++controls;
+      EXPECT_TRUE(knows(labels)) << "no topic " << HelpLabel(name, control.toStdString());
+    };
+    for (const auto* widget : form->findChildren<QWidget*>()) {
+      if (widget->window() != form.get() || !TakesFocus(*widget)) {
+        continue;
+      }
+      if (IsOurs(widget->objectName())) {
+        own(widget->objectName());
+      } else {  // a part of a control, which stands for it
+        auto labels = HelpLabelsOf(*widget);
+        labels.erase(std::remove(labels.begin(), labels.end(), HelpLabel(name)), labels.end());
+        EXPECT_TRUE(knows(labels)) << name
+                                   << " has a control without name: " << widget->metaObject()->className();
+      }
+    }
+    for (const auto* action : form->findChildren<QAction*>()) {
+      if (IsOurs(action->objectName()) && !action->isSeparator() && action->menu() == nullptr) {
+        own(action->objectName());
+      }
+    }
+  }
+  EXPECT_GT(controls, 250);
+  EXPECT_TRUE(knows({std::string(kStabilityFactorsTopic)}));
+}
+
+TEST_F(HelpWindow, EveryLinkLeadsToAPlace) {
+  const QString project = QString::fromUtf8(Built("help/korva-strond.qhp"));
+  std::map<QString, std::set<QString>> anchors;
+  std::vector<std::pair<QString, QString>> links;  // from, to
+  for (const QString& name : All(project, "<file>([^<]*)</file>")) {
+    const QString text = name.endsWith(QLatin1String(".html"))
+                             ? QString::fromUtf8(Built(qPrintable("help/" + name)))
+                             : QString();
+    const auto names = All(text, "<a name=\"([^\"]*)\"");
+    anchors[name] = {names.begin(), names.end()};
+    for (const char* pattern : {"href=\"([^\"]*)\"", "src=\"([^\"]*)\""}) {
+      for (const QString& target : All(text, pattern)) {
+        links.emplace_back(name, target.startsWith(QLatin1Char('#')) ? name + target : target);
+      }
+    }
+  }
+  for (const QString& target : All(project, "ref=\"([^\"]*)\"")) {
+    links.emplace_back(QStringLiteral("contents or index"), target);
+  }
+  for (const QString& target : All(QString::fromUtf8(Built("help/labels.txt")), "\t(.*)\n")) {
+    links.emplace_back(QStringLiteral("a label"), target);
+  }
+  EXPECT_GT(links.size(), 1000U);
+  for (const auto& [from, to] : links) {
+    const auto page = anchors.find(to.section(QLatin1Char('#'), 0, 0));
+    const QString place = to.section(QLatin1Char('#'), 1);
+    EXPECT_TRUE(page != anchors.end() && (place.isEmpty() || page->second.count(place) == 1))
+        << qPrintable(from) << " leads to " << qPrintable(to);
+  }
+}
+
+TEST_F(HelpWindow, OpensAtTheControlAndAtMenuCommands) {
+  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  main.Begin({});
+  frmSet settings(bench.Forms, &main);
+  settings.show();
+  QTest::keyClick(&The<QWidget>(settings, "cmdOK"), Qt::Key_F1);
+  EXPECT_EQ(Shown(), "frmset-cmdok");
+  QTest::keyClick(&settings, Qt::Key_F1, Qt::ShiftModifier);
+  EXPECT_EQ(Shown(), "frmset-cmdok") << "only F1 alone";
+  OpenHelp()->close();
+  auto& menu = The<QMenu>(main, "mnuFile");
+  menu.popup(QPoint(0, 0));
+  menu.setActiveAction(&The<QAction>(main, "mnuFileItem(3)"));
+  QTest::keyClick(&menu, Qt::Key_F1);
+  EXPECT_EQ(Shown(), "frmmain-mnufileitem-3");
+  EXPECT_FALSE(menu.isVisible());
+  QTest::keyClick(&main, Qt::Key_F1);
+  EXPECT_EQ(Shown(), "frmmain");
+  QTest::keyClick(OpenHelp(), Qt::Key_Escape);
+  EXPECT_EQ(OpenHelp(), nullptr);
+}
+
+// The window system's own click, which a locked window does not get.
+void ClickInWindow(const QWidget& control) {
+  const QWidget& window = *control.window();
+  QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                    control.mapTo(&window, control.rect().center()));
+}
+
+TEST_F(HelpWindow, StaysUsableWhileDialogsWait) {
+  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  main.Begin({});
+  main.ShowHelp({"frmmain"});
+  frmHelp& help = *OpenHelp();
+  auto& browser = The<QTextBrowser>(help, "Browser");
+  const auto usable = [&] {
+    browser.setSource(browser.source().resolved(QUrl(QStringLiteral("glossary.html"))));
+    QApplication::processEvents();
+    ClickInWindow(The<QWidget>(help, "cmdHome"));
+    return browser.source().fileName() == QLatin1String("index.html");
+  };
+  EXPECT_TRUE(usable());
+  int steps = 0;
+  QTimer::singleShot(0, &help, [&] {
+    QDialog& dialog = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    EXPECT_TRUE(usable()) << "open before the dialog";
+    QDialog inner(&dialog);
+    QTimer::singleShot(0, &help, [&] {
+      EXPECT_TRUE(usable()) << "a dialog over the dialog";
+      ++steps;
+      inner.close();
+    });
+    inner.exec();
+    help.close();
+    QTest::keyClick(&dialog, Qt::Key_F1);
+    EXPECT_TRUE(usable()) << "opened from the dialog";
+    ++steps;
+    dialog.close();
+  });
+  The<QAction>(main, "mnuUtilItem(2)").trigger();
+  EXPECT_EQ(steps, 2);
+  EXPECT_TRUE(help.isVisible());
+  EXPECT_TRUE(usable()) << "after the dialogs";
+  EXPECT_NE(FrontWindow(), &help) << "boxes belong to the window at work";
+}
+
+TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
+  const auto help = frmHelp::Open(bench.Forms);
+  ASSERT_NE(help, nullptr);
+  auto& browser = The<QTextBrowser>(*help, "Browser");
+  help->ShowContents();
+  auto& contents = The<QHelpContentWidget>(*help, "Contents");
+  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  help->ShowTopic({"theory-traditional"});
+  EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("The traditional loading model"));
+  help->ShowIndex();
+  auto& words = The<QHelpIndexWidget>(*help, "Index");
+  QTRY_VERIFY(words.model()->rowCount() > 100);
+  for (int row = 0; row < words.model()->rowCount(); ++row) {
+    EXPECT_FALSE(words.model()->index(row, 0).data().toString().isEmpty());
+  }
+  QTest::keyClicks(&The<QLineEdit>(*help, "txtIndex"), QStringLiteral("glossary"));
+  QTest::keyClick(&The<QLineEdit>(*help, "txtIndex"), Qt::Key_Return);
+  EXPECT_EQ(browser.source().fileName(), QStringLiteral("glossary.html"));
+
+  auto& query = The<QLineEdit>(*help, "txtSearch");
+  QTest::keyClicks(&query, QStringLiteral("bleeder"));
+  QTest::keyClick(&query, Qt::Key_Return);
+  auto& found = The<QListWidget>(*help, "lstSearch");
+  QTRY_VERIFY_WITH_TIMEOUT(found.count() > 1, 30'000);
+  emit found.itemActivated(found.item(0));
+  EXPECT_EQ(browser.source(), found.item(0)->data(Qt::UserRole).toUrl());
+  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("bleeder"));
+}
+
+TEST_F(HelpWindow, FindsInThePageAndZooms) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowTopic({"glossary"});
+  auto& browser = The<QTextBrowser>(*help, "Browser");
+  auto& text = The<QLineEdit>(*help, "txtFind");
+  QTest::keyClicks(&text, QStringLiteral("pillar"));
+  QTest::keyClick(&text, Qt::Key_Return);
+  const int first = browser.textCursor().position();
+  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("pillar"));
+  Click(*help, "cmdNext");
+  EXPECT_GT(browser.textCursor().position(), first);
+  Click(*help, "cmdPrevious");
+  EXPECT_EQ(browser.textCursor().position(), first);
+  text.setText(QStringLiteral("no such words here"));
+  QTest::keyClick(&text, Qt::Key_Return);
+  EXPECT_EQ(browser.textCursor().position(), first);
+  const double before = browser.document()->size().height();
+  Click(*help, "cmdZoomIn");
+  EXPECT_GT(browser.document()->size().height(), before);
+  QTest::keyClick(help.get(), Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(browser.document()->size().height(), before);
+}
+
+TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
+  const auto help = frmHelp::Open(bench.Forms);
+  auto& browser = The<QTextBrowser>(*help, "Browser");
+  const QUrl page = browser.source();
+  bench.Outside.Messages.Expect("This link leads out of the help: https://example.invalid/");
+  browser.setSource(QUrl(QStringLiteral("https://example.invalid/")));
+  EXPECT_EQ(browser.source(), page);
+  EXPECT_FALSE(browser.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("file:///etc/passwd")))
+                   .isValid());
+}
+
+TEST_F(HelpWindow, AMissingOrDamagedFileIsSaidAndNothingIsLeftBehind) {
+  bench.State.Places.Docs.clear();
+  const QDir temp(QDir::tempPath());
+  const auto leftovers = [&temp] { return temp.entryList({QStringLiteral("korva-strond-help-*")}).size(); };
+  const auto before = leftovers();
+  const QByteArray whole = Built("korva-strond.qch");
+  const auto refused = [&] {
+    bench.Outside.Messages.Expect("Help file (korva-strond.qch) not available");
+    EXPECT_EQ(frmHelp::Open(bench.Forms), nullptr);
+  };
+  refused();
+  for (const qsizetype length : {qsizetype{0}, qsizetype{100}, qsizetype{5000}, whole.size() / 2}) {
+    folder.Put("korva-strond.qch", std::string_view(whole.constData(), static_cast<std::size_t>(length)));
+    refused();
+  }
+  folder.Put("korva-strond.qch", std::string(5000, 'x'));
+  refused();
+  folder.Put("korva-strond.qch", std::string_view(whole.constData(), static_cast<std::size_t>(whole.size())));
+  {
+    const auto one = frmHelp::Open(bench.Forms);
+    const auto other = frmHelp::Open(bench.Forms);
+    EXPECT_TRUE(one && other);
+    EXPECT_EQ(leftovers(), before + 2);
+  }
+  EXPECT_EQ(leftovers(), before);
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"korva-strond.qch"});
+}
+
+}  // namespace
+}  // namespace korva::desktop
