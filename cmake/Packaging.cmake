@@ -15,19 +15,20 @@ endif()
 set(docs ${CMAKE_INSTALL_DATADIR}/doc/korva-strond)
 set(packed ${CMAKE_CURRENT_BINARY_DIR}/packed)
 
-# Installs `source` packed into `folder` under `name`.gz, without a date in it.
+# Installs `source`, which further targets make, packed into `folder` under `name`.gz, without a date in it.
 function(korva_install_packed source folder name)
   add_custom_command(OUTPUT ${packed}/${name}.gz
     COMMAND ${CMAKE_COMMAND} -E make_directory ${packed}
     COMMAND ${KORVA_GZIP} -9nc ${source} > ${packed}/${name}.gz
-    DEPENDS ${source} VERBATIM)
+    DEPENDS ${source} ${ARGN} VERBATIM)
   set_property(GLOBAL APPEND PROPERTY KORVA_PACKED ${packed}/${name}.gz)
   install(FILES ${packed}/${name}.gz DESTINATION ${folder})
 endfunction()
 
 if(KORVA_GZIP)
   configure_file(packaging/changelog.in changelog.debian @ONLY)
-  korva_install_packed(${CMAKE_CURRENT_BINARY_DIR}/cli/words/korva.man ${CMAKE_INSTALL_MANDIR}/man1 korva.1)
+  korva_install_packed(${CMAKE_CURRENT_BINARY_DIR}/cli/words/korva.man ${CMAKE_INSTALL_MANDIR}/man1 korva.1
+    korva_words)
   korva_install_packed(${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md ${docs} NEWS)
   korva_install_packed(${CMAKE_CURRENT_BINARY_DIR}/changelog.debian ${docs} changelog)
   if(KORVA_DESKTOP)
@@ -35,7 +36,6 @@ if(KORVA_GZIP)
   endif()
   get_property(files GLOBAL PROPERTY KORVA_PACKED)
   add_custom_target(korva_packed ALL DEPENDS ${files})
-  add_dependencies(korva_packed korva_words)
 endif()
 
 install(FILES packaging/copyright DESTINATION ${docs})

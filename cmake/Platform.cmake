@@ -7,5 +7,8 @@ else()
   message(FATAL_ERROR "There are no platform files for ${CMAKE_SYSTEM_NAME} yet; docs/windows.md tells what they hold.")
 endif()
 
-# The library is the programs' own, so it lies in a folder of its own.
+# The library is the programs' own, so it lies in a folder of its own, by the kind of machine where the system does so.
 set(KORVA_SOLVER_FOLDER ${CMAKE_INSTALL_LIBDIR}/korva-strond)
+if(CMAKE_LIBRARY_ARCHITECTURE AND NOT CMAKE_INSTALL_LIBDIR MATCHES "${CMAKE_LIBRARY_ARCHITECTURE}")
+  set(KORVA_SOLVER_FOLDER ${CMAKE_INSTALL_LIBDIR}/${CMAKE_LIBRARY_ARCHITECTURE}/korva-strond)
+endif()
