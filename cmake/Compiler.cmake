@@ -10,9 +10,11 @@ if(KORVA_WERROR)
   add_compile_options(-Werror)
 endif()
 
-# GCC 12 warns of overlapping copies and unset members inside its own std::string where there are none.
+# GCC 12 warns of overlapping copies, unset members and copies past the end inside its own std::string where there
+# are none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  add_compile_options(-Wno-restrict -Wno-maybe-uninitialized)
+  add_compile_options(-Wno-restrict -Wno-maybe-uninitialized -Wno-array-bounds -Wno-stringop-overread
+    -Wno-stringop-overflow)
 endif()
 
 # The floating-point flags are read after a calculation, so no operation may be executed that the code does not
