@@ -298,9 +298,10 @@ void frmMain::CheckForUpdates() {
   });
 }
 
-// Nobody is interrupted: the question waits until the main window is the only one.
+// Nobody is interrupted: the question waits until the main window is the only one and no menu is open.
 void frmMain::AnswerUpdates() {
-  if (!isVisible() || !isEnabled() || QApplication::activeModalWidget() != nullptr) {
+  if (!isVisible() || isMinimized() || !isEnabled() || QApplication::activeModalWidget() != nullptr ||
+      QApplication::activePopupWidget() != nullptr) {
     return;
   }
   answerTimer_.stop();

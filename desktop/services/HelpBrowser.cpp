@@ -124,6 +124,9 @@ void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type
   shownWidth_ = viewport()->width();
   page_ = name.isRelative() ? page_.resolved(name) : name;
   QTextBrowser::doSetSource(name, type);
+  if (page_.hasFragment()) {  // room above the heading
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - SpacingUnit(*this));
+  }
 }
 
 void HelpBrowser::SetZoom(int percent) {
@@ -156,6 +159,30 @@ bool HelpBrowser::FindText(const QString& text, bool backward) {
   }
   setTextCursor(before);
   return false;
+}
+
+void HelpBrowser::ShowExcerpt(const HelpExcerpt& excerpt) {
+  const qsizetype at = document()->toPlainText().indexOf(excerpt.Text);
+  if (at < 0) {
+    return;
+  }
+  QTextCursor hit(document());
+  hit.setPosition(static_cast<int>(at + excerpt.At));
+  hit.setPosition(static_cast<int>(at + excerpt.At + excerpt.Hits), QTextCursor::KeepAnchor);
+  setTextCursor(hit);
+  const int above = cursorRect().top() - viewport()->height() / 3;
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + above);
+}
+
+int HelpBrowser::PositionOf(const QString& anchor) const {
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+      if (piece.fragment().charFormat().anchorNames().contains(anchor)) {
+        return piece.fragment().position();
+      }
+    }
+  }
+  return -1;
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "desktop/services/HelpFile.h"
+#include "desktop/services/HelpQuery.h"
 
 namespace korva::desktop {
 
@@ -22,6 +23,10 @@ class HelpBrowser final : public QTextBrowser {
   // Finds `text` from the place of the cursor on, and from the other end if it is not there; false if the
   // page does not have it.
   bool FindText(const QString& text, bool backward = false);
+  // Marks the excerpt's hit, if the page has the excerpt.
+  void ShowExcerpt(const HelpExcerpt& excerpt);
+  // Where in the page the anchor stands; -1 if the page does not have it.
+  int PositionOf(const QString& anchor) const;
 
  signals:
   // A link that leads out of the help; it is not followed.

@@ -2,10 +2,13 @@
 
 #include <QHelpSearchEngine>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QVBoxLayout>
 
 #include "desktop/services/HelpFile.h"
+#include "desktop/services/HelpResultDelegate.h"
+#include "desktop/services/HelpTools.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
@@ -16,23 +19,6 @@ constexpr int kMostResults = 100;
 
 }  // namespace
 
-QLineEdit* NewHelpText(const char* name, const QString& meaning, QWidget* parent) {
-  auto* text = new QLineEdit(parent);
-  text->setObjectName(QLatin1String(name));
-  text->setAccessibleName(meaning);
-  text->setPlaceholderText(meaning);
-  text->setClearButtonEnabled(true);
-  return text;
-}
-
-QVBoxLayout* NewHelpTabLayout(QWidget& page) {
-  auto* layout = new QVBoxLayout(&page);
-  const int unit = SpacingUnit(page);
-  layout->setContentsMargins(unit, unit, unit, unit);
-  layout->setSpacing(unit);
-  return layout;
-}
-
 HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
     : QWidget(parent),
       file_(file),
@@ -41,14 +27,17 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
   QPushButton* search = NewButton("cmdSearch", QStringLiteral("Sea&rch"), this);
   results_->setObjectName(QStringLiteral("lstSearch"));
   results_->setAccessibleName(QStringLiteral("Pages found"));
-  results_->setWordWrap(true);
+  results_->setItemDelegate(new HelpResultDelegate(results_));
+  results_->setResizeMode(QListView::Adjust);
+  results_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  results_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the entries keep their width
   found_ = NewLabel(QStringLiteral("lblSearch"), {}, this);
   found_->setWordWrap(true);
   connect(query_, &QLineEdit::returnPressed, this, &HelpSearch::Search);
   connect(search, &QPushButton::clicked, this, &HelpSearch::Search);
   const auto choose = [this](const QListWidgetItem* item) {
     emit PageChosen(item->data(Qt::UserRole).toUrl(),
-                    query_->text().section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty));
+                    ExcerptOf(item->data(HelpResultDelegate::kSnippetRole).toString()));
   };
   connect(results_, &QListWidget::itemActivated, this, choose);
   connect(results_, &QListWidget::itemClicked, this, choose);
@@ -65,12 +54,15 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
   layout->addLayout(row);
   layout->addWidget(found_);
   layout->addWidget(results_, 1);
+  setFocusProxy(query_);
 }
 
 // The pages are read when the first search is asked for.
 void HelpSearch::Search() {
-  const QString query = query_->text().trimmed();
+  const QString query = FullTextQuery(query_->text());
   if (query.isEmpty()) {
+    results_->clear();
+    found_->clear();
     return;
   }
   if (!indexed_) {
@@ -87,6 +79,7 @@ void HelpSearch::ShowResults() {
   for (const QHelpSearchResult& page : pages) {
     auto* item = new QListWidgetItem(page.title(), results_);
     item->setData(Qt::UserRole, page.url());
+    item->setData(HelpResultDelegate::kSnippetRole, page.snippet());
   }
   found_->setText(pages.isEmpty()     ? QStringLiteral("No page has all of these words")
                   : pages.size() == 1 ? QStringLiteral("1 page")

@@ -1,21 +1,18 @@
-// The search in the help: words, and the pages that have all of them.
+// The search in the help: words, and the pages that have all of them, each with its best place.
 #pragma once
 
-#include <QLineEdit>
 #include <QUrl>
 #include <QWidget>
 
+#include "desktop/services/HelpQuery.h"
+
 class QLabel;
+class QLineEdit;
 class QListWidget;
-class QVBoxLayout;
 
 namespace korva::desktop {
 
 class HelpFile;
-
-// A line to type in, with its meaning shown while it is empty; gaps of a tab of the help window.
-QLineEdit* NewHelpText(const char* name, const QString& meaning, QWidget* parent);
-QVBoxLayout* NewHelpTabLayout(QWidget& page);
 
 class HelpSearch final : public QWidget {
   Q_OBJECT
@@ -24,8 +21,7 @@ class HelpSearch final : public QWidget {
   HelpSearch(HelpFile& file, QWidget* parent);
 
  signals:
-  // `word` is the first of those that were searched for.
-  void PageChosen(const QUrl& page, const QString& word);
+  void PageChosen(const QUrl& page, const HelpExcerpt& excerpt);
 
  private:
   void Search();

@@ -4,11 +4,13 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
 #include <utility>
 
+#include "desktop/support/ContextHelp.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
@@ -77,6 +79,13 @@ QString FilterText(const std::string& caption) {
   return FromUtf8(caption).replace(QLatin1String("(*.*)"), QLatin1String("(*.* *)"));
 }
 
+// The toolkit makes a box as wide as its text.
+void MakeRoomForTitle(QMessageBox& box) {
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+    grid->addItem(new QSpacerItem(TitleWidth(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+  }
+}
+
 // A box over a busy program has to be usable: the pointer is normal while it is open.
 class NormalPointer {
  public:
@@ -104,6 +113,7 @@ MessageAnswer QtMessages::Show(const Message& message) {
   const ButtonSet set = ButtonsOf(message.buttons);
   QMessageBox box(FrontWindow());
   box.setObjectName(QStringLiteral("MsgBox"));
+  box.setProperty(kTopicProperty, FromUtf8(message.topic));
   box.setTextFormat(Qt::PlainText);
   box.setText(FromUtf8(message.text));
   box.setInformativeText(FromUtf8(message.detail));
@@ -112,6 +122,8 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.setStandardButtons(set.buttons);
   box.setDefaultButton(set.standard);
   box.setEscapeButton(set.escape);
+  box.ensurePolished();
+  MakeRoomForTitle(box);
   const MessageAnswer answer = AnswerOf(box.exec());
   // What the box covered is painted again before a long command goes on.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

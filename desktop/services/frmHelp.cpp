@@ -1,15 +1,11 @@
 #include "desktop/services/frmHelp.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QHelpContentWidget>
-#include <QHelpIndexWidget>
-#include <QHelpLink>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScreen>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -17,7 +13,10 @@
 #include "commands/Attempt.h"
 #include "commands/HelpCommands.h"
 #include "desktop/services/HelpBrowser.h"
+#include "desktop/services/HelpContents.h"
 #include "desktop/services/HelpSearch.h"
+#include "desktop/services/HelpTerms.h"
+#include "desktop/services/HelpTools.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
@@ -52,33 +51,28 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
   setObjectName(QStringLiteral("frmHelp"));
   setWindowTitle(QStringLiteral("Help for ") + QLatin1String("KORVA-STROND"));
   setProperty(kAsideProperty, true);
-  QHelpEngine& engine = file_->Engine();
-  QHelpContentWidget* contents = engine.contentWidget();
-  contents->setObjectName(QStringLiteral("Contents"));
-  contents->setAccessibleName(QStringLiteral("Contents"));
-  contents->setFrameShape(QFrame::NoFrame);
-  connect(contents, &QHelpContentWidget::linkActivated, this, &frmHelp::GoTo);
-  connect(contents, &QHelpContentWidget::clicked, this, [this, contents](const QModelIndex& index) {
-    if (const auto* item = static_cast<QHelpContentModel*>(contents->model())->contentItemAt(index)) {
-      GoTo(item->url());
-    }
-  });
-  connect(engine.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
-    contents->expandToDepth(0);
-    ShowPlaceInContents(browser_->source());
-  });
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName(QStringLiteral("tabHelp"));
   tabs_->setAccessibleName(QStringLiteral("Ways to a page"));
-  tabs_->addTab(contents, QStringLiteral("&Contents"));
-  tabs_->addTab(NewIndexPage(), QStringLiteral("&Index"));
-  auto* search = new HelpSearch(*file_, this);
-  tabs_->addTab(search, QStringLiteral("&Search"));
-  connect(search, &HelpSearch::PageChosen, this, [this](const QUrl& page, const QString& word) {
-    GoTo(page);
-    browser_->FindText(word);
-  });
   tabs_->setMinimumWidth(fontMetrics().averageCharWidth() * kListColumns / 2);
+  tabs_->tabBar()->installEventFilter(this);
+  auto* contents = new HelpContents(*file_, *browser_, this);
+  auto* index = new HelpTerms(*file_, this);
+  auto* search = new HelpSearch(*file_, this);
+  tabs_->addTab(contents, QStringLiteral("&Contents"));
+  tabs_->addTab(index, QStringLiteral("&Index"));
+  tabs_->addTab(search, QStringLiteral("&Search"));
+  connect(contents, &HelpContents::PageChosen, this, &frmHelp::GoTo);
+  connect(index, &HelpTerms::PageChosen, this, &frmHelp::GoTo);
+  connect(search, &HelpSearch::PageChosen, this, [this](const QUrl& page, const HelpExcerpt& excerpt) {
+    GoTo(page);
+    browser_->ShowExcerpt(excerpt);
+  });
+  connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
+    ShowMessage(
+        session_.State, session_.Outside.Messages,
+        {.text = "This link leads out of the help: " + link.toDisplayString().toStdString(), .title = {}});
+  });
 
   auto* halves = new QSplitter(this);
   halves->setChildrenCollapsible(false);
@@ -91,20 +85,16 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
   ApplySpacing(*all, *this);
   all->addLayout(NewToolRow());
   all->addWidget(halves, 1);
+  PlaceOnScreen();
+  GoTo(file_->StartPage());
+}
 
-  connect(browser_, &QTextBrowser::sourceChanged, this, &frmHelp::ShowPlaceInContents);
-  connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
-    ShowMessage(
-        session_.State, session_.Outside.Messages,
-        {.text = "This link leads out of the help: " + link.toDisplayString().toStdString(), .title = {}});
-  });
-  engine.contentModel()->createContents({});
-  engine.indexModel()->createIndex({});
+// At the right edge, so that the window that it speaks of can be seen beside it.
+void frmHelp::PlaceOnScreen() {
   const QSize wished(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
   const QRect room = screen()->availableGeometry();
   resize(wished.boundedTo(room.size() * 9 / 10));
   move(room.right() - width() - 2 * SpacingUnit(*this), room.top() + (room.height() - height()) / 2);
-  GoTo(file_->StartPage());
 }
 
 QToolButton* frmHelp::NewTool(const char* name, const char* image, const QString& caption,
@@ -167,25 +157,6 @@ QBoxLayout* frmHelp::NewToolRow() {
   return row;
 }
 
-QWidget* frmHelp::NewIndexPage() {
-  auto* page = new QWidget(this);
-  index_ = NewHelpText("txtIndex", QStringLiteral("Word to look up"), page);
-  QHelpIndexWidget* words = file_->Engine().indexWidget();
-  words->setObjectName(QStringLiteral("Index"));
-  words->setAccessibleName(QStringLiteral("Index"));
-  connect(index_, &QLineEdit::textChanged, words,
-          [words](const QString& text) { words->filterIndices(text, {}); });
-  connect(index_, &QLineEdit::returnPressed, words, &QHelpIndexWidget::activateCurrentItem);
-  connect(words, &QHelpIndexWidget::clicked, words, &QHelpIndexWidget::activateCurrentItem);
-  connect(words, &QHelpIndexWidget::documentActivated, this,
-          [this](const QHelpLink& link) { GoTo(link.url); });
-  connect(words, &QHelpIndexWidget::documentsActivated, this, &frmHelp::ChooseOf);
-  QVBoxLayout* layout = NewHelpTabLayout(*page);
-  layout->addWidget(index_);
-  layout->addWidget(words, 1);
-  return page;
-}
-
 void frmHelp::PaintImages() {
   for (const auto& [tool, image] : tools_) {
     tool->setIcon(ThemedIcon(image, palette()));
@@ -202,8 +173,7 @@ void frmHelp::ShowTopic(const std::vector<std::string>& labels) {
 void frmHelp::ShowTab(int tab) {
   tabs_->setCurrentIndex(tab);
   BringUp();
-  QWidget* first = tab == 0 ? static_cast<QWidget*>(file_->Engine().contentWidget()) : index_;
-  first->setFocus();
+  tabs_->currentWidget()->setFocus();
 }
 
 void frmHelp::BringUp() {
@@ -237,31 +207,6 @@ void frmHelp::GoTo(const QUrl& page) {
   browser_->setSource(page);
 }
 
-// A word with several pages: the person chooses.
-void frmHelp::ChooseOf(const QList<QHelpLink>& pages) {
-  QMenu menu(this);
-  for (const QHelpLink& page : pages) {
-    menu.addAction(page.title)->setData(page.url);
-  }
-  const QHelpIndexWidget& words = *file_->Engine().indexWidget();
-  const QRect line = words.visualRect(words.currentIndex());
-  if (const QAction* chosen = menu.exec(words.viewport()->mapToGlobal(line.bottomLeft()))) {
-    GoTo(chosen->data().toUrl());
-  }
-}
-
-void frmHelp::ShowPlaceInContents(const QUrl& page) {
-  QHelpContentWidget& contents = *file_->Engine().contentWidget();
-  QModelIndex place = contents.indexOf(page);
-  if (!place.isValid()) {
-    place = contents.indexOf(page.adjusted(QUrl::RemoveFragment));
-  }
-  if (place.isValid()) {
-    contents.setCurrentIndex(place);
-    contents.scrollTo(place);
-  }
-}
-
 void frmHelp::Find(bool backward) {
   const bool found = browser_->FindText(find_->text(), backward);
   QPalette colours;
@@ -276,6 +221,15 @@ bool frmHelp::event(QEvent* event) {
     QMetaObject::invokeMethod(this, &frmHelp::BelongToFrontDialog, Qt::QueuedConnection);
   }
   return QWidget::event(event);
+}
+
+// Alt and a tab's letter lead into the tab, also from another control of it.
+bool frmHelp::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut) {
+    QMetaObject::invokeMethod(
+        this, [this] { tabs_->currentWidget()->setFocus(); }, Qt::QueuedConnection);
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void frmHelp::changeEvent(QEvent* event) {

@@ -34,6 +34,7 @@ class frmHelp final : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -43,15 +44,13 @@ class frmHelp final : public QWidget {
   QBoxLayout* NewToolRow();
   QToolButton* NewTool(const char* name, const char* image, const QString& caption, const QKeySequence& key,
                        const std::function<void()>& command);
-  QWidget* NewIndexPage();
+  void PlaceOnScreen();
   void PaintImages();
 
   void ShowTab(int tab);
   void BringUp();
   void BelongToFrontDialog();
   void GoTo(const QUrl& page);
-  void ChooseOf(const QList<QHelpLink>& pages);
-  void ShowPlaceInContents(const QUrl& page);
   void Find(bool backward);
 
   Session& session_;
@@ -59,7 +58,6 @@ class frmHelp final : public QWidget {
   HelpBrowser* browser_;
   QTabWidget* tabs_ = nullptr;
   QLineEdit* find_ = nullptr;
-  QLineEdit* index_ = nullptr;
   std::vector<std::pair<QToolButton*, QString>> tools_;  // with the names of their images
 };
 

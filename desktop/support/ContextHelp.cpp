@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QVariant>
 
 #include "services/HelpTopics.h"
 
@@ -29,6 +30,9 @@ std::vector<std::string> HelpLabelsOf(const QWidget& control) {
     if (!IsForm(*widget)) {
       controls.push_back(widget->objectName().toStdString());
       continue;
+    }
+    if (const QVariant topic = widget->property(kTopicProperty); topic.isValid()) {
+      labels.push_back(topic.toString().toStdString());
     }
     const auto found = HelpLabels(widget->objectName().toStdString(), controls);
     labels.insert(labels.end(), found.begin(), found.end());

@@ -11,6 +11,9 @@ class QWidget;
 
 namespace korva::desktop {
 
+// The property with which a window that is no form names its own topic.
+inline constexpr const char* kTopicProperty = "helpTopic";
+
 // The labels that belong to a control, the best first.
 std::vector<std::string> HelpLabelsOf(const QWidget& control);
 

@@ -12,6 +12,12 @@
 
 namespace korva::desktop {
 
+namespace {
+
+constexpr int kTitleButtonColumns = 20;  // characters: icon and buttons of the title bar
+
+}  // namespace
+
 QString FromUtf8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -86,12 +92,17 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
   return row;
 }
 
+int TitleWidth(const QWidget& form) {
+  return form.fontMetrics().horizontalAdvance(form.windowTitle()) +
+         form.fontMetrics().averageCharWidth() * kTitleButtonColumns;
+}
+
 void CenterForm(QWidget& form) {
   const QScreen* screen = form.parentWidget() != nullptr ? form.parentWidget()->screen() : form.screen();
   const QRect available =
       (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
   form.ensurePolished();
-  const QSize size = form.sizeHint().boundedTo(available.size());
+  const QSize size = form.sizeHint().expandedTo(QSize(TitleWidth(form), 0)).boundedTo(available.size());
   form.resize(size);
   const QPoint middle = available.center() - QPoint(size.width() / 2, size.height() / 2);
   form.move(std::max(available.left(), middle.x()), std::max(available.top(), middle.y()));

@@ -43,7 +43,10 @@ void ApplySpacing(QLayout& layout, const QWidget& widget);
 // A row of buttons at the bottom: `help` at the left, the others at the right in their order.
 QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons);
 
-// Centres a window on its screen, never larger than that and never outside it.
+// The width that a window's title needs, with the buttons beside it.
+int TitleWidth(const QWidget& form);
+
+// Centres a window on its screen, wide enough for its title, never larger than that and never outside it.
 void CenterForm(QWidget& form);
 
 // Marks a window that stands beside the others, such as the help: nothing belongs to it.

@@ -52,8 +52,9 @@ void OpenResource(Korva& korva, Ports& ports, int index) {
 }
 
 void ShowAbout(Korva& korva, MessagePort& messages) {
-  ShowMessage(korva, messages,
-              {.text = AboutText(), .icon = MessageIcon::kInformation, .title = AboutTitle()});
+  ShowMessage(
+      korva, messages,
+      {.text = AboutText(), .icon = MessageIcon::kInformation, .title = AboutTitle(), .topic = "about"});
 }
 
 }  // namespace korva

@@ -64,13 +64,14 @@ ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& e
       if (show) {
         ShowMessage(korva, port,
                     {ErrorMessage(error), MessageButtons::kOk, MessageIcon::kCritical,
-                     korva.Titles.TitleError, error.Detail()});
+                     korva.Titles.TitleError, error.Detail(), "messages-errors"});
       }
       return ErrorAction::kEndCommand;
     case ErrorClass::kRetryable:
       if (show && ShowMessage(korva, port,
                               {ErrorMessage(error), MessageButtons::kRetryCancel, MessageIcon::kCritical,
-                               korva.Titles.TitleError, error.Detail()}) == MessageAnswer::kRetry) {
+                               korva.Titles.TitleError, error.Detail(), "messages-errors"}) ==
+                      MessageAnswer::kRetry) {
         return ErrorAction::kRetry;
       }
       return ErrorAction::kContinue;

@@ -17,7 +17,8 @@ struct Message {
   MessageButtons buttons = MessageButtons::kOk;
   MessageIcon icon = MessageIcon::kNone;
   std::string title;
-  std::string detail = {};  // what was at fault, set apart from the text
+  std::string detail = {};         // what was at fault, set apart from the text
+  std::string topic = "messages";  // of the help, that F1 opens
 };
 
 // What shows a message: a box of the desktop, the terminal of the command, a script of answers in tests.

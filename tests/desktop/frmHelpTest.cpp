@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QRegularExpression>
@@ -14,8 +15,13 @@
 #include <filesystem>
 #include <set>
 
+#include "commands/HelpCommands.h"
+#include "core/ClassifyError.h"
+#include "core/RuntimeError.h"
 #include "desktop/AllForms.h"
 #include "desktop/services/HelpFile.h"
+#include "desktop/services/HelpQuery.h"
+#include "desktop/services/QtPorts.h"
 #include "desktop/services/frmHelp.h"
 #include "desktop/support/ContextHelp.h"
 #include "desktop/support/FormTools.h"
@@ -260,9 +266,103 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   QTest::keyClick(&query, Qt::Key_Return);
   auto& found = The<QListWidget>(*help, "lstSearch");
   QTRY_VERIFY_WITH_TIMEOUT(found.count() > 1, 30'000);
-  emit found.itemActivated(found.item(0));
-  EXPECT_EQ(browser.source(), found.item(0)->data(Qt::UserRole).toUrl());
-  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("bleeder"));
+  for (const int entry : {0, found.count() - 1}) {
+    emit found.itemActivated(found.item(entry));
+    EXPECT_EQ(browser.source(), found.item(entry)->data(Qt::UserRole).toUrl());
+    EXPECT_TRUE(
+        browser.textCursor().selectedText().startsWith(QLatin1String("bleeder"), Qt::CaseInsensitive));
+  }
+  const auto finds = [&](const char* typed) {
+    query.setText(QString::fromUtf8(typed));
+    The<QLabel>(*help, "lblSearch").clear();
+    QTest::keyClick(&query, Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(!The<QLabel>(*help, "lblSearch").text().isEmpty(), 30'000);
+    if (found.count() > 0) {
+      emit found.itemActivated(found.item(0));
+    }
+  };
+  finds("center-to-center");
+  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("center-to-center"));
+  finds("entry \"mining zone");
+  EXPECT_GT(found.count(), 1) << "a quotation mark that is not closed";
+  finds("AND OR (");
+  EXPECT_GT(found.count(), 1) << "no words of the engine's language";
+  finds("qwertz");
+  EXPECT_EQ(found.count(), 0);
+}
+
+TEST(HelpQuery, TakesWordsAndPhrases) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"pillar  strength", "\"pillar\" \"strength\""},
+      {"center-to-center 1.5", "\"center to center\" \"1 5\""},
+      {"\"in situ, strength\" coal", "\"in situ strength\" \"coal\""},
+      {"a \"b c", "\"a\" \"b c\""},
+      {"\u00fcber* NOT:", "\"\u00fcber\" \"NOT\""},
+      {" % \"\" -", ""},
+  };
+  for (const auto& [typed, query] : cases) {
+    EXPECT_EQ(FullTextQuery(QString::fromUtf8(typed)), QString::fromUtf8(query)) << typed;
+  }
+}
+
+TEST(HelpQuery, ReadsExcerpts) {
+  const HelpExcerpt hit =
+      ExcerptOf(QStringLiteral("...&quot;a&quot; &lt;\n<b>Pillar</b> and <b>pillars</b>..."));
+  EXPECT_EQ(hit.Text, QStringLiteral("\"a\" <\nPillar and pillars"));
+  EXPECT_EQ(hit.Text.mid(hit.At, hit.Hits), QStringLiteral("Pillar"));
+  const HelpExcerpt none = ExcerptOf(QStringLiteral("&amp;lt;"));
+  EXPECT_EQ(none.Text, QStringLiteral("&lt;"));
+  EXPECT_EQ(none.Hits, 0);
+}
+
+TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowContents();
+  auto& contents = The<QHelpContentWidget>(*help, "Contents");
+  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  help->ShowTopic({"frmhelp-lstsearch"});
+  EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Ways to a page"));
+  EXPECT_EQ(contents.currentIndex().parent().data().toString(), QStringLiteral("The help window"));
+}
+
+TEST_F(HelpWindow, LettersWithAltLeadIntoTheTabs) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowContents();
+  QApplication::setActiveWindow(help.get());
+  const auto lead = [&](Qt::Key letter, const char* name) {
+    for (const bool again : {false, true}) {
+      QTest::keyClick(help->windowHandle(), letter, Qt::AltModifier);
+      QApplication::processEvents();
+      EXPECT_TRUE(The<QWidget>(*help, name).hasFocus()) << name << (again ? " again" : "");
+      The<QTextBrowser>(*help, "Browser").setFocus();
+    }
+  };
+  lead(Qt::Key_S, "txtSearch");
+  lead(Qt::Key_I, "txtIndex");
+  lead(Qt::Key_C, "Contents");
+}
+
+TEST_F(HelpWindow, BoxesHaveTheirOwnTopics) {
+  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  main.Begin({});
+  QtMessages boxes;
+  std::vector<std::string> shown;
+  const auto ask = [&] {
+    QTimer::singleShot(0, &main, [&] {
+      QWidget* box = QApplication::activeModalWidget();
+      QTest::keyClick(box, Qt::Key_F1);
+      shown.push_back(Shown());
+      EXPECT_GE(box->width(), TitleWidth(*box));
+      box->close();
+    });
+  };
+  ask();
+  ShowAbout(bench.State, boxes);
+  ask();
+  ShowMessage(bench.State, boxes, {.text = "a", .title = "A title longer than the message below it"});
+  ask();
+  ClassifyError(bench.State, boxes, RuntimeError(ErrorNumber::kSubscript, "a test"), true);
+  EXPECT_EQ(shown, (std::vector<std::string>{"about", "messages", "messages-errors"}));
 }
 
 TEST_F(HelpWindow, FindsInThePageAndZooms) {
