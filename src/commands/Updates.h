@@ -53,7 +53,6 @@ class Updates {
 
  private:
   void Compare(const FetchAnswer& answer);
-  void FetchSignature();
   void FetchSetup(std::string signature);
   void Keep(const std::string& setup, const std::string& signature);
   void StartSetup(const std::string& file);
