@@ -38,6 +38,15 @@ class BookTranslator(PageTranslator):
     def depart_start_of_file(self, node):
         pass
 
+    def visit_section(self, node):
+        self.section_level += 1
+        self.body.append('<section>\n')
+
+    def visit_title(self, node):
+        if isinstance(node.parent, nodes.section):  # anchors before the heading would be a place for a page to end
+            node['ids'] = node.parent['ids']
+        super().visit_title(node)
+
     def visit_table(self, node):
         if len(list(node.findall(nodes.row))) <= SHORT_TABLE:
             node['classes'].append('short')
