@@ -79,7 +79,9 @@ void Examples() {
       "|---|---|---|---|---|---|---|\n");
   std::set<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(KORVA_EXAMPLES)) {
-    files.insert(entry.path());
+    if (entry.path().extension() == ".KVL") {
+      files.insert(entry.path());
+    }
   }
   for (const auto& file : files) {
     Korva korva;

@@ -2,29 +2,59 @@
 # cmake -D SOURCE=<the repository> -P.
 cmake_minimum_required(VERSION 3.25)
 
-set(system_headers "arpa/|dirent|dlfcn|fcntl|grp|linux/|netdb|netinet/|poll|pthread|pwd|sched|signal|spawn|sys/|termios|\
-unistd|utime|windows|winsock")
+set(platform_files
+  solver/src/LargePagesPosix.cpp
+  solver/src/ProgramFolderPosix.cpp
+  solver/src/ResultFilePosix.cpp
+  src/files/ChildProcessPosix.cpp
+  src/files/DynamicLibraryPosix.cpp
+  src/files/PlatformFilePosix.cpp
+  src/services/FileAssociationXdg.cpp
+  xls/LimitsPosix.cpp
+)
+
+set(headers "aio|alloca|arpa/|csignal|dirent|dlfcn|endian|execinfo|fcntl|features|fnmatch|ftw|getopt|glob|grp|ifaddrs|\
+langinfo|libgen|linux/|malloc|mntent|mqueue|netdb|netinet/|poll|pthread|pwd|sched|semaphore|signal|spawn|strings|sys/|\
+syslog|termios|ucontext|unistd|utime|windows|winsock|wordexp")
+set(calls "access|chdir|chmod|chown|close|dlopen|dlsym|dup|dup2|execl[a-z]*|execv[a-z]*|fdopen|fileno|fork|fsync|getcwd|\
+getpid|getuid|gmtime_r|isatty|kill|link|localtime_r|lstat|mkdtemp|mkfifo|mkstemp|mmap|nanosleep|open|openat|pclose|pipe|\
+pipe2|popen|posix_[a-z_]*|putenv|readlink|realpath|setenv|stat|strcasecmp|strncasecmp|symlink|sysconf|system|umask|\
+unlink|unsetenv|usleep|waitpid")
+set(patterns
+  "^[ \t]*#[ \t]*include[ \t]*[<\"](${headers})"
+  "(^|[^A-Za-z0-9_.>:])(::|std::)(${calls})[(]"  # with its name space: names without one are also members
+  "(^|return|[=(,;!&|?])[ \t]*(execl[a-z]*|execv[a-z]*|fork|getpid|mkdtemp|mkstemp|popen|readlink|realpath|setenv|\
+system|unsetenv|usleep|waitpid)[(]"
+  "\"/(bin|dev|etc|home|opt|proc|run|sys|tmp|usr|var)[/\"]"
+  "__(linux|unix|gnu_linux|APPLE|FreeBSD)|_WIN32|_MSC_VER|Q_OS_"
+  "environ[^a-zA-Z]|getenv[(]\"(HOME|USER|XDG_|TMPDIR)"
+)
+
 set(faults "")
-set(count 0)
-set(platform_files 0)
+set(found 0)
 foreach(folder IN ITEMS cli desktop solver src xls)
-  file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${SOURCE}/${folder}/*.h ${SOURCE}/${folder}/*.cpp)
+  set(globs "")
+  foreach(kind IN ITEMS c cc cpp cxx h hpp inl)
+    list(APPEND globs ${SOURCE}/${folder}/*.${kind})
+  endforeach()
+  file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${globs})
   foreach(source IN LISTS sources)
-    math(EXPR count "${count} + 1")
-    if(source MATCHES "(Posix|Xdg)\\.cpp$")
-      math(EXPR platform_files "${platform_files} + 1")
+    if(source IN_LIST platform_files)
+      math(EXPR found "${found} + 1")
       continue()
     endif()
-    file(STRINGS ${SOURCE}/${source} lines REGEX
-      "^[ \t]*#[ \t]*include[ \t]*[<\"](${system_headers})|\"/(proc|dev|tmp|etc|usr)[/\"]|environ[^a-z]")
-    foreach(line IN LISTS lines)
-      list(APPEND faults "${source}: ${line}")
+    foreach(pattern IN LISTS patterns)
+      file(STRINGS ${SOURCE}/${source} lines REGEX "${pattern}")
+      foreach(line IN LISTS lines)
+        list(APPEND faults "${source}: ${line}")
+      endforeach()
     endforeach()
   endforeach()
 endforeach()
 
-if(count EQUAL 0 OR platform_files EQUAL 0)
-  message(FATAL_ERROR "no sources or no platform files below ${SOURCE}")
+list(LENGTH platform_files all)
+if(NOT found EQUAL all)
+  message(FATAL_ERROR "${found} of ${all} platform files stand below ${SOURCE}")
 endif()
 if(faults)
   list(JOIN faults "\n" text)

@@ -46,8 +46,17 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/cli/words/korva.fish
 if(KORVA_DESKTOP)
   install(FILES packaging/korva-strond.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES packaging/korva-strond.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
-  install(FILES packaging/korva-strond.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+  install(FILES packaging/korva-strond.metainfo.xml RENAME example.korva_strond.KorvaStrond.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()
+
+# All that is installed, without tests and benchmarks.
+add_custom_target(korva_package DEPENDS korva korva-xls korvastrond korva_words)
+foreach(part IN ITEMS korva-strond korva_docs korva_packed)
+  if(TARGET ${part})
+    add_dependencies(korva_package ${part})
+  endif()
+endforeach()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME korva-strond)
@@ -57,8 +66,6 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "stability of coal pillars in room-and-pil
 set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_CURRENT_SOURCE_DIR}/packaging/description.txt)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 # One package of all but what is for building other programs.
 set(CPACK_COMPONENTS_ALL Unspecified)
 set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
@@ -69,7 +76,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries that the programs are linked with are found by the packager; what they load by name is not.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(KORVA_DESKTOP)
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libqt6svg6, libqt6sql6-sqlite")
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "ca-certificates, fonts-dejavu-core, fonts-liberation, libqt6svg6, libqt6sql6-sqlite")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "shared-mime-info, desktop-file-utils, xdg-utils")
 include(CPack)

@@ -67,6 +67,16 @@ std::string BestFont() {
   return families.isEmpty() ? std::string() : families.constFirst().toStdString();
 }
 
+// Folders of the user that the environment names have to be full names; others are as if they were not named.
+// The current folder changes at start, so that they would change with it.
+void DropRelativeFolders() {
+  for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+    if (QDir::isRelativePath(qEnvironmentVariable(name))) {
+      qunsetenv(name);
+    }
+  }
+}
+
 // A folder of what comes with the program: beside an installed program, or in the folders above one that was
 // just built.
 QString ShippedFolder(const QString& programFolder, const QString& name) {
@@ -106,9 +116,13 @@ MachineFolders FoldersOfThisMachine() {
   return machine;
 }
 
-// The whole line is one file name, without double quotes.
+// The whole line is one file name, without double quotes unless it names a file with them: removing those
+// would open another one.
 std::string FileOfCall(const QStringList& arguments) {
-  QString line = arguments.mid(1).join(QLatin1Char(' ')).remove(QLatin1Char('"'));
+  QString line = arguments.mid(1).join(QLatin1Char(' '));
+  if (!QFileInfo::exists(line)) {
+    line.remove(QLatin1Char('"'));
+  }
   return line.isEmpty() ? std::string() : QFileInfo(line).absoluteFilePath().toStdString();
 }
 
@@ -158,6 +172,7 @@ int main(int argc, char** argv) {
   if (AnsweredAtOnce(argc, argv)) {
     return 0;
   }
+  DropRelativeFolders();
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   Application application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("korva-strond"));

@@ -10,6 +10,11 @@ constexpr std::string_view kHead =
     R"(# Completion of the command korva in bash, made from its own table of options.
 _korva() {
   local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
+  if [[ $cur == = ]]; then # bash takes "--model=traditional" for three words
+    cur=""
+  elif [[ $prev == = ]]; then
+    prev=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
   local command="" options="" words="" files="" i
   for ((i = 1; i < COMP_CWORD; i++)); do
     case "$command ${COMP_WORDS[i]}" in

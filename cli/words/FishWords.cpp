@@ -24,7 +24,31 @@ std::string Condition(const Call& call) {
   } else if (!call.Commands.empty()) {
     condition += fmt::format("; and not __fish_seen_subcommand_from {}", fmt::join(call.Commands, " "));
   }
-  return call.Name.empty() ? "__fish_use_subcommand" : condition;
+  return call.Name.empty() ? "__korva_needs_command" : condition;
+}
+
+// fish's own test for a missing command takes the value of an option for one.
+std::string NeedsCommand(const Call& program) {
+  std::string valued;
+  for (const Word& option : program.Options) {
+    for (const std::string& name : option.Names) {
+      valued += option.Value.empty() ? "" : " " + name;
+    }
+  }
+  return fmt::format(R"(function __korva_needs_command
+    set -l isValue 0
+    for word in (commandline -opc)[2..-1]
+        if test $isValue = 1
+            set isValue 0
+        else if contains -- $word{}
+            set isValue 1
+        else if not string match -q -- '-*' $word
+            return 1
+        end
+    end
+end
+)",
+                     valued);
 }
 
 std::string OptionLine(const Call& call, const Word& option) {
@@ -47,8 +71,8 @@ std::string OptionLine(const Call& call, const Word& option) {
 }  // namespace
 
 std::string FishWords(const std::vector<Call>& calls) {
-  std::string text =
-      "# Completion of the command korva in fish, made from its own table of options.\ncomplete -c korva -f\n";
+  std::string text = "# Completion of the command korva in fish, made from its own table of options.\n" +
+                     NeedsCommand(calls.front()) + "complete -c korva -f\n";
   for (const Call& call : calls) {
     const std::string condition = Quoted(Condition(call));
     for (const Call& other : calls) {

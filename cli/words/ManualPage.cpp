@@ -81,11 +81,13 @@ std::string ManualPage(const std::vector<Call>& calls) {
   for (const Call& call : calls) {
     text += call.Name.empty() ? std::string() : Section(call);
   }
-  return text + fmt::format(
-                    ".SH EXIT STATUS\n{}\n"
-                    ".SH FILES\n.TP\n\\fI/usr/share/korva\\-strond/examples\\fR\nExample projects.\n"
-                    ".SH SEE ALSO\n\\fBkorva\\-strond\\fR(1)\n",
-                    Plain(program.Footer));
+  return text +
+         fmt::format(
+             ".SH EXIT STATUS\n{}\n"
+             ".SH FILES\n.TP\n\\fIshare/korva\\-strond/examples\\fR\nExample projects, below /usr or where else the "
+             "program is installed.\n"
+             ".SH SEE ALSO\n\\fBkorva\\-strond\\fR(1)\n",
+             Plain(program.Footer));
 }
 
 }  // namespace korva::cli

@@ -23,14 +23,13 @@ std::string_view ModelName(std::int16_t calcMode) {
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
-      file_(NewLabel(QStringLiteral("lblStatusFile"), {}, this)),
-      remark_(NewLabel(QStringLiteral("lblStatusRemark"), {}, this)),
+      file_(new PathLabel("lblStatusFile", this)),
+      remark_(new PathLabel("lblStatusRemark", this)),
       units_(NewLabel(QStringLiteral("lblStatusUnits"), {}, this)),
       model_(NewLabel(QStringLiteral("lblStatusModel"), {}, this)),
       saved_(NewLabel(QStringLiteral("lblStatusSaved"), {}, this)) {
   setObjectName(QStringLiteral("StatusBar1"));
-  for (QLabel* label : {file_, remark_}) {
-    label->setMinimumWidth(1);  // a long text gives way to the others
+  for (PathLabel* label : {file_, remark_}) {
     addWidget(label, 1);
   }
   for (QLabel* label : {units_, model_, saved_}) {
@@ -39,12 +38,10 @@ StatusLine::StatusLine(QWidget* parent)
 }
 
 void StatusLine::Show(const Korva& korva) {
-  const QString name = FromUtf8(korva.ProjectFileName);
-  file_->setText(name);
-  file_->setToolTip(name);
+  file_->ShowPath(FromUtf8(korva.ProjectFileName));
   const QString remark = FromUtf8(ProjectRemark(korva));
-  remark_->setText(remark);
-  remark_->setToolTip(remark);
+  remark_->ShowPath(remark);
+  remark_->setVisible(!remark.isEmpty());
   units_->setText(Capitalized(kUnitSystemNames[korva.Stored.ProjectUnits == kMetric ? 1 : 0]));
   model_->setText(Capitalized(ModelName(korva.Stored.ProjectInput.CalcMode)) + QStringLiteral(" model"));
   saved_->setText(korva.ProjectSaved ? QStringLiteral("Saved") : QStringLiteral("Not saved"));

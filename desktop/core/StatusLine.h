@@ -5,6 +5,7 @@
 #include <QStatusBar>
 
 #include "core/Korva.h"
+#include "desktop/support/PathLabel.h"
 
 namespace korva::desktop {
 
@@ -15,8 +16,8 @@ class StatusLine : public QStatusBar {
   void Show(const Korva& korva);
 
  private:
-  QLabel* file_;
-  QLabel* remark_;
+  PathLabel* file_;
+  PathLabel* remark_;
   QLabel* units_;
   QLabel* model_;
   QLabel* saved_;

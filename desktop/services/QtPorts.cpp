@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QMessageBox>
@@ -10,6 +9,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "desktop/services/OpenOnDesktop.h"
 #include "desktop/support/ContextHelp.h"
 #include "desktop/support/FormTools.h"
 
@@ -159,11 +159,11 @@ void QtClipboard::SetText(std::string_view text) {
 }
 
 bool QtDocuments::Open(const std::string& file) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(FromUtf8(file)));
+  return OpenOnDesktop(QUrl::fromLocalFile(FromUtf8(file)));
 }
 
 bool QtDocuments::OpenPage(const std::string& address) {
-  return QDesktopServices::openUrl(QUrl(FromUtf8(address)));
+  return OpenOnDesktop(QUrl(FromUtf8(address)));
 }
 
 bool QtPrograms::Run(const std::string& program, const std::vector<std::string>& arguments) {

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kColumns = 160;  // characters across, as far as the screen has room
 constexpr int kLines = 46;
-constexpr int kListColumns = 44;
+constexpr int kListColumns = 52;
 constexpr int kFindColumns = 18;
 constexpr int kZoomStep = 10;
 

@@ -1,4 +1,4 @@
-// A label for a file name of any length.
+// A label for a file name, or another text, of any length.
 #pragma once
 
 #include <QLabel>

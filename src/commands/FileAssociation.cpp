@@ -35,6 +35,14 @@ std::string Listed(std::string_view heading, const std::vector<std::string>& nam
   return names.empty() ? std::string() : fmt::format("{}\n{}", heading, fmt::join(names, "\n"));
 }
 
+std::string DoubtsText(const AssociationDoubts& doubts) {
+  const std::string tools =
+      Listed("Desktops may not see it before these tools are installed and have run:", doubts.MissingTools);
+  const std::string lists =
+      Listed("This desktop still opens the files with the program that these lists name:", doubts.OtherLists);
+  return tools + (tools.empty() || lists.empty() ? "" : "\n") + lists;
+}
+
 }  // namespace
 
 void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& pictures) {
@@ -56,10 +64,10 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
     return;
   }
   const std::string program(ProgramFile);
-  std::vector<std::string> missing;
+  AssociationDoubts doubts;
   const auto associate = [&] {
     const BusyPointer busy(ports.Busy);
-    missing = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
+    doubts = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
   };
   if (Attempt(korva, ports.Messages, associate) != AttemptResult::kDone) {
     return;
@@ -71,7 +79,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
        .title = {},
-       .detail = Listed("Desktops may not see it before these tools are installed and have run:", missing)});
+       .detail = DoubtsText(doubts)});
   HistoryLog(korva.SessionHistory, korva.Preferences,
              fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }

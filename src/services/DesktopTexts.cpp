@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <vector>
 
 #include "core/Encoding.h"
 #include "core/Text.h"
@@ -71,6 +70,15 @@ bool IsGroup(std::string_view line) {
   return Trimmed(line).starts_with('[');
 }
 
+// A text as an entry holds it.
+std::string EntryText(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    escaped.append(c == '\\' ? 2 : 1, c);
+  }
+  return escaped;
+}
+
 void Append(std::string& text, const Line& line) {
   text.append(line.Text).append(line.End);
 }
@@ -106,6 +114,7 @@ std::string ProgramEntryText(std::string_view program) {
       "Name=KORVA-STROND\n"
       "GenericName=Coal Pillar Stability\n"
       "Comment=Judge the stability of coal pillars in room-and-pillar retreat mining\n"
+      "TryExec={}\n"
       "Exec={}\n"
       "Icon={}\n"
       "Terminal=false\n"
@@ -114,7 +123,7 @@ std::string ProgramEntryText(std::string_view program) {
       "MimeType={};\n"
       "StartupNotify=true\n"
       "StartupWMClass=korva-strond\n",
-      ExecValue(program), kProgramIcon, kProjectType);
+      EntryText(program), ExecValue(program), kProgramIcon, kProjectType);
 }
 
 std::string ProjectTypeText(std::string_view extension, int weight) {
@@ -171,6 +180,30 @@ std::string WithDefaultProgram(std::string_view list) {
     text.append(kDefaultsGroup).append(end).append(DefaultLine({own})).append(end);
   }
   return text;
+}
+
+std::vector<std::string> ListsOfDesktops(std::string_view desktops) {
+  std::vector<std::string> lists;
+  while (!desktops.empty()) {
+    const auto end = std::min(desktops.find(':'), desktops.size());
+    if (const std::string name = LowerCase(desktops.substr(0, end)); !name.empty()) {
+      lists.push_back(name + "-mimeapps.list");
+    }
+    desktops.remove_prefix(std::min(end + 1, desktops.size()));
+  }
+  return lists;
+}
+
+bool PrefersAnotherProgram(std::string_view list) {
+  bool inside = false;
+  std::string first;
+  for (const Line& line : LinesOf(list)) {
+    inside = IsGroup(line.Text) ? Trimmed(line.Text) == kDefaultsGroup : inside;
+    if (const auto programs = inside ? ProgramsOf(line.Text) : std::nullopt; programs && !programs->empty()) {
+      first = programs->front();  // the last line counts
+    }
+  }
+  return !first.empty() && first != kProgramEntry;
 }
 
 std::string WithoutDefaultProgram(std::string_view list) {

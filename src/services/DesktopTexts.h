@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korva {
 
@@ -32,6 +33,13 @@ std::string ProjectTypeText(std::string_view extension, int weight);
 // The user's list of default programs with this program first for project files. All else, comments and line
 // ends too, stays as it is.
 std::string WithDefaultProgram(std::string_view list);
+
+// The names of the lists that only some desktops ask, before the user's own: of "ubuntu:GNOME"
+// "ubuntu-mimeapps.list" and "gnome-mimeapps.list".
+std::vector<std::string> ListsOfDesktops(std::string_view desktops);
+
+// Whether the list gives project files other programs before this one.
+bool PrefersAnotherProgram(std::string_view list);
 
 // The same list without this program for project files; what was named behind it comes first again.
 std::string WithoutDefaultProgram(std::string_view list);

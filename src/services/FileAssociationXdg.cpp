@@ -64,7 +64,7 @@ Content ContentOf(const std::string& path) {
 void Put(const std::string& path, const Content& content) {
   std::error_code failure;
   if (!content) {
-    fs::remove(path, failure);
+    fs::remove(ResolveLinks(path), failure);
     if (failure) {
       ThrowSystemError(failure.value(), path, "removing");
     }
@@ -178,6 +178,24 @@ std::vector<std::string> RefreshDesktop(const UserFolders& user) {
   return missing;
 }
 
+// The lists that the desktop which is running asks before the user's own one, as far as they give project
+// files another program.
+std::vector<std::string> OtherLists(const UserFolders& user) {
+  const char* desktops = std::getenv("XDG_CURRENT_DESKTOP");
+  std::vector<std::string> lists;
+  for (const std::string& name : ListsOfDesktops(desktops == nullptr ? "" : desktops)) {
+    const std::string path = user.Config + name;
+    if (const Content list = ContentOf(path); list && PrefersAnotherProgram(*list)) {
+      lists.push_back(path);
+    }
+  }
+  return lists;
+}
+
+bool NamesProgram(const Content& list) {
+  return list && WithoutDefaultProgram(*list) != *list;
+}
+
 Record Planned(const UserFolders& user, const std::string& program, const std::string& extension,
                const AssociationPictures& pictures) {
   const auto kept = KeptRecord(user);
@@ -192,9 +210,10 @@ Record Planned(const UserFolders& user, const std::string& program, const std::s
     }
   }
   const std::string list = plan.Changes[kDefaults].Now.value_or("");
-  if (Content& before = plan.Changes[kDefaults].Before; before) {
-    before =
-        WithoutDefaultProgram(*before);  // somebody else may have changed the list with this program in it
+  // Somebody else may have changed the list with this program in it, which was not there before.
+  if (Content& before = plan.Changes[kDefaults].Before;
+      kept && before && !NamesProgram(kept->Changes[kDefaults].Before)) {
+    before = WithoutDefaultProgram(*before);
   }
   const std::array<std::string, kFiles> texts = {pictures.Program, pictures.Project,
                                                  ProjectTypeText(extension, kAskedWeight),
@@ -220,8 +239,8 @@ void PutBack(const UserFolders& user, const Record& plan, const Content& record)
   }
 }
 
-// Puts one file back as it was before, or only takes the program out of the user's list if that was changed
-// since. False if somebody has changed the file otherwise.
+// Puts one file back as it was before, or only takes the program out of the user's list, unless it was there
+// before, if that was changed since. False if somebody has changed the file otherwise.
 bool TakeBack(const Change& change, bool isList) {
   const Content now = ContentOf(change.Path);
   if (!now || now == change.Before) {
@@ -229,20 +248,17 @@ bool TakeBack(const Change& change, bool isList) {
   }
   if (now == change.After) {
     Put(change.Path, change.Before);
-  } else if (isList) {
-    const std::string without = WithoutDefaultProgram(*now);
-    if (without != *now) {
-      Put(change.Path, without);
-    }
+  } else if (isList && NamesProgram(now) && !NamesProgram(change.Before)) {
+    Put(change.Path, WithoutDefaultProgram(*now));
   }
   return now == change.After || isList;
 }
 
 }  // namespace
 
-std::vector<std::string> AssociateFileType(const UserFolders& user, const std::string& folder,
-                                           const std::string& exeName, const std::string& extension,
-                                           const AssociationPictures& pictures) {
+AssociationDoubts AssociateFileType(const UserFolders& user, const std::string& folder,
+                                    const std::string& exeName, const std::string& extension,
+                                    const AssociationPictures& pictures) {
   if (user.Data.empty() || user.Config.empty()) {
     throw RuntimeError(ErrorNumber::kPathNotFound, "this user has no folder for the files of programs");
   }
@@ -250,6 +266,9 @@ std::vector<std::string> AssociateFileType(const UserFolders& user, const std::s
   if (!CanStandInEntry(program)) {
     throw RuntimeError(ErrorNumber::kInvalidCall,
                        program + ": a desktop cannot start a program with \"=\", \"%\" or such in its path");
+  }
+  if (!StateOfFile(program).exists) {
+    throw RuntimeError(ErrorNumber::kFileNotFound, program);
   }
   const Content record = ContentOf(RecordPath(user));
   const Record plan = Planned(user, program, extension, pictures);
@@ -260,7 +279,7 @@ std::vector<std::string> AssociateFileType(const UserFolders& user, const std::s
         Put(change.Path, change.After);
       }
     }
-    return RefreshDesktop(user);
+    return {RefreshDesktop(user), OtherLists(user)};
   } catch (...) {
     PutBack(user, plan, record);
     throw;

@@ -103,6 +103,9 @@ TEST_F(Completion, KnowsCommandsValuesAndFiles) {
   EXPECT_EQ(Offered("korva re"), List{"report"});
   EXPECT_EQ(Offered("korva import "), (List{"vosk", "cases"}));
   EXPECT_EQ(Offered("korva report --model "), (List{"traditional", "laminated", "compared"}));
+  EXPECT_EQ(Offered("korva report --model = "), (List{"traditional", "laminated", "compared"}));
+  EXPECT_EQ(Offered("korva report --model = l"), List{"laminated"});
+  EXPECT_EQ(Offered("korva report --model ="), (List{"traditional", "laminated", "compared"}));
   EXPECT_EQ(Offered("korva --set A=1 report x --paper a"), List{"a4"});
   EXPECT_EQ(Offered("korva report pa"), List{"panel one.KVL"});
   EXPECT_EQ(Offered("korva report --settings re"), List{"report"}) << "the file";
@@ -144,6 +147,29 @@ TEST(FishWords, NameEveryOption) {
       EXPECT_NE(words.find(flag), std::string::npos) << command << " " << option;
     }
   }
+}
+
+TEST(FishWords, KnowCommandsAndValues) {
+  const TempFolder folder;
+  const auto offered = [&](const std::string& line) {
+    const std::string script = folder.Put("try.fish", Words("fish") + "complete -C " + '"' + line + "\"\n");
+    const ProgramResult result =
+        RunProgram({"/usr/bin/fish", {"--no-config", script}, folder / "", {{"HOME", folder / ""}}, {}});
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    std::string words;
+    std::istringstream lines(result.Out);
+    for (std::string word; std::getline(lines, word);) {
+      words += word.substr(0, word.find('\t')) + ' ';
+    }
+    return words;
+  };
+  const std::string commands = "batch calc convert import plan report save sweep units ";
+  EXPECT_EQ(offered("korva "), commands);
+  EXPECT_EQ(offered("korva --settings z.txt --set A=1 "), commands);
+  EXPECT_EQ(offered("korva --settings z.txt re"), "report ");
+  EXPECT_EQ(offered("korva import "), "cases vosk ");
+  EXPECT_EQ(offered("korva report --model l"), "laminated ");
+  EXPECT_EQ(offered("korva units str"), "stress stressgrad ");
 }
 
 }  // namespace

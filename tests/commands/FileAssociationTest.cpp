@@ -23,7 +23,8 @@ constexpr const char* kList = "config/mimeapps.list";
 class FileAssociation : public testing::Test {
  protected:
   FileAssociation() : path_(std::getenv("PATH")) {
-    korva.Places.AppPath = "/opt/korva strond/";
+    korva.Places.AppPath = folder / "opt/korva strond/";
+    PutIn("opt/korva strond/korva-strond", "");
     korva.Places.DataHome = folder / "data/";
     korva.Places.ConfigHome = folder / "config/";
     korva.Preferences.DisplayHistoryWin = 1;
@@ -79,9 +80,9 @@ class FileAssociation : public testing::Test {
     AskFileDissociation(korva, ports.All);
   }
   // An association that does not come about, and what the message names as its cause.
-  std::string Fail(const char* error) {
+  std::string Fail(const char* error, MessageButtons buttons = MessageButtons::kOk) {
     ExpectQuestion(MessageAnswer::kYes);
-    ports.Messages.Expect(std::string("Error occurred: ") + error);
+    ports.Messages.Expect(std::string("Error occurred: ") + error, buttons, MessageAnswer::kCancel);
     AskFileAssociation(korva, ports.All, kPictures);
     return ports.Messages.Shown.back().detail;
   }
@@ -104,7 +105,7 @@ TEST_F(FileAssociation, TellsTheDesktopAndIsTakenBackToTheByte) {
   EXPECT_FALSE(HasFileAssociation(korva));
 
   Associate();
-  EXPECT_EQ(Of(kEntry), ProgramEntryText("/opt/korva strond/korva-strond"));
+  EXPECT_EQ(Of(kEntry), ProgramEntryText(korva.Places.AppPath + "korva-strond"));
   EXPECT_EQ(Of(kType), ProjectTypeText("KVL", kAskedWeight));
   EXPECT_EQ(Of("data/icons/hicolor/scalable/apps/korva-strond.svg"), kPictures.Program);
   EXPECT_EQ(Of("data/icons/hicolor/scalable/mimetypes/application-x-korva-strond.svg"), kPictures.Project);
@@ -113,7 +114,7 @@ TEST_F(FileAssociation, TellsTheDesktopAndIsTakenBackToTheByte) {
       "# by hand\n[Default Applications]\napplication/x-korva-strond=korva-strond.desktop;ed.desktop;\r\n"
       "text/plain=ed.desktop");
   EXPECT_EQ(Of("tools.log"), "mime\ndesktop\n");
-  EXPECT_TRUE(korva.SessionHistory.Text.ends_with("KVL korva-strond /opt/korva strond/\r\n"));
+  EXPECT_TRUE(korva.SessionHistory.Text.ends_with("KVL korva-strond " + korva.Places.AppPath + "\r\n"));
   EXPECT_TRUE(ports.Messages.Shown.back().detail.empty());
 
   Associate("K2");  // once more, with another extension: what was before it all stays known
@@ -140,6 +141,30 @@ TEST_F(FileAssociation, LeavesWhatOthersHaveWrittenSince) {
   EXPECT_NE(ports.Messages.Shown.back().detail.find(folder / kType), std::string::npos);
   EXPECT_FALSE(fs::exists(folder / kEntry));
   EXPECT_FALSE(HasFileAssociation(korva));
+}
+
+// What the user had chosen before, such as the installed program for the same files, is the user's.
+TEST_F(FileAssociation, GivesTheUsersOwnChoiceBack) {
+  PutIn(kList, "[Default Applications]\napplication/x-korva-strond=ed.desktop;korva-strond.desktop;\n");
+  const auto before = Files();
+  Associate();
+  EXPECT_TRUE(Of(kList).ends_with("=korva-strond.desktop;ed.desktop;\n"));
+  Dissociate();
+  EXPECT_EQ(Files(), before);
+  Associate();
+  folder.Put(kList, Of(kList) + "text/html=web.desktop;\n");
+  Associate();
+  folder.Put(kList, Of(kList) + "image/png=view.desktop;\n");
+  const std::string now = Of(kList);
+  Dissociate();
+  EXPECT_EQ(Of(kList), now);
+  fs::remove(folder / kList);
+  fs::create_symlink("elsewhere.list", folder / kList);  // to a file that is not there
+  Associate();
+  EXPECT_TRUE(fs::exists(folder / "config/elsewhere.list"));
+  Dissociate();
+  EXPECT_TRUE(fs::is_symlink(folder / kList));
+  EXPECT_FALSE(fs::exists(folder / "config/elsewhere.list"));
 }
 
 TEST_F(FileAssociation, FailingWholeLeavesNothingBehind) {
@@ -172,6 +197,9 @@ TEST_F(FileAssociation, FailingWholeLeavesNothingBehind) {
   korva.Places.AppPath = "/opt/50%/";
   Fail("Invalid procedure call or argument (5)");
   unchanged();
+  korva.Places.AppPath = folder / "moved/";
+  Fail("File not found (53)", MessageButtons::kRetryCancel);
+  unchanged();
   EXPECT_EQ(korva.SessionHistory.Text.find("KVL korva-strond"), std::string::npos) << "never said to be done";
 }
 
@@ -179,7 +207,8 @@ TEST_F(FileAssociation, FailingWholeLeavesNothingBehind) {
 TEST_F(FileAssociation, TakesBackTheEarlierStepsOfAnAssociationThatFails) {
   Associate();
   const auto associated = Files();
-  korva.Places.AppPath = "/elsewhere/";
+  PutIn("elsewhere/korva-strond", "");
+  korva.Places.AppPath = folder / "elsewhere/";
   fs::rename(folder / "config", folder / "config.away");
   folder.Put("config", "no folder");
   Fail("Path not found (76)");
@@ -207,7 +236,16 @@ TEST_F(FileAssociation, RefusesWhatIsNoExtensionAndHeedsANo) {
   EXPECT_EQ(Files(), associated);
 }
 
-TEST_F(FileAssociation, NamesTheToolsThatAreMissing) {
+TEST_F(FileAssociation, NamesWhatMayKeepItFromBeingSeen) {
+  ::setenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME", 1);
+  PutIn("config/gnome-mimeapps.list", "[Default Applications]\napplication/x-korva-strond=ed.desktop\n");
+  PutIn("config/ubuntu-mimeapps.list",
+        "[Default Applications]\napplication/x-korva-strond=korva-strond.desktop\n");
+  Associate();
+  EXPECT_EQ(ports.Messages.Shown.back().detail,
+            "This desktop still opens the files with the program that these lists name:\n" +
+                (folder / "config/gnome-mimeapps.list"));
+  ::unsetenv("XDG_CURRENT_DESKTOP");
   fs::remove(folder / "bin/update-mime-database");
   Associate();
   EXPECT_NE(ports.Messages.Shown.back().detail.find("update-mime-database"), std::string::npos);

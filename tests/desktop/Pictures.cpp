@@ -218,7 +218,8 @@ void SaveHelp(FormBench& bench) {
   const auto help = frmHelp::Open(bench.Forms);
   help->ShowContents();
   Save(*help, QStringLiteral("frmHelp"));
-  for (const char* topic : {"frmkorvaparm-txtdepth", "warnings-rules", "frmhelp", "theory-traditional"}) {
+  for (const char* topic :
+       {"frmkorvaparm-txtdepthcover", "warnings-rules", "frmhelp", "theory-traditional"}) {
     help->ShowTopic({topic});
     Save(*help, QStringLiteral("frmHelp-") + QLatin1String(topic));
   }

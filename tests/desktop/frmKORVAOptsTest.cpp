@@ -46,7 +46,8 @@ class OptionsForm : public testing::Test {
 };
 
 TEST_F(OptionsForm, AssociatesProjectFilesAndTakesThatBack) {
-  bench_.State.Places.AppPath = "/opt/";
+  bench_.State.Places.AppPath = folder_ / "";
+  folder_.Put("korva-strond", "");
   bench_.State.Places.DataHome = folder_ / "data/";
   bench_.State.Places.ConfigHome = folder_ / "config/";
   auto& messages = bench_.Outside.Messages;
