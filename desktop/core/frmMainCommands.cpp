@@ -1,6 +1,7 @@
 // The commands of the main window's menus.
 #include <QApplication>
 #include <QPlainTextEdit>
+#include <algorithm>
 
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
@@ -260,6 +261,8 @@ void frmMain::HelpItem(int index) {
       break;
     }
     case kProgramUpdates:
+      versionFetch_.reset();  // its answer would ask what the window has just told
+      answerTimer_.stop();
       frmUpdate(session_, this).exec();
       break;
     case kAbout:
@@ -298,10 +301,14 @@ void frmMain::CheckForUpdates() {
   });
 }
 
-// Nobody is interrupted: the question waits until the main window is the only one and no menu is open.
+// Nobody is interrupted: the question waits until the main window is the only one, the help too, and no menu
+// is open.
 void frmMain::AnswerUpdates() {
-  if (!isVisible() || isMinimized() || !isEnabled() || QApplication::activeModalWidget() != nullptr ||
-      QApplication::activePopupWidget() != nullptr) {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const bool alone = std::all_of(windows.begin(), windows.end(), [this](const QWidget* window) {
+    return window == this || !window->isVisible() || window->windowType() == Qt::ToolTip;
+  });
+  if (!isVisible() || isMinimized() || !isEnabled() || !alone) {
     return;
   }
   answerTimer_.stop();

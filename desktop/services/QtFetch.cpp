@@ -1,13 +1,14 @@
 #include "desktop/services/QtFetch.h"
 
 #include <QNetworkProxy>
-#include <QNetworkReply>
+#include <QSslSocket>
 #include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <utility>
 
-#include "core/Version.h"
 #include "desktop/support/FormTools.h"
+#include "services/HttpAnswer.h"
 #include "services/UpdateRules.h"
 
 namespace korva::desktop {
@@ -15,172 +16,179 @@ namespace korva::desktop {
 namespace {
 
 constexpr int kMostRedirects = 5;
-constexpr int kHttpOk = 200;
-constexpr int kHttpRedirects = 3;  // hundreds
+constexpr quint16 kHttpPort = 80;
+constexpr quint16 kHttpsPort = 443;
 constexpr qint64 kReadBuffer = 1 << 20;
 constexpr std::chrono::milliseconds kLongestSilence{30'000};
 
+std::string SchemeOf(const QUrl& url) {
+  return url.scheme().toStdString();
+}
+
 bool IsTrusted(const QUrl& url) {
-  return url.isValid() && url.userInfo().isEmpty() &&
-         IsTrustedRoad(url.scheme().toStdString(), url.host().toStdString());
+  return url.isValid() && url.userInfo().isEmpty() && IsTrustedRoad(SchemeOf(url), url.host().toStdString());
 }
 
 class QtRunning final : public QObject, public FetchPort::Running {
  public:
-  QtRunning(QNetworkAccessManager& manager, const QNetworkRequest& request, const FetchQuestion& question,
+  QtRunning(const QSslConfiguration& security, const FetchQuestion& question,
             std::function<void(std::uint64_t)> progress, std::function<void(FetchAnswer)> done)
-      : most_(question.MostBytes),
+      : security_(security),
+        most_(question.MostBytes),
         progress_(std::move(progress)),
-        done_(std::move(done)),
-        scheme_(request.url().scheme().toStdString()) {
-    limit_.setSingleShot(true);
-    connect(&limit_, &QTimer::timeout, this, [this] { Stop(QStringLiteral("it took too long")); });
-    limit_.start(question.Limit);
-    if (!IsTrusted(request.url())) {
-      reason_ = QStringLiteral("the address is not a safe one");
-      QTimer::singleShot(0, this, [this] { End(); });
-      return;
+        done_(std::move(done)) {
+    for (QTimer* timer : {&limit_, &silence_}) {
+      timer->setSingleShot(true);
     }
-    reply_ = manager.get(request);
-    reply_->setReadBufferSize(kReadBuffer);
-    connect(reply_, &QNetworkReply::redirected, this, [this](const QUrl& target) { Redirect(target); });
-    connect(reply_, &QNetworkReply::metaDataChanged, this, [this] { LookAtHead(); });
-    connect(reply_, &QNetworkReply::readyRead, this, [this] { TakeBytes(); });
-    connect(reply_, &QNetworkReply::finished, this, [this] { Finish(); });
+    // Queued, since the timers are gone once this has ended.
+    const auto ends = [this](QTimer& timer, const char* fault) {
+      connect(
+          &timer, &QTimer::timeout, this, [this, fault] { End(QLatin1String(fault)); }, Qt::QueuedConnection);
+    };
+    ends(limit_, "it took too long");
+    ends(silence_, "the server has fallen silent");
+    limit_.start(question.Limit);
+    const QUrl address(FromUtf8(question.Address), QUrl::StrictMode);
+    if (!IsTrusted(address)) {
+      EndLater(QStringLiteral("the address is not a safe one"));
+    } else if (!CanExist(address.host().toStdString())) {
+      EndLater(QStringLiteral("this program was built without a server to ask"));
+    } else {
+      Ask(address);
+    }
   }
   QtRunning(const QtRunning&) = delete;
   QtRunning& operator=(const QtRunning&) = delete;
-  ~QtRunning() override {
-    if (reply_ != nullptr) {
-      reply_->disconnect(this);
-      reply_->abort();
-      reply_->deleteLater();
-    }
-  }
+  ~QtRunning() override { HangUp(); }
 
  private:
-  // The reply names the new address already: where it came from is kept here.
-  void Redirect(const QUrl& target) {
-    const std::string scheme = target.scheme().toStdString();
-    if (IsTrusted(target) && MayRedirect(scheme_, scheme, target.host().toStdString())) {
-      scheme_ = scheme;
-      emit reply_->redirectAllowed();
+  void Ask(const QUrl& address) {
+    address_ = address;
+    answer_ = HttpAnswer(most_);
+    silence_.start(kLongestSilence);
+    socket_ = new QSslSocket(this);
+    socket_->setProxy(QNetworkProxy::NoProxy);
+    socket_->setSslConfiguration(security_);
+    socket_->setReadBufferSize(kReadBuffer);
+    connect(socket_, &QIODevice::readyRead, this, [this] {
+      TakeBytes();
+      Judge();
+    });
+    connect(socket_, &QAbstractSocket::disconnected, this, [this] {
+      TakeBytes();
+      answer_.Close();
+      Judge();
+    });
+    connect(socket_, &QAbstractSocket::errorOccurred, this, [this](QAbstractSocket::SocketError error) {
+      if (error != QAbstractSocket::RemoteHostClosedError) {  // which is an end like others
+        End(socket_->errorString());
+      }
+    });
+    if (SchemeOf(address) == "https") {
+      connect(socket_, &QSslSocket::encrypted, this, [this] { SendRequest(); });
+      socket_->connectToHostEncrypted(address.host(), static_cast<quint16>(address.port(kHttpsPort)));
     } else {
-      Stop(QStringLiteral("the server sends on to an address that is not a safe one"));
+      connect(socket_, &QAbstractSocket::connected, this, [this] { SendRequest(); });
+      socket_->connectToHost(address.host(), static_cast<quint16>(address.port(kHttpPort)));
     }
   }
 
-  // The page of an error is not waited for.
-  void LookAtHead() {
-    const QVariant length = reply_->header(QNetworkRequest::ContentLengthHeader);
-    if (Status() != kHttpOk && Status() / 100 != kHttpRedirects) {
-      Stop(StatusFault());
-    } else if (Status() == kHttpOk && length.isValid() && length.toULongLong() > most_) {
-      Stop(QStringLiteral("the file is too large"));
-    }
+  void SendRequest() {
+    const QString path = address_.path(QUrl::FullyEncoded);
+    const QString query = address_.hasQuery() ? '?' + address_.query(QUrl::FullyEncoded) : QString();
+    const std::string request =
+        HttpRequest(address_.authority(QUrl::FullyEncoded).toStdString(),
+                    ((path.isEmpty() ? QStringLiteral("/") : path) + query).toStdString());
+    socket_->write(request.data(), static_cast<qint64>(request.size()));
   }
 
   void TakeBytes() {
-    if (!reason_.isEmpty() || Status() != kHttpOk) {
+    const QByteArray bytes = socket_->readAll();
+    if (bytes.isEmpty()) {
       return;
     }
-    // One byte too many is enough to know.
-    const auto room = static_cast<qint64>(most_ + 1 - bytes_.size());
-    bytes_ += reply_->read(room).toStdString();
-    if (bytes_.size() > most_) {
-      Stop(QStringLiteral("the file is too large"));
+    silence_.start(kLongestSilence);
+    answer_.Take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!answer_.File().empty()) {
+      progress_(answer_.File().size());
+    }
+  }
+
+  void Judge() {
+    if (!answer_.HasEnded()) {
+      return;
+    }
+    const QUrl location(FromUtf8(answer_.Location()), QUrl::StrictMode);
+    if (!answer_.Fault().empty() || answer_.Location().empty()) {
+      End(FromUtf8(answer_.Fault()));
     } else {
-      progress_(bytes_.size());
+      SendOn(location.isValid() ? address_.resolved(location) : location);
     }
   }
 
-  // The first reason is the one that is told.
-  void Stop(const QString& reason) {
-    if (reason_.isEmpty()) {
-      reason_ = reason;
-    }
-    // Not at once: the reply may be in the middle of telling.
-    if (reply_ != nullptr) {
-      QMetaObject::invokeMethod(reply_, &QNetworkReply::abort, Qt::QueuedConnection);
+  void SendOn(const QUrl& target) {
+    if (!IsTrusted(target) ||
+        !MayRedirect(SchemeOf(address_), SchemeOf(target), target.host().toStdString())) {
+      End(QStringLiteral("the server sends on to an address that is not a safe one"));
+    } else if (++redirects_ > kMostRedirects) {
+      End(QStringLiteral("the server sends on and on"));
+    } else {
+      HangUp();
+      Ask(target);
     }
   }
 
-  void Finish() {
-    TakeBytes();
-    if (reason_.isEmpty()) {
-      reason_ = FaultOfReply();
+  // The connection may be in the middle of telling: it goes later.
+  void HangUp() {
+    if (socket_ != nullptr) {
+      socket_->disconnect(this);
+      socket_->abort();
+      socket_->setParent(nullptr);
+      std::exchange(socket_, nullptr)->deleteLater();
     }
-    End();
   }
 
-  QString FaultOfReply() const {
-    const QVariant length = reply_->header(QNetworkRequest::ContentLengthHeader);
-    const QByteArray encoding = reply_->rawHeader("Content-Encoding");
-    if (reply_->error() != QNetworkReply::NoError) {
-      return reply_->error() == QNetworkReply::OperationCanceledError
-                 ? QStringLiteral("the server has fallen silent")
-                 : reply_->errorString();
-    }
-    if (Status() != kHttpOk) {
-      return StatusFault();
-    }
-    if (!encoding.isEmpty() && encoding.toLower() != "identity") {
-      return QStringLiteral("the server sent the file in another form than asked for");
-    }
-    if (length.isValid() && length.toULongLong() != bytes_.size()) {
-      return QStringLiteral("the file has another length than the server said");
-    }
-    return {};
+  // The answer comes after the call that has begun the fetch.
+  void EndLater(const QString& fault) {
+    QTimer::singleShot(0, this, [this, fault] { End(fault); });
   }
-
-  QString StatusFault() const { return QStringLiteral("the server answered with status %1").arg(Status()); }
-  int Status() const { return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(); }
 
   // The last call: who waits for the end may end this object.
-  void End() {
+  void End(const QString& fault) {
     limit_.stop();
+    silence_.stop();
+    HangUp();
     FetchAnswer answer;
-    answer.Complete = reason_.isEmpty();
-    answer.Reason = reason_.toStdString();
+    answer.Complete = fault.isEmpty();
+    answer.Reason = fault.toStdString();
     if (answer.Complete) {
-      answer.Bytes = std::move(bytes_);
+      answer.Bytes = answer_.TakeFile();
     }
     std::exchange(done_, nullptr)(std::move(answer));
   }
 
-  QNetworkReply* reply_ = nullptr;
-  QTimer limit_;
+  QSslConfiguration security_;
   std::uint64_t most_;
   std::function<void(std::uint64_t)> progress_;
   std::function<void(FetchAnswer)> done_;
-  std::string scheme_;  // of the address that is being asked
-  std::string bytes_;
-  QString reason_;
+  QTimer limit_;    // of all together
+  QTimer silence_;  // since the last bytes
+  QUrl address_;    // that is being asked
+  int redirects_ = 0;
+  QSslSocket* socket_ = nullptr;
+  HttpAnswer answer_{0};
 };
 
 }  // namespace
 
 QtFetch::QtFetch(QSslConfiguration security) {
   security_.swap(security);
-  manager_.setProxy(QNetworkProxy::NoProxy);
-  manager_.setRedirectPolicy(QNetworkRequest::UserVerifiedRedirectPolicy);
 }
 
 std::unique_ptr<FetchPort::Running> QtFetch::Fetch(const FetchQuestion& question,
                                                    std::function<void(std::uint64_t)> progress,
                                                    std::function<void(FetchAnswer)> done) {
-  QNetworkRequest request(QUrl(FromUtf8(question.Address), QUrl::StrictMode));
-  request.setSslConfiguration(security_);
-  request.setHeader(QNetworkRequest::UserAgentHeader, FromUtf8(ExeName));
-  request.setRawHeader("Accept-Encoding", "identity");
-  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  request.setMaximumRedirectsAllowed(kMostRedirects);
-  request.setTransferTimeout(
-      static_cast<int>(std::min<std::chrono::milliseconds>(kLongestSilence, question.Limit).count()));
-  return std::make_unique<QtRunning>(manager_, request, question, std::move(progress), std::move(done));
+  return std::make_unique<QtRunning>(security_, question, std::move(progress), std::move(done));
 }
 
 }  // namespace korva::desktop

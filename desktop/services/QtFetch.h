@@ -1,7 +1,6 @@
-// Fetching files with the window toolkit's network library.
+// Fetching files from web servers with the window toolkit's sockets.
 #pragma once
 
-#include <QNetworkAccessManager>
 #include <QSslConfiguration>
 
 #include "core/Ports.h"
@@ -10,7 +9,8 @@ namespace korva::desktop {
 
 // Asks the server directly, without proxy, cookies, cache or compression. A status other than 200, a length
 // that is not the announced one, a redirect to a less safe road and a certificate that does not hold are
-// failures.
+// failures. The toolkit's own web client is not used: it reads a head without end for as long as it comes,
+// and asks servers twice that send on more than once.
 class QtFetch final : public FetchPort {
  public:
   explicit QtFetch(QSslConfiguration security = QSslConfiguration::defaultConfiguration());
@@ -18,7 +18,6 @@ class QtFetch final : public FetchPort {
                                  std::function<void(FetchAnswer)> done) override;
 
  private:
-  QNetworkAccessManager manager_;
   QSslConfiguration security_;
 };
 

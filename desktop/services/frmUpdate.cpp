@@ -98,6 +98,11 @@ void frmUpdate::LayOut() {
   all->addStretch();
   all->addWidget(chkShow_);
   all->addLayout(NewButtonRow(nullptr, {Command1_}));
+  const std::initializer_list<QWidget*> order = {lblURL,      cmdCheck_, cmdDownUpdate_,
+                                                 cmdInstall_, chkShow_,  Command1_};
+  for (auto next = order.begin() + 1; next != order.end(); ++next) {
+    setTabOrder(*(next - 1), *next);
+  }
   cmdCheck_->setDefault(true);
   cmdCheck_->setFocus();
 }
@@ -110,12 +115,20 @@ void frmUpdate::ShowView() {
   }
   lblLastVer_->setPalette(colours);
   lblLastVer_->setText(FromUtf8(view.LastVersion));
-  lblLastVer_->setToolTip(FromUtf8(view.Detail));
   lblbytes_->setText(FromUtf8(view.Bytes));
   ProgressBar1_->setValue(view.Progress);
+  // While buttons are off, the focus waits here and not on the next button that is on, which closes the
+  // window.
+  const bool waits = ProgressBar1_->hasFocus();
+  if (view.Busy && (cmdCheck_->hasFocus() || cmdDownUpdate_->hasFocus() || cmdInstall_->hasFocus())) {
+    ProgressBar1_->setFocus();
+  }
   cmdCheck_->setEnabled(!view.Busy);
   cmdDownUpdate_->setEnabled(view.MayDownload && !view.Busy);
   cmdInstall_->setEnabled(view.MayInstall && !view.Busy);
+  if (waits && !view.Busy) {
+    (view.MayInstall ? cmdInstall_ : view.MayDownload ? cmdDownUpdate_ : cmdCheck_)->setFocus();
+  }
 }
 
 // The settings are written however the window is closed.

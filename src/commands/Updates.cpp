@@ -68,8 +68,7 @@ void Updates::RunAll() {
 }
 
 void Updates::Check() {
-  view_.MayDownload = false;
-  view_.MayInstall = false;
+  view_ = UpdateView();  // what an earlier check has found is not known any more
   view_.Busy = true;
   setupName_.clear();
   running_ = FetchVersionFile(korva_, ports_, [this](const FetchAnswer& answer) {
@@ -82,14 +81,16 @@ void Updates::Check() {
 }
 
 void Updates::Compare(const FetchAnswer& answer) {
-  view_.Detail = answer.Reason;
   if (!answer.Complete) {
     view_.LastVersion = "Internet Connection Failed";
+    view_.Bytes = "The check failed: " + answer.Reason;
+    HistoryLog(korva_.SessionHistory, korva_.Preferences, view_.LastVersion + ": " + answer.Reason);
     EndStep();
     return;
   }
   const std::string server = ReadServerVersion(answer.Bytes);
   if (server.empty()) {
+    changed_();
     Show("Invalid information for new version. Check with developer.");
     EndStep();
     return;
@@ -142,10 +143,9 @@ void Updates::Download() {
   view_.Busy = true;
   view_.MayInstall = false;
   view_.Bytes.clear();
-  view_.Detail.clear();
   view_.Progress = 0;
-  if (korva_.Updates.PublicKey.empty()) {
-    FailDownload("this program has no key to check signatures with");
+  if (const std::string fault = SignatureKeyFault(korva_.Updates.PublicKey); !fault.empty()) {
+    FailDownload(fault);
     return;
   }
   Fetch(setupName_ + std::string(kSignatureExtension), kLargestSignature, [this](const FetchAnswer& answer) {
@@ -185,8 +185,9 @@ void Updates::Keep(const std::string& setup, const std::string& signature) {
   Attempt(korva_, ports_.Messages, [&] {
     std::error_code made;
     std::filesystem::create_directories(DownloadsFolder(korva_.Places.DataRoot), made);  // writing tells
-    WriteFileSafely(file + std::string(kSignatureExtension), signature);
-    WriteFileSafely(file, setup);
+    // Never through a link: the name is known to others.
+    WriteScratchFile(file, setup);
+    WriteScratchFile(file + std::string(kSignatureExtension), signature);
     kept = true;
   });
   if (!kept) {
@@ -200,7 +201,6 @@ void Updates::Keep(const std::string& setup, const std::string& signature) {
   EndStep();
 }
 
-// What lies in the folder may have changed since it was written: it is checked once more.
 void Updates::Install() {
   const std::string file = SetupFile();
   Attempt(korva_, ports_.Messages, [&] {
@@ -208,24 +208,27 @@ void Updates::Install() {
       Show("Update file: " + file + " not found");
       return;
     }
-    const std::string fault = SignatureFault(
-        ReadWholeFile(file, kLargestSetup), setupName_,
-        ReadWholeFile(file + std::string(kSignatureExtension), kLargestSignature), korva_.Updates.PublicKey);
-    if (!fault.empty()) {
-      Show("Update file: " + file + " was not started: " + fault);
-      return;
+    if (korva_.AutoUpdate) {
+      Show(
+          "KORVASTROND will now close to install the new update. You may be asked to grant permission to Windows "
+          "to allow installation of the new version. ");
     }
     StartSetup(file);
   });
 }
 
+// What lies in the folder may have changed since it was written: it is checked once more, right before its
+// start.
 void Updates::StartSetup(const std::string& file) {
-  if (korva_.AutoUpdate) {
-    Show(
-        "KORVASTROND will now close to install the new update. You may be asked to grant permission to Windows "
-        "to allow installation of the new version. ");
-  }
-  if (ports_.Documents.Open(file)) {
+  const std::string signature = file + std::string(kSignatureExtension);
+  const std::string fault =
+      !StateOfFile(signature).exists
+          ? "its signature is not there"
+          : SignatureFault(ReadWholeFile(file, kLargestSetup), setupName_,
+                           ReadWholeFile(signature, kLargestSignature), korva_.Updates.PublicKey);
+  if (!fault.empty()) {
+    Show("Update file: " + file + " was not started: " + fault);
+  } else if (ports_.Documents.Open(file)) {
     endProgram_();
   } else {
     Show("Operation Failed");

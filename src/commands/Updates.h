@@ -25,10 +25,9 @@ bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view 
 struct UpdateView {
   std::string LastVersion = "Version Available: ";
   bool LastVersionIsRed = false;
-  std::string Bytes;   // of a download: how many have come, or how it ended
-  std::string Detail;  // why something failed
-  int Progress = 0;    // percent of a bar that goes round
-  bool Busy = false;   // something is being fetched
+  std::string Bytes;  // of a download: how many have come, or why it or a check failed
+  int Progress = 0;   // percent of a bar that goes round
+  bool Busy = false;  // something is being fetched
   bool MayDownload = false;
   bool MayInstall = false;
 };

@@ -99,16 +99,25 @@ bool NamesFile(std::string_view comment, std::string_view name) {
   return false;
 }
 
+std::optional<PublicKey> ReadKey(std::string_view text) {
+  const auto key = FromBase64<PublicKey>(text);
+  return key && (*key)[0] == 'E' && (*key)[1] == 'd' ? key : std::nullopt;
+}
+
 }  // namespace
+
+std::string SignatureKeyFault(std::string_view publicKey) {
+  return ReadKey(publicKey) ? "" : "this program has no key to check signatures with";
+}
 
 std::string SignatureFault(std::string_view file, std::string_view name, std::string_view signature,
                            std::string_view publicKey) {
   if (sodium_init() < 0) {
     return "signatures cannot be checked on this machine";
   }
-  const auto key = FromBase64<PublicKey>(publicKey);
-  if (!key || (*key)[0] != 'E' || (*key)[1] != 'd') {
-    return "this program has no key to check signatures with";
+  const auto key = ReadKey(publicKey);
+  if (!key) {
+    return SignatureKeyFault(publicKey);
   }
   const auto read = ReadSignatureFile(signature);
   if (!read) {

@@ -42,6 +42,13 @@ bool IsTrustedRoad(std::string_view scheme, std::string_view host) {
   return scheme == "http" && (host == "127.0.0.1" || host == "::1" || host == "localhost");
 }
 
+bool CanExist(std::string_view host) {
+  while (host.ends_with('.')) {
+    host.remove_suffix(1);
+  }
+  return host != "invalid" && !host.ends_with(".invalid");
+}
+
 bool MayRedirect(std::string_view scheme, std::string_view newScheme, std::string_view newHost) {
   return IsTrustedRoad(newScheme, newHost) && (scheme != "https" || newScheme == "https");
 }

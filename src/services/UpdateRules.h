@@ -23,6 +23,8 @@ UpdateSource BuiltInUpdateSource();
 // Whether a file may be fetched from `host` by `scheme`, both in small letters: https, and plain http from
 // this machine itself.
 bool IsTrustedRoad(std::string_view scheme, std::string_view host);
+// Whether a server of that name can exist at all: names in ".invalid" are set aside so that none does.
+bool CanExist(std::string_view host);
 // Whether a server may send a fetch by `scheme` on to `newScheme` and `newHost`: a trusted road that is no
 // less safe.
 bool MayRedirect(std::string_view scheme, std::string_view newScheme, std::string_view newHost);

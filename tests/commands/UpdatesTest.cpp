@@ -72,6 +72,16 @@ TEST_F(UpdatesTest, DownloadsAndStartsASignedSetup) {
   EXPECT_EQ(ended, 1);
 }
 
+TEST_F(UpdatesTest, ReplacesALinkUnderTheSetupsName) {
+  fs::create_directories(folder / "Downloads");
+  folder.Put("own.txt", "mine");
+  fs::create_symlink(folder / "own.txt", folder / "Downloads/KORVA-STROND1106.exe");
+  fs::create_symlink(folder / "own.txt", folder / "Downloads/KORVA-STROND1106.exe.minisig");
+  CheckAndDownload();
+  EXPECT_EQ(TempFolder::Bytes(folder / "own.txt"), "mine");
+  EXPECT_EQ(ReadWholeFile(File(), 1000), test::kSetup);
+}
+
 TEST_F(UpdatesTest, StartsNothingThatChangedSinceItsDownload) {
   CheckAndDownload();
   WriteFileSafely(File(), "something else");
@@ -79,8 +89,7 @@ TEST_F(UpdatesTest, StartsNothingThatChangedSinceItsDownload) {
                         " was not started: the signature does not belong to the file");
   updates.Install();
   fs::remove(File() + ".minisig");
-  ports.Messages.Expect("Error occurred: File not found (53)", MessageButtons::kRetryCancel,
-                        MessageAnswer::kCancel);
+  ports.Messages.Expect("Update file: " + File() + " was not started: its signature is not there");
   updates.Install();
   fs::remove(File());
   ports.Messages.Expect("Update file: " + File() + " not found");
@@ -106,23 +115,30 @@ TEST_F(UpdatesTest, KeepsNothingWithoutAValidSignature) {
     EXPECT_TRUE(updates.View().Bytes.starts_with("Download failed: the signature ")) << updates.View().Bytes;
     EXPECT_FALSE(updates.View().MayInstall || updates.View().Busy || fs::exists(File()));
   }
-  korva.Updates.PublicKey.clear();
   const std::size_t asked = ports.Fetches.Asked.size();
-  updates.Download();
-  EXPECT_EQ(ports.Fetches.Asked.size(), asked) << "a program without a key fetches nothing";
-  EXPECT_EQ(updates.View().Bytes, "Download failed: this program has no key to check signatures with");
+  for (const char* key : {"", "no key"}) {
+    korva.Updates.PublicKey = key;
+    updates.Download();
+    EXPECT_EQ(ports.Fetches.Asked.size(), asked) << "a program without a key fetches nothing";
+    EXPECT_EQ(updates.View().Bytes, "Download failed: this program has no key to check signatures with");
+  }
 }
 
 TEST_F(UpdatesTest, SaysWhatCameOfTheCheck) {
   updates.Check();
   ports.Fetches.Fail("the server did not answer");
   EXPECT_EQ(updates.View().LastVersion, "Internet Connection Failed");
-  EXPECT_EQ(updates.View().Detail, "the server did not answer");
+  EXPECT_EQ(updates.View().Bytes, "The check failed: the server did not answer");
   EXPECT_TRUE(updates.View().LastVersionIsRed);
+  EXPECT_TRUE(
+      korva.SessionHistory.Text.ends_with("Internet Connection Failed: the server did not answer\r\n"));
   updates.Check();
+  EXPECT_EQ(updates.View().LastVersion, "Version Available: ") << "nothing of an earlier check stays";
+  EXPECT_TRUE(updates.View().Bytes.empty());
   ports.Messages.Expect("Invalid information for new version. Check with developer.");
   ports.Fetches.Give("../../etc/passwd");
   EXPECT_FALSE(updates.View().MayDownload);
+  EXPECT_EQ(updates.View().LastVersion, "Version Available: ");
   updates.Check();
   ports.Messages.Expect("Program is up to date", MessageButtons::kOkCancel);
   ports.Fetches.Give("1105\n");

@@ -314,6 +314,22 @@ TEST_F(MainForm, TheQuestionAboutANewVersionWaitsForTheWindow) {
   EXPECT_EQ(ports.Messages.Shown.size(), 1U) << "it asks once";
 }
 
+TEST_F(MainForm, NothingIsAskedThatTheWindowOfUpdatesHasTold) {
+  main = std::make_unique<frmMain>(korva, ports.All, pictures);
+  main->CheckForUpdates();
+  main->Begin({});
+  QWidget help;  // a window that stands aside
+  help.show();
+  ports.Fetches.Give("1106");
+  QTest::qWait(500);
+  EXPECT_TRUE(ports.Messages.Shown.empty()) << "somebody reads or types there";
+  QTimer::singleShot(0, main.get(), [] { Window("frmUpdate")->close(); });
+  Choose("mnuHelpItem(8)");
+  help.close();
+  QTest::qWait(500);
+  EXPECT_TRUE(ports.Messages.Shown.empty());
+}
+
 TEST_F(MainForm, NoAnswerAtTheStartIsNoMatter) {
   main = std::make_unique<frmMain>(korva, ports.All, pictures);
   main->CheckForUpdates();

@@ -72,6 +72,30 @@ TEST(UpdateForm, ShowsEachStepAndEndsTheProgramForTheSetup) {
   EXPECT_EQ(bench.Main.Ended, 1);
 }
 
+TEST(UpdateForm, KeysNeverReachCloseWhileSomethingIsFetched) {
+  UpdateBench bench;
+  frmUpdate form(bench.Forms);
+  form.show();
+  QApplication::setActiveWindow(&form);
+  const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+  EXPECT_TRUE(The<QPushButton>(form, "cmdCheck").hasFocus());
+  press(Qt::Key_Return);
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+    press(key);
+    EXPECT_TRUE(form.isVisible() && bench.Outside.Fetches.IsRunning());
+  }
+  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                                MessageAnswer::kCancel);
+  bench.Outside.Fetches.Give("1106");
+  EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus()) << "the next step";
+  press(Qt::Key_Space);
+  press(Qt::Key_Space);
+  EXPECT_TRUE(form.isVisible());
+  bench.Outside.Fetches.Fail("the server has hung up");
+  EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus());
+  EXPECT_EQ(TextOf(form, "lblbytes"), "Download failed: its signature did not come: the server has hung up");
+}
+
 TEST(UpdateForm, ClosingEndsAFetchAndWritesTheSettings) {
   UpdateBench bench;
   {

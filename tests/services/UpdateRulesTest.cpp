@@ -44,6 +44,8 @@ TEST(UpdateRules, TrustsHttpsAndThisMachine) {
   EXPECT_FALSE(IsTrustedRoad("file", ""));
   EXPECT_FALSE(IsTrustedRoad("ftp", "127.0.0.1"));
   EXPECT_FALSE(IsTrustedRoad("https", ""));
+  EXPECT_FALSE(CanExist("www.korva-strond.invalid") || CanExist("invalid") || CanExist("a.invalid."));
+  EXPECT_TRUE(CanExist("www.example.org") && CanExist("notinvalid"));
   EXPECT_TRUE(MayRedirect("https", "https", "mirror.example.org"));
   EXPECT_TRUE(MayRedirect("http", "https", "mirror.example.org"));
   EXPECT_FALSE(MayRedirect("https", "http", "127.0.0.1")) << "never back to plain http";
