@@ -207,10 +207,13 @@ void frmMain::UtilItem(int index) {
       break;
     case kFileConversion:
       if (korva_.ProjectEmpty) {
-        ShowMessage(korva_, ports_.Messages, {.text = "Current file is empty", .title = {}});
+        ShowMessage(korva_, ports_.Messages,
+                    {.text = "Current file is empty", .title = {}, .topic = "messages-files"});
       } else if (!korva_.ProjectSaved) {
         ShowMessage(korva_, ports_.Messages,
-                    {.text = "Save Current File before accessing this option", .title = {}});
+                    {.text = "Save Current File before accessing this option",
+                     .title = {},
+                     .topic = "messages-files"});
       } else {
         frmConvert(session_, this).exec();
       }
@@ -337,7 +340,8 @@ void frmMain::SetGraphMenu() {
 }
 
 void frmMain::SayNotBuilt(const char* array, int index) {
-  ShowMessage(korva_, ports_.Messages, {.text = NotBuiltText(menus_.CaptionOf(array, index)), .title = {}});
+  ShowMessage(korva_, ports_.Messages,
+              {.text = NotBuiltText(menus_.CaptionOf(array, index)), .title = {}, .topic = "messages-other"});
 }
 
 }  // namespace korva::desktop

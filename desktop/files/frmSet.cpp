@@ -200,7 +200,7 @@ void frmSet::Wire() {
   const auto say = [this](std::string text, std::string title) {
     if (!loading_) {
       ShowMessage(session_.State, session_.Outside.Messages,
-                  {.text = std::move(text), .title = std::move(title)});
+                  {.text = std::move(text), .title = std::move(title), .topic = "messages-forms"});
     }
   };
   connect(checks_["chkShortNames"], &QCheckBox::toggled, this,
@@ -270,7 +270,7 @@ void frmSet::Check() {
                              : refusal->Title == Kind::kRange ? titles.TitleRangeError
                                                               : titles.TitleInvalidCharacter;
   ShowMessage(session_.State, session_.Outside.Messages,
-              {refusal->Text, MessageButtons::kOk, MessageIcon::kCritical, title});
+              {refusal->Text, MessageButtons::kOk, MessageIcon::kCritical, title, {}, "refusal-options"});
   findChild<FieldBox*>(FromUtf8(refusal->Control))->ShowRefused(FromUtf8(refusal->Text));
 }
 

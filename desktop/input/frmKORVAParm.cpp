@@ -65,7 +65,8 @@ void frmKORVAParm::Load() {
   if (!knownModel || !knownCondition) {
     ShowMessage(korva, session_.Outside.Messages,
                 {.text = "Internal Error: SetArrayIndex. Check input/form data.",
-                 .title = korva.Titles.TitleRangeError});
+                 .title = korva.Titles.TitleRangeError,
+                 .topic = "messages-forms"});
   }
   ui_.SSTab1->setCurrentIndex(0);
   UpdateRatio();
@@ -107,7 +108,8 @@ void frmKORVAParm::Run(const std::function<void()>& step) {
 }
 
 void frmKORVAParm::Say(const std::string& text) {
-  ShowMessage(session_.State, session_.Outside.Messages, {.text = text, .title = {}});
+  ShowMessage(session_.State, session_.Outside.Messages,
+              {.text = text, .title = {}, .topic = "warnings-input"});
 }
 
 bool frmKORVAParm::CheckAndShow() {
@@ -117,8 +119,12 @@ bool frmKORVAParm::CheckAndShow() {
   }
   const MessageTitles& titles = session_.State.Titles;
   ShowMessage(session_.State, session_.Outside.Messages,
-              {refusal->Text, MessageButtons::kOk, MessageIcon::kCritical,
-               refusal->Kind == RefusalKind::kLogic ? titles.TitleLogicError : titles.TitleRangeError});
+              {refusal->Text,
+               MessageButtons::kOk,
+               MessageIcon::kCritical,
+               refusal->Kind == RefusalKind::kLogic ? titles.TitleLogicError : titles.TitleRangeError,
+               {},
+               "warnings-refusals"});
   ui_.SSTab1->setCurrentIndex(static_cast<int>(refusal->Tab));
   ui_.Box(refusal->Control).ShowRefused(FromUtf8(refusal->Text));
   return false;
@@ -223,7 +229,9 @@ void frmKORVAParm::closeEvent(QCloseEvent* event) {
                   {"Changes in Input Data will be discarded. Proceed?",
                    MessageButtons::kYesNo,
                    MessageIcon::kNone,
-                   {}}) != MessageAnswer::kYes) {
+                   {},
+                   {},
+                   "messages-forms"}) != MessageAnswer::kYes) {
     event->ignore();
     return;
   }

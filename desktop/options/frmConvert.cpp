@@ -75,7 +75,8 @@ void frmConvert::Convert() {
   ShowMessage(session_.State, session_.Outside.Messages,
               {.text = converted ? "Conversion Completed: The conversion form will be closed"
                                  : "Error in the Conversion Procedure. Call technical support",
-               .title = {}});
+               .title = {},
+               .topic = "messages-files"});
   accept();
 }
 

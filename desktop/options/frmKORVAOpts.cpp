@@ -259,8 +259,12 @@ void frmKORVAOpts::Check() {
   }
   const std::string title = refusal->IsRange ? session_.State.Titles.TitleRangeError : std::string();
   ShowMessage(session_.State, session_.Outside.Messages,
-              {refusal->Text, MessageButtons::kOk,
-               refusal->IsRange ? MessageIcon::kCritical : MessageIcon::kNone, title});
+              {refusal->Text,
+               MessageButtons::kOk,
+               refusal->IsRange ? MessageIcon::kCritical : MessageIcon::kNone,
+               title,
+               {},
+               "refusal-options"});
   SSTab1_->setCurrentIndex(kOutputTab);
   boxes_[refusal->Control]->ShowRefused(FromUtf8(refusal->Text));
 }

@@ -38,7 +38,8 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
   session.State.PlotType = kPlotDimensions;
   std::unique_ptr<frmPicture> window(new frmPicture(session, opener));
   if (!window->view_->Show(window->request_)) {
-    ShowMessage(session.State, session.Outside.Messages, {.text = std::string(kInvalidPillars), .title = {}});
+    ShowMessage(session.State, session.Outside.Messages,
+                {.text = std::string(kInvalidPillars), .title = {}, .topic = "messages-forms"});
     return nullptr;
   }
   window->show();

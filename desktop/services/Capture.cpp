@@ -9,9 +9,10 @@ namespace korva::desktop {
 
 void CopyDialogToClipboard(Session& session, QWidget& form) {
   QGuiApplication::clipboard()->setPixmap(form.grab());
-  ShowMessage(
-      session.State, session.Outside.Messages,
-      {.text = "Screenshot of dialog copied to clipboard", .title = session.State.Titles.TitleMessage});
+  ShowMessage(session.State, session.Outside.Messages,
+              {.text = "Screenshot of dialog copied to clipboard",
+               .title = session.State.Titles.TitleMessage,
+               .topic = "messages-forms"});
 }
 
 }  // namespace korva::desktop

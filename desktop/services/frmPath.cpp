@@ -100,7 +100,8 @@ void frmPath::DriveChosen(const QString& root) {
         session_.State, session_.Outside.Messages,
         {.text = "Windows is unable to read selected drive. Make sure the door is closed and the disk is "
                  "formatted and free of errors",
-         .title = session_.State.Titles.TitleError});
+         .title = session_.State.Titles.TitleError,
+         .topic = "messages-forms"});
     return;
   }
   GoTo(root);

@@ -78,7 +78,8 @@ void frmUpdate::LayOut() {
   lblURL->setToolTip(QStringLiteral("Opens the program's web page"));
   connect(lblURL, &LinkLabel::Clicked, this, [this, page] {
     if (!session_.Outside.Documents.OpenPage(page)) {
-      ShowMessage(session_.State, session_.Outside.Messages, {.text = "Operation Failed", .title = {}});
+      ShowMessage(session_.State, session_.Outside.Messages,
+                  {.text = "Operation Failed", .title = {}, .topic = "messages-updates"});
     }
   });
   auto* steps = new QHBoxLayout;

@@ -126,7 +126,10 @@ QWidget* FrontWindow() {
 
 void ShowHelpHint(Session& session) {
   ShowMessage(session.State, session.Outside.Messages,
-              {.text = std::string(kHelpHint), .icon = MessageIcon::kExclamation, .title = "Help"});
+              {.text = std::string(kHelpHint),
+               .icon = MessageIcon::kExclamation,
+               .title = "Help",
+               .topic = "frmhelp-f1"});
 }
 
 QFont FixedPitchFont(int points) {

@@ -68,7 +68,7 @@ RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
 bool IsRefused(Korva& korva, MessagePort& messages) {
   const auto refusal = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal;
   if (refusal) {
-    ShowMessage(korva, messages, {.text = *refusal, .title = {}});
+    ShowMessage(korva, messages, {.text = *refusal, .title = {}, .topic = "warnings-refusals"});
   }
   return refusal.has_value();
 }
@@ -145,11 +145,12 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
   korva.OutPageLast = OutputPages::kLast;
   Evaluated evaluated = EvaluateProject(korva, model);
   if (evaluated.Refusal) {
-    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}, .topic = "warnings-refusals"});
     return false;
   }
   if (model == kComparedModels) {
-    ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .title = {}});
+    ShowMessage(korva, messages,
+                {.text = std::string(kWithoutWarnings), .title = {}, .topic = "messages-run"});
   }
   PageSet set =
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
@@ -167,7 +168,7 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t mode
 
 bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   if (korva.ProjectEmpty) {
-    ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}});
+    ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}, .topic = "messages-run"});
     return false;
   }
   korva.OutPageLast = OutputPages::kLast;
@@ -179,7 +180,7 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   if (IsRefused(korva, messages)) {
     return false;
   }
-  ShowMessage(korva, messages, {.text = std::string(kTakesMinutes), .title = {}});
+  ShowMessage(korva, messages, {.text = std::string(kTakesMinutes), .title = {}, .topic = "messages-run"});
   return CalculateWorkingCopy(korva, messages, kLaminatedModel);
 }
 
@@ -189,8 +190,12 @@ bool CalculateFromForm(Korva& korva, MessagePort& messages) {
     if (IsRefused(korva, messages)) {
       return false;
     }
-    const Message question = {
-        std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageIcon::kNone, {}};
+    const Message question = {std::string(kTakesMinutes) + " Continue?",
+                              MessageButtons::kYesNo,
+                              MessageIcon::kNone,
+                              {},
+                              {},
+                              "messages-run"};
     if (ShowMessage(korva, messages, question) != MessageAnswer::kYes) {
       return false;
     }

@@ -213,7 +213,9 @@ CaseImportState ImportCases(Korva& korva, Ports& ports, std::string_view rowText
                                            {"This operation will override current data. Proceed?",
                                             MessageButtons::kYesNo,
                                             MessageIcon::kQuestion,
-                                            {}});
+                                            {},
+                                            {},
+                                            "messages-files"});
   return answer == MessageAnswer::kYes ? DialogImport(korva, ports, steps).Run(rowText) : CaseImportState{};
 }
 

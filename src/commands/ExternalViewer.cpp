@@ -98,7 +98,8 @@ bool ViewExternally(Korva& korva, Ports& ports, const std::string& file) {
   bool started = false;
   Attempt(korva, ports.Messages, [&] {
     if (!StateOfFile(file).exists) {
-      ShowMessage(korva, ports.Messages, {.text = "Requested File not found: " + file, .title = {}});
+      ShowMessage(korva, ports.Messages,
+                  {.text = "Requested File not found: " + file, .title = {}, .topic = "messages-documents"});
       return;
     }
     CopyToScratch(korva, ports, file);

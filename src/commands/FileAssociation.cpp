@@ -26,8 +26,10 @@ UserFolders UserOf(const Korva& korva) {
 
 bool IsConfirmed(Korva& korva, Ports& ports, std::string question) {
   return ShowMessage(korva, ports.Messages,
-                     {.text = std::move(question), .buttons = MessageButtons::kYesNo, .title = {}}) ==
-         MessageAnswer::kYes;
+                     {.text = std::move(question),
+                      .buttons = MessageButtons::kYesNo,
+                      .title = {},
+                      .topic = "messages-association"}) == MessageAnswer::kYes;
 }
 
 // The lines of `names` below `heading`, or nothing.
@@ -53,7 +55,8 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
         {.text = fmt::format("The file extension of the settings, \"{}\", cannot be associated. It has "
                              "to be one to three capital letters or digits.",
                              Excerpt(extension)),
-         .title = {}});
+         .title = {},
+         .topic = "messages-association"});
     return;
   }
   if (!IsConfirmed(
@@ -79,7 +82,8 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
        .title = {},
-       .detail = DoubtsText(doubts)});
+       .detail = DoubtsText(doubts),
+       .topic = "messages-association"});
   HistoryLog(korva.SessionHistory, korva.Preferences,
              fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }
@@ -107,7 +111,8 @@ void AskFileDissociation(Korva& korva, Ports& ports) {
     ShowMessage(korva, ports.Messages,
                 {.text = fmt::format("The association of file extension {} has been removed", *extension),
                  .title = {},
-                 .detail = Listed("These files were changed since and stay as they are:", left)});
+                 .detail = Listed("These files were changed since and stay as they are:", left),
+                 .topic = "messages-association"});
   }
 }
 

@@ -58,7 +58,8 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
   const std::string text = TextFromFileBytes(korva.OpenFile.Bytes);
   const auto format = DetectProjectFormat(text, korva.ProjectFileName);
   if (!format) {
-    ShowMessage(korva, messages, {.text = std::string(kInvalidFormat), .title = {}});
+    ShowMessage(korva, messages,
+                {.text = std::string(kInvalidFormat), .title = {}, .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = *format;
@@ -76,7 +77,8 @@ bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
   const std::string text = TextFromFileBytes(ReadWholeFile(korva.ProjectFileName, kLargestProjectFile));
   if (!DetectVoskFormat(text, korva.ProjectFileName)) {
-    ShowMessage(korva, messages, {.text = std::string(kInvalidFormat), .title = {}});
+    ShowMessage(korva, messages,
+                {.text = std::string(kInvalidFormat), .title = {}, .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = 0;  // none of the project file's own

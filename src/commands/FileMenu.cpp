@@ -141,7 +141,9 @@ bool FileMenu::SaveBeforeOpening() {
                   {SaveQuestion(korva_.ProjectPreviousFileName),
                    MessageButtons::kYesNoDefaultNo,
                    MessageIcon::kNone,
-                   {}}) != MessageAnswer::kYes) {
+                   {},
+                   {},
+                   "messages-files"}) != MessageAnswer::kYes) {
     recovery_.KeepDroppedWork(korva_.ProjectPreviousFileName);
     return true;
   }
@@ -206,16 +208,22 @@ bool FileMenu::MayReplace(bool chosen) {
                      {fmt::format(fmt::runtime(text), name),
                       MessageButtons::kYesNoDefaultNo,
                       MessageIcon::kExclamation,
-                      {}}) == MessageAnswer::kYes;
+                      {},
+                      {},
+                      "messages-files"}) == MessageAnswer::kYes;
 }
 
 bool FileMenu::MayExit() {
   if (korva_.ProjectSaved) {
     return true;
   }
-  switch (ShowMessage(
-      korva_, ports_.Messages,
-      {SaveQuestion(korva_.ProjectFileName), MessageButtons::kYesNoCancel, MessageIcon::kQuestion, {}})) {
+  switch (ShowMessage(korva_, ports_.Messages,
+                      {SaveQuestion(korva_.ProjectFileName),
+                       MessageButtons::kYesNoCancel,
+                       MessageIcon::kQuestion,
+                       {},
+                       {},
+                       "messages-files"})) {
     case MessageAnswer::kYes:
       return Save(false);
     case MessageAnswer::kNo:

@@ -31,7 +31,8 @@ std::string FreeWorkbookName(const std::string& folder, const std::string& proje
 
 void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   if (korva.Preferences.Options.AskOfficeInstall == 0) {
-    const Message question = {std::string(kNeedsExcel), MessageButtons::kYesNo, MessageIcon::kNone, {}};
+    const Message question = {std::string(kNeedsExcel), MessageButtons::kYesNo, MessageIcon::kNone, {}, {},
+                              "messages-graphs"};
     if (ShowMessage(korva, ports.Messages, question) != MessageAnswer::kYes) {
       return;
     }
@@ -49,7 +50,8 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   ShowMessage(korva, ports.Messages,
               {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
                .title = {},
-               .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file)});
+               .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file),
+               .topic = "messages-graphs"});
 }
 
 }  // namespace korva

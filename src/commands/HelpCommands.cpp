@@ -17,11 +17,13 @@ bool IsFile(const std::string& path) {
 // `name` is what a message calls the document.
 void Open(Korva& korva, Ports& ports, const std::string& path, std::string_view kind, std::string_view name) {
   if (!IsFile(path)) {
-    ShowMessage(
-        korva, ports.Messages,
-        {.text = std::string(kind).append(" file (").append(name).append(") not available"), .title = {}});
+    ShowMessage(korva, ports.Messages,
+                {.text = std::string(kind).append(" file (").append(name).append(") not available"),
+                 .title = {},
+                 .topic = "messages-documents"});
   } else if (!ports.Documents.Open(path)) {
-    ShowMessage(korva, ports.Messages, {.text = "Operation Failed", .title = {}});
+    ShowMessage(korva, ports.Messages,
+                {.text = "Operation Failed", .title = {}, .topic = "messages-documents"});
   }
 }
 
@@ -34,9 +36,10 @@ std::string DocumentPath(const Folders& places, std::string_view name) {
 }
 
 void SayHelpNotAvailable(Korva& korva, MessagePort& messages) {
-  ShowMessage(
-      korva, messages,
-      {.text = std::string("Help file (").append(HelpFileName).append(") not available"), .title = {}});
+  ShowMessage(korva, messages,
+              {.text = std::string("Help file (").append(HelpFileName).append(") not available"),
+               .title = {},
+               .topic = "messages-documents"});
 }
 
 void OpenManual(Korva& korva, Ports& ports) {

@@ -23,8 +23,12 @@ void Send(Korva& korva, Ports& ports, std::string_view text) {
 
 bool LoadInputPage(Korva& korva, MessagePort& messages) {
   if (korva.ProjectEmpty) {
-    const Message question = {
-        std::string(kPrintEmpty), MessageButtons::kYesNoDefaultNo, MessageIcon::kNone, {}};
+    const Message question = {std::string(kPrintEmpty),
+                              MessageButtons::kYesNoDefaultNo,
+                              MessageIcon::kNone,
+                              {},
+                              {},
+                              "messages-run"};
     if (ShowMessage(korva, messages, question) != MessageAnswer::kYes) {
       return false;
     }

@@ -122,7 +122,9 @@ bool Recovery::OfferCopies(MessagePort& messages) {
                       {fmt::format("Unsaved work on {} was kept when the program ended. Restore it?", name),
                        MessageButtons::kYesNo,
                        MessageIcon::kQuestion,
-                       {}}) == MessageAnswer::kYes;
+                       {},
+                       {},
+                       "messages-files"}) == MessageAnswer::kYes;
       if (wanted && Restore(path)) {
         SessionFolder::PutAside(path);
         TellOpenFile(messages);
@@ -149,7 +151,9 @@ void Recovery::TellOpenFile(MessagePort& messages) {
                      korva_.ProjectFileName),
          MessageButtons::kOk,
          MessageIcon::kExclamation,
-         {}});
+         {},
+         {},
+         "messages-files"});
   }
 }
 

@@ -20,7 +20,9 @@ void SavePicture(Korva& korva, Ports& ports, const std::string& what,
   }
   const auto kind = PictureKindOf(*file);
   if (!kind) {
-    ShowMessage(korva, ports.Messages, {.text = "A picture's name ends in .svg, .pdf or .png", .title = {}});
+    ShowMessage(
+        korva, ports.Messages,
+        {.text = "A picture's name ends in .svg, .pdf or .png", .title = {}, .topic = "messages-graphs"});
     return;
   }
   WriteFileSafely(*file, draw(*kind));

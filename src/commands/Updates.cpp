@@ -42,7 +42,8 @@ bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view 
                                    {.text = NewVersionQuestion(),
                                     .buttons = MessageButtons::kYesNoCancel,
                                     .icon = MessageIcon::kQuestion,
-                                    .title = {}}) == MessageAnswer::kYes;
+                                    .title = {},
+                                    .topic = "messages-updates"}) == MessageAnswer::kYes;
   }
   return korva.AutoUpdate;
 }
@@ -55,7 +56,7 @@ Updates::~Updates() {
 }
 
 void Updates::Show(std::string text) {
-  ShowMessage(korva_, ports_.Messages, {.text = std::move(text), .title = {}});
+  ShowMessage(korva_, ports_.Messages, {.text = std::move(text), .title = {}, .topic = "messages-updates"});
 }
 
 std::string Updates::SetupFile() const {
@@ -100,7 +101,10 @@ void Updates::Compare(const FetchAnswer& answer) {
     korva_.AutoUpdate = false;  // nothing is left to do
     changed_();
     ShowMessage(korva_, ports_.Messages,
-                {.text = "Program is up to date", .buttons = MessageButtons::kOkCancel, .title = {}});
+                {.text = "Program is up to date",
+                 .buttons = MessageButtons::kOkCancel,
+                 .title = {},
+                 .topic = "messages-updates"});
     return;
   }
   setupName_ = SetupName(server);
@@ -110,7 +114,8 @@ void Updates::Compare(const FetchAnswer& answer) {
                                        {.text = "A new version is available. Download?",
                                         .buttons = MessageButtons::kYesNoCancel,
                                         .icon = MessageIcon::kQuestion,
-                                        .title = {}}) == MessageAnswer::kYes) {
+                                        .title = {},
+                                        .topic = "messages-updates"}) == MessageAnswer::kYes) {
     Download();
   }
 }

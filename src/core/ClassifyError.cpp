@@ -48,6 +48,7 @@ std::string ErrorMessage(const RuntimeError& error) {
 
 ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& error, bool show) {
   const ErrorClass kind = ClassOf(error.Number());
+  const std::string topic = fmt::format("error-{}", static_cast<std::int64_t>(error.Number()));
   if (show) {
     HistoryLog(
         korva.SessionHistory, korva.Preferences,
@@ -64,14 +65,13 @@ ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& e
       if (show) {
         ShowMessage(korva, port,
                     {ErrorMessage(error), MessageButtons::kOk, MessageIcon::kCritical,
-                     korva.Titles.TitleError, error.Detail(), "messages-errors"});
+                     korva.Titles.TitleError, error.Detail(), topic});
       }
       return ErrorAction::kEndCommand;
     case ErrorClass::kRetryable:
       if (show && ShowMessage(korva, port,
                               {ErrorMessage(error), MessageButtons::kRetryCancel, MessageIcon::kCritical,
-                               korva.Titles.TitleError, error.Detail(), "messages-errors"}) ==
-                      MessageAnswer::kRetry) {
+                               korva.Titles.TitleError, error.Detail(), topic}) == MessageAnswer::kRetry) {
         return ErrorAction::kRetry;
       }
       return ErrorAction::kContinue;

@@ -18,7 +18,7 @@ struct Message {
   MessageIcon icon = MessageIcon::kNone;
   std::string title;
   std::string detail = {};         // what was at fault, set apart from the text
-  std::string topic = "messages";  // of the help, that F1 opens
+  std::string topic = "messages";  // label of the help that F1 opens
 };
 
 // What shows a message: a box of the desktop, the terminal of the command, a script of answers in tests.
