@@ -31,7 +31,7 @@ bool IsTrusted(const QUrl& url) {
 
 class QtRunning final : public QObject, public FetchPort::Running {
  public:
-  QtRunning(const QSslConfiguration& security, const FetchQuestion& question,
+  QtRunning(const std::optional<QSslConfiguration>& security, const FetchQuestion& question,
             std::function<void(std::uint64_t)> progress, std::function<void(FetchAnswer)> done)
       : security_(security),
         most_(question.MostBytes),
@@ -68,7 +68,9 @@ class QtRunning final : public QObject, public FetchPort::Running {
     silence_.start(kLongestSilence);
     socket_ = new QSslSocket(this);
     socket_->setProxy(QNetworkProxy::NoProxy);
-    socket_->setSslConfiguration(security_);
+    if (security_) {
+      socket_->setSslConfiguration(*security_);
+    }
     socket_->setReadBufferSize(kReadBuffer);
     connect(socket_, &QIODevice::readyRead, this, [this] {
       TakeBytes();
@@ -153,8 +155,11 @@ class QtRunning final : public QObject, public FetchPort::Running {
     QTimer::singleShot(0, this, [this, fault] { End(fault); });
   }
 
-  // The last call: who waits for the end may end this object.
+  // The last call: who waits for the end may end this object. A limit that was just reached comes too late.
   void End(const QString& fault) {
+    if (done_ == nullptr) {
+      return;
+    }
     limit_.stop();
     silence_.stop();
     HangUp();
@@ -167,7 +172,7 @@ class QtRunning final : public QObject, public FetchPort::Running {
     std::exchange(done_, nullptr)(std::move(answer));
   }
 
-  QSslConfiguration security_;
+  std::optional<QSslConfiguration> security_;
   std::uint64_t most_;
   std::function<void(std::uint64_t)> progress_;
   std::function<void(FetchAnswer)> done_;
@@ -180,10 +185,6 @@ class QtRunning final : public QObject, public FetchPort::Running {
 };
 
 }  // namespace
-
-QtFetch::QtFetch(QSslConfiguration security) {
-  security_.swap(security);
-}
 
 std::unique_ptr<FetchPort::Running> QtFetch::Fetch(const FetchQuestion& question,
                                                    std::function<void(std::uint64_t)> progress,

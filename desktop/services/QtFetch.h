@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QSslConfiguration>
+#include <optional>
 
 #include "core/Ports.h"
 
@@ -13,12 +14,13 @@ namespace korva::desktop {
 // and asks servers twice that send on more than once.
 class QtFetch final : public FetchPort {
  public:
-  explicit QtFetch(QSslConfiguration security = QSslConfiguration::defaultConfiguration());
+  // Without `security` that of the system, which takes milliseconds to read and is read when it is needed.
+  explicit QtFetch(std::optional<QSslConfiguration> security = {}) : security_(std::move(security)) {}
   std::unique_ptr<Running> Fetch(const FetchQuestion& question, std::function<void(std::uint64_t)> progress,
                                  std::function<void(FetchAnswer)> done) override;
 
  private:
-  QSslConfiguration security_;
+  std::optional<QSslConfiguration> security_;
 };
 
 }  // namespace korva::desktop
