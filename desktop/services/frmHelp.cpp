@@ -165,8 +165,8 @@ void frmHelp::PaintImages() {
 
 void frmHelp::ShowTopic(const std::vector<std::string>& labels) {
   const QUrl topic = file_->Topic(labels);
+  BringUp();  // before, so that the page finds the room that it has
   GoTo(topic.isEmpty() ? file_->StartPage() : topic);
-  BringUp();
   browser_->setFocus();
 }
 

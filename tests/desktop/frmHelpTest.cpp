@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QTimer>
@@ -19,6 +21,7 @@
 #include "core/ClassifyError.h"
 #include "core/RuntimeError.h"
 #include "desktop/AllForms.h"
+#include "desktop/services/HelpBrowser.h"
 #include "desktop/services/HelpFile.h"
 #include "desktop/services/HelpQuery.h"
 #include "desktop/services/QtPorts.h"
@@ -386,6 +389,84 @@ TEST_F(HelpWindow, FindsInThePageAndZooms) {
   EXPECT_GT(browser.document()->size().height(), before);
   QTest::keyClick(help.get(), Qt::Key_0, Qt::ControlModifier);
   EXPECT_EQ(browser.document()->size().height(), before);
+}
+
+// Where the line of a position stands in the view.
+int LineAt(const HelpBrowser& browser, int position) {
+  QTextCursor line(browser.document());
+  line.setPosition(position);
+  return browser.cursorRect(line).top();
+}
+
+// The page is set anew when the width has come to rest.
+void ResizeAndWait(frmHelp& help, const QSize& size) {
+  const QSignalSpy set(&The<HelpBrowser>(help, "Browser"), &QTextBrowser::sourceChanged);
+  help.resize(size);
+  QTRY_VERIFY(set.count() > 0);
+  QApplication::processEvents();
+}
+
+TEST_F(HelpWindow, TheHeadingOfATopicStandsAtTheTop) {
+  for (const char* topic : {"frmkorvaparm-txtdepthcover", "frmkorvaparm-cmdok", "tutorial-graph",
+                            "result-barrier-sf", "theory-traditional", "frmhelp-lstsearch"}) {
+    SCOPED_TRACE(topic);
+    const auto help = frmHelp::Open(bench.Forms);  // hidden
+    auto& browser = The<HelpBrowser>(*help, "Browser");
+    const int room = SpacingUnit(browser);
+    const auto stands = [&] {
+      const int top = LineAt(browser, browser.PositionOf(browser.source().fragment()));
+      const QScrollBar& bar = *browser.verticalScrollBar();
+      return top == room || (bar.value() == bar.maximum() && top > 0 && top < browser.viewport()->height());
+    };
+    help->ShowTopic({topic});
+    EXPECT_TRUE(stands()) << "at once";
+    const QSize before = help->size();
+    ResizeAndWait(*help, before * 3 / 4);
+    EXPECT_TRUE(stands()) << "smaller window";
+    for (const int zoom : {150, 70}) {
+      browser.SetZoom(zoom);
+      EXPECT_TRUE(stands()) << zoom << " percent";
+    }
+    EXPECT_EQ(browser.verticalScrollBar()->maximum() + browser.verticalScrollBar()->pageStep(),
+              qRound(browser.document()->size().height()));
+  }
+}
+
+TEST_F(HelpWindow, WhatAPersonLooksAtStays) {
+  const auto help = frmHelp::Open(bench.Forms);
+  auto& browser = The<HelpBrowser>(*help, "Browser");
+  help->ShowTopic({"tutorial"});
+  const int line = browser.PositionOf(QStringLiteral("tutorial-graph"));
+  browser.verticalScrollBar()->setValue(browser.verticalScrollBar()->value() + LineAt(browser, line) - 3);
+  const QSize before = help->size();
+  const auto stays = [&](const std::function<int()>& height) {
+    const int there = height();
+    browser.SetZoom(browser.Zoom() + 60);
+    EXPECT_EQ(height(), there) << "larger";
+    browser.SetZoom(browser.Zoom() - 90);
+    EXPECT_EQ(height(), there) << "smaller";
+    browser.SetZoom(browser.Zoom() + 30);
+    EXPECT_EQ(height(), there) << "as before";
+    QPalette colours = browser.palette();
+    colours.setColor(QPalette::Text, Qt::darkBlue);
+    help->setPalette(colours);
+    EXPECT_EQ(height(), there) << "colours";
+    ResizeAndWait(*help, before * 3 / 4);
+    EXPECT_EQ(height(), there) << "smaller window";
+    help->ShowTopic({"glossary"});
+    ResizeAndWait(*help, before);
+    Click(*help, "cmdBack");
+    EXPECT_EQ(height(), there) << "page left and window as before";
+  };
+  stays([&] { return LineAt(browser, line); });
+  ASSERT_TRUE(browser.FindText(QStringLiteral("barrier")));
+  ASSERT_TRUE(browser.FindText(QStringLiteral("barrier")));
+  const int hit = browser.textCursor().selectionStart();
+  stays([&] {
+    EXPECT_EQ(browser.textCursor().selectionStart(), hit);
+    EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("barrier"));
+    return LineAt(browser, hit);
+  });
 }
 
 TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
