@@ -12,7 +12,7 @@ from pages import PICTURES, PageBuilder, PageTranslator
 
 NAMESPACE = 'org.korva-strond.help'
 FOLDER = 'help'
-LABELS = 'labels.txt'
+LABELS = 'labels.tsv'   # no kind of file that the search reads
 DEEPEST_CONTENTS = 2   # headings up to this level stand in the contents
 
 PAGE = '''<!DOCTYPE html>

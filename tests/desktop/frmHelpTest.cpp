@@ -167,7 +167,7 @@ TEST_F(HelpWindow, EveryLinkLeadsToAPlace) {
   for (const QString& target : All(project, "ref=\"([^\"]*)\"")) {
     links.emplace_back(QStringLiteral("contents or index"), target);
   }
-  for (const QString& target : All(QString::fromUtf8(Built("help/labels.txt")), "\t(.*)\n")) {
+  for (const QString& target : All(QString::fromUtf8(Built("help/labels.tsv")), "\t(.*)\n")) {
     links.emplace_back(QStringLiteral("a label"), target);
   }
   EXPECT_GT(links.size(), 1000U);
@@ -286,6 +286,19 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   };
   finds("center-to-center");
   EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("center-to-center"));
+  finds("without active gob");
+  ASSERT_GT(found.count(), 0);
+  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("without"));
+  for (const char* word : {"example", "else", "factor"}) {  // in cells, beside formulas and quotation marks
+    finds(word);
+    EXPECT_GT(found.count(), 5);
+    for (int entry = 0; entry < found.count(); ++entry) {
+      const QListWidgetItem& item = *found.item(entry);
+      EXPECT_TRUE(item.data(Qt::UserRole).toUrl().path().endsWith(QLatin1String(".html")));
+      emit found.itemActivated(found.item(entry));
+      EXPECT_TRUE(browser.textCursor().hasSelection()) << qPrintable(item.text()) << ", " << word;
+    }
+  }
   finds("entry \"mining zone");
   EXPECT_GT(found.count(), 1) << "a quotation mark that is not closed";
   finds("AND OR (");
@@ -316,6 +329,21 @@ TEST(HelpQuery, ReadsExcerpts) {
   const HelpExcerpt none = ExcerptOf(QStringLiteral("&amp;lt;"));
   EXPECT_EQ(none.Text, QStringLiteral("&lt;"));
   EXPECT_EQ(none.Hits, 0);
+  const HelpExcerpt cut = ExcerptOf(QStringLiteral("...quot;, else &quot;<b>rows</b>&quot..."));
+  EXPECT_EQ(cut.Text, QStringLiteral("\", else \"rows\"")) << "the engine cuts within a sign";
+  EXPECT_EQ(cut.Text.mid(cut.At, cut.Hits), QStringLiteral("rows"));
+}
+
+TEST(HelpQuery, ShowsExcerptsWithoutSignsOfThePage) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"...Depth\n<b>900</b> ft...", "\u2026Depth \u00b7 <b>900</b> ft\u2026"},
+      {"Without a barrier (\uFFFC\uFFFC) \n \uFFFC\n\uFFFC\nthe load",
+       "Without a barrier (\u2026) \u00b7 the load"},
+      {"...quot; a &lt; b&quot...", "\u2026&quot; a &lt; b&quot;\u2026"},
+  };
+  for (const auto& [snippet, shown] : cases) {
+    EXPECT_EQ(ShownSnippet(QString::fromUtf8(snippet)), QString::fromUtf8(shown)) << snippet;
+  }
 }
 
 TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
