@@ -23,6 +23,7 @@ constexpr int kGreatestZoom = 300;
 constexpr int kZoomStep = 10;
 constexpr double kFormulaSize = 1.1;  // its letters look smaller than those of the text
 constexpr int kResizePause = 150;     // milliseconds
+constexpr int kRounding = 3;          // pixels that the columns of a table are too wide at most
 constexpr const char* kScheme = "qthelp";
 
 // A colour between two others; `share` of the first.
@@ -41,6 +42,7 @@ HelpBrowser::HelpBrowser(HelpFile& file, QWidget* parent)
   setObjectName(QStringLiteral("Browser"));
   setAccessibleName(QStringLiteral("Help page"));
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // pictures are fitted into what it leaves
+  setWordWrapMode(QTextOption::WordWrap);
   document()->setDocumentMargin(2 * SpacingUnit(*this));
   resized_.setSingleShot(true);
   resized_.setInterval(kResizePause);
@@ -62,10 +64,10 @@ void HelpBrowser::ApplyColours() {
           "h3 { font-size: medium; margin-top: 14px; margin-bottom: 3px; }"
           "p, li { line-height: 125%; } li { margin-bottom: 4px; }"
           "table { border-collapse: collapse; border-color: %3; margin-top: 4px; margin-bottom: 8px; }"
-          "th { background-color: %2; text-align: left; } td, th { padding: 4px; }"
+          "th { background-color: %2; text-align: left; } td, th { padding: 4px 3px; }"
           "td p, th p { margin: 0; }"
-          "td.note, td.code { background-color: %2; border-width: 0; }"
-          "code, pre { font-family: '%4'; }"
+          "td.note, td.code { background-color: %2; border-width: 0; padding: 6px 8px; }"
+          "code, pre { font-family: '%4'; } pre { white-space: pre-wrap; } p.picture { line-height: 100%; }"
           "div.math { margin: 6px 0 10px 20px; }")
           .arg(link, panel, line, FixedPitchFont().family(), AccentColour(palette()).name()));
 }
@@ -126,6 +128,7 @@ void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type
   KeepPlace();
   page_ = name.isRelative() ? page_.resolved(name) : name;
   QTextBrowser::doSetSource(name, type);
+  FinishLayout();
   if (const int heading = PositionOf(page_.fragment()); heading >= 0) {
     const QTextCursor cursor = textCursor();
     Show({source(), heading, SpacingUnit(*this), cursor.anchor(), cursor.position(), 0});
@@ -177,10 +180,12 @@ HelpBrowser::Place HelpBrowser::PlaceInView() const {
   return {source(), line.position(), cursorRect(line).top(), cursor.anchor(), cursor.position(), scroll};
 }
 
-// Long pages are laid out piece by piece, and the scroll bar lags behind that.
+// Long pages are laid out piece by piece, and the scroll bars lag behind that.
 void HelpBrowser::FinishLayout() {
   QAbstractTextDocumentLayout* layout = document()->documentLayout();
   layout->frameBoundingRect(document()->rootFrame());
+  const bool fits = layout->documentSize().width() <= viewport()->width() + kRounding;
+  setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
   emit layout->documentSizeChanged(layout->documentSize());
 }
 

@@ -1,6 +1,7 @@
 // The help window, and whether every control of the program has its topic in the help file.
 #include <gtest/gtest.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
@@ -11,7 +12,9 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextLayout>
 #include <QTimer>
 #include <QWindow>
 #include <filesystem>
@@ -495,6 +498,42 @@ TEST_F(HelpWindow, WhatAPersonLooksAtStays) {
     EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("barrier"));
     return LineAt(browser, hit);
   });
+}
+
+// What is wrong with the lines of a page: words in two lines, and pictures with a gap below them.
+std::vector<QString> FaultsOfLines(const QTextDocument& page) {
+  std::vector<QString> faults;
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    const QString text = block.text();
+    const QTextLayout& layout = *block.layout();
+    for (int i = 0; i + 1 < layout.lineCount(); ++i) {
+      const int next = layout.lineAt(i + 1).textStart();
+      if (text[next - 1].isLetterOrNumber() && text[next].isLetterOrNumber()) {
+        faults.push_back(text.left(next) + QLatin1Char('|') + text.mid(next));
+      }
+    }
+    const QRectF place = page.documentLayout()->blockBoundingRect(block);
+    const double gap = page.documentLayout()->blockBoundingRect(block.next()).top() - place.bottom();
+    if (text == QString(QChar::ObjectReplacementCharacter) && gap > 20 + place.height() / 10) {
+      faults.push_back(QStringLiteral("a gap below a picture, above ") + block.next().text());
+    }
+  }
+  return faults;
+}
+
+TEST_F(HelpWindow, PagesFitInTheWindow) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->resize(help->sizeHint());
+  help->ShowContents();
+  auto& browser = The<HelpBrowser>(*help, "Browser");
+  for (const QString& page : QDir(QStringLiteral(KORVA_BUILT_DOCS "/help")).entryList({"*.html"})) {
+    browser.setSource(browser.source().resolved(QUrl(page)));
+    QApplication::processEvents();
+    EXPECT_FALSE(browser.horizontalScrollBar()->isVisible()) << qPrintable(page);
+    for (const QString& fault : FaultsOfLines(*browser.document())) {
+      ADD_FAILURE() << qPrintable(page) << ": " << qPrintable(fault);
+    }
+  }
 }
 
 TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
