@@ -376,6 +376,36 @@ TEST_F(HelpWindow, LettersWithAltLeadIntoTheTabs) {
   lead(Qt::Key_C, "Contents");
 }
 
+TEST_F(HelpWindow, KeysLeadFromATextToTheListBelowAndBack) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowIndex();
+  QApplication::setActiveWindow(help.get());
+  auto& tabs = The<QTabWidget>(*help, "tabHelp");
+  const auto press = [](Qt::Key key, const char* name) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(name));
+  };
+  const auto leadThereAndBack = [&](const char* text, const char* list) {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown}) {
+      press(key, list);
+      EXPECT_EQ(The<QListView>(*help, list).currentIndex().row(), 0);
+      press(Qt::Key_Down, list);
+      press(Qt::Key_Up, list);
+      press(Qt::Key_Up, text);
+    }
+  };
+  QTRY_VERIFY(The<QListView>(*help, "Index").model()->rowCount() > 1);
+  leadThereAndBack("txtIndex", "Index");
+  tabs.setCurrentIndex(2);
+  tabs.currentWidget()->setFocus();
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("pillar"));
+  press(Qt::Key_Return, "txtSearch");
+  QTRY_VERIFY_WITH_TIMEOUT(The<QListWidget>(*help, "lstSearch").count() > 1, 30'000);
+  leadThereAndBack("txtSearch", "lstSearch");
+  press(Qt::Key_Tab, "cmdSearch");
+  press(Qt::Key_Tab, "lstSearch");
+}
+
 TEST_F(HelpWindow, BoxesHaveTheirOwnTopics) {
   frmMain main(bench.State, bench.Outside.All, bench.Pictures);
   main.Begin({});
