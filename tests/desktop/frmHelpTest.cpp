@@ -4,6 +4,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QHelpContentWidget>
+#include <QHelpEvent>
 #include <QHelpIndexWidget>
 #include <QLabel>
 #include <QListWidget>
@@ -16,6 +17,7 @@
 #include <QTextBrowser>
 #include <QTextLayout>
 #include <QTimer>
+#include <QToolTip>
 #include <QWindow>
 #include <filesystem>
 #include <set>
@@ -357,6 +359,29 @@ TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
   help->ShowTopic({"frmhelp-lstsearch"});
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Ways to a page"));
   EXPECT_EQ(contents.currentIndex().parent().data().toString(), QStringLiteral("The help window"));
+}
+
+TEST_F(HelpWindow, TheContentsFitOrTellWhatIsCutOff) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->resize(help->sizeHint());
+  help->ShowContents();
+  auto& contents = The<QHelpContentWidget>(*help, "Contents");
+  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  contents.expandAll();
+  const auto told = [&](const QModelIndex& entry) {
+    contents.scrollTo(entry);
+    const QPoint middle = contents.visualRect(entry).center();
+    QHelpEvent rest(QEvent::ToolTip, middle, contents.viewport()->mapToGlobal(middle));
+    QApplication::sendEvent(contents.viewport(), &rest);
+    return QToolTip::text();
+  };
+  const QModelIndex top = contents.model()->index(0, 0);
+  for (int group = 0; group < contents.model()->rowCount(top); ++group) {
+    EXPECT_EQ(told(contents.model()->index(group, 0, top)).toStdString(), "");
+  }
+  const QModelIndex tutorial = contents.model()->index(0, 0, contents.model()->index(0, 0, top));
+  EXPECT_EQ(told(tutorial), tutorial.data().toString());
+  QToolTip::hideText();
 }
 
 TEST_F(HelpWindow, LettersWithAltLeadIntoTheTabs) {
