@@ -1,5 +1,6 @@
 #include "desktop/services/HelpBrowser.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFontInfo>
 #include <QPainter>
 #include <QRegularExpression>
@@ -22,6 +23,7 @@ constexpr int kGreatestZoom = 300;
 constexpr int kZoomStep = 10;
 constexpr double kFormulaSize = 1.1;  // its letters look smaller than those of the text
 constexpr int kResizePause = 150;     // milliseconds
+constexpr int kRounding = 3;          // pixels that the columns of a table are too wide at most
 constexpr const char* kScheme = "qthelp";
 
 // A colour between two others; `share` of the first.
@@ -40,10 +42,11 @@ HelpBrowser::HelpBrowser(HelpFile& file, QWidget* parent)
   setObjectName(QStringLiteral("Browser"));
   setAccessibleName(QStringLiteral("Help page"));
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // pictures are fitted into what it leaves
+  setWordWrapMode(QTextOption::WordWrap);
   document()->setDocumentMargin(2 * SpacingUnit(*this));
   resized_.setSingleShot(true);
   resized_.setInterval(kResizePause);
-  connect(&resized_, &QTimer::timeout, this, &HelpBrowser::ReloadInPlace);
+  connect(&resized_, &QTimer::timeout, this, &HelpBrowser::FitToWidth);
   ApplyColours();
 }
 
@@ -61,10 +64,10 @@ void HelpBrowser::ApplyColours() {
           "h3 { font-size: medium; margin-top: 14px; margin-bottom: 3px; }"
           "p, li { line-height: 125%; } li { margin-bottom: 4px; }"
           "table { border-collapse: collapse; border-color: %3; margin-top: 4px; margin-bottom: 8px; }"
-          "th { background-color: %2; text-align: left; } td, th { padding: 4px; }"
+          "th { background-color: %2; text-align: left; } td, th { padding: 4px 3px; }"
           "td p, th p { margin: 0; }"
-          "td.note, td.code { background-color: %2; border-width: 0; }"
-          "code, pre { font-family: '%4'; }"
+          "td.note, td.code { background-color: %2; border-width: 0; padding: 6px 8px; }"
+          "code, pre { font-family: '%4'; } pre { white-space: pre-wrap; } p.picture { line-height: 100%; }"
           "div.math { margin: 6px 0 10px 20px; }")
           .arg(link, panel, line, FixedPitchFont().family(), AccentColour(palette()).name()));
 }
@@ -76,6 +79,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   }
   const QByteArray bytes = file_.Bytes(url);
   if (type != QTextDocument::ImageResource) {
+    shownWidth_ = viewport()->width();  // the pictures follow
     return bytes.isEmpty() ? QVariant() : QVariant(bytes);
   }
   return url.path().endsWith(QLatin1String(".svg")) ? Formula(bytes) : Picture(bytes);
@@ -121,11 +125,13 @@ void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type
     emit LinkOutside(name);
     return;
   }
-  shownWidth_ = viewport()->width();
+  KeepPlace();
   page_ = name.isRelative() ? page_.resolved(name) : name;
   QTextBrowser::doSetSource(name, type);
-  if (page_.hasFragment()) {  // room above the heading
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - SpacingUnit(*this));
+  FinishLayout();
+  if (const int heading = PositionOf(page_.fragment()); heading >= 0) {
+    const QTextCursor cursor = textCursor();
+    Show({source(), heading, SpacingUnit(*this), cursor.anchor(), cursor.position(), 0});
   }
 }
 
@@ -134,17 +140,103 @@ void HelpBrowser::SetZoom(int percent) {
   QFont larger = font();
   larger.setPointSizeF(basePoints_ * zoom_ / 100);
   setFont(larger);
-  ReloadInPlace();
 }
 
-// Sets the page anew and stays at its place.
-void HelpBrowser::ReloadInPlace() {
-  const int top = cursorForPosition(QPoint(0, 0)).position();
-  shownWidth_ = viewport()->width();
-  reload();
-  QTextCursor first(document());
-  first.setPosition(std::min(top, std::max(0, document()->characterCount() - 1)));
-  verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(first).top());
+QTextCursor HelpBrowser::CursorAt(int position, int anchor) const {
+  const int last = std::max(0, document()->characterCount() - 1);
+  QTextCursor cursor(document());
+  cursor.setPosition(std::min(anchor, last));
+  cursor.setPosition(std::min(position, last), QTextCursor::KeepAnchor);
+  return cursor;
+}
+
+// The selection if it is in view, or else the first line that is not cut off at the top.
+QTextCursor HelpBrowser::LineToKeep() const {
+  const int height = viewport()->height();
+  const int selected = textCursor().selectionStart();
+  QTextCursor line = CursorAt(selected, selected);
+  const int top = cursorRect(line).top();
+  if (textCursor().hasSelection() && top >= 0 && top < height) {
+    return line;
+  }
+  for (int y = 0; y < height; y += SpacingUnit(*this)) {
+    line = cursorForPosition(QPoint(0, y));
+    if (cursorRect(line).top() >= 0) {
+      return line;
+    }
+  }
+  return cursorForPosition(QPoint(0, 0));
+}
+
+// The place that was set, as long as nobody has moved on: what it had to round or to cut does not add up.
+HelpBrowser::Place HelpBrowser::PlaceInView() const {
+  const QTextCursor cursor = textCursor();
+  const int scroll = verticalScrollBar()->value();
+  if (place_ && place_->Page == source() && place_->Scroll == scroll && place_->Anchor == cursor.anchor() &&
+      place_->Cursor == cursor.position()) {
+    return *place_;
+  }
+  const QTextCursor line = LineToKeep();
+  return {source(), line.position(), cursorRect(line).top(), cursor.anchor(), cursor.position(), scroll};
+}
+
+// Long pages are laid out piece by piece, and the scroll bars lag behind that.
+void HelpBrowser::FinishLayout() {
+  QAbstractTextDocumentLayout* layout = document()->documentLayout();
+  layout->frameBoundingRect(document()->rootFrame());
+  const bool fits = layout->documentSize().width() <= viewport()->width() + kRounding;
+  setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+  emit layout->documentSizeChanged(layout->documentSize());
+}
+
+void HelpBrowser::Show(Place place) {
+  FinishLayout();
+  const QTextCursor kept = CursorAt(place.Cursor, place.Anchor);
+  if (kept != textCursor() || kept.anchor() != textCursor().anchor()) {
+    setTextCursor(kept);
+  }
+  const QTextCursor line = CursorAt(place.Position, place.Position);
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(line).top() - place.Y);
+  place.Scroll = verticalScrollBar()->value();
+  place_ = place;
+}
+
+void HelpBrowser::ReloadAt(const Place& place) {
+  resized_.stop();
+  if (!source().isEmpty()) {
+    reload();
+    Show(place);
+  }
+}
+
+void HelpBrowser::FitToWidth() {
+  if (viewport()->width() != shownWidth_) {
+    ReloadAt(PlaceInView());
+  }
+}
+
+void HelpBrowser::KeepPlace() {
+  places_[source()] = PlaceInView();
+}
+
+// The toolkit kept pixels, which are another place in another width or size.
+void HelpBrowser::ReturnToPlace() {
+  page_ = source();
+  if (const auto place = places_.find(source()); place != places_.end()) {
+    Show(place->second);
+  }
+}
+
+void HelpBrowser::backward() {
+  KeepPlace();
+  QTextBrowser::backward();
+  ReturnToPlace();
+}
+
+void HelpBrowser::forward() {
+  KeepPlace();
+  QTextBrowser::forward();
+  ReturnToPlace();
 }
 
 bool HelpBrowser::FindText(const QString& text, bool backward) {
@@ -186,20 +278,33 @@ int HelpBrowser::PositionOf(const QString& anchor) const {
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {
-  QTextBrowser::resizeEvent(event);
-  if (viewport()->width() != shownWidth_ && !source().isEmpty()) {
-    resized_.start();
+  if (source().isEmpty() || textCursor().isNull()) {  // nothing to look at, or only half of it
+    QTextBrowser::resizeEvent(event);
+    return;
   }
+  const Place place = PlaceInView();
+  QTextBrowser::resizeEvent(event);
+  Show(place);
+  resized_.start();
+}
+
+void HelpBrowser::showEvent(QShowEvent* event) {
+  QTextBrowser::showEvent(event);
+  FitToWidth();
 }
 
 void HelpBrowser::changeEvent(QEvent* event) {
-  QTextBrowser::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) {
-    ApplyColours();
-    if (!source().isEmpty()) {
-      ReloadInPlace();
-    }
+  const bool colours = event->type() == QEvent::PaletteChange;
+  if (!colours && event->type() != QEvent::FontChange) {
+    QTextBrowser::changeEvent(event);
+    return;
   }
+  const Place place = PlaceInView();
+  QTextBrowser::changeEvent(event);
+  if (colours) {
+    ApplyColours();
+  }
+  ReloadAt(place);
 }
 
 void HelpBrowser::wheelEvent(QWheelEvent* event) {

@@ -3,6 +3,8 @@
 
 #include <QTextBrowser>
 #include <QTimer>
+#include <map>
+#include <optional>
 
 #include "desktop/services/HelpFile.h"
 #include "desktop/services/HelpQuery.h"
@@ -16,6 +18,8 @@ class HelpBrowser final : public QTextBrowser {
   HelpBrowser(HelpFile& file, QWidget* parent);
 
   QVariant loadResource(int type, const QUrl& name) override;
+  void backward() override;
+  void forward() override;
 
   int Zoom() const { return zoom_; }
   // In percent, kept between a half and three times.
@@ -35,18 +39,39 @@ class HelpBrowser final : public QTextBrowser {
  protected:
   void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
+  // What a person looks at.
+  struct Place {
+    QUrl Page;
+    int Position;  // of a line in the text
+    int Y;         // where the line's top stands in the view
+    int Anchor;    // of the text cursor
+    int Cursor;
+    int Scroll;  // of the scroll bar, while the place is in view
+  };
+
   QImage Formula(QByteArray svg) const;
   QImage Picture(const QByteArray& bytes) const;
   void ApplyColours();
-  void ReloadInPlace();
+  QTextCursor CursorAt(int position, int anchor) const;
+  QTextCursor LineToKeep() const;
+  Place PlaceInView() const;
+  void FinishLayout();
+  void Show(Place place);
+  void ReloadAt(const Place& place);
+  void FitToWidth();
+  void KeepPlace();
+  void ReturnToPlace();
 
   HelpFile& file_;
   QUrl page_;  // that is shown or being set
   QTimer resized_;
+  std::optional<Place> place_;    // that was set last; a person may have moved on
+  std::map<QUrl, Place> places_;  // that were left
   qreal basePoints_;
   int zoom_ = 100;
   int shownWidth_ = 0;

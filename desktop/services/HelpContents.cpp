@@ -1,6 +1,9 @@
 #include "desktop/services/HelpContents.h"
 
 #include <QHelpContentWidget>
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "desktop/services/HelpBrowser.h"
@@ -8,12 +11,30 @@
 
 namespace korva::desktop {
 
+namespace {
+
+// Tells a title that is cut off.
+class TitleTips final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const bool cut =
+        event->type() == QEvent::ToolTip && sizeHint(option, index).width() > option.rect.width();
+    QToolTip::showText(event->globalPos(), cut ? index.data().toString() : QString(), view);
+    return true;
+  }
+};
+
+}  // namespace
+
 HelpContents::HelpContents(HelpFile& file, const HelpBrowser& browser, QWidget* parent)
     : QWidget(parent), browser_(browser), contents_(file.Engine().contentWidget()) {
   contents_->setObjectName(QStringLiteral("Contents"));
   contents_->setAccessibleName(QStringLiteral("Contents"));
   contents_->setFrameShape(QFrame::NoFrame);
-  contents_->setWordWrap(true);
+  contents_->setItemDelegate(new TitleTips(contents_));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(contents_);

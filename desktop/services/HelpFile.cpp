@@ -33,7 +33,7 @@ std::unique_ptr<HelpFile> HelpFile::Open(const QString& name) {
 
 void HelpFile::ReadLabels() {
   const QUrl base{QLatin1String(kBase)};
-  for (const QByteArray& line : Bytes(base.resolved(QUrl(QStringLiteral("labels.txt")))).split('\n')) {
+  for (const QByteArray& line : Bytes(base.resolved(QUrl(QStringLiteral("labels.tsv")))).split('\n')) {
     if (const auto tab = line.indexOf('\t'); tab > 0) {
       topics_[line.first(tab).toStdString()] = base.resolved(QUrl(QString::fromUtf8(line.sliced(tab + 1))));
     }

@@ -18,6 +18,19 @@ QString Phrase(const QString& piece) {
   return words.isEmpty() ? QString() : QLatin1Char('"') + words + QLatin1Char('"');
 }
 
+// Without the dots around it. The engine cuts between words, and takes "quot" of "&quot;" for one.
+QString WholeSnippet(QString snippet) {
+  if (snippet.startsWith(kLeftOut)) {
+    snippet.remove(0, kLeftOut.size());
+  }
+  if (snippet.endsWith(kLeftOut)) {
+    snippet.chop(kLeftOut.size());
+  }
+  static const QRegularExpression kCutBefore(QStringLiteral("^(amp|lt|gt|quot);"));
+  static const QRegularExpression kCutBehind(QStringLiteral("&(amp|lt|gt|quot)$"));
+  return snippet.replace(kCutBefore, QStringLiteral("&\\1;")).replace(kCutBehind, QStringLiteral("&\\1;"));
+}
+
 QString PlainText(QString html) {
   html.remove(kHit).remove(kHitEnd);
   return html.replace(QLatin1String("&lt;"), QLatin1String("<"))
@@ -43,13 +56,7 @@ QString FullTextQuery(const QString& typed) {
 }
 
 HelpExcerpt ExcerptOf(const QString& snippet) {
-  QString html = snippet;
-  if (html.startsWith(kLeftOut)) {
-    html.remove(0, kLeftOut.size());
-  }
-  if (html.endsWith(kLeftOut)) {
-    html.chop(kLeftOut.size());
-  }
+  const QString html = WholeSnippet(snippet);
   const qsizetype begin = html.indexOf(kHit);
   const qsizetype end = html.indexOf(kHitEnd, begin);
   if (begin < 0 || end < 0) {
@@ -57,6 +64,16 @@ HelpExcerpt ExcerptOf(const QString& snippet) {
   }
   return {PlainText(html), PlainText(html.left(begin)).size(),
           PlainText(html.mid(begin, end - begin)).size()};
+}
+
+QString ShownSnippet(const QString& snippet) {
+  static const QRegularExpression kLines(QStringLiteral("\\s*\n(\\s*\uFFFC*\\s*\n)*\\s*"));
+  static const QRegularExpression kPictures(QStringLiteral("\uFFFC+"));
+  const QString dots = QStringLiteral("\u2026");
+  const QString text =
+      WholeSnippet(snippet).replace(kLines, QStringLiteral(" \u00b7 ")).replace(kPictures, dots);
+  return (snippet.startsWith(kLeftOut) ? dots : QString()) + text +
+         (snippet.endsWith(kLeftOut) ? dots : QString());
 }
 
 }  // namespace korva::desktop

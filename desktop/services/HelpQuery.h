@@ -20,4 +20,8 @@ QString FullTextQuery(const QString& typed);
 // `snippet` is what the engine returns of a page: HTML, hits in <b>, and dots where it leaves out text.
 HelpExcerpt ExcerptOf(const QString& snippet);
 
+// `snippet` for a person to read, as HTML: with a mark between lines and table cells, and dots for a formula
+// within a line.
+QString ShownSnippet(const QString& snippet);
+
 }  // namespace korva::desktop

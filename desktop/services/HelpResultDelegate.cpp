@@ -7,13 +7,13 @@
 #include <QTextDocument>
 #include <cmath>
 
+#include "desktop/services/HelpQuery.h"
+
 namespace korva::desktop {
 
-// Lines and pictures of the page do not show in the excerpt.
 void HelpResultDelegate::Set(QTextDocument& text, const QStyleOptionViewItem& option,
                              const QModelIndex& index) {
-  QString snippet = index.data(kSnippetRole).toString();
-  snippet.remove(QChar::ObjectReplacementCharacter).replace(QLatin1Char('\n'), QLatin1String(" \u00b7 "));
+  const QString snippet = ShownSnippet(index.data(kSnippetRole).toString());
   text.setDefaultFont(option.font);
   text.setHtml(
       QStringLiteral("<p><b>%1</b><br/>%2</p>").arg(index.data().toString().toHtmlEscaped(), snippet));

@@ -55,6 +55,9 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
   layout->addWidget(found_);
   layout->addWidget(results_, 1);
   setFocusProxy(query_);
+  setTabOrder(query_, search);
+  setTabOrder(search, results_);
+  JoinToList(*query_, *results_);
 }
 
 // The pages are read when the first search is asked for.

@@ -28,6 +28,7 @@ HelpTerms::HelpTerms(HelpFile& file, QWidget* parent) : QWidget(parent), terms_(
   layout->addWidget(word);
   layout->addWidget(terms_, 1);
   setFocusProxy(word);
+  JoinToList(*word, *terms_);
   file.Engine().indexModel()->createIndex({});
 }
 

@@ -26,7 +26,7 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kColumns = 160;  // characters across, as far as the screen has room
+constexpr int kColumns = 176;  // characters across, as far as the screen has room
 constexpr int kLines = 46;
 constexpr int kListColumns = 52;
 constexpr int kFindColumns = 18;
@@ -89,11 +89,14 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
   GoTo(file_->StartPage());
 }
 
+QSize frmHelp::sizeHint() const {
+  return {fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines};
+}
+
 // At the right edge, so that the window that it speaks of can be seen beside it.
 void frmHelp::PlaceOnScreen() {
-  const QSize wished(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
   const QRect room = screen()->availableGeometry();
-  resize(wished.boundedTo(room.size() * 9 / 10));
+  resize(sizeHint().boundedTo(room.size() * 9 / 10));
   move(room.right() - width() - 2 * SpacingUnit(*this), room.top() + (room.height() - height()) / 2);
 }
 
@@ -165,8 +168,8 @@ void frmHelp::PaintImages() {
 
 void frmHelp::ShowTopic(const std::vector<std::string>& labels) {
   const QUrl topic = file_->Topic(labels);
+  BringUp();  // before, so that the page finds the room that it has
   GoTo(topic.isEmpty() ? file_->StartPage() : topic);
-  BringUp();
   browser_->setFocus();
 }
 

@@ -32,6 +32,9 @@ class frmHelp final : public QWidget {
   void ShowContents() { ShowTab(0); }
   void ShowIndex() { ShowTab(1); }
 
+  // As far as the screen has room.
+  QSize sizeHint() const override;
+
  protected:
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

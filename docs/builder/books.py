@@ -1,6 +1,7 @@
 """The documents on paper: title page, contents with page numbers, the pages as chapters, index; set by WeasyPrint."""
 import html
 import pathlib
+import re
 
 import weasyprint
 from docutils import nodes
@@ -16,6 +17,11 @@ SCHEME = 'book:'   # what links to other pages begin with until the pages stand 
 DEEPEST_CONTENTS = 2
 SHORT_TABLE = 12   # rows of a table that is not broken
 FEW_PAGES = 1      # a book of so few pages has no index
+OVERVIEW = 'Overview'   # the start page as a chapter
+LONG_WORD = re.compile('<span class="pre">([^<]{25,})</span>')   # of code; shorter ones are not broken
+SIGN_TO_BREAK_AT = re.compile(r'(?<=\w[/|_])(?=\w)')
+INDEX_ROW = re.compile('<p class="(?:entry|sub)">.*?</p>')
+INDEX_LINK = re.compile('(?:, )?<a href="#([^"]*)"></a>')
 
 BOOK = '''<!DOCTYPE html>
 <html lang="en"><head><meta charset="utf-8"><title>{title} - {subtitle}</title><meta name="author" content="{author}">
@@ -46,6 +52,12 @@ class BookTranslator(PageTranslator):
         if isinstance(node.parent, nodes.section):  # anchors before the heading would be a place for a page to end
             node['ids'] = node.parent['ids']
         super().visit_title(node)
+
+    def visit_Text(self, node):
+        start = len(self.body)
+        super().visit_Text(node)
+        if self.protect_literal_text:
+            self.body[start:] = [LONG_WORD.sub(breakable, piece) for piece in self.body[start:]]
 
     def visit_table(self, node):
         if len(list(node.findall(nodes.row))) <= SHORT_TABLE:
@@ -87,11 +99,20 @@ class BookBuilder(PageBuilder):
         self.copy_image_files()
         for file, _, _, text in self.books:
             pathlib.Path(self.outdir, pathlib.Path(file).stem + '.html').write_text(text, encoding='utf-8')
-            weasyprint.HTML(string=text, base_url=str(self.outdir) + '/').write_pdf(pathlib.Path(self.outdir, file))
+            self.set_book(text).write_pdf(pathlib.Path(self.outdir, file))
+
+    def set_book(self, text):
+        """The book, set again if an index entry has a page twice."""
+        base = str(self.outdir) + '/'
+        book = weasyprint.HTML(string=text, base_url=base).render()
+        page_of = {anchor: number for number, page in enumerate(book.pages) for anchor in page.anchors}
+        once = INDEX_ROW.sub(lambda row: without_doubles(row.group(), page_of), text)
+        return book if once == text else weasyprint.HTML(string=once, base_url=base).render()
 
     def all_pages(self):
-        return [docname for toctree in self.env.get_doctree(self.config.root_doc).findall(addnodes.toctree)
-                for _, docname in toctree['entries']]
+        root = self.config.root_doc
+        return [root, *(docname for toctree in self.env.get_doctree(root).findall(addnodes.toctree)
+                        for _, docname in toctree['entries'])]
 
     def book(self, title, subtitle, pages):
         body = new_document('', self.docsettings)
@@ -103,18 +124,22 @@ class BookBuilder(PageBuilder):
             body += chapter
         self.docwriter.write(body, StringOutput(encoding='unicode'))
         self.docwriter.assemble_parts()
+        fragment = self.docwriter.parts['fragment']
         date = self.config.korva_revision_date
         return BOOK.format(title=html.escape(title), subtitle=html.escape(subtitle), author=html.escape(self.config.author),
                            style=(HERE / 'print.css').as_uri(), icon=(HERE.parents[1] / 'desktop/resources/korva-strond.svg').as_uri(),
                            version=self.config.release, date=f'{date.day} {date:%B %Y}', contents=contents_list(contents),
-                           body=self.docwriter.parts['fragment'],
-                           index=self.index(pages) if len(pages) > FEW_PAGES else '')
+                           body=fragment, index=self.index(pages, fragment) if len(pages) > FEW_PAGES else '')
 
     def chapter(self, docname, pages):
         """A page with its links resolved; anchors carry the page's name so that they are told apart in the book."""
         tree = self.env.get_doctree(docname)
         self.env.resolve_references(tree, docname, self)
         self.post_process_images(tree)
+        if docname == self.config.root_doc:
+            next(tree.findall(nodes.title)).children = [nodes.Text(OVERVIEW)]
+            for toctree in list(tree.findall(addnodes.toctree)):
+                toctree.parent.parent.remove(toctree.parent)
         for node in list(tree.findall(nodes.Element)):
             node['ids'] = [anchor_of(docname, name) for name in node['ids']]
             if 'refid' in node:
@@ -135,15 +160,42 @@ class BookBuilder(PageBuilder):
         else:  # the text stays, the link leads nowhere on this paper
             link.replace_self(link.children)
 
-    def index(self, pages):
+    def index(self, pages, body):
+        places = {anchor: place for place, anchor in enumerate(re.findall(' id="([^"]*)"', body))}
+
+        def row(name, targets, kind):
+            parts = (uri[len(SCHEME):].partition('#') for _, uri in targets)
+            anchors = {anchor_of(docname, anchor) for docname, _, anchor in parts if docname in pages}
+            links = ', '.join(f'<a href="#{anchor}"></a>' for anchor in sorted(anchors, key=places.__getitem__))
+            return f'<p class="{kind}">{html.escape(name)} {links}</p>'
+
         lines = ['<section class="index"><h1>Index</h1>']
         for letter, entries in IndexEntries(self.env).create_index(self):
             rows = []
             for name, (targets, below, _) in entries:
-                rows.append(index_row(name, [uri for _, uri in targets], pages, 'entry'))
-                rows += [index_row(sub, [uri for _, uri in uris], pages, 'sub') for sub, uris in below]
+                rows.append(row(name, targets, 'entry'))
+                rows += [row(sub, uris, 'sub') for sub, uris in below]
             lines.append(f'<div><h2>{html.escape(letter)}</h2>{"".join(rows)}</div>')
         return '\n'.join(lines) + '</section>\n'
+
+
+def breakable(word):
+    """A long word of code that may go on in the next line behind some of its signs."""
+    return '&#8203;'.join(f'<span class="pre">{piece}</span>' for piece in SIGN_TO_BREAK_AT.split(word.group(1)))
+
+
+def without_doubles(row, page_of):
+    """A row of the index with the first link to each page."""
+    seen = set()
+
+    def kept(link):
+        page = page_of.get(link.group(1))
+        if page in seen:
+            return ''
+        seen.add(page)
+        return link.group()
+
+    return INDEX_LINK.sub(kept, row)
 
 
 def anchor_of(docname, name=''):
@@ -164,12 +216,3 @@ def headings(tree, level):
 def contents_list(entries):
     return '\n'.join(f'<p class="level{level}"><a href="#{anchor}">{html.escape(text)}</a></p>'
                      for level, text, anchor in entries)
-
-
-def index_row(name, uris, pages, kind):
-    links = []
-    for uri in dict.fromkeys(uris):
-        docname, _, anchor = uri[len(SCHEME):].partition('#')
-        if docname in pages:
-            links.append(f'<a href="#{anchor_of(docname, anchor)}"></a>')
-    return f'<p class="{kind}">{html.escape(name)} {", ".join(links)}</p>'

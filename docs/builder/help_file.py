@@ -12,7 +12,7 @@ from pages import PICTURES, PageBuilder, PageTranslator
 
 NAMESPACE = 'org.korva-strond.help'
 FOLDER = 'help'
-LABELS = 'labels.txt'
+LABELS = 'labels.tsv'   # no kind of file that the search reads
 DEEPEST_CONTENTS = 2   # headings up to this level stand in the contents
 
 PAGE = '''<!DOCTYPE html>
@@ -64,7 +64,8 @@ class PlainTranslator(PageTranslator):
             self.body.append(anchors(node['ids']))  # no space of its own
             self.context.append('')
         else:
-            self.body.append(self.starttag(node, 'p', ''))
+            picture = len(node) == 1 and isinstance(node[0], nodes.image)  # needs no space between lines
+            self.body.append(self.starttag(node, 'p', '', **({'CLASS': 'picture'} if picture else {})))
             self.context.append('</p>\n')
 
     def depart_paragraph(self, node):

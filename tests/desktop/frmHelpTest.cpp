@@ -1,16 +1,23 @@
 // The help window, and whether every control of the program has its topic in the help file.
 #include <gtest/gtest.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QHelpContentWidget>
+#include <QHelpEvent>
 #include <QHelpIndexWidget>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextLayout>
 #include <QTimer>
+#include <QToolTip>
 #include <QWindow>
 #include <filesystem>
 #include <set>
@@ -19,6 +26,7 @@
 #include "core/ClassifyError.h"
 #include "core/RuntimeError.h"
 #include "desktop/AllForms.h"
+#include "desktop/services/HelpBrowser.h"
 #include "desktop/services/HelpFile.h"
 #include "desktop/services/HelpQuery.h"
 #include "desktop/services/QtPorts.h"
@@ -164,7 +172,7 @@ TEST_F(HelpWindow, EveryLinkLeadsToAPlace) {
   for (const QString& target : All(project, "ref=\"([^\"]*)\"")) {
     links.emplace_back(QStringLiteral("contents or index"), target);
   }
-  for (const QString& target : All(QString::fromUtf8(Built("help/labels.txt")), "\t(.*)\n")) {
+  for (const QString& target : All(QString::fromUtf8(Built("help/labels.tsv")), "\t(.*)\n")) {
     links.emplace_back(QStringLiteral("a label"), target);
   }
   EXPECT_GT(links.size(), 1000U);
@@ -283,6 +291,19 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   };
   finds("center-to-center");
   EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("center-to-center"));
+  finds("without active gob");
+  ASSERT_GT(found.count(), 0);
+  EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("without"));
+  for (const char* word : {"example", "else", "factor"}) {  // in cells, beside formulas and quotation marks
+    finds(word);
+    EXPECT_GT(found.count(), 5);
+    for (int entry = 0; entry < found.count(); ++entry) {
+      const QListWidgetItem& item = *found.item(entry);
+      EXPECT_TRUE(item.data(Qt::UserRole).toUrl().path().endsWith(QLatin1String(".html")));
+      emit found.itemActivated(found.item(entry));
+      EXPECT_TRUE(browser.textCursor().hasSelection()) << qPrintable(item.text()) << ", " << word;
+    }
+  }
   finds("entry \"mining zone");
   EXPECT_GT(found.count(), 1) << "a quotation mark that is not closed";
   finds("AND OR (");
@@ -313,6 +334,21 @@ TEST(HelpQuery, ReadsExcerpts) {
   const HelpExcerpt none = ExcerptOf(QStringLiteral("&amp;lt;"));
   EXPECT_EQ(none.Text, QStringLiteral("&lt;"));
   EXPECT_EQ(none.Hits, 0);
+  const HelpExcerpt cut = ExcerptOf(QStringLiteral("...quot;, else &quot;<b>rows</b>&quot..."));
+  EXPECT_EQ(cut.Text, QStringLiteral("\", else \"rows\"")) << "the engine cuts within a sign";
+  EXPECT_EQ(cut.Text.mid(cut.At, cut.Hits), QStringLiteral("rows"));
+}
+
+TEST(HelpQuery, ShowsExcerptsWithoutSignsOfThePage) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"...Depth\n<b>900</b> ft...", "\u2026Depth \u00b7 <b>900</b> ft\u2026"},
+      {"Without a barrier (\uFFFC\uFFFC) \n \uFFFC\n\uFFFC\nthe load",
+       "Without a barrier (\u2026) \u00b7 the load"},
+      {"...quot; a &lt; b&quot...", "\u2026&quot; a &lt; b&quot;\u2026"},
+  };
+  for (const auto& [snippet, shown] : cases) {
+    EXPECT_EQ(ShownSnippet(QString::fromUtf8(snippet)), QString::fromUtf8(shown)) << snippet;
+  }
 }
 
 TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
@@ -323,6 +359,29 @@ TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
   help->ShowTopic({"frmhelp-lstsearch"});
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Ways to a page"));
   EXPECT_EQ(contents.currentIndex().parent().data().toString(), QStringLiteral("The help window"));
+}
+
+TEST_F(HelpWindow, TheContentsFitOrTellWhatIsCutOff) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->resize(help->sizeHint());
+  help->ShowContents();
+  auto& contents = The<QHelpContentWidget>(*help, "Contents");
+  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  contents.expandAll();
+  const auto told = [&](const QModelIndex& entry) {
+    contents.scrollTo(entry);
+    const QPoint middle = contents.visualRect(entry).center();
+    QHelpEvent rest(QEvent::ToolTip, middle, contents.viewport()->mapToGlobal(middle));
+    QApplication::sendEvent(contents.viewport(), &rest);
+    return QToolTip::text();
+  };
+  const QModelIndex top = contents.model()->index(0, 0);
+  for (int group = 0; group < contents.model()->rowCount(top); ++group) {
+    EXPECT_EQ(told(contents.model()->index(group, 0, top)).toStdString(), "");
+  }
+  const QModelIndex tutorial = contents.model()->index(0, 0, contents.model()->index(0, 0, top));
+  EXPECT_EQ(told(tutorial), tutorial.data().toString());
+  QToolTip::hideText();
 }
 
 TEST_F(HelpWindow, LettersWithAltLeadIntoTheTabs) {
@@ -340,6 +399,36 @@ TEST_F(HelpWindow, LettersWithAltLeadIntoTheTabs) {
   lead(Qt::Key_S, "txtSearch");
   lead(Qt::Key_I, "txtIndex");
   lead(Qt::Key_C, "Contents");
+}
+
+TEST_F(HelpWindow, KeysLeadFromATextToTheListBelowAndBack) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->ShowIndex();
+  QApplication::setActiveWindow(help.get());
+  auto& tabs = The<QTabWidget>(*help, "tabHelp");
+  const auto press = [](Qt::Key key, const char* name) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(name));
+  };
+  const auto leadThereAndBack = [&](const char* text, const char* list) {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown}) {
+      press(key, list);
+      EXPECT_EQ(The<QListView>(*help, list).currentIndex().row(), 0);
+      press(Qt::Key_Down, list);
+      press(Qt::Key_Up, list);
+      press(Qt::Key_Up, text);
+    }
+  };
+  QTRY_VERIFY(The<QListView>(*help, "Index").model()->rowCount() > 1);
+  leadThereAndBack("txtIndex", "Index");
+  tabs.setCurrentIndex(2);
+  tabs.currentWidget()->setFocus();
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("pillar"));
+  press(Qt::Key_Return, "txtSearch");
+  QTRY_VERIFY_WITH_TIMEOUT(The<QListWidget>(*help, "lstSearch").count() > 1, 30'000);
+  leadThereAndBack("txtSearch", "lstSearch");
+  press(Qt::Key_Tab, "cmdSearch");
+  press(Qt::Key_Tab, "lstSearch");
 }
 
 TEST_F(HelpWindow, BoxesHaveTheirOwnTopics) {
@@ -386,6 +475,120 @@ TEST_F(HelpWindow, FindsInThePageAndZooms) {
   EXPECT_GT(browser.document()->size().height(), before);
   QTest::keyClick(help.get(), Qt::Key_0, Qt::ControlModifier);
   EXPECT_EQ(browser.document()->size().height(), before);
+}
+
+// Where the line of a position stands in the view.
+int LineAt(const HelpBrowser& browser, int position) {
+  QTextCursor line(browser.document());
+  line.setPosition(position);
+  return browser.cursorRect(line).top();
+}
+
+// The page is set anew when the width has come to rest.
+void ResizeAndWait(frmHelp& help, const QSize& size) {
+  const QSignalSpy set(&The<HelpBrowser>(help, "Browser"), &QTextBrowser::sourceChanged);
+  help.resize(size);
+  QTRY_VERIFY(set.count() > 0);
+  QApplication::processEvents();
+}
+
+TEST_F(HelpWindow, TheHeadingOfATopicStandsAtTheTop) {
+  for (const char* topic : {"frmkorvaparm-txtdepthcover", "frmkorvaparm-cmdok", "tutorial-graph",
+                            "result-barrier-sf", "theory-traditional", "frmhelp-lstsearch"}) {
+    SCOPED_TRACE(topic);
+    const auto help = frmHelp::Open(bench.Forms);  // hidden
+    auto& browser = The<HelpBrowser>(*help, "Browser");
+    const int room = SpacingUnit(browser);
+    const auto stands = [&] {
+      const int top = LineAt(browser, browser.PositionOf(browser.source().fragment()));
+      const QScrollBar& bar = *browser.verticalScrollBar();
+      return top == room || (bar.value() == bar.maximum() && top > 0 && top < browser.viewport()->height());
+    };
+    help->ShowTopic({topic});
+    EXPECT_TRUE(stands()) << "at once";
+    const QSize before = help->size();
+    ResizeAndWait(*help, before * 3 / 4);
+    EXPECT_TRUE(stands()) << "smaller window";
+    for (const int zoom : {150, 70}) {
+      browser.SetZoom(zoom);
+      EXPECT_TRUE(stands()) << zoom << " percent";
+    }
+    EXPECT_EQ(browser.verticalScrollBar()->maximum() + browser.verticalScrollBar()->pageStep(),
+              qRound(browser.document()->size().height()));
+  }
+}
+
+TEST_F(HelpWindow, WhatAPersonLooksAtStays) {
+  const auto help = frmHelp::Open(bench.Forms);
+  auto& browser = The<HelpBrowser>(*help, "Browser");
+  help->ShowTopic({"tutorial"});
+  const int line = browser.PositionOf(QStringLiteral("tutorial-graph"));
+  browser.verticalScrollBar()->setValue(browser.verticalScrollBar()->value() + LineAt(browser, line) - 3);
+  const QSize before = help->size();
+  const auto stays = [&](const std::function<int()>& height) {
+    const int there = height();
+    browser.SetZoom(browser.Zoom() + 60);
+    EXPECT_EQ(height(), there) << "larger";
+    browser.SetZoom(browser.Zoom() - 90);
+    EXPECT_EQ(height(), there) << "smaller";
+    browser.SetZoom(browser.Zoom() + 30);
+    EXPECT_EQ(height(), there) << "as before";
+    QPalette colours = browser.palette();
+    colours.setColor(QPalette::Text, Qt::darkBlue);
+    help->setPalette(colours);
+    EXPECT_EQ(height(), there) << "colours";
+    ResizeAndWait(*help, before * 3 / 4);
+    EXPECT_EQ(height(), there) << "smaller window";
+    help->ShowTopic({"glossary"});
+    ResizeAndWait(*help, before);
+    Click(*help, "cmdBack");
+    EXPECT_EQ(height(), there) << "page left and window as before";
+  };
+  stays([&] { return LineAt(browser, line); });
+  ASSERT_TRUE(browser.FindText(QStringLiteral("barrier")));
+  ASSERT_TRUE(browser.FindText(QStringLiteral("barrier")));
+  const int hit = browser.textCursor().selectionStart();
+  stays([&] {
+    EXPECT_EQ(browser.textCursor().selectionStart(), hit);
+    EXPECT_EQ(browser.textCursor().selectedText().toLower(), QStringLiteral("barrier"));
+    return LineAt(browser, hit);
+  });
+}
+
+// What is wrong with the lines of a page: words in two lines, and pictures with a gap below them.
+std::vector<QString> FaultsOfLines(const QTextDocument& page) {
+  std::vector<QString> faults;
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    const QString text = block.text();
+    const QTextLayout& layout = *block.layout();
+    for (int i = 0; i + 1 < layout.lineCount(); ++i) {
+      const int next = layout.lineAt(i + 1).textStart();
+      if (text[next - 1].isLetterOrNumber() && text[next].isLetterOrNumber()) {
+        faults.push_back(text.left(next) + QLatin1Char('|') + text.mid(next));
+      }
+    }
+    const QRectF place = page.documentLayout()->blockBoundingRect(block);
+    const double gap = page.documentLayout()->blockBoundingRect(block.next()).top() - place.bottom();
+    if (text == QString(QChar::ObjectReplacementCharacter) && gap > 20 + place.height() / 10) {
+      faults.push_back(QStringLiteral("a gap below a picture, above ") + block.next().text());
+    }
+  }
+  return faults;
+}
+
+TEST_F(HelpWindow, PagesFitInTheWindow) {
+  const auto help = frmHelp::Open(bench.Forms);
+  help->resize(help->sizeHint());
+  help->ShowContents();
+  auto& browser = The<HelpBrowser>(*help, "Browser");
+  for (const QString& page : QDir(QStringLiteral(KORVA_BUILT_DOCS "/help")).entryList({"*.html"})) {
+    browser.setSource(browser.source().resolved(QUrl(page)));
+    QApplication::processEvents();
+    EXPECT_FALSE(browser.horizontalScrollBar()->isVisible()) << qPrintable(page);
+    for (const QString& fault : FaultsOfLines(*browser.document())) {
+      ADD_FAILURE() << qPrintable(page) << ": " << qPrintable(fault);
+    }
+  }
 }
 
 TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
