@@ -153,6 +153,42 @@ TEST_F(HelpWindow, EveryControlAndMenuCommandHasItsTopic) {
   EXPECT_TRUE(knows({std::string(kStabilityFactorsTopic)}));
 }
 
+TEST_F(HelpWindow, EveryMessageHasItsTopic) {
+  const auto help = HelpFile::Open(QStringLiteral(KORVA_BUILT_DOCS "/korva-strond.qch"));
+  ASSERT_NE(help, nullptr);
+  struct : MessagePort {
+    MessageAnswer Show(const Message& message) override {
+      Topic = message.topic;
+      return MessageAnswer::kCancel;
+    }
+    std::string Topic;
+  } shown;
+  std::set<std::string> topics = {Message().topic};
+  for (const ErrorNumber number :
+       {ErrorNumber::kInvalidCall, ErrorNumber::kOverflow, ErrorNumber::kOutOfMemory, ErrorNumber::kSubscript,
+        ErrorNumber::kDivisionByZero, ErrorNumber::kTypeMismatch, ErrorNumber::kFileNotFound,
+        ErrorNumber::kFileAlreadyOpen, ErrorNumber::kDeviceIo, ErrorNumber::kDiskFull,
+        ErrorNumber::kInputPastEnd, ErrorNumber::kPermissionDenied, ErrorNumber::kPathFileAccess,
+        ErrorNumber::kPathNotFound, ErrorNumber::kPrinter}) {
+    ClassifyError(bench.State, shown, RuntimeError(number), true);
+    topics.insert(shown.Topic);
+  }
+  for (const char* sources : {KORVA_DESKTOP_SOURCES, KORVA_DESKTOP_SOURCES "/../src"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(sources)) {
+      if (entry.path().extension() == ".cpp") {
+        const QString text = QString::fromStdString(TempFolder::Bytes(entry.path().string()));
+        for (const QString& topic : All(text, "\"((?:messages|warnings|refusal)-[a-z]+)\"")) {
+          topics.insert(topic.toStdString());
+        }
+      }
+    }
+  }
+  EXPECT_GT(topics.size(), 20U);
+  for (const std::string& topic : topics) {
+    EXPECT_FALSE(help->Topic({topic}).isEmpty()) << topic;
+  }
+}
+
 TEST_F(HelpWindow, EveryLinkLeadsToAPlace) {
   const QString project = QString::fromUtf8(Built("help/korva-strond.qhp"));
   std::map<QString, std::set<QString>> anchors;
@@ -451,7 +487,7 @@ TEST_F(HelpWindow, BoxesHaveTheirOwnTopics) {
   ShowMessage(bench.State, boxes, {.text = "a", .title = "A title longer than the message below it"});
   ask();
   ClassifyError(bench.State, boxes, RuntimeError(ErrorNumber::kSubscript, "a test"), true);
-  EXPECT_EQ(shown, (std::vector<std::string>{"about", "messages", "messages-errors"}));
+  EXPECT_EQ(shown, (std::vector<std::string>{"about", "messages", "error-9"}));
 }
 
 TEST_F(HelpWindow, FindsInThePageAndZooms) {
