@@ -264,7 +264,7 @@ void frmMain::HelpItem(int index) {
       break;
     }
     case kProgramUpdates:
-      versionFetch_.reset();  // its answer would ask what the window has just told
+      versionFetch_.reset();  // the window asks anew, when it is told to
       answerTimer_.stop();
       frmUpdate(session_, this).exec();
       break;
@@ -304,14 +304,15 @@ void frmMain::CheckForUpdates() {
   });
 }
 
-// Nobody is interrupted: the question waits until the main window is the only one, the help too, and no menu
-// is open.
+// Nobody is interrupted: the question waits until the main window is the only one, the help too, no menu is
+// open, and nothing is going on.
 void frmMain::AnswerUpdates() {
   const QWidgetList windows = QApplication::topLevelWidgets();
   const bool alone = std::all_of(windows.begin(), windows.end(), [this](const QWidget* window) {
     return window == this || !window->isVisible() || window->windowType() == Qt::ToolTip;
   });
-  if (!isVisible() || isMinimized() || !isEnabled() || !alone) {
+  const bool busy = QApplication::overrideCursor() != nullptr;
+  if (!isVisible() || isMinimized() || !isEnabled() || busy || !alone) {
     return;
   }
   answerTimer_.stop();

@@ -1,6 +1,9 @@
 #include "desktop/services/HelpFile.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QHelpSearchEngine>
+#include <QTimer>
 
 #include "services/HelpTopics.h"
 
@@ -9,11 +12,29 @@ namespace korva::desktop {
 namespace {
 
 // The name and the folder of the pages inside the file, as it was made with.
+constexpr int kLongestSearch = 5000;  // milliseconds
+
 constexpr const char* kBase = "qthelp://org.korva-strond.help/help/";
 
 }  // namespace
 
 HelpFile::HelpFile() : folder_(QDir::tempPath() + QStringLiteral("/korva-strond-help-XXXXXX")) {}
+
+// The toolkit's searching thread must not find its engine gone.
+HelpFile::~HelpFile() {
+  if (isSearching_) {
+    QEventLoop wait;
+    QObject::connect(engine_->searchEngine(), &QHelpSearchEngine::searchingFinished, &wait,
+                     &QEventLoop::quit);
+    QTimer::singleShot(kLongestSearch, &wait, &QEventLoop::quit);
+    wait.exec(QEventLoop::ExcludeUserInputEvents);
+  }
+}
+
+void HelpFile::Search(const QString& query) {
+  isSearching_ = true;
+  engine_->searchEngine()->search(query);
+}
 
 std::unique_ptr<HelpFile> HelpFile::Open(const QString& name) {
   std::unique_ptr<HelpFile> file(new HelpFile);
@@ -27,6 +48,8 @@ std::unique_ptr<HelpFile> HelpFile::Open(const QString& name) {
       !file->engine_->setupData()) {
     return nullptr;
   }
+  QObject::connect(file->engine_->searchEngine(), &QHelpSearchEngine::searchingFinished, file->engine_.get(),
+                   [searching = &file->isSearching_] { *searching = false; });
   file->ReadLabels();
   return file->Bytes(file->StartPage()).isEmpty() ? nullptr : std::move(file);
 }

@@ -17,6 +17,12 @@ class HelpFile {
  public:
   // Nothing if the file is not there or is no help file.
   static std::unique_ptr<HelpFile> Open(const QString& name);
+  ~HelpFile();
+  HelpFile(const HelpFile&) = delete;
+  HelpFile& operator=(const HelpFile&) = delete;
+
+  // Begins a search; the engine's signals tell the end of it.
+  void Search(const QString& query);
 
   QHelpEngine& Engine() { return *engine_; }
   // The bytes of a page or picture; nothing if there is no such file.
@@ -30,6 +36,7 @@ class HelpFile {
   void ReadLabels();
 
   std::map<std::string, QUrl> topics_;  // by label
+  bool isSearching_ = false;
   QTemporaryDir folder_;
   std::unique_ptr<QHelpEngine> engine_;  // ends before its folder
 };

@@ -60,7 +60,7 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
   JoinToList(*query_, *results_);
 }
 
-// The pages are read when the first search is asked for.
+// The engine reads the pages once it is made; what is asked before it has is searched then.
 void HelpSearch::Search() {
   const QString query = FullTextQuery(query_->text());
   if (query.isEmpty()) {
@@ -70,10 +70,9 @@ void HelpSearch::Search() {
   }
   if (!indexed_) {
     found_->setText(QStringLiteral("Reading the pages..."));
-    file_.Engine().searchEngine()->reindexDocumentation();
     return;
   }
-  file_.Engine().searchEngine()->search(query);
+  file_.Search(query);
 }
 
 void HelpSearch::ShowResults() {

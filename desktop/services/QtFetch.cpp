@@ -54,7 +54,7 @@ class QtRunning final : public QObject, public FetchPort::Running {
     } else if (!CanExist(address.host().toStdString())) {
       EndLater(QStringLiteral("this program was built without a server to ask"));
     } else {
-      Ask(address);
+      QTimer::singleShot(0, this, [this, address] { Ask(address); });  // which may fail at once
     }
   }
   QtRunning(const QtRunning&) = delete;

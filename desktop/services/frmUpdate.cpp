@@ -54,6 +54,7 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
   ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
   ProgressBar1_->setAccessibleName(QStringLiteral("Download"));
   ProgressBar1_->setTextVisible(false);
+  ProgressBar1_->setFocusPolicy(Qt::ClickFocus);
   cmdCheck_->setToolTip(QStringLiteral("Asks the program's server for its latest version"));
   cmdDownUpdate_->setToolTip(
       QStringLiteral("Fetches the setup program of that version and checks its signature"));
@@ -120,8 +121,10 @@ void frmUpdate::ShowView() {
   ProgressBar1_->setValue(view.Progress);
   // While buttons are off, the focus waits here and not on the next button that is on, which closes the
   // window.
-  const bool waits = ProgressBar1_->hasFocus();
-  if (view.Busy && (cmdCheck_->hasFocus() || cmdDownUpdate_->hasFocus() || cmdInstall_->hasFocus())) {
+  // The window may not be shown yet, or not be the active one.
+  const QWidget* focus = focusWidget();
+  const bool waits = focus == ProgressBar1_;
+  if (view.Busy && (focus == cmdCheck_ || focus == cmdDownUpdate_ || focus == cmdInstall_)) {
     ProgressBar1_->setFocus();
   }
   cmdCheck_->setEnabled(!view.Busy);

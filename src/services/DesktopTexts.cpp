@@ -70,6 +70,19 @@ bool IsGroup(std::string_view line) {
   return Trimmed(line).starts_with('[');
 }
 
+// The programs that a list gives project files; the last line about them counts.
+std::vector<std::string> DefaultProgramsOf(std::string_view list) {
+  bool inside = false;
+  std::vector<std::string> programs;
+  for (const Line& line : LinesOf(list)) {
+    inside = IsGroup(line.Text) ? Trimmed(line.Text) == kDefaultsGroup : inside;
+    if (const auto found = inside ? ProgramsOf(line.Text) : std::nullopt; found && !found->empty()) {
+      programs = *found;
+    }
+  }
+  return programs;
+}
+
 // A text as an entry holds it.
 std::string EntryText(std::string_view text) {
   std::string escaped;
@@ -195,15 +208,24 @@ std::vector<std::string> ListsOfDesktops(std::string_view desktops) {
 }
 
 bool PrefersAnotherProgram(std::string_view list) {
+  const auto programs = DefaultProgramsOf(list);
+  return !programs.empty() && programs.front() != kProgramEntry;
+}
+
+std::string WithDefaultProgramsOf(std::string_view before, std::string_view list) {
+  const auto earlier = DefaultProgramsOf(before);
+  std::string text;
   bool inside = false;
-  std::string first;
   for (const Line& line : LinesOf(list)) {
     inside = IsGroup(line.Text) ? Trimmed(line.Text) == kDefaultsGroup : inside;
-    if (const auto programs = inside ? ProgramsOf(line.Text) : std::nullopt; programs && !programs->empty()) {
-      first = programs->front();  // the last line counts
+    const auto programs = inside ? ProgramsOf(line.Text) : std::nullopt;
+    if (programs && !programs->empty() && programs->front() == kProgramEntry) {
+      text.append(DefaultLine(earlier)).append(line.End);
+    } else {
+      Append(text, line);
     }
   }
-  return !first.empty() && first != kProgramEntry;
+  return text;
 }
 
 std::string WithoutDefaultProgram(std::string_view list) {

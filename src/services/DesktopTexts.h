@@ -34,6 +34,9 @@ std::string ProjectTypeText(std::string_view extension, int weight);
 // ends too, stays as it is.
 std::string WithDefaultProgram(std::string_view list);
 
+// The same list with the programs that `before` gives project files, where this program is first for them.
+std::string WithDefaultProgramsOf(std::string_view before, std::string_view list);
+
 // The names of the lists that only some desktops ask, before the user's own: of "ubuntu:GNOME"
 // "ubuntu-mimeapps.list" and "gnome-mimeapps.list".
 std::vector<std::string> ListsOfDesktops(std::string_view desktops);

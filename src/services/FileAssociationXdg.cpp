@@ -192,8 +192,11 @@ std::vector<std::string> OtherLists(const UserFolders& user) {
   return lists;
 }
 
-bool NamesProgram(const Content& list) {
-  return list && WithoutDefaultProgram(*list) != *list;
+// A list that somebody has changed since, as it would be without the association; `before` is the list before
+// it.
+std::string WithoutAssociation(const std::string& list, const Content& before) {
+  const bool wasThere = before && WithoutDefaultProgram(*before) != *before;
+  return wasThere ? WithDefaultProgramsOf(*before, list) : WithoutDefaultProgram(list);
 }
 
 Record Planned(const UserFolders& user, const std::string& program, const std::string& extension,
@@ -210,10 +213,8 @@ Record Planned(const UserFolders& user, const std::string& program, const std::s
     }
   }
   const std::string list = plan.Changes[kDefaults].Now.value_or("");
-  // Somebody else may have changed the list with this program in it, which was not there before.
-  if (Content& before = plan.Changes[kDefaults].Before;
-      kept && before && !NamesProgram(kept->Changes[kDefaults].Before)) {
-    before = WithoutDefaultProgram(*before);
+  if (kept && list != kept->Changes[kDefaults].After && plan.Changes[kDefaults].Now) {
+    plan.Changes[kDefaults].Before = WithoutAssociation(list, kept->Changes[kDefaults].Before);
   }
   const std::array<std::string, kFiles> texts = {pictures.Program, pictures.Project,
                                                  ProjectTypeText(extension, kAskedWeight),
@@ -239,8 +240,8 @@ void PutBack(const UserFolders& user, const Record& plan, const Content& record)
   }
 }
 
-// Puts one file back as it was before, or only takes the program out of the user's list, unless it was there
-// before, if that was changed since. False if somebody has changed the file otherwise.
+// Puts one file back as it was before, or only the programs for project files in the user's list if that was
+// changed since. False if somebody has changed the file otherwise.
 bool TakeBack(const Change& change, bool isList) {
   const Content now = ContentOf(change.Path);
   if (!now || now == change.Before) {
@@ -248,8 +249,8 @@ bool TakeBack(const Change& change, bool isList) {
   }
   if (now == change.After) {
     Put(change.Path, change.Before);
-  } else if (isList && NamesProgram(now) && !NamesProgram(change.Before)) {
-    Put(change.Path, WithoutDefaultProgram(*now));
+  } else if (const std::string list = WithoutAssociation(*now, change.Before); isList && list != *now) {
+    Put(change.Path, list);
   }
   return now == change.After || isList;
 }

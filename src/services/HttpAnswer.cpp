@@ -144,7 +144,7 @@ void HttpAnswer::ReadHeader(std::string_view line) {
       Fail(kOtherLength);
     }
     length_ = length;
-  } else if (EqualIgnoringCase(name, "Transfer-Encoding")) {
+  } else if (EqualIgnoringCase(name, "Transfer-Encoding") && status_ == kOk) {
     isChunked_ = EqualIgnoringCase(value, "chunked");
     if (!isChunked_) {
       Fail("the server sent the file in another form than asked for");

@@ -8,6 +8,7 @@
 #include "commands/FileAssociation.h"
 #include "files/SafeWriter.h"
 #include "services/DesktopTexts.h"
+#include "support/Environment.h"
 #include "support/ScriptedPorts.h"
 #include "support/TempFolder.h"
 
@@ -22,7 +23,7 @@ constexpr const char* kList = "config/mimeapps.list";
 
 class FileAssociation : public testing::Test {
  protected:
-  FileAssociation() : path_(std::getenv("PATH")) {
+  FileAssociation() {
     korva.Places.AppPath = folder / "opt/korva strond/";
     PutIn("opt/korva strond/korva-strond", "");
     korva.Places.DataHome = folder / "data/";
@@ -30,9 +31,7 @@ class FileAssociation : public testing::Test {
     korva.Preferences.DisplayHistoryWin = 1;
     Tool("update-mime-database", "echo mime >> " + (folder / "tools.log"));
     Tool("update-desktop-database", "echo desktop >> " + (folder / "tools.log"));
-    ::setenv("PATH", (folder / "bin").c_str(), 1);
   }
-  ~FileAssociation() override { ::setenv("PATH", path_.c_str(), 1); }
 
   void Tool(const std::string& name, const std::string& command) {
     fs::create_directories(folder / "bin");
@@ -93,7 +92,7 @@ class FileAssociation : public testing::Test {
   ScriptedPorts ports;
 
  private:
-  std::string path_;
+  EnvironmentValue path_{"PATH", folder / "bin"};
 };
 
 TEST_F(FileAssociation, TellsTheDesktopAndIsTakenBackToTheByte) {
@@ -155,9 +154,10 @@ TEST_F(FileAssociation, GivesTheUsersOwnChoiceBack) {
   folder.Put(kList, Of(kList) + "text/html=web.desktop;\n");
   Associate();
   folder.Put(kList, Of(kList) + "image/png=view.desktop;\n");
-  const std::string now = Of(kList);
   Dissociate();
-  EXPECT_EQ(Of(kList), now);
+  EXPECT_EQ(Of(kList),
+            "[Default Applications]\napplication/x-korva-strond=ed.desktop;korva-strond.desktop;\n"
+            "text/html=web.desktop;\nimage/png=view.desktop;\n");
   fs::remove(folder / kList);
   fs::create_symlink("elsewhere.list", folder / kList);  // to a file that is not there
   Associate();
@@ -237,7 +237,7 @@ TEST_F(FileAssociation, RefusesWhatIsNoExtensionAndHeedsANo) {
 }
 
 TEST_F(FileAssociation, NamesWhatMayKeepItFromBeingSeen) {
-  ::setenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME", 1);
+  std::optional<EnvironmentValue> desktop(std::in_place, "XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
   PutIn("config/gnome-mimeapps.list", "[Default Applications]\napplication/x-korva-strond=ed.desktop\n");
   PutIn("config/ubuntu-mimeapps.list",
         "[Default Applications]\napplication/x-korva-strond=korva-strond.desktop\n");
@@ -245,7 +245,7 @@ TEST_F(FileAssociation, NamesWhatMayKeepItFromBeingSeen) {
   EXPECT_EQ(ports.Messages.Shown.back().detail,
             "This desktop still opens the files with the program that these lists name:\n" +
                 (folder / "config/gnome-mimeapps.list"));
-  ::unsetenv("XDG_CURRENT_DESKTOP");
+  desktop.reset();
   fs::remove(folder / "bin/update-mime-database");
   Associate();
   EXPECT_NE(ports.Messages.Shown.back().detail.find("update-mime-database"), std::string::npos);

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "desktop/services/OpenOnDesktop.h"
+#include "support/Environment.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -14,17 +15,14 @@ using namespace std::chrono_literals;
 
 class OpenDocument : public testing::Test {
  protected:
-  OpenDocument() { qputenv("PATH", QByteArray::fromStdString(folder / "") + ':' + path); }
-  ~OpenDocument() override { qputenv("PATH", path); }
-
   // An opener that writes down what it was given and then does `rest`.
   void Opener(const std::string& rest) {
     folder.Put("xdg-open", "#!/bin/sh\nprintf '%s|' \"$@\" >'" + folder / "given'\n" + rest + "\n");
     std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms(0755));
   }
 
-  const QByteArray path = qgetenv("PATH");
   TempFolder folder;
+  EnvironmentValue path{"PATH", folder / "" + ':' + std::getenv("PATH")};
 };
 
 TEST_F(OpenDocument, BelievesTheDesktop) {

@@ -36,6 +36,7 @@
 #include "desktop/support/Icons.h"
 #include "services/HelpTexts.h"
 #include "services/HelpTopics.h"
+#include "support/Environment.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -153,7 +154,7 @@ TEST_F(HelpWindow, EveryControlAndMenuCommandHasItsTopic) {
   EXPECT_TRUE(knows({std::string(kStabilityFactorsTopic)}));
 }
 
-TEST_F(HelpWindow, EveryMessageHasItsTopic) {
+TEST_F(HelpWindow, TheTopicsOfMessagesAreThere) {
   const auto help = HelpFile::Open(QStringLiteral(KORVA_BUILT_DOCS "/korva-strond.qch"));
   ASSERT_NE(help, nullptr);
   struct : MessagePort {
@@ -346,6 +347,46 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   EXPECT_GT(found.count(), 1) << "no words of the engine's language";
   finds("qwertz");
   EXPECT_EQ(found.count(), 0);
+}
+
+TEST_F(HelpWindow, NothingIsSaidOfPagesThatWereNotRead) {
+  const auto help = frmHelp::Open(bench.Forms);
+  ASSERT_NE(help, nullptr);
+  help->show();
+  The<QTabWidget>(*help, "tabHelp").setCurrentIndex(2);
+  auto& query = The<QLineEdit>(*help, "txtSearch");
+  auto& found = The<QLabel>(*help, "lblSearch");
+  query.setText(QStringLiteral("bleeder"));
+  std::set<std::string> said;
+  for (int i = 0; i < 5; ++i) {
+    QTest::keyClick(&query, Qt::Key_Return);
+    QTest::qWait(5);
+    said.insert(found.text().toStdString());
+  }
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] {
+        said.insert(found.text().toStdString());
+        return found.text().endsWith(QLatin1String(" pages"));
+      },
+      30'000));
+  said.erase("");
+  said.erase("Reading the pages...");
+  EXPECT_EQ(said.size(), 1U) << *said.begin();
+}
+
+TEST_F(HelpWindow, MayEndInTheMiddleOfASearch) {
+  for (int round = 0; round < 20; ++round) {
+    const auto help = frmHelp::Open(bench.Forms);
+    help->show();
+    The<QTabWidget>(*help, "tabHelp").setCurrentIndex(2);
+    auto& query = The<QLineEdit>(*help, "txtSearch");
+    query.setText(QStringLiteral("bleeder"));
+    QTest::keyClick(&query, Qt::Key_Return);
+    if (round % 2 == 0) {
+      QTRY_VERIFY_WITH_TIMEOUT(The<QListWidget>(*help, "lstSearch").count() > 0, 30'000);
+      QTest::keyClick(&query, Qt::Key_Return);
+    }
+  }
 }
 
 TEST(HelpQuery, TakesWordsAndPhrases) {
@@ -641,8 +682,7 @@ TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
 TEST_F(HelpWindow, AMissingOrDamagedFileIsSaidAndNothingIsLeftBehind) {
   bench.State.Places.Docs.clear();
   const TempFolder temp;  // other programs, and other tests, have their help in the common one
-  const QByteArray common = qgetenv("TMPDIR");
-  qputenv("TMPDIR", QByteArray::fromStdString(temp / ""));
+  const EnvironmentValue folderOfAll("TMPDIR", temp / "");
   const auto leftovers = [&temp] { return temp.Names().size(); };
   const QByteArray whole = Built("korva-strond.qch");
   const auto refused = [&] {
@@ -664,7 +704,6 @@ TEST_F(HelpWindow, AMissingOrDamagedFileIsSaidAndNothingIsLeftBehind) {
     EXPECT_EQ(leftovers(), 2U);
   }
   EXPECT_EQ(leftovers(), 0U);
-  qputenv("TMPDIR", common);
   EXPECT_EQ(folder.Names(), std::vector<std::string>{"korva-strond.qch"});
 }
 

@@ -323,11 +323,17 @@ TEST_F(MainForm, NothingIsAskedThatTheWindowOfUpdatesHasTold) {
   ports.Fetches.Give("1106");
   QTest::qWait(500);
   EXPECT_TRUE(ports.Messages.Shown.empty()) << "somebody reads or types there";
-  QTimer::singleShot(0, main.get(), [] { Window("frmUpdate")->close(); });
-  Choose("mnuHelpItem(8)");
+  const auto lookAtUpdates = [this] {
+    QTimer::singleShot(0, main.get(), [] { Window("frmUpdate")->close(); });
+    Choose("mnuHelpItem(8)");
+  };
+  lookAtUpdates();
   help.close();
   QTest::qWait(500);
   EXPECT_TRUE(ports.Messages.Shown.empty());
+  main->CheckForUpdates();  // as at a start whose answer is late
+  lookAtUpdates();
+  EXPECT_FALSE(ports.Fetches.IsRunning());
 }
 
 TEST_F(MainForm, NoAnswerAtTheStartIsNoMatter) {

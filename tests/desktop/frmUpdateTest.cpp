@@ -96,6 +96,24 @@ TEST(UpdateForm, KeysNeverReachCloseWhileSomethingIsFetched) {
   EXPECT_EQ(TextOf(form, "lblbytes"), "Download failed: its signature did not come: the server has hung up");
 }
 
+TEST(UpdateForm, KeepsKeysWaitingAlsoBeforeItIsShownAndBehindOthers) {
+  UpdateBench bench;
+  frmUpdate form(bench.Forms);
+  form.RunAll();
+  form.show();
+  QApplication::setActiveWindow(&form);
+  EXPECT_EQ(QApplication::focusWidget(), &The<QWidget>(form, "ProgressBar1"));
+  QWidget other;
+  other.show();
+  QApplication::setActiveWindow(&other);
+  bench.State.AutoUpdate = false;
+  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                                MessageAnswer::kNo);
+  bench.Outside.Fetches.Give("1106");
+  QApplication::setActiveWindow(&form);
+  EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus());
+}
+
 TEST(UpdateForm, ClosingEndsAFetchAndWritesTheSettings) {
   UpdateBench bench;
   {
