@@ -5,6 +5,7 @@
 #include "core/Format.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
+#include "core/Text.h"
 #include "input/FormNotices.h"
 
 namespace korva {
@@ -23,9 +24,7 @@ std::string ConditionName(std::int16_t condition) {
   }
   std::string name(LoadingConditionTitles[index]);
   for (std::size_t i = 1; i < name.size(); ++i) {
-    if (name[i] >= 'A' && name[i] <= 'Z') {
-      name[i] = static_cast<char>(name[i] - 'A' + 'a');
-    }
+    name[i] = LowerCase(name[i]);
   }
   return name;
 }

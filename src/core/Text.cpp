@@ -72,6 +72,14 @@ std::string_view Trimmed(std::string_view text) {
                                          : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) {
+    c = LowerCase(c);
+  }
+  return lower;
+}
+
 std::string Excerpt(std::string_view text) {
   constexpr std::size_t kMost = 40;
   const std::size_t length = BytesOfCharacters(text, kMost);

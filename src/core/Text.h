@@ -24,6 +24,12 @@ constexpr bool IsControl(char c) {
   return (c >= '\0' && c < ' ') || c == '\x7F';
 }
 
+// ASCII capital letters as small ones, in any locale; all else as it is.
+constexpr char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+std::string LowerCase(std::string_view text);
+
 // What a message shows of a text that may be of any length: its first 40 characters, with dots behind if
 // there are more.
 std::string Excerpt(std::string_view text);

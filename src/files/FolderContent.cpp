@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/Text.h"
 #include "files/PlatformFile.h"
 
 namespace korva {
@@ -12,17 +13,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-char Small(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool StandsBefore(const std::string& a, const std::string& b) {
   const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(),
-                                           [](char x, char y) { return Small(x) == Small(y); });
+                                           [](char x, char y) { return LowerCase(x) == LowerCase(y); });
   if (left == a.end() || right == b.end()) {
     return a.size() != b.size() ? a.size() < b.size() : a < b;
   }
-  return static_cast<unsigned char>(Small(*left)) < static_cast<unsigned char>(Small(*right));
+  return static_cast<unsigned char>(LowerCase(*left)) < static_cast<unsigned char>(LowerCase(*right));
 }
 
 }  // namespace

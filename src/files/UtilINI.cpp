@@ -8,10 +8,6 @@ namespace korva {
 
 namespace {
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::string_view WithoutQuotes(std::string_view value) {
   const bool quoted =
       value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
@@ -72,7 +68,7 @@ std::string OneLine(std::string_view value) {
 
 bool SameIniName(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
+                    [](char x, char y) { return LowerCase(x) == LowerCase(y); });
 }
 
 std::optional<std::string> FindIniValue(std::string_view text, std::string_view section,

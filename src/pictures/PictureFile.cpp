@@ -10,6 +10,7 @@
 #include <new>
 
 #include "core/RuntimeError.h"
+#include "core/Text.h"
 
 namespace korva {
 
@@ -76,9 +77,7 @@ std::string SvgBytes(PictureSize size, const std::function<void(cairo_t*)>& pain
 }  // namespace
 
 std::optional<PictureKind> PictureKindOf(std::string_view fileName) {
-  std::string lower(fileName);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  const std::string lower = LowerCase(fileName);
   for (const auto& [extension, kind] :
        {std::pair{".svg", PictureKind::kSvg}, {".pdf", PictureKind::kPdf}, {".png", PictureKind::kPng}}) {
     if (lower.ends_with(extension)) {

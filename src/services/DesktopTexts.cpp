@@ -17,13 +17,6 @@ constexpr std::string_view kDefaultsGroup = "[Default Applications]";
 // What a desktop takes apart or changes in a command unless it stands in quotes.
 constexpr std::string_view kReserved = " \"'\\><~|&;$*?#()`";
 
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return lower;
-}
-
 // A line without its end, and the end: LF, CR LF or nothing.
 struct Line {
   std::string_view Text;

@@ -1,5 +1,7 @@
 #include "services/HelpTopics.h"
 
+#include "core/Text.h"
+
 namespace korva {
 
 namespace {
@@ -15,7 +17,7 @@ std::string LabelPart(std::string_view name) {
     if (c == '(') {
       part += '-';
     } else if (c != ')') {
-      part += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+      part += LowerCase(c);
     }
   }
   return part;

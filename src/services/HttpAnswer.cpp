@@ -20,12 +20,6 @@ constexpr std::string_view kNotHttp = "the server does not answer as a web serve
 constexpr std::string_view kTooLarge = "the file is too large";
 constexpr std::string_view kOtherLength = "the file has another length than the server said";
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [lower](char x, char y) { return lower(x) == lower(y); });
-}
-
 // A number that is the whole text, without a sign.
 template <class Number>
 std::optional<Number> WholeNumber(std::string_view text, int base) {
@@ -136,24 +130,24 @@ void HttpAnswer::ReadHeader(std::string_view line) {
     Fail(kNotHttp);
     return;
   }
-  const std::string_view name = line.substr(0, colon);
+  const std::string name = LowerCase(line.substr(0, colon));
   const std::string_view value = Trimmed(line.substr(colon + 1));
-  if (EqualIgnoringCase(name, "Content-Length")) {
+  if (name == "content-length") {
     const auto length = WholeNumber<std::uint64_t>(value, 10);
     if (!length || (length_ && *length_ != *length)) {
       Fail(kOtherLength);
     }
     length_ = length;
-  } else if (EqualIgnoringCase(name, "Transfer-Encoding") && status_ == kOk) {
-    isChunked_ = EqualIgnoringCase(value, "chunked");
+  } else if (name == "transfer-encoding" && status_ == kOk) {
+    isChunked_ = LowerCase(value) == "chunked";
     if (!isChunked_) {
       Fail("the server sent the file in another form than asked for");
     }
-  } else if (EqualIgnoringCase(name, "Content-Encoding") && status_ == kOk) {
-    if (!value.empty() && !EqualIgnoringCase(value, "identity")) {
+  } else if (name == "content-encoding" && status_ == kOk) {
+    if (!value.empty() && LowerCase(value) != "identity") {
       Fail("the server sent the file in another form than asked for");
     }
-  } else if (EqualIgnoringCase(name, "Location")) {
+  } else if (name == "location") {
     location_ = value;
   }
 }

@@ -6,6 +6,8 @@
 #include <array>
 #include <cstring>
 
+#include "core/Text.h"
+
 namespace korva {
 
 namespace {
@@ -15,11 +17,7 @@ namespace {
 std::string KeyOf(std::string_view name) {
   std::string key(name);
   for (char& c : key) {
-    if (c == '\\') {
-      c = '/';
-    } else if (c >= 'A' && c <= 'Z') {
-      c = static_cast<char>(c - 'A' + 'a');
-    }
+    c = c == '\\' ? '/' : LowerCase(c);
   }
   return key;
 }
