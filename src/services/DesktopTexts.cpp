@@ -17,33 +17,26 @@ constexpr std::string_view kDefaultsGroup = "[Default Applications]";
 // What a desktop takes apart or changes in a command unless it stands in quotes.
 constexpr std::string_view kReserved = " \"'\\><~|&;$*?#()`";
 
-// A line without its end, and the end: LF, CR LF or nothing.
+using Programs = std::vector<std::string>;
+
+// A line of the list without its end, the end (LF, CR LF or nothing), and the programs that it gives project
+// files; nothing if it is about something else.
 struct Line {
   std::string_view Text;
   std::string_view End;
+  std::optional<Programs> Defaults;
 };
 
-std::vector<Line> LinesOf(std::string_view text) {
-  std::vector<Line> lines;
-  while (!text.empty()) {
-    const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-    std::size_t shown = length;
-    while (shown > 0 && (text[shown - 1] == '\n' || text[shown - 1] == '\r')) {
-      --shown;
-    }
-    lines.push_back({text.substr(0, shown), text.substr(shown, length - shown)});
-    text.remove_prefix(length);
-  }
-  return lines;
+bool IsGroup(std::string_view line) {
+  return Trimmed(line).starts_with('[');
 }
 
-// The programs that a line of the list gives project files, or nothing if it is about something else.
-std::optional<std::vector<std::string>> ProgramsOf(std::string_view line) {
+std::optional<Programs> ProgramsOf(std::string_view line) {
   const auto equals = line.find('=');
   if (equals == std::string_view::npos || Trimmed(line.substr(0, equals)) != kProjectType) {
     return std::nullopt;
   }
-  std::vector<std::string> programs;
+  Programs programs;
   std::string_view rest = line.substr(equals + 1);
   while (!rest.empty()) {
     const auto end = std::min(rest.find(';'), rest.size());
@@ -55,22 +48,33 @@ std::optional<std::vector<std::string>> ProgramsOf(std::string_view line) {
   return programs;
 }
 
-std::string DefaultLine(const std::vector<std::string>& programs) {
+std::vector<Line> LinesOf(std::string_view text) {
+  std::vector<Line> lines;
+  bool inside = false;  // the group of default programs
+  while (!text.empty()) {
+    const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+    std::size_t shown = length;
+    while (shown > 0 && (text[shown - 1] == '\n' || text[shown - 1] == '\r')) {
+      --shown;
+    }
+    const std::string_view line = text.substr(0, shown);
+    inside = IsGroup(line) ? Trimmed(line) == kDefaultsGroup : inside;
+    lines.push_back({line, text.substr(shown, length - shown), inside ? ProgramsOf(line) : std::nullopt});
+    text.remove_prefix(length);
+  }
+  return lines;
+}
+
+std::string DefaultLine(const Programs& programs) {
   return fmt::format("{}={};", kProjectType, fmt::join(programs, ";"));
 }
 
-bool IsGroup(std::string_view line) {
-  return Trimmed(line).starts_with('[');
-}
-
 // The programs that a list gives project files; the last line about them counts.
-std::vector<std::string> DefaultProgramsOf(std::string_view list) {
-  bool inside = false;
-  std::vector<std::string> programs;
+Programs DefaultProgramsOf(std::string_view list) {
+  Programs programs;
   for (const Line& line : LinesOf(list)) {
-    inside = IsGroup(line.Text) ? Trimmed(line.Text) == kDefaultsGroup : inside;
-    if (const auto found = inside ? ProgramsOf(line.Text) : std::nullopt; found && !found->empty()) {
-      programs = *found;
+    if (line.Defaults && !line.Defaults->empty()) {
+      programs = *line.Defaults;
     }
   }
   return programs;
@@ -156,21 +160,16 @@ std::string WithDefaultProgram(std::string_view list) {
   const std::vector<Line> lines = LinesOf(list);
   std::optional<std::size_t> head;
   std::optional<std::size_t> entry;  // the last one counts
-  bool inside = false;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (IsGroup(lines[i].Text)) {
-      inside = Trimmed(lines[i].Text) == kDefaultsGroup;
-      head = inside ? i : head;
-    } else if (inside && ProgramsOf(lines[i].Text)) {
-      entry = i;
-    }
+    head = Trimmed(lines[i].Text) == kDefaultsGroup ? i : head;
+    entry = lines[i].Defaults ? i : entry;
   }
   const std::string_view end = !lines.empty() && lines.front().End == "\r\n" ? "\r\n" : "\n";
   const std::string own(kProgramEntry);
   std::string text;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (entry == i) {
-      auto programs = *ProgramsOf(lines[i].Text);
+      Programs programs = *lines[i].Defaults;
       std::erase(programs, own);
       programs.insert(programs.begin(), own);
       text.append(DefaultLine(programs)).append(lines[i].End);
@@ -201,18 +200,15 @@ std::vector<std::string> ListsOfDesktops(std::string_view desktops) {
 }
 
 bool PrefersAnotherProgram(std::string_view list) {
-  const auto programs = DefaultProgramsOf(list);
+  const Programs programs = DefaultProgramsOf(list);
   return !programs.empty() && programs.front() != kProgramEntry;
 }
 
 std::string WithDefaultProgramsOf(std::string_view before, std::string_view list) {
-  const auto earlier = DefaultProgramsOf(before);
+  const Programs earlier = DefaultProgramsOf(before);
   std::string text;
-  bool inside = false;
   for (const Line& line : LinesOf(list)) {
-    inside = IsGroup(line.Text) ? Trimmed(line.Text) == kDefaultsGroup : inside;
-    const auto programs = inside ? ProgramsOf(line.Text) : std::nullopt;
-    if (programs && !programs->empty() && programs->front() == kProgramEntry) {
+    if (line.Defaults && !line.Defaults->empty() && line.Defaults->front() == kProgramEntry) {
       text.append(DefaultLine(earlier)).append(line.End);
     } else {
       Append(text, line);
@@ -223,16 +219,11 @@ std::string WithDefaultProgramsOf(std::string_view before, std::string_view list
 
 std::string WithoutDefaultProgram(std::string_view list) {
   std::string text;
-  bool inside = false;
-  for (const Line& line : LinesOf(list)) {
-    if (IsGroup(line.Text)) {
-      inside = Trimmed(line.Text) == kDefaultsGroup;
-    }
-    auto programs = inside ? ProgramsOf(line.Text) : std::nullopt;
-    if (!programs || std::erase(*programs, std::string(kProgramEntry)) == 0) {
+  for (Line& line : LinesOf(list)) {
+    if (!line.Defaults || std::erase(*line.Defaults, std::string(kProgramEntry)) == 0) {
       Append(text, line);
-    } else if (!programs->empty()) {
-      text.append(DefaultLine(*programs)).append(line.End);
+    } else if (!line.Defaults->empty()) {
+      text.append(DefaultLine(*line.Defaults)).append(line.End);
     }
   }
   return text;

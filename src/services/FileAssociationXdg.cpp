@@ -249,8 +249,10 @@ bool TakeBack(const Change& change, bool isList) {
   }
   if (now == change.After) {
     Put(change.Path, change.Before);
-  } else if (const std::string list = WithoutAssociation(*now, change.Before); isList && list != *now) {
-    Put(change.Path, list);
+  } else if (isList) {
+    if (const std::string list = WithoutAssociation(*now, change.Before); list != *now) {
+      Put(change.Path, list);
+    }
   }
   return now == change.After || isList;
 }
