@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "Commands.h"
-#include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "options/UnitTables.h"
 
@@ -20,18 +19,18 @@ struct UnitsCall {
   bool AsJson = false;
 };
 
-// A number with a point or a comma, and nothing else.
+// What the calculator reads, as long as it is a number and nothing else. One that may be meant otherwise is
+// told.
 double ValueOf(const std::string& text) {
-  std::string plain = text;
-  const auto comma = plain.find(',');
-  if (comma != plain.npos) {
-    plain[comma] = '.';
+  const CalculatorNumber number = ReadCalculatorNumber(text);
+  if (!number.Whole) {
+    throw UsageError{
+        fmt::format("{}: expected a number{}{}", text, number.Note.empty() ? "" : "; it ", number.Note)};
   }
-  const ParsedNumber number = ParseNumberPrefix(plain);
-  if (number.length == 0 || number.length != plain.size()) {
-    throw UsageError{fmt::format("{}: expected a number", text)};
+  if (!number.Note.empty()) {
+    Complain(fmt::format("{}: {}", text, number.Note));
   }
-  return number.value;
+  return number.Value;
 }
 
 const UnitTab& TabOf(const std::string& word) {

@@ -162,18 +162,24 @@ void frmMain::ShowHistory() {
   txtMain_->moveCursor(QTextCursor::End);
 }
 
-void frmMain::ApplyDisplaySettings() {
-  const Settings& settings = korva_.Preferences;
-  const QFont font = FontOf(settings.DisplayFont);
+void frmMain::ApplyHistoryFont() {
+  const QFont font = FontOf(korva_.Preferences.DisplayFont);
   txtMain_->setFont(font);
   txtMain_->setFixedHeight(QFontMetrics(font).lineSpacing() * kHistoryLines + 2 * SpacingUnit(*this));
+}
+
+void frmMain::ApplyDisplaySettings() {
+  const Settings& settings = korva_.Preferences;
+  ApplyHistoryFont();
   const bool history = settings.DisplayHistoryWin == 1;
   txtMain_->setVisible(history);
   for (const int item : {kClearHistory, kToggleHistory, kCopyHistory}) {
     menus_.Item("mnuUtilItem", item).setEnabled(history);
   }
   menus_.Item("mnuUtilItem", kToggleHistory).setText(QStringLiteral("Close History &Window"));
-  setWindowState(settings.MaxMainMenu == 1 ? Qt::WindowMaximized : Qt::WindowNoState);
+  if (settings.MaxMainMenu == 1) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+  }
   menus_.ToolBar().setVisible(settings.EnableMainMenuToolbar == 1);
 }
 

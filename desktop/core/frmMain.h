@@ -44,6 +44,7 @@ class frmMain final : public QMainWindow, public MainWindow {
 
   void Refresh() override;
   void ApplyDisplaySettings() override;
+  void ApplyHistoryFont() override;
   void EditParameters() override;
   void ShowResults(QWidget* returnTo) override;
   void ShowHelp(const std::vector<std::string>& labels) override;

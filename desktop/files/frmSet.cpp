@@ -102,6 +102,7 @@ QGroupBox* frmSet::WindowFrame() {
   font_->setToolTip(QStringLiteral("Font of the history, applied at once"));
   auto* label =
       NewLabel(QStringLiteral("lblHistorySize"), QStringLiteral("History size (characters)"), frame);
+  size_->HoldNumber();
   label->setBuddy(size_);
   auto* grid = new QGridLayout(frame);
   grid->addWidget(checks_["chkDispHist"], 0, 0, 1, 2);
@@ -228,7 +229,7 @@ void frmSet::ExtensionTyped(const QString& text) {
 
 void frmSet::ChooseFont() {
   if (ChooseScreenFont(session_.State.Preferences.DisplayFont, *this)) {
-    session_.Main.ApplyDisplaySettings();
+    session_.Main.ApplyHistoryFont();
   }
 }
 

@@ -21,9 +21,8 @@ constexpr int kLastUsed = 1;
 constexpr int kLeastSymbol = 3;
 constexpr int kGreatestSymbol = 20;
 
-QComboBox* NewList(const char* name, std::initializer_list<const char*> entries, QWidget* parent) {
-  auto* list = new QComboBox(parent);
-  list->setObjectName(QLatin1String(name));
+QComboBox* NewChoice(const char* name, std::initializer_list<const char*> entries, QWidget* parent) {
+  QComboBox* list = NewList(QLatin1String(name), parent);
   for (const char* entry : entries) {
     list->addItem(QLatin1String(entry));
   }
@@ -107,8 +106,8 @@ QWidget* frmGraphOpt::BuildTitles() {
 QWidget* frmGraphOpt::BuildFormat() {
   auto* frame = new QGroupBox(QStringLiteral("Format"), this);
   auto* rows = new QFormLayout(frame);
-  Combo1_ = NewList("Combo1", {"None", "Horizontal", "Vertical", "Horizontal & Vertical"}, frame);
-  Combo2_ = NewList("Combo2", {"Lines Only", "Symbols Only", "Lines & Symbols"}, frame);
+  Combo1_ = NewChoice("Combo1", {"None", "Horizontal", "Vertical", "Horizontal & Vertical"}, frame);
+  Combo2_ = NewChoice("Combo2", {"Lines Only", "Symbols Only", "Lines & Symbols"}, frame);
   for (QComboBox* list : {Combo1_, Combo2_}) {
     connect(list, &QComboBox::currentIndexChanged, this, [this, list] { CheckChoice(*list); });
   }
@@ -120,6 +119,7 @@ QWidget* frmGraphOpt::BuildFormat() {
   HScroll1_->setAccessibleName(QStringLiteral("Symbol size"));
   HScroll1_->setRange(kLeastSymbol, kGreatestSymbol);
   HScroll1_->setFocusPolicy(Qt::StrongFocus);
+  LetWheelPass(*HScroll1_);
   txtSS_ = new QLineEdit(frame);
   txtSS_->setObjectName(QStringLiteral("txtSS"));
   txtSS_->setAccessibleName(QStringLiteral("Symbol size"));

@@ -125,9 +125,27 @@ bool frmKORVAParm::CheckAndShow() {
                refusal->Kind == RefusalKind::kLogic ? titles.TitleLogicError : titles.TitleRangeError,
                {},
                "warnings-refusals"});
-  ui_.SSTab1->setCurrentIndex(static_cast<int>(refusal->Tab));
-  ui_.Box(refusal->Control).ShowRefused(FromUtf8(refusal->Text));
+  FieldBox& box = ui_.Box(refusal->Control);
+  ui_.SSTab1->Choose(static_cast<int>(refusal->Tab));
+  ShowHidden(box);
+  box.ShowRefused(FromUtf8(refusal->Text));
   return false;
+}
+
+// Shows a box that the loading condition hides, with what it stands in and belongs to, until another
+// condition is chosen.
+void frmKORVAParm::ShowHidden(FieldBox& box) {
+  const QString name = box.objectName();
+  if (name == QLatin1String("txtWidthC") || name == QLatin1String("txtWidthD")) {
+    ui_.Check(name.endsWith(QLatin1Char('C')) ? "chkRowC" : "chkRowD").show();
+  }
+  for (QLabel* label : findChildren<QLabel*>()) {
+    if (label->buddy() == &box) {
+      label->show();
+    }
+  }
+  box.show();
+  box.parentWidget()->show();
 }
 
 void frmKORVAParm::TakeAndClose() {

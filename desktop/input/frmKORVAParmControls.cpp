@@ -58,11 +58,10 @@ std::string CenterName(int index) {
 }
 
 frmKORVAParmControls::frmKORVAParmControls(QWidget& form, std::int16_t units) : form_(form), units_(units) {
-  SSTab1 = new QTabWidget(&form);
-  SSTab1->setObjectName(QStringLiteral("SSTab1"));
-  SSTab1->addTab(StandardTab(), QStringLiteral("Standard"));
-  SSTab1->addTab(DefaultsTab(), QStringLiteral("Defaults"));
-  SSTab1->addTab(RetreatTab(), QStringLiteral("Retreat"));
+  SSTab1 = new FormTabs(QStringLiteral("SSTab1"), &form);
+  SSTab1->AddPage(StandardTab(), QStringLiteral("Standard"));
+  SSTab1->AddPage(DefaultsTab(), QStringLiteral("Defaults"));
+  SSTab1->AddPage(RetreatTab(), QStringLiteral("Retreat"));
   auto* all = new QVBoxLayout(&form);
   ApplySpacing(*all, form);
   all->addWidget(SSTab1, 1);
@@ -111,6 +110,7 @@ FieldBox* frmKORVAParmControls::NewBox(const Row& row, const QString& caption) {
   box->Explain(
       caption,
       QStringLiteral("%1%2. Accepted: %3.").arg(QLatin1String(row.Meaning), unit, QLatin1String(row.Range)));
+  box->HoldNumber();
   box->setAlignment(Qt::AlignRight);
   SetWidth(*box, kLongestNumber);
   boxes[row.Box] = box;
@@ -218,8 +218,7 @@ QGroupBox* frmKORVAParmControls::GeometryFrame() {
   grid->addWidget(NewLabel(QStringLiteral("Label10"), QStringLiteral("(center-to-center)"), geometry),
                   grid->rowCount(), 0);
 
-  Combo1 = new QComboBox(geometry);
-  Combo1->setObjectName(QStringLiteral("Combo1"));
+  Combo1 = NewList(QStringLiteral("Combo1"), geometry);
   Combo1->setAccessibleName(QStringLiteral("Number of entries"));
   Combo1->setToolTip(QStringLiteral("Number of parallel entries of the panel. Accepted: 2 to 10."));
   for (int entries = 2; entries <= kMaxEntries; ++entries) {

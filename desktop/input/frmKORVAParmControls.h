@@ -6,7 +6,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QStackedWidget>
-#include <QTabWidget>
 #include <array>
 #include <map>
 #include <string>
@@ -14,6 +13,7 @@
 
 #include "core/Project.h"
 #include "desktop/support/FieldBox.h"
+#include "desktop/support/FormTabs.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
@@ -29,7 +29,7 @@ struct frmKORVAParmControls {
   FieldBox& Box(const std::string& name) const { return *boxes.at(name); }
   QCheckBox& Check(const std::string& name) const { return *checks.at(name); }
 
-  QTabWidget* SSTab1 = nullptr;
+  FormTabs* SSTab1 = nullptr;
   std::map<std::string, FieldBox*> boxes;    // every value box by its name
   std::map<std::string, QCheckBox*> checks;  // and every check box
   std::map<std::string, QLabel*> labels;     // those that are shown and hidden

@@ -1,4 +1,6 @@
 // What the parameters form does while a person works in it: dependent fields, enabled states, warnings.
+#include <QApplication>
+#include <QPointer>
 #include <algorithm>
 
 #include "core/NumberText.h"
@@ -262,9 +264,27 @@ void frmKORVAParm::WarnOnLeaving(const std::optional<std::string>& warning) {
   if (!warning || !isVisible()) {
     return;
   }
+  const bool byMouse = QApplication::mouseButtons() != Qt::NoButton;
+  const QPointer<QAbstractButton> pressed =
+      byMouse ? qobject_cast<QAbstractButton*>(QApplication::focusWidget()) : nullptr;
   Say(*warning);
   warningShown_ = true;
   timer_.start();
+  if (pressed != nullptr) {
+    QTimer::singleShot(0, this, [this, pressed] { EndClick(pressed); });
+  }
+}
+
+// A button that was pressed while the box of a warning came up never hears of its release: its click is done
+// now, but for OK, which waits so that the person may look at the field again.
+void frmKORVAParm::EndClick(QAbstractButton* pressed) {
+  if (pressed == nullptr || !pressed->isDown() || QApplication::mouseButtons() != Qt::NoButton) {
+    return;
+  }
+  pressed->setDown(false);
+  if (pressed != ui_.cmdOK) {
+    pressed->click();
+  }
 }
 
 }  // namespace korva::desktop

@@ -29,6 +29,7 @@ void CaseImportBox::Build() {
       QStringLiteral("Row"),
       QStringLiteral("Enter 999 for all, or number of excel row. 0 takes the first case, row 3; other "
                      "numbers take nothing here (the command \"korva import cases\" takes any row)."));
+  text3_->HoldNumber();
   text3_->Fill("0");
   caption->setBuddy(text3_);
   label4_ = NewLabel(QStringLiteral("Label4"), {}, this);

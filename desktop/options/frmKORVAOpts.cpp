@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <limits>
@@ -13,6 +12,7 @@
 #include "desktop/options/AssociationBox.h"
 #include "desktop/options/CaseImportBox.h"
 #include "desktop/support/FieldBox.h"
+#include "desktop/support/FormTabs.h"
 #include "desktop/support/FormTools.h"
 #include "input/CheckOptions.h"
 #include "input/FieldNumber.h"
@@ -97,8 +97,7 @@ frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent) : QDialog(parent),
 }
 
 void frmKORVAOpts::Build() {
-  SSTab1_ = new QTabWidget(this);
-  SSTab1_->setObjectName(QStringLiteral("SSTab1"));
+  SSTab1_ = new FormTabs(QStringLiteral("SSTab1"), this);
   SSTab1_->setUsesScrollButtons(false);  // wide enough for all tabs
   BuildEditTab();
   BuildPlotTab();
@@ -122,7 +121,7 @@ QWidget* frmKORVAOpts::NewTab(const char* caption) {
   auto* tab = new QWidget(this);
   auto* column = new QVBoxLayout(tab);
   ApplySpacing(*column, *this);
-  SSTab1_->addTab(tab, QLatin1String(caption));
+  SSTab1_->AddPage(tab, QLatin1String(caption));
   return tab;
 }
 
@@ -161,6 +160,7 @@ FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* c
                                const char* explanation) {
   auto* box = new FieldBox(QLatin1String(name), 0, frame);
   box->Explain(QLatin1String(caption), QLatin1String(explanation));
+  box->HoldNumber();
   auto* label = new QLabel(QLatin1String(caption), frame);
   label->setBuddy(box);
   auto* grid = static_cast<QGridLayout*>(frame->layout());
@@ -265,7 +265,7 @@ void frmKORVAOpts::Check() {
                title,
                {},
                "refusal-options"});
-  SSTab1_->setCurrentIndex(kOutputTab);
+  SSTab1_->Choose(kOutputTab);
   boxes_[refusal->Control]->ShowRefused(FromUtf8(refusal->Text));
 }
 

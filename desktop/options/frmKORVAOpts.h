@@ -11,12 +11,12 @@
 
 class QGroupBox;
 class QRadioButton;
-class QTabWidget;
 
 namespace korva::desktop {
 
 class CaseImportBox;
 class FieldBox;
+class FormTabs;
 
 class frmKORVAOpts final : public QDialog {
  public:
@@ -43,7 +43,7 @@ class frmKORVAOpts final : public QDialog {
   void Store();
 
   Session& session_;
-  QTabWidget* SSTab1_ = nullptr;
+  FormTabs* SSTab1_ = nullptr;
   CaseImportBox* import_ = nullptr;
   std::map<std::string, QCheckBox*> checks_;
   std::map<std::string, std::vector<QRadioButton*>> options_;

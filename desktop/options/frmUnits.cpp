@@ -53,6 +53,10 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
   made.Input = new FieldBox(FromUtf8(tab.InputBox), 0, page);
   made.Input->Explain(QStringLiteral("Value"),
                       QStringLiteral("The value to convert, in the unit chosen below"));
+  made.Input->HoldNumber([](std::string_view text) {
+    const std::string note = ReadCalculatorNumber(text).Note;
+    return note.empty() ? std::nullopt : std::optional(note);
+  });
   made.Input->setText(QStringLiteral("0"));
   auto* label = new QLabel(QStringLiteral("&Value:"), page);
   label->setBuddy(made.Input);
@@ -95,7 +99,7 @@ void frmUnits::Convert(std::size_t tab) {
     result->clear();
   }
   Attempt(session_.State, session_.Outside.Messages, [&] {
-    const double value = CalculatorNumber(page.Input->Text());
+    const double value = ReadCalculatorNumber(page.Input->Text()).Value;
     const std::vector<double> row =
         ConvertUnits(UnitTabs()[tab].Quantity, GetArrayIndex(page.Sources), value);
     for (std::size_t i = 0; i < row.size(); ++i) {

@@ -51,7 +51,7 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   Build();
   NextPage();
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
-  CenterForm(*this);
+  CenterForm(*this, returnTo_);
 }
 
 void frmResTxtPlt::Build() {

@@ -3,11 +3,12 @@
 #include <QDir>
 #include <QStorageInfo>
 
+#include "desktop/support/FormTools.h"
+
 namespace korva::desktop {
 
 QComboBox* NewDriveBox(QWidget* parent) {
-  auto* box = new QComboBox(parent);
-  box->setObjectName(QStringLiteral("Drive1"));
+  QComboBox* box = NewList(QStringLiteral("Drive1"), parent);
   box->setAccessibleName(QStringLiteral("Drive"));
   box->setToolTip(QStringLiteral("Mounted volumes"));
   for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {

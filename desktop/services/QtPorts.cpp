@@ -86,6 +86,23 @@ void MakeRoomForTitle(QMessageBox& box) {
   }
 }
 
+// A text whose long words, such as file names, may go on in a further line: a label that cannot break a word
+// is as wide as the longest one.
+QString Breakable(std::string_view text) {
+  static constexpr int kLongestPiece = 90;  // characters
+  QString broken;
+  int piece = 0;
+  for (const QChar c : FromUtf8(text)) {
+    piece = c.isSpace() ? 0 : piece + 1;
+    if (piece > kLongestPiece && !c.isLowSurrogate() && !c.isMark()) {
+      broken += QChar(0x200B);  // a place to break at, which does not show
+      piece = 1;
+    }
+    broken += c;
+  }
+  return broken;
+}
+
 // A box over a busy program has to be usable: the pointer is normal while it is open.
 class NormalPointer {
  public:
@@ -115,8 +132,8 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setProperty(kTopicProperty, FromUtf8(message.topic));
   box.setTextFormat(Qt::PlainText);
-  box.setText(FromUtf8(message.text));
-  box.setInformativeText(FromUtf8(message.detail));
+  box.setText(Breakable(message.text));
+  box.setInformativeText(Breakable(message.detail));
   box.setWindowTitle(FromUtf8(message.title));
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(set.buttons);

@@ -95,7 +95,8 @@ QSize frmHelp::sizeHint() const {
 
 // At the right edge, so that the window that it speaks of can be seen beside it.
 void frmHelp::PlaceOnScreen() {
-  const QRect room = screen()->availableGeometry();
+  const QWidget* front = FrontWindow();
+  const QRect room = (front != nullptr ? front->screen() : screen())->availableGeometry();
   resize(sizeHint().boundedTo(room.size() * 9 / 10));
   move(room.right() - width() - 2 * SpacingUnit(*this), room.top() + (room.height() - height()) / 2);
 }

@@ -13,7 +13,9 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "core/NumberParsing.h"
 #include "desktop/support/FormTools.h"
+#include "desktop/support/ScrollBody.h"
 #include "desktop/support/Theme.h"
 
 namespace korva::desktop {
@@ -22,14 +24,18 @@ FieldBox::FieldBox(const QString& name, int greatestLength, QWidget* parent)
     : QLineEdit(parent), greatestLength_(greatestLength) {
   setObjectName(name);
   setAcceptDrops(false);  // a dropped file is for the main window
-  connect(this, &QLineEdit::textChanged, this, &FieldBox::ForgetRefusal);
+  connect(this, &QLineEdit::textChanged, this, &FieldBox::TakeChange);
 }
 
 void FieldBox::Explain(const QString& caption, const QString& explanation) {
   explanation_ = explanation;
   setAccessibleName(caption);
-  setAccessibleDescription(explanation);
-  setToolTip(explanation);
+  ShowTip();
+}
+
+void FieldBox::HoldNumber(NumberNote note) {
+  note_ = std::move(note);
+  TakeChange();
 }
 
 void FieldBox::Fill(std::string_view text) {
@@ -41,11 +47,11 @@ std::string FieldBox::Text() const {
 }
 
 void FieldBox::ShowRefused(const QString& reason) {
+  BringIntoView(*this);
   setFocus();
   selectAll();
-  refused_ = true;
-  setToolTip(reason);
-  update();
+  refusal_ = reason;
+  ShowTip();
 }
 
 // Characters that may still be typed in place of the selection. QLineEdit's own limit would also cut what the
@@ -58,7 +64,7 @@ qsizetype FieldBox::Room() const {
 
 void FieldBox::Paste(const QString& text) {
   if (!isReadOnly()) {
-    insert(text.left(Room()));
+    insert((note_ ? FromUtf8(CleanNumberText(text.toStdString())) : text).left(Room()));
   }
 }
 
@@ -101,12 +107,18 @@ void FieldBox::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(event->globalPos());
 }
 
-void FieldBox::ForgetRefusal() {
-  if (refused_) {
-    refused_ = false;
-    setToolTip(explanation_);
-    update();
-  }
+void FieldBox::TakeChange() {
+  refusal_.clear();
+  counts_ = note_ ? FromUtf8(note_(Text()).value_or(std::string())) : QString();
+  ShowTip();
+}
+
+void FieldBox::ShowTip() {
+  QStringList lines{explanation_, counts_};
+  lines.removeAll(QString());
+  setAccessibleDescription(lines.join(QLatin1Char('\n')));
+  setToolTip(refusal_.isEmpty() ? accessibleDescription() : refusal_);
+  update();
 }
 
 void FieldBox::focusInEvent(QFocusEvent* event) {
@@ -129,11 +141,13 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
 
 void FieldBox::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
-  if (refused_) {
-    QPainter painter(this);
-    painter.setPen(RefusedColour(palette()));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  if (refusal_.isEmpty() && counts_.isEmpty()) {
+    return;
   }
+  QPainter painter(this);
+  painter.setPen(refusal_.isEmpty() ? QPen(AccentColour(palette()), 1, Qt::DotLine)
+                                    : QPen(RefusedColour(palette())));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 }  // namespace korva::desktop

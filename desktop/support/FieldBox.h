@@ -1,9 +1,15 @@
 // The one box for typed values and short texts: selects itself on focus, limits what is typed but never what
-// the program fills in, and can show that it was refused.
+// the program fills in, says when a text counts as another number than it looks, and can show that it was
+// refused.
 #pragma once
 
 #include <QLineEdit>
+#include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
+
+#include "input/FieldNumber.h"
 
 namespace korva::desktop {
 
@@ -16,6 +22,11 @@ class FieldBox : public QLineEdit {
 
   // Meaning, unit and accepted range, for tool tip and screen readers.
   void Explain(const QString& caption, const QString& explanation);
+
+  // From here on the box holds a number: what is pasted loses its blanks, and `note` says what a text counts
+  // as that looks like another number ("counts as 12"), nothing for all others.
+  using NumberNote = std::function<std::optional<std::string>(std::string_view)>;
+  void HoldNumber(NumberNote note = CountsAs);
 
   // Puts in a text of the program's own, whatever its length.
   void Fill(std::string_view text);
@@ -40,11 +51,14 @@ class FieldBox : public QLineEdit {
  private:
   qsizetype Room() const;
   void Paste(const QString& text);
-  void ForgetRefusal();
+  void TakeChange();
+  void ShowTip();
 
   int greatestLength_;
   QString explanation_;
-  bool refused_ = false;
+  NumberNote note_;
+  QString counts_;   // what the text counts as, if that is not what it looks like
+  QString refusal_;  // why the text was refused
 };
 
 }  // namespace korva::desktop

@@ -1,11 +1,14 @@
 #include "desktop/support/FormTools.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 #include "services/HelpTexts.h"
@@ -15,6 +18,44 @@ namespace korva::desktop {
 namespace {
 
 constexpr int kTitleButtonColumns = 20;  // characters: icon and buttons of the title bar
+
+// Passes the wheel on.
+class WheelPasser final : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Wheel) {
+      event->ignore();
+      return true;
+    }
+    return false;
+  }
+};
+
+// A window of the program that is open, the active one if there is one; none at the start.
+const QWidget* OpenWindow() {
+  if (const QWidget* active = QApplication::activeWindow()) {
+    return active;
+  }
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto open = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && !window->property(kAsideProperty).toBool() &&
+           (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+  });
+  return open == windows.end() ? nullptr : *open;
+}
+
+// What the title bar and the borders take: as on a window that has them already, else a guess.
+QMargins FrameOf(const QWidget& window) {
+  const QRect inside = window.geometry();
+  const QRect outside = window.frameGeometry();
+  const int line = window.fontMetrics().height();
+  if (!window.isVisible() || outside.top() == inside.top()) {
+    return {line / 4, 2 * line, line / 4, line / 4};
+  }
+  return {inside.left() - outside.left(), inside.top() - outside.top(), outside.right() - inside.right(),
+          outside.bottom() - inside.bottom()};
+}
 
 }  // namespace
 
@@ -50,6 +91,17 @@ QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* pa
   auto* option = new QRadioButton(caption, parent);
   option->setObjectName(name);
   return option;
+}
+
+QComboBox* NewList(const QString& name, QWidget* parent) {
+  auto* list = new QComboBox(parent);
+  list->setObjectName(name);
+  LetWheelPass(*list);
+  return list;
+}
+
+void LetWheelPass(QWidget& control) {
+  control.installEventFilter(new WheelPasser(&control));
 }
 
 int GetArrayIndex(std::span<QRadioButton* const> options) {
@@ -97,14 +149,23 @@ int TitleWidth(const QWidget& form) {
          form.fontMetrics().averageCharWidth() * kTitleButtonColumns;
 }
 
-void CenterForm(QWidget& form) {
-  const QScreen* screen = form.parentWidget() != nullptr ? form.parentWidget()->screen() : form.screen();
+void CenterForm(QWidget& form, const QWidget* from) {
+  const QWidget* opener = from != nullptr                  ? from
+                          : form.parentWidget() != nullptr ? form.parentWidget()->window()
+                                                           : OpenWindow();
+  const QScreen* screen = opener != nullptr ? opener->screen() : form.screen();
   const QRect available =
       (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+  const QMargins frame = FrameOf(opener != nullptr ? *opener : form);
+  const QSize room = available.marginsRemoved(frame).size();
   form.ensurePolished();
-  const QSize size = form.sizeHint().expandedTo(QSize(TitleWidth(form), 0)).boundedTo(available.size());
+  QSize size = form.sizeHint().expandedTo(QSize(TitleWidth(form), 0));
+  if (size.height() > room.height()) {
+    size.rwidth() += form.style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // it scrolls inside
+  }
+  size = size.boundedTo(room);
   form.resize(size);
-  const QPoint middle = available.center() - QPoint(size.width() / 2, size.height() / 2);
+  const QPoint middle = available.center() - QRect({}, size.grownBy(frame)).center();
   form.move(std::max(available.left(), middle.x()), std::max(available.top(), middle.y()));
 }
 

@@ -16,6 +16,7 @@
 #include "desktop/support/Session.h"
 
 class QBoxLayout;
+class QComboBox;
 
 namespace korva::desktop {
 
@@ -29,6 +30,12 @@ QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent
 QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent);
 QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent);
 QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent);
+
+// A list to choose from, with its name; the wheel turns the page, not the choice.
+QComboBox* NewList(const QString& name, QWidget* parent);
+
+// The wheel over a control goes to what it stands in, and never changes the control's value.
+void LetWheelPass(QWidget& control);
 
 // The index of the set button of an option array, 0 if none is set.
 int GetArrayIndex(std::span<QRadioButton* const> options);
@@ -46,8 +53,9 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 // The width that a window's title needs, with the buttons beside it.
 int TitleWidth(const QWidget& form);
 
-// Centres a window on its screen, wide enough for its title, never larger than that and never outside it.
-void CenterForm(QWidget& form);
+// Centres a window on the screen of the one that it came from (`from`, else its parent, else the open one),
+// wide enough for its title, never larger than the screen, frame included, and never outside it.
+void CenterForm(QWidget& form, const QWidget* from = nullptr);
 
 // Marks a window that stands beside the others, such as the help: nothing belongs to it.
 inline constexpr const char* kAsideProperty = "aside";

@@ -18,8 +18,10 @@ class MainWindow {
   virtual ~MainWindow() = default;
   // Shows the state as it is now: caption, card, status line.
   virtual void Refresh() = 0;
-  // History box, its commands, toolbar and window size by the settings.
+  // History box, its commands and toolbar by the settings; a window that is maximised stays so.
   virtual void ApplyDisplaySettings() = 0;
+  // The font of the history box alone.
+  virtual void ApplyHistoryFont() = 0;
   // Opens the parameters form, as the command "Project Parameters..." does.
   virtual void EditParameters() = 0;
   // Opens the results window on the pages that stand; `returnTo` is enabled and shown again when it closes.

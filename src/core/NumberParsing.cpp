@@ -1,5 +1,7 @@
 #include "core/NumberParsing.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 
@@ -55,6 +57,62 @@ bool IsTiny(std::string_view number) {
   return power + (negative ? -exponent : exponent) < 0;
 }
 
+constexpr std::string_view kMinusSign = "\xE2\x88\x92";  // U+2212
+
+// All that shows as nothing: blanks, line ends, and marks of no width such as U+FEFF.
+constexpr std::array<std::string_view, 38> kBlanks = {" ",
+                                                      "\t",
+                                                      "\n",
+                                                      "\v",
+                                                      "\f",
+                                                      "\r",
+                                                      "\xC2\x85",
+                                                      "\xC2\xA0",
+                                                      "\xE1\x9A\x80",
+                                                      "\xE1\xA0\x8E",
+                                                      "\xE2\x80\x80",
+                                                      "\xE2\x80\x81",
+                                                      "\xE2\x80\x82",
+                                                      "\xE2\x80\x83",
+                                                      "\xE2\x80\x84",
+                                                      "\xE2\x80\x85",
+                                                      "\xE2\x80\x86",
+                                                      "\xE2\x80\x87",
+                                                      "\xE2\x80\x88",
+                                                      "\xE2\x80\x89",
+                                                      "\xE2\x80\x8A",
+                                                      "\xE2\x80\x8B",
+                                                      "\xE2\x80\x8C",
+                                                      "\xE2\x80\x8D",
+                                                      "\xE2\x80\x8E",
+                                                      "\xE2\x80\x8F",
+                                                      "\xE2\x80\xA8",
+                                                      "\xE2\x80\xA9",
+                                                      "\xE2\x80\xAA",
+                                                      "\xE2\x80\xAC",
+                                                      "\xE2\x80\xAD",
+                                                      "\xE2\x80\xAF",
+                                                      "\xE2\x81\x9F",
+                                                      "\xE2\x81\xA0",
+                                                      "\xE2\x81\xA6",
+                                                      "\xE2\x81\xA9",
+                                                      "\xE3\x80\x80",
+                                                      "\xEF\xBB\xBF"};
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const auto isAtEnd = [&text](std::string_view blank) { return text.ends_with(blank); };
+  const auto isAtStart = [&text](std::string_view blank) { return text.starts_with(blank); };
+  for (auto blank = kBlanks.begin(); blank != kBlanks.end();) {
+    blank = std::find_if(kBlanks.begin(), kBlanks.end(), isAtStart);
+    text.remove_prefix(blank == kBlanks.end() ? 0 : blank->size());
+  }
+  for (auto blank = kBlanks.begin(); blank != kBlanks.end();) {
+    blank = std::find_if(kBlanks.begin(), kBlanks.end(), isAtEnd);
+    text.remove_suffix(blank == kBlanks.end() ? 0 : blank->size());
+  }
+  return text;
+}
+
 }  // namespace
 
 ParsedNumber ParseNumberPrefix(std::string_view text) {
@@ -81,6 +139,14 @@ ParsedNumber ParseNumberPrefix(std::string_view text) {
     parsed.value = -parsed.value;
   }
   return parsed;
+}
+
+std::string CleanNumberText(std::string_view text) {
+  std::string cleaned(WithoutBlanks(text));
+  for (auto at = cleaned.find(kMinusSign); at != std::string::npos; at = cleaned.find(kMinusSign, at)) {
+    cleaned.replace(at, kMinusSign.size(), "-");
+  }
+  return cleaned;
 }
 
 }  // namespace korva

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace korva {
@@ -15,5 +16,9 @@ struct ParsedNumber {
 // The number at the very start of `text`: a sign, digits with at most one point among them, and an exponent.
 // Words such as "inf" and "nan" are no numbers. A number too small to be told from 0 is 0.
 ParsedNumber ParseNumberPrefix(std::string_view text);
+
+// `text` (UTF-8) without the blanks of every kind at both ends (spaces of any width, tabs, line ends, marks
+// without width), and with the minus sign U+2212 as "-": what a person has copied from elsewhere.
+std::string CleanNumberText(std::string_view text);
 
 }  // namespace korva

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "core/Text.h"
 #include "input/FieldNumber.h"
@@ -11,7 +12,7 @@ namespace korva {
 std::optional<std::string> CheckFieldRange(std::string_view text, double minimum, double maximum,
                                            std::string_view label) {
   const std::string prefix = label.empty() ? std::string() : fmt::format("{}: ", label);
-  const std::string_view trimmed = Trimmed(text);
+  const std::string trimmed = CleanNumberText(text);
   if (trimmed.empty()) {
     return prefix + "Blank field not allowed";
   }

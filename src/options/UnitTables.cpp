@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/NumberParsing.h"
+#include "core/NumberText.h"
 #include "core/RuntimeError.h"
 
 namespace korva {
@@ -26,6 +27,8 @@ constexpr double kPsiPerPsf = 0.006944444444444444;
 constexpr double kPaPerPsi = 6894.757293;
 constexpr double kMillion = 1000000.0;
 constexpr double kPaPerMeter = 271447.137519685;  // per psi/in
+
+constexpr std::size_t kGroup = 4;  // a comma and three digits
 
 using Row = std::vector<double>;
 
@@ -170,12 +173,20 @@ std::vector<double> ConvertUnits(UnitQuantity quantity, int source, double x) {
   return row;
 }
 
-double CalculatorNumber(std::string_view text) {
-  std::string number(text.substr(std::min(text.find_first_not_of(' '), text.size())));
-  if (number.find('.') == std::string::npos) {
-    std::replace(number.begin(), number.end(), ',', '.');
+CalculatorNumber ReadCalculatorNumber(std::string_view text) {
+  std::string cleaned = CleanNumberText(text);
+  const auto comma = cleaned.find(',');
+  if (cleaned.find('.') == std::string::npos && comma != std::string::npos) {
+    cleaned[comma] = '.';
   }
-  return ParseNumberPrefix(number).value;
+  const ParsedNumber number = ParseNumberPrefix(cleaned);
+  const bool all = number.length == cleaned.size() && !number.overflow;
+  const bool likeThousands = comma != std::string::npos && cleaned.size() - comma == kGroup;
+  CalculatorNumber read{number.value, all && !cleaned.empty(), {}};
+  if (!all || likeThousands) {
+    read.Note = "counts as " + GeneralText(number.value);
+  }
+  return read;
 }
 
 std::optional<int> UnitOf(const UnitTab& tab, std::string_view captionOrIndex) {

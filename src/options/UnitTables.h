@@ -36,9 +36,14 @@ const std::vector<UnitTab>& UnitTabs();
 // error 6 if a result has no finite value, 9 for a source that does not exist.
 std::vector<double> ConvertUnits(UnitQuantity quantity, int source, double x);
 
-// The number in a text as the calculator takes it: the longest leading number, else 0. A comma stands for the
-// point if the text has no point.
-double CalculatorNumber(std::string_view text);
+// The number in a text as the calculator takes it: the longest leading number, else 0, blanks of every kind
+// around it skipped, U+2212 as minus. A comma stands for the point if the text has no point.
+struct CalculatorNumber {
+  double Value = 0;
+  bool Whole = false;  // the text is a number and nothing else
+  std::string Note;    // "counts as 1.2" where it counts as another number than it looks, such as "1,200"
+};
+CalculatorNumber ReadCalculatorNumber(std::string_view text);
 
 // The index of a unit on a tab, by its caption or its number.
 std::optional<int> UnitOf(const UnitTab& tab, std::string_view captionOrIndex);

@@ -217,6 +217,10 @@ TEST_F(KorvaCommand, ConvertsUnits) {
   for (const char* text : {"many", "1.000,5", "1-2", "1,2,3", "e5", ".", "1e5,5", "12 ft", ""}) {
     ExpectFailure({"units", "stress", "MPa", text}, 2, "expected a number");
   }
+  EXPECT_EQ(json::parse(Call({"units", "length", "m", "\t\u22122.5\u00A0", "--json"}).Out)["value"], -2.5);
+  const auto doubtful = Call({"units", "length", "m", "1,200"});
+  EXPECT_TRUE(doubtful.Out.starts_with("in            47.24")) << doubtful.Out;
+  EXPECT_EQ(doubtful.Err, "korva: 1,200: counts as 1.2\n");
   ExpectFailure({"units", "stress", "MPa", "1e305"}, 3, "Overflow (6)");
 }
 

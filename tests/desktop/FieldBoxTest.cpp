@@ -24,6 +24,35 @@ TEST(FieldBox, LimitsWhatIsTypedAndPastedNotWhatTheProgramFillsIn) {
   EXPECT_EQ(box.Text(), "98.76");
 }
 
+TEST(FieldBox, StoresWhatIsSeenOfAPastedNumber) {
+  FieldBox box(QStringLiteral("txtExtentActiveGob"), 5);
+  box.HoldNumber();
+  QGuiApplication::clipboard()->setText(QStringLiteral("\uFEFF\t\u2212300\u00A0\r\n"));
+  QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(box.Text(), "-300");
+  FieldBox title(QStringLiteral("Text1"));
+  QGuiApplication::clipboard()->setText(QStringLiteral(" a \u2212 b "));
+  QTest::keyClick(&title, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(title.Text(), " a \u2212 b ") << "a text is no number";
+}
+
+TEST(FieldBox, SaysWhatATextCountsAs) {
+  FieldBox box(QStringLiteral("txtDepthCover"), 10);
+  box.HoldNumber();
+  box.Explain(QStringLiteral("Depth of cover"), QStringLiteral("Above 0 ft"));
+  QTest::keyClicks(&box, QStringLiteral("12,5"));
+  EXPECT_EQ(box.toolTip(), QStringLiteral("Above 0 ft\ncounts as 12"));
+  EXPECT_EQ(box.accessibleDescription(), box.toolTip());
+  FieldBox plain(QStringLiteral("Text1"), 10);
+  plain.Fill("12,5");
+  plain.resize(box.size());
+  EXPECT_NE(box.grab().toImage(), plain.grab().toImage()) << "a frame";
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  EXPECT_EQ(box.toolTip(), QStringLiteral("Above 0 ft"));
+  EXPECT_EQ(box.accessibleDescription(), QStringLiteral("Above 0 ft"));
+}
+
 TEST(FieldBox, ShowsARefusalUntilTheTextChanges) {
   FieldBox box(QStringLiteral("txtDepthCover"));
   box.Explain(QStringLiteral("Depth of cover"), QStringLiteral("Above 0 ft"));

@@ -18,6 +18,7 @@ class CountingMain final : public MainWindow {
  public:
   void Refresh() override { ++Refreshed; }
   void ApplyDisplaySettings() override { ++Applied; }
+  void ApplyHistoryFont() override { ++FontApplied; }
   void EditParameters() override { ++ParametersOpened; }
   void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
   void KeepDroppedWork() override { ++Kept; }
@@ -27,6 +28,7 @@ class CountingMain final : public MainWindow {
 
   int Refreshed = 0;
   int Applied = 0;
+  int FontApplied = 0;
   int ParametersOpened = 0;
   int Kept = 0;
   int Ended = 0;

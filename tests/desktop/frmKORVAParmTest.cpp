@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTabBar>
+#include <QWheelEvent>
 #include <filesystem>
 #include <memory>
 
@@ -175,6 +177,92 @@ TEST_F(ParameterForm, AWarningOnLeavingAFieldHoldsOffTheClickThatCausedIt) {
   EXPECT_EQ(Input().CoalStrength, 800);
   EXPECT_FALSE(bench.State.ProjectSaved);
   EXPECT_NE(bench.History().find("Project Parameters Modified"), std::string::npos);
+}
+
+TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
+  bench.State.Stored.ProjectInput.ArchAuto = 0;
+  Open();
+  const auto leaveBy = [this](const char* button) {
+    The<FormTabs>(*form, "SSTab1").Choose(1);
+    Box("txtCoalStrength").setFocus();
+    Type("txtCoalStrength", "800");
+    Expect("Warning: The KORVA case history data base was analyzed with an in situ coal strength");
+    // The box of the warning takes the release.
+    bench.Outside.Messages.WhileShown = [this] { QTest::mouseRelease(form, Qt::LeftButton); };
+    auto& pressed = The<QAbstractButton>(*form, button);
+    QTest::mousePress(&pressed, Qt::LeftButton, {}, QPoint(8, pressed.height() / 2));
+    bench.Outside.Messages.WhileShown = nullptr;
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(pressed.isDown()) << button;
+  };
+  leaveBy("chkArch");
+  EXPECT_TRUE(Check("chkArch").isChecked());
+  leaveBy("cmdOK");
+  EXPECT_FALSE(form->isHidden()) << "OK waits for a second click";
+  leaveBy("cmdResults");
+  EXPECT_TRUE(form->isHidden());
+  EXPECT_EQ(bench.State.ProjectCalc.CoalStrength, 800);
+}
+
+TEST_F(ParameterForm, ATabThatIsChosenKeepsTheFocus) {
+  bench.State.Stored.ProjectInput.CoalStrength = 800;
+  bench.State.Stored.ProjectInput.AbutmentAngleActiveGob = 18;
+  Open();
+  auto& tabs = The<FormTabs>(*form, "SSTab1");
+  QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
+  EXPECT_EQ(tabs.currentIndex(), 1);
+  EXPECT_EQ(QApplication::focusWidget(), tabs.tabBar());
+  QTest::mouseClick(&Box("txtUnitWeight"), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  QTest::keyClicks(&Box("txtUnitWeight"), QStringLiteral("162"));
+  EXPECT_EQ(Box("txtUnitWeight").Text(), "162") << "the click selects what stands there";
+  QTest::keyClick(&Box("txtUnitWeight"), Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(tabs.currentIndex(), 2);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(The<QRadioButton>(*form, "optAnal(0)").isChecked());
+  EXPECT_EQ(QApplication::focusWidget(), tabs.tabBar());
+  QWheelEvent turn(QPointF(5, 5), tabs.tabBar()->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
+                   {}, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(tabs.tabBar(), &turn);
+  EXPECT_EQ(tabs.currentIndex(), 2);
+}
+
+TEST_F(ParameterForm, TheWheelChangesNoValue) {
+  Open();
+  auto& entries = The<QComboBox>(*form, "Combo1");
+  const int before = entries.currentIndex();
+  for (const int way : {-120, 120}) {
+    QWheelEvent turn(QPointF(5, 5), entries.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, way), Qt::NoButton, {},
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&entries, &turn);
+    EXPECT_EQ(entries.currentIndex(), before);
+  }
+}
+
+TEST_F(ParameterForm, ARefusedFieldIsSeenWhateverTheCondition) {
+  bench.State.Stored = test::Stored(test::TwoSideGobs());
+  Project& input = bench.State.Stored.ProjectInput;
+  input.LoadingCondition = 1;
+  input.SlabcutFirstGob = input.SlabcutSecondGob = 0;
+  input.RowC = 1;
+  input.WidthRowC = 0;
+  Open();
+  form->resize(400, 300);  // most of the page is scrolled out
+  EXPECT_FALSE(Box("txtWidthC").isVisible());
+  Expect("Invalid Pillar Width for Row C");
+  Click(*form, "cmdOK");
+  EXPECT_TRUE(Box("txtWidthC").isVisible() && Check("chkRowC").isVisible() && Shown("lblwidRowC"));
+  EXPECT_EQ(QApplication::focusWidget(), &Box("txtWidthC"));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Box("txtWidthC").visibleRegion().boundingRect(), Box("txtWidthC").rect()) << "scrolled into view";
+  Type("txtWidthC", "50");
+  Click(*form, "optAnal(0)");
+  EXPECT_FALSE(Box("txtWidthC").isVisible());
+  Box("txtExtentActiveGob").Fill("-1");
+  Expect("Invalid extent of active gob");
+  Click(*form, "cmdOK");
+  EXPECT_TRUE(Box("txtExtentActiveGob").isVisible());
+  bench.State.Preferences.Options.IssueWarningCancel = 0;
 }
 
 TEST_F(ParameterForm, TheHoldEndsByItself) {

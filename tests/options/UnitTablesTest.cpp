@@ -57,11 +57,25 @@ TEST(UnitTables, RefuseWhatHasNoValue) {
 }
 
 TEST(UnitTables, ReadNumbersAndUnits) {
-  EXPECT_EQ(CalculatorNumber("  12.5ft"), 12.5);
-  EXPECT_EQ(CalculatorNumber("1,5"), 1.5);
-  EXPECT_EQ(CalculatorNumber("1,234.5"), 1) << "no thousands";
-  EXPECT_EQ(CalculatorNumber(""), 0);
-  EXPECT_EQ(CalculatorNumber("abc"), 0);
+  struct Reading {
+    const char* Text;
+    double Value;
+    bool Whole;
+    const char* Note;
+  };
+  for (const Reading& row : {Reading{"  12.5ft", 12.5, false, "counts as 12.5"},
+                             {"\t\u221212.5\n", -12.5, true, ""},
+                             {"1,5", 1.5, true, ""},
+                             {"1,200", 1.2, true, "counts as 1.2"},
+                             {"1,234.5", 1, false, "counts as 1"},
+                             {"1,2,3", 1.2, false, "counts as 1.2"},
+                             {"", 0, false, ""},
+                             {"abc", 0, false, "counts as 0"}}) {
+    const CalculatorNumber read = ReadCalculatorNumber(row.Text);
+    EXPECT_EQ(read.Value, row.Value) << row.Text;
+    EXPECT_EQ(read.Whole, row.Whole) << row.Text;
+    EXPECT_EQ(read.Note, row.Note) << row.Text;
+  }
   const UnitTab& load = UnitTabs()[1];
   EXPECT_EQ(UnitOf(load, "tonsF (short)"), 1);
   EXPECT_EQ(UnitOf(load, "4"), 4);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,10 +44,14 @@ class ScriptedMessages final : public MessagePort {
     script_.pop_front();
     EXPECT_TRUE(message.text.starts_with(step.text)) << message.text << "\ninstead of: " << step.text;
     EXPECT_EQ(message.buttons, step.buttons) << message.text;
+    if (WhileShown) {
+      WhileShown();
+    }
     return step.answer;
   }
 
   std::vector<Message> Shown;
+  std::function<void()> WhileShown;  // what happens while an expected message is open
 
  private:
   struct Step {

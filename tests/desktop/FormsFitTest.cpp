@@ -1,0 +1,46 @@
+// What has to hold of the size and the place of every window.
+#include <gtest/gtest.h>
+
+#include <QScreen>
+
+#include "desktop/AllForms.h"
+#include "desktop/support/Icons.h"
+#include "support/TempFolder.h"
+
+namespace korva::desktop {
+namespace {
+
+// 1920 x 1080 at 200 percent, the least of the screens that every window fits, without a panel of the desktop
+// and the window's own frame.
+constexpr QSize kLeastRoom(950, 470);
+
+TEST(FormsFit, EveryWindowCanBeAsSmallAsAScreenAndAsLargeAsAPersonLikes) {
+  InitResources();
+  FormBench bench;
+  const TempFolder folder;
+  bench.State.Places.ProductFolder = bench.State.Preferences.DataPath = folder / "";
+  bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
+  const AllForms forms(bench);
+  for (const auto& form : forms.List()) {
+    form->ensurePolished();
+    const QSize least = form->minimumSizeHint().expandedTo(form->minimumSize());
+    EXPECT_EQ(least.boundedTo(kLeastRoom), least)
+        << qPrintable(form->objectName()) << " " << least.width() << " x " << least.height();
+    EXPECT_EQ(form->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)) << qPrintable(form->objectName());
+  }
+}
+
+TEST(FormsFit, AWindowLeavesRoomForItsFrame) {
+  class Wanting final : public QWidget {
+   public:
+    QSize sizeHint() const override { return {5000, 5000}; }
+  };
+  Wanting window;
+  CenterForm(window);
+  const QRect room = window.screen()->availableGeometry();
+  EXPECT_LT(window.height(), room.height() - window.fontMetrics().height());
+  EXPECT_GE(window.pos().y(), room.top());
+}
+
+}  // namespace
+}  // namespace korva::desktop
