@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "commands/Attempt.h"
+#include "commands/ExternalViewer.h"
 #include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
@@ -18,6 +19,7 @@ namespace korva::desktop {
 namespace {
 
 constexpr int kTitleSlot = 10;
+constexpr int kHistoryDigits = 6;
 constexpr const char* kDefaultEditor = "Notepad.exe";
 
 // A check box, its caption, what it means, and its setting.
@@ -103,11 +105,12 @@ QGroupBox* frmSet::WindowFrame() {
   auto* label =
       NewLabel(QStringLiteral("lblHistorySize"), QStringLiteral("History size (characters)"), frame);
   size_->HoldNumber();
+  SetColumns(*size_, kHistoryDigits);
   label->setBuddy(size_);
   auto* grid = new QGridLayout(frame);
   grid->addWidget(checks_["chkDispHist"], 0, 0, 1, 2);
   grid->addWidget(label, 1, 0);
-  grid->addWidget(size_, 1, 1);
+  grid->addWidget(size_, 1, 1, Qt::AlignLeft);
   grid->addWidget(font_, 2, 1);
   int line = 3;
   for (const char* name : {"chkMaxMenu", "chkEnableTB", "chkShowDiscl"}) {
@@ -150,10 +153,14 @@ QGroupBox* frmSet::EditorFrame() {
   auto* frame = new QGroupBox(QStringLiteral("External editor"), this);
   editor_ =
       NewBox("Text4", "External editor", "Program that shows text files. Accepted: the name of a program.");
+  editor_->RemarkOn(ViewerRemark);
   auto* label = NewLabel(QStringLiteral("lblEditor"), QStringLiteral("Program:"), frame);
   label->setBuddy(editor_);
   auto* standard = NewButton("cmdSetDefault", QStringLiteral("Set Default"), this);
-  standard->setToolTip(QStringLiteral("Puts the usual program back"));
+  const bool there = !ViewerRemark(kDefaultEditor);
+  standard->setToolTip(QStringLiteral("Puts the usual program back, %1%2")
+                           .arg(QLatin1String(kDefaultEditor),
+                                there ? QString() : QStringLiteral(": not found on this machine")));
   auto* select = NewButton("cmdSelect", QStringLiteral("&Select"), this);
   select->setToolTip(QStringLiteral("Chooses a program from the disk"));
   connect(standard, &QPushButton::clicked, this, [this] { editor_->Fill(kDefaultEditor); });

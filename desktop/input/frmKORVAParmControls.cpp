@@ -38,12 +38,6 @@ QString CenterCaption(int i) {
   return QStringLiteral("P %1").arg(i);
 }
 
-// Wide enough for `characters` digits.
-void SetWidth(QLineEdit& box, int characters) {
-  const QFontMetrics metrics(box.font());
-  box.setFixedWidth(metrics.horizontalAdvance(QLatin1Char('0')) * (characters + 1) + metrics.height());
-}
-
 // Keeps the place of a hidden widget, so that nothing jumps.
 void KeepPlace(QWidget& widget) {
   QSizePolicy policy = widget.sizePolicy();
@@ -111,8 +105,7 @@ FieldBox* frmKORVAParmControls::NewBox(const Row& row, const QString& caption) {
       caption,
       QStringLiteral("%1%2. Accepted: %3.").arg(QLatin1String(row.Meaning), unit, QLatin1String(row.Range)));
   box->HoldNumber();
-  box->setAlignment(Qt::AlignRight);
-  SetWidth(*box, kLongestNumber);
+  SetColumns(*box, kLongestNumber);
   boxes[row.Box] = box;
   return box;
 }
@@ -171,7 +164,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
     block->setFocusPolicy(Qt::NoFocus);
     block->setAlignment(Qt::AlignCenter);
     block->Explain(QStringLiteral("Entry %1").arg(i), QStringLiteral("Entry %1 of the panel").arg(i));
-    SetWidth(*block, 1);
+    SetColumns(*block, 1);
     KeepPlace(*block);
     auto* line = new QFrame(frame);
     line->setObjectName(IndexedName("Line1", i));
@@ -189,7 +182,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
                 "Distance from center to center of two neighbouring entries", "more than the entry width"},
                QStringLiteral("Distance %1").arg(CenterCaption(i)));
     box->setAlignment(Qt::AlignCenter);
-    SetWidth(*box, kLongestCenter);
+    SetColumns(*box, kLongestCenter);
     QLabel* label = NewLabel(IndexedName("Label23", i), CenterCaption(i), frame);
     label->setAlignment(Qt::AlignCenter);
     label->setBuddy(box);
@@ -246,7 +239,7 @@ QGroupBox* frmKORVAParmControls::RatioFrame() {
   Text10->Explain(
       QStringLiteral("Average extraction ratio (%)"),
       QStringLiteral("Share of the coal that is mined within the active mining zone (%), computed"));
-  SetWidth(*Text10, 6);
+  SetColumns(*Text10, 6);
   QLabel* ratioLabel =
       NewLabel(QStringLiteral("Label11"), QStringLiteral("Average extraction ratio (%)"), ratio);
   ratioLabel->setBuddy(Text10);

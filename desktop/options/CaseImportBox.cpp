@@ -13,6 +13,12 @@
 
 namespace korva::desktop {
 
+namespace {
+
+constexpr int kRowDigits = 4;
+
+}  // namespace
+
 CaseImportBox::CaseImportBox(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
   Build();
   connect(cmdImport_, &QPushButton::clicked, this, &CaseImportBox::Import);
@@ -30,6 +36,7 @@ void CaseImportBox::Build() {
       QStringLiteral("Enter 999 for all, or number of excel row. 0 takes the first case, row 3; other "
                      "numbers take nothing here (the command \"korva import cases\" takes any row)."));
   text3_->HoldNumber();
+  SetColumns(*text3_, kRowDigits);
   text3_->Fill("0");
   caption->setBuddy(text3_);
   label4_ = NewLabel(QStringLiteral("Label4"), {}, this);

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int kTitleSlot = 7;
 constexpr int kOutputTab = 2;
+constexpr int kRangeDigits = 6;
 
 // A check box, its caption, what it means, and its option.
 struct CheckRow {
@@ -161,12 +162,14 @@ FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* c
   auto* box = new FieldBox(QLatin1String(name), 0, frame);
   box->Explain(QLatin1String(caption), QLatin1String(explanation));
   box->HoldNumber();
+  SetColumns(*box, kRangeDigits);
   auto* label = new QLabel(QLatin1String(caption), frame);
   label->setBuddy(box);
   auto* grid = static_cast<QGridLayout*>(frame->layout());
   const int row = grid->rowCount();
   grid->addWidget(label, row, 0);
   grid->addWidget(box, row, 1);
+  grid->setColumnStretch(2, 1);
   boxes_[name] = box;
   return box;
 }

@@ -25,6 +25,7 @@ QFont FontOf(const FontSettings& settings) {
 bool ChooseScreenFont(FontSettings& settings, QWidget& parent) {
   QFontDialog dialog(FontOf(settings), &parent);
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  DropButtonIcons(dialog);
   if (dialog.exec() != QDialog::Accepted) {
     return false;
   }

@@ -139,6 +139,7 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.setStandardButtons(set.buttons);
   box.setDefaultButton(set.standard);
   box.setEscapeButton(set.escape);
+  DropButtonIcons(box);
   box.ensurePolished();
   MakeRoomForTitle(box);
   const MessageAnswer answer = AnswerOf(box.exec());
@@ -165,6 +166,7 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
   if (!question.Name.empty()) {
     dialog.selectFile(FromUtf8(question.Name));
   }
+  DropButtonIcons(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
     return std::nullopt;
   }

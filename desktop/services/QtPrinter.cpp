@@ -40,6 +40,7 @@ bool Ask(QPrinter& printer, const QString& title, const QString& button) {
       ok->setText(button);
     }
   }
+  DropButtonIcons(dialog);
   return dialog.exec() == QDialog::Accepted;
 }
 

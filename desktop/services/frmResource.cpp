@@ -1,6 +1,6 @@
 #include "desktop/services/frmResource.h"
 
-#include <QGroupBox>
+#include <QGridLayout>
 #include <QVBoxLayout>
 
 #include "commands/Attempt.h"
@@ -13,8 +13,9 @@ namespace korva::desktop {
 frmResource::frmResource(Session& session, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmResource"));
   setWindowTitle(QStringLiteral("Resource Files"));
-  auto* list = new QVBoxLayout;
-  list->setSpacing(SpacingUnit(*this) / 2);
+  auto* list = new QGridLayout;
+  list->setVerticalSpacing(SpacingUnit(*this) / 2);
+  list->setHorizontalSpacing(2 * SpacingUnit(*this));
   for (int i = 0; i < kResources; ++i) {
     const auto at = static_cast<std::size_t>(i);
     QPushButton* button =
@@ -24,8 +25,15 @@ frmResource::frmResource(Session& session, QWidget* parent) : QDialog(parent) {
       Attempt(session.State, session.Outside.Messages,
               [&] { OpenResource(session.State, session.Outside, i); });
     });
-    list->addWidget(button);
+    list->addWidget(button, i, 0);
+    QLabel* state = NewLabel(IndexedName("lblState", i), {}, this);
+    if (!HasResource(session.State.Places, i)) {
+      state->setText(QStringLiteral("not installed"));
+      button->setAccessibleDescription(state->text());
+    }
+    list->addWidget(state, i, 1);
   }
+  list->setColumnStretch(2, 1);
   QPushButton* close = NewButton("Command2", QStringLiteral("Close"), this);
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);

@@ -117,7 +117,11 @@ QWidget* frmTextBrow::DiskSide() {
   list_->setUniformItemSizes(true);
   list_->setModel(&files_);
   external_ = NewCheckBox("Check1", QStringLiteral("Use external viewer"), side);
-  external_->setToolTip(QStringLiteral("Shows a copy of the file with the external editor of the settings"));
+  const std::string& editor = session_.State.Preferences.ExternalEditor;
+  const auto remark = ViewerRemark(editor);
+  external_->setToolTip(
+      QStringLiteral("Shows a copy of the file with the external editor of the settings, %1%2")
+          .arg(FromUtf8(editor), remark ? QStringLiteral(": ") + FromUtf8(*remark) : QString()));
   for (QAbstractItemView* view : std::initializer_list<QAbstractItemView*>{dir_, list_}) {
     SetListSize(*view);
   }

@@ -33,9 +33,15 @@ void FieldBox::Explain(const QString& caption, const QString& explanation) {
   ShowTip();
 }
 
-void FieldBox::HoldNumber(NumberNote note) {
-  note_ = std::move(note);
+void FieldBox::RemarkOn(Remark remark) {
+  remark_ = std::move(remark);
   TakeChange();
+}
+
+void FieldBox::HoldNumber(Remark remark) {
+  number_ = true;
+  setAlignment(Qt::AlignRight);
+  RemarkOn(std::move(remark));
 }
 
 void FieldBox::Fill(std::string_view text) {
@@ -64,7 +70,7 @@ qsizetype FieldBox::Room() const {
 
 void FieldBox::Paste(const QString& text) {
   if (!isReadOnly()) {
-    insert((note_ ? FromUtf8(CleanNumberText(text.toStdString())) : text).left(Room()));
+    insert((number_ ? FromUtf8(CleanNumberText(text.toStdString())) : text).left(Room()));
   }
 }
 
@@ -109,12 +115,12 @@ void FieldBox::contextMenuEvent(QContextMenuEvent* event) {
 
 void FieldBox::TakeChange() {
   refusal_.clear();
-  counts_ = note_ ? FromUtf8(note_(Text()).value_or(std::string())) : QString();
+  shownRemark_ = remark_ ? FromUtf8(remark_(Text()).value_or(std::string())) : QString();
   ShowTip();
 }
 
 void FieldBox::ShowTip() {
-  QStringList lines{explanation_, counts_};
+  QStringList lines{explanation_, shownRemark_};
   lines.removeAll(QString());
   setAccessibleDescription(lines.join(QLatin1Char('\n')));
   setToolTip(refusal_.isEmpty() ? accessibleDescription() : refusal_);
@@ -141,7 +147,7 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
 
 void FieldBox::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
-  if (refusal_.isEmpty() && counts_.isEmpty()) {
+  if (refusal_.isEmpty() && shownRemark_.isEmpty()) {
     return;
   }
   QPainter painter(this);

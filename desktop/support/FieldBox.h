@@ -1,6 +1,5 @@
 // The one box for typed values and short texts: selects itself on focus, limits what is typed but never what
-// the program fills in, says when a text counts as another number than it looks, and can show that it was
-// refused.
+// the program fills in, shows a remark on it, and can show that it was refused.
 #pragma once
 
 #include <QLineEdit>
@@ -23,10 +22,12 @@ class FieldBox : public QLineEdit {
   // Meaning, unit and accepted range, for tool tip and screen readers.
   void Explain(const QString& caption, const QString& explanation);
 
-  // From here on the box holds a number: what is pasted loses its blanks, and `note` says what a text counts
-  // as that looks like another number ("counts as 12"), nothing for all others.
-  using NumberNote = std::function<std::optional<std::string>(std::string_view)>;
-  void HoldNumber(NumberNote note = CountsAs);
+  // A remark on what stands in the box, which is shown with a quiet frame; nothing for most texts.
+  using Remark = std::function<std::optional<std::string>(std::string_view)>;
+  void RemarkOn(Remark remark);
+  // From here on the box holds a number: it stands at the right, what is pasted loses its blanks, and a text
+  // that counts as another number than it looks brings a remark.
+  void HoldNumber(Remark remark = CountsAs);
 
   // Puts in a text of the program's own, whatever its length.
   void Fill(std::string_view text);
@@ -56,8 +57,9 @@ class FieldBox : public QLineEdit {
 
   int greatestLength_;
   QString explanation_;
-  NumberNote note_;
-  QString counts_;   // what the text counts as, if that is not what it looks like
+  Remark remark_;
+  bool number_ = false;
+  QString shownRemark_;
   QString refusal_;  // why the text was refused
 };
 

@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
@@ -100,6 +102,11 @@ QComboBox* NewList(const QString& name, QWidget* parent) {
   return list;
 }
 
+void SetColumns(QLineEdit& box, int digits) {
+  const QFontMetrics metrics(box.font());
+  box.setFixedWidth(metrics.horizontalAdvance(QLatin1Char('0')) * (digits + 1) + metrics.height());
+}
+
 void LetWheelPass(QWidget& control) {
   control.installEventFilter(new WheelPasser(&control));
 }
@@ -142,6 +149,14 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
     row->addWidget(button);
   }
   return row;
+}
+
+void DropButtonIcons(const QWidget& dialog) {
+  for (const QDialogButtonBox* row : dialog.findChildren<QDialogButtonBox*>()) {
+    for (QAbstractButton* button : row->buttons()) {
+      button->setIcon({});
+    }
+  }
 }
 
 int TitleWidth(const QWidget& form) {

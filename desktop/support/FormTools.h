@@ -17,6 +17,7 @@
 
 class QBoxLayout;
 class QComboBox;
+class QLineEdit;
 
 namespace korva::desktop {
 
@@ -34,6 +35,9 @@ QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* pa
 // A list to choose from, with its name; the wheel turns the page, not the choice.
 QComboBox* NewList(const QString& name, QWidget* parent);
 
+// Makes a box as wide as that many digits need.
+void SetColumns(QLineEdit& box, int digits);
+
 // The wheel over a control goes to what it stands in, and never changes the control's value.
 void LetWheelPass(QWidget& control);
 
@@ -49,6 +53,9 @@ void ApplySpacing(QLayout& layout, const QWidget& widget);
 
 // A row of buttons at the bottom: `help` at the left, the others at the right in their order.
 QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons);
+
+// Takes the toolkit's pictures off the buttons of one of its own dialogs: no other window has them.
+void DropButtonIcons(const QWidget& dialog);
 
 // The width that a window's title needs, with the buttons beside it.
 int TitleWidth(const QWidget& form);

@@ -1,7 +1,6 @@
 #include "commands/ExternalViewer.h"
 
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 #include "commands/Attempt.h"
@@ -91,6 +90,12 @@ ProgramCall CallOfEditor(const std::string& setting) {
     call.Arguments.erase(call.Arguments.begin());
   }
   return call;
+}
+
+std::optional<std::string> ViewerRemark(std::string_view setting) {
+  const std::string program = CallOfEditor(std::string(setting)).Program;
+  const bool there = NamesFile(program) || !ProgramOnSearchPath(program).empty();
+  return program.empty() || there ? std::nullopt : std::optional<std::string>("not found on this machine");
 }
 
 bool ViewExternally(Korva& korva, Ports& ports, const std::string& file) {

@@ -1,7 +1,9 @@
 // Showing a text file with the program that the settings name.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/Korva.h"
@@ -19,6 +21,10 @@ struct ProgramCall {
 // beginning of the text that names a file is the program. Else words are separated by blanks, except inside
 // double quotes. An empty text has no program.
 ProgramCall CallOfEditor(const std::string& setting);
+
+// "not found on this machine" for a setting whose program cannot be started, since there is none of that
+// name; nothing for one that is there, and for an empty text.
+std::optional<std::string> ViewerRemark(std::string_view setting);
 
 // Copies `file` as text, with CR LF line ends, to the scratch file "~tmpbr.tmp" and starts the external
 // viewer on that, so that the file itself stays out of its hands. Errors of copying and of starting are told

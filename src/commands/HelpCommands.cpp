@@ -46,6 +46,10 @@ void OpenManual(Korva& korva, Ports& ports) {
   Open(korva, ports, DocumentPath(korva.Places, ManualFileName), "Help", ManualFileName);
 }
 
+bool HasResource(const Folders& places, int index) {
+  return IsFile(DocumentPath(places, ResourceFiles[static_cast<std::size_t>(index)]));
+}
+
 void OpenResource(Korva& korva, Ports& ports, int index) {
   if (index < 0 || index >= kResources) {
     throw RuntimeError(ErrorNumber::kSubscript, "the index of a resource file");

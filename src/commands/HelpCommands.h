@@ -19,7 +19,11 @@ void SayHelpNotAvailable(Korva& korva, MessagePort& messages);
 // "Help in PDF format...": hands the manual to the person's desktop.
 void OpenManual(Korva& korva, Ports& ports);
 
-// The same for a document of ResourceFiles; run-time error 9 for an index that it does not have.
+// Whether that document of ResourceFiles is on this machine; `index` 0 to 8.
+bool HasResource(const Folders& places, int index);
+
+// The same as OpenManual for a document of ResourceFiles; run-time error 9 for an index that it does not
+// have.
 void OpenResource(Korva& korva, Ports& ports, int index);
 
 // "About the Program...".

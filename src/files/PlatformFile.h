@@ -92,6 +92,9 @@ std::string MakePrivateFolder();
 // The folder of the running program's file, without a separator at its end.
 std::string ProgramFolder();
 
+// The full name of a program on the search path, empty if there is none of that name.
+std::string ProgramOnSearchPath(std::string_view name);
+
 // Whether standard error goes to a terminal.
 bool ShowsErrorsOnTerminal() noexcept;
 

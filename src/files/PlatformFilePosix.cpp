@@ -4,7 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <utility>
@@ -317,6 +319,22 @@ std::string ProgramFolder() {
     ThrowSystemError(failure.value(), kProgram, "finding the running program");
   }
   return program.parent_path().string();
+}
+
+std::string ProgramOnSearchPath(std::string_view name) {
+  const char* searched = std::getenv("PATH");
+  std::string_view rest = searched == nullptr ? "" : searched;
+  while (!rest.empty()) {
+    const auto end = std::min(rest.find(':'), rest.size());
+    std::string path = std::string(rest.substr(0, end)).append("/").append(name);
+    std::error_code unknown;
+    if (rest.starts_with('/') && std::filesystem::is_regular_file(path, unknown) &&
+        ::access(path.c_str(), X_OK) == 0) {
+      return path;
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return {};
 }
 
 bool ShowsErrorsOnTerminal() noexcept {

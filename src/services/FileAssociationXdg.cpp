@@ -142,22 +142,6 @@ std::optional<Record> KeptRecord(const UserFolders& user) {
   return text ? RecordOf(*text, user) : std::nullopt;
 }
 
-// The full name of a tool on the search path, empty if there is none.
-std::string ToolPath(std::string_view name) {
-  const char* searched = std::getenv("PATH");
-  std::string_view rest = searched == nullptr ? "" : searched;
-  while (!rest.empty()) {
-    const auto end = std::min(rest.find(':'), rest.size());
-    std::string path = fmt::format("{}/{}", rest.substr(0, end), name);
-    std::error_code unknown;
-    if (rest.starts_with('/') && fs::is_regular_file(path, unknown)) {
-      return path;
-    }
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-  }
-  return {};
-}
-
 // Makes the desktop's lists anew from the files; returns the tools that are missing.
 std::vector<std::string> RefreshDesktop(const UserFolders& user) {
   constexpr std::size_t kMostOutput = std::size_t{1} << 20;
@@ -165,7 +149,7 @@ std::vector<std::string> RefreshDesktop(const UserFolders& user) {
   std::vector<std::string> missing;
   for (const auto& [tool, folder] : {std::pair{"update-mime-database", user.Data + "mime"},
                                      std::pair{"update-desktop-database", user.Data + "applications"}}) {
-    const std::string path = ToolPath(tool);
+    const std::string path = ProgramOnSearchPath(tool);
     if (path.empty()) {
       missing.emplace_back(tool);
       continue;

@@ -47,6 +47,18 @@ TEST_F(ExternalViewer, TheSettingIsAProgramWithItsArguments) {
   EXPECT_EQ(Call(folder / "my tool"), (Words{folder / "my", "tool"}));
 }
 
+TEST_F(ExternalViewer, AProgramThatIsNotThereIsKnownBeforeItIsUsed) {
+  folder.Put("my ed", "");
+  for (const std::string& there :
+       {std::string("sh"), std::string("sh -c"), folder / "my ed -n", std::string()}) {
+    EXPECT_EQ(ViewerRemark(there), std::nullopt) << there;
+  }
+  for (const std::string& missing :
+       {std::string("Notepad.exe"), std::string("no-such-viewer -r"), folder / "none"}) {
+    EXPECT_EQ(ViewerRemark(missing), "not found on this machine") << missing;
+  }
+}
+
 TEST_F(ExternalViewer, StartsOnACopyWithLineEndsOfItsOwn) {
   std::string bytes = "a\nb\r\n\rc";
   std::mt19937 random(3);

@@ -20,7 +20,9 @@
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPath.h"
 #include "desktop/services/frmPreview.h"
+#include "desktop/services/frmResource.h"
 #include "files/UtilINI.h"
+#include "services/HelpTexts.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
@@ -269,6 +271,20 @@ TEST_F(Forms, SettingsRefuseAndCancelLeavesAllButTheExtensionForEditors) {
   EXPECT_EQ(bench.State.Preferences.ExternalEditor, "Notepad.exe");
   EXPECT_EQ(bench.State.Preferences.DisplayHistoryWin, 1);
   EXPECT_NE(bench.History().find("Settings Not Modified"), std::string::npos);
+}
+
+TEST_F(Forms, WhatIsNotThereIsSaidAtOnce) {
+  bench.State.Places.AppPath = folder / "";
+  folder.Put(std::string(ResourceFiles[1]), "%PDF");
+  const frmResource resources(bench.Forms);
+  EXPECT_EQ(The<QLabel>(resources, "lblState(0)").text(), QStringLiteral("not installed"));
+  EXPECT_EQ(The<QLabel>(resources, "lblState(1)").text(), QString());
+  bench.State.Preferences.ExternalEditor = "no-such-viewer -r";
+  frmSet settings(bench.Forms);
+  auto& editor = The<FieldBox>(settings, "Text4");
+  EXPECT_TRUE(editor.toolTip().endsWith(QStringLiteral("not found on this machine")));
+  editor.setText(QStringLiteral("sh"));
+  EXPECT_FALSE(editor.toolTip().contains(QStringLiteral("not found")));
 }
 
 TEST_F(Forms, PathTakesAFolder) {

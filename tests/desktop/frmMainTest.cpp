@@ -256,6 +256,21 @@ TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {
   EXPECT_FALSE(Item("mnuUtilItem(5)").isEnabled());
 }
 
+TEST_F(MainForm, AMaximisedWindowStaysSo) {
+  Begin();
+  main->showMaximized();
+  korva.Preferences.MaxMainMenu = 0;
+  korva.Preferences.DisplayFont.Size = 14;
+  main->ApplyHistoryFont();
+  EXPECT_EQ(The<QPlainTextEdit>(*main, "txtMain").font().pointSize(), 14);
+  main->ApplyDisplaySettings();
+  EXPECT_TRUE(main->isMaximized());
+  main->showNormal();
+  korva.Preferences.MaxMainMenu = 1;
+  main->ApplyHistoryFont();
+  EXPECT_FALSE(main->isMaximized()) << "the font changes the history alone";
+}
+
 TEST_F(MainForm, ClosingAsksAndSavesTheRecentFiles) {
   Begin();
   korva.ProjectSaved = false;
