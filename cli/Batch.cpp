@@ -114,17 +114,6 @@ std::string TableText(const std::vector<BatchRow>& rows) {
   return text;
 }
 
-std::string CsvCell(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) {
-    return text;
-  }
-  std::string cell = "\"";
-  for (const char c : text) {
-    cell += c == '"' ? "\"\"" : std::string(1, c);
-  }
-  return cell + "\"";
-}
-
 std::string CsvText(const std::vector<BatchRow>& rows) {
   std::string text =
       "file,title,units,model,sf_development,sf_retreat,barrier1_development,barrier2_development,barrier1_"

@@ -96,8 +96,8 @@ bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
 }
 
 void TellFormNotices(const Korva& korva, const std::string& file) {
-  for (const std::string& notice : FormNotices(korva.ProjectCalc)) {
-    Complain(fmt::format("warning: {}: {}", file, notice));
+  for (const FormNotice& notice : FormNotices(korva.ProjectCalc)) {
+    Complain(fmt::format("warning: {}: {}", file, notice.Text));
   }
 }
 
@@ -120,6 +120,17 @@ int RunGuarded(const CommonOptions& common, const std::string& file, bool asJson
   } catch (const std::bad_alloc&) {
     return fail(RuntimeError(ErrorNumber::kOutOfMemory));
   }
+}
+
+std::string CsvCell(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) {
+    return text;
+  }
+  std::string cell = "\"";
+  for (const char c : text) {
+    cell += c == '"' ? "\"\"" : std::string(1, c);
+  }
+  return cell + "\"";
 }
 
 std::string JsonText(const Json& json) {

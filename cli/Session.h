@@ -65,6 +65,9 @@ void TellFormNotices(const Korva& korva, const std::string& file);
 int RunGuarded(const CommonOptions& common, const std::string& file, bool asJson,
                const std::function<int(Korva&)>& action);
 
+// A cell of comma separated values, in quotes where it needs them.
+std::string CsvCell(const std::string& text);
+
 // JSON as text with a line end. Bytes that are no valid text are replaced.
 std::string JsonText(const Json& json);
 

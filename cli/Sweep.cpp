@@ -1,12 +1,15 @@
 // korva sweep: stability factors over a range of one parameter.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "Commands.h"
 #include "commands/FileMenu.h"
 #include "commands/PrivateFiles.h"
 #include "commands/SweepCommand.h"
+#include "core/ClassifyError.h"
+#include "core/Tables.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "graphs/ChartPicture.h"
@@ -27,19 +30,35 @@ struct SweepCall {
   std::string Out;
 };
 
-// A heading, then every point: its value and the factors, as texts of `column`.
+using Rows = std::vector<std::vector<std::string>>;
+
+bool HasNotices(const SweepData& data) {
+  return std::any_of(data.Notices.begin(), data.Notices.end(),
+                     [](const std::vector<FormNotice>& notices) { return !notices.empty(); });
+}
+
+// A heading, then every point: its value and the factors, as texts of `cell`, `none` for one that was not
+// computed; then what is to be known of the point, if anything is of any.
 template <class Cell>
-std::vector<std::vector<std::string>> Rows(const SweepData& data, const std::string& xTitle, Cell&& cell) {
-  std::vector<std::vector<std::string>> rows(1, {xTitle});
+Rows RowsOf(const SweepData& data, const std::string& xTitle, const char* none, Cell&& cell) {
+  Rows rows(1, {xTitle});
   for (int curve = 1; curve <= data.CurveCount; ++curve) {
     rows[0].emplace_back(CurveLabel(curve));
   }
-  for (std::size_t point = 0; point < static_cast<std::size_t>(data.PointCount); ++point) {
+  for (std::int32_t point = 0; point < data.PointCount; ++point) {
     std::vector<std::string> row;
     for (int column = 0; column <= data.CurveCount; ++column) {
-      row.push_back(cell(data.GraphData[column][point], column));
+      row.push_back(point < data.PointsOf(column)
+                        ? cell(data.GraphData[column][static_cast<std::size_t>(point)], column)
+                        : none);
     }
     rows.push_back(std::move(row));
+  }
+  if (HasNotices(data)) {
+    rows[0].emplace_back("Notice");
+    for (std::size_t point = 0; point < data.Notices.size(); ++point) {
+      rows[point + 1].push_back(NoticeText(data.Notices[point]));
+    }
   }
   return rows;
 }
@@ -47,7 +66,8 @@ std::vector<std::vector<std::string>> Rows(const SweepData& data, const std::str
 // Shortest texts that read back to the same 32 bits.
 std::string CsvText(const SweepData& data, const std::string& xTitle) {
   std::string text;
-  for (const auto& row : Rows(data, xTitle, [](float value, int) { return fmt::format("{}", value); })) {
+  for (auto& row : RowsOf(data, xTitle, "", [](float value, int) { return fmt::format("{}", value); })) {
+    std::transform(row.begin(), row.end(), row.begin(), CsvCell);
     text += fmt::format("{}\n", fmt::join(row, ","));
   }
   return text;
@@ -58,19 +78,33 @@ std::string TableText(const SweepData& data, const std::string& xTitle) {
   const auto cell = [](float value, int column) {
     return fmt::format("{:.{}f}", value, column == 0 ? 3 : 4);
   };
-  for (const auto& row : Rows(data, xTitle, cell)) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
+  const auto numbers = static_cast<std::size_t>(data.CurveCount) + 1;
+  for (const auto& row : RowsOf(data, xTitle, "-", cell)) {
+    for (std::size_t i = 0; i < numbers; ++i) {
       text += fmt::format("{}{:>{}}", i == 0 ? "" : "  ", row[i], i == 0 ? 28 : 26);
     }
+    text += row.size() > numbers && !row[numbers].empty() ? "  " + row[numbers] : "";
     text += "\n";
   }
-  return text;
+  return text + (data.Partial.empty() ? "" : fmt::format("partial: {}\n", data.Partial));
 }
 
 Json PointsJson(const SweepData& data, int column) {
   Json points = Json::array();
-  for (std::size_t point = 0; point < static_cast<std::size_t>(data.PointCount); ++point) {
-    points.push_back(static_cast<double>(data.GraphData[column][point]));
+  for (std::int32_t point = 0; point < data.PointsOf(column); ++point) {
+    points.push_back(static_cast<double>(data.GraphData[column][static_cast<std::size_t>(point)]));
+  }
+  return points;
+}
+
+Json NoticesJson(const SweepData& data) {
+  Json points = Json::array();
+  for (const auto& notices : data.Notices) {
+    Json texts = Json::array();
+    for (const FormNotice& notice : notices) {
+      texts.push_back(notice.Text);
+    }
+    points.push_back(std::move(texts));
   }
   return points;
 }
@@ -80,11 +114,21 @@ Json SweepJson(const SweepData& data) {
   for (int curve = 1; curve <= data.CurveCount; ++curve) {
     curves.push_back(PointsJson(data, curve));
   }
-  return {{"CurveCount", data.CurveCount},
-          {"PointCount", data.PointCount},
-          {"PointCapacity", data.PointCapacity},
-          {"X", PointsJson(data, 0)},
-          {"Y", curves}};
+  Json json = {{"CurveCount", data.CurveCount},
+               {"PointCount", data.PointCount},
+               {"PointCapacity", data.PointCapacity},
+               {"X", PointsJson(data, 0)},
+               {"Y", curves}};
+  if (HasNotices(data)) {
+    json["Notices"] = NoticesJson(data);
+  }
+  if (const auto without = CurvesWithoutFactor(data); !without.empty()) {
+    json["NoFactor"] = without;
+  }
+  if (!data.Partial.empty()) {
+    json["Partial"] = data.Partial;
+  }
+  return json;
 }
 
 void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
@@ -94,6 +138,55 @@ void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
   if (call.Graph >= kFirstBarrierGraph && !shown) {
     Complain(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
                          second ? "second" : "first"));
+  }
+}
+
+// Runs the sweep and keeps its points. The error that ended it, if one did.
+std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
+  TerminalProgress progress;
+  SweepOutcome outcome = RunSweepJob(job, [&progress](int step, int capacity) {
+    progress.Advance(static_cast<std::size_t>(step - 1), static_cast<std::size_t>(capacity - 1));
+    return true;
+  });
+  const std::optional<RuntimeError> failure = outcome.Failure;
+  KeepSweep(korva, job, std::move(outcome));
+  return failure;
+}
+
+void TellNotes(const Korva& korva, const SweepCall& call) {
+  const auto tell = [&call](std::string_view text) {
+    Complain(fmt::format("warning: {}: {}", call.File, text));
+  };
+  for (const std::string& range : NoticeRanges(korva.Sweep)) {
+    tell(fmt::format("{} {}", DefaultXAxisTitles[static_cast<std::size_t>(call.Graph)], range));
+  }
+  const std::vector<int> without = CurvesWithoutFactor(korva.Sweep);
+  if (!without.empty() && without.front() > 2) {  // a graph without any was told of before the sweep
+    tell("there is no second barrier; the laminated factors are 0");
+  }
+  if (!korva.Sweep.Partial.empty()) {
+    tell("partial: " + korva.Sweep.Partial);
+  }
+}
+
+// With `failure`, which ended the sweep, JSON tells that and the points in front of it.
+void PrintSweep(Korva& korva, const SweepCall& call, std::optional<PictureKind> kind,
+                const std::optional<RuntimeError>& failure) {
+  const SweepData& sweep = korva.Sweep;
+  GraphSettings& settings = korva.Preferences.Graph;
+  PrepareTitles(settings, sweep.GraphIndex, korva.Stored.ProjectUnits);
+  const std::string& xTitle = settings.XAxisTitle[sweep.GraphIndex];
+  if (kind) {
+    const int curves = DisplayCurves(korva.ProjectCalc, sweep);
+    WriteFileSafely(call.Out, ChartPicture(ChartOf(sweep, curves, settings, true), *kind));
+  } else if (call.AsJson && failure) {
+    TerminalMessages messages(call.File);
+    ClassifyError(korva, messages, *failure, true);
+    Print(JsonText({{"file", call.File}, {"error", ErrorJson(*failure)}, {"sweep", SweepJson(sweep)}}));
+  } else if (call.AsJson) {
+    Print(JsonText(SweepJson(sweep)));
+  } else {
+    Print(call.AsCsv ? CsvText(sweep, xTitle) : TableText(sweep, xTitle));
   }
 }
 
@@ -120,25 +213,16 @@ int Sweep(Korva& korva, const SweepCall& call) {
     return kRefused;
   }
   TellMissingBarrier(korva, call);
-  {
-    TerminalProgress progress;
-    KeepSweep(korva, *job, RunSweepJob(*job, [&progress](int step, int capacity) {
-                progress.Advance(static_cast<std::size_t>(step - 1), static_cast<std::size_t>(capacity - 1));
-                return true;
-              }));
+  const std::optional<RuntimeError> failure = RunToItsEnd(korva, *job);
+  if (failure && korva.Sweep.PointCount == 0) {
+    throw *failure;
   }
-  GraphSettings& settings = korva.Preferences.Graph;
-  PrepareTitles(settings, graph, korva.Stored.ProjectUnits);
-  const std::string& xTitle = settings.XAxisTitle[graph];
-  if (kind) {
-    const int curves = DisplayCurves(korva.ProjectCalc, korva.Sweep);
-    WriteFileSafely(call.Out, ChartPicture(ChartOf(korva.Sweep, curves, settings, true), *kind));
-  } else if (call.AsJson) {
-    Print(JsonText(SweepJson(korva.Sweep)));
-  } else {
-    Print(call.AsCsv ? CsvText(korva.Sweep, xTitle) : TableText(korva.Sweep, xTitle));
+  TellNotes(korva, call);
+  PrintSweep(korva, call, kind, failure);
+  if (failure && !call.AsJson) {
+    throw *failure;
   }
-  return kDone;
+  return failure ? kFailed : kDone;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "desktop/core/frmMain.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -7,6 +8,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -67,11 +69,13 @@ frmMain::~frmMain() {
 
 MainMenus::Commands frmMain::Commands() {
   const auto run = [this](void (frmMain::*command)(int)) {
-    return [this, command](int index) { Run([this, command, index] { (this->*command)(index); }); };
+    return [this, command](int index) { RunAlone([this, command, index] { (this->*command)(index); }); };
   };
   MainMenus::Commands commands;
   commands.File = run(&frmMain::FileItem);
-  commands.Recent = [this](int index) { Run([this, index] { AfterOpening(fileMenu_.OpenRecent(index)); }); };
+  commands.Recent = [this](int index) {
+    RunAlone([this, index] { AfterOpening(fileMenu_.OpenRecent(index)); });
+  };
   commands.Edit = run(&frmMain::EditItem);
   commands.Calc = run(&frmMain::CalcItem);
   commands.Graph = run(&frmMain::GraphItem);
@@ -146,6 +150,18 @@ void frmMain::Run(const std::function<void()>& command) {
   Refresh();
 }
 
+bool frmMain::MayStart() const {
+  return isEnabled() && sweep_ == nullptr && !commandRuns_ && QApplication::activeModalWidget() == nullptr;
+}
+
+void frmMain::RunAlone(const std::function<void()>& command) {
+  if (!MayStart()) {
+    return;
+  }
+  const QScopedValueRollback alone(commandRuns_, true);
+  Run(command);
+}
+
 void frmMain::Refresh() {
   setWindowTitle(QStringLiteral("%1: %2%3")
                      .arg(QLatin1String(kTag), FromUtf8(CaptionFileName(korva_.ProjectFileName)),
@@ -189,7 +205,7 @@ void frmMain::SetInputEnabled(bool enabled) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
   bool mayExit = false;
-  if (isEnabled()) {
+  if (isEnabled() && sweep_ == nullptr) {
     Run([this, &mayExit] { mayExit = fileMenu_.MayExit(); });
   }
   if (!mayExit) {
@@ -211,16 +227,16 @@ void frmMain::changeEvent(QEvent* event) {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-  if (isEnabled() && QFileInfo(DroppedFile(event->mimeData())).isFile()) {
+  if (MayStart() && QFileInfo(DroppedFile(event->mimeData())).isFile()) {
     event->acceptProposedAction();
   }
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
   const std::string file = DroppedFile(event->mimeData()).toStdString();
-  if (isEnabled() && !file.empty()) {
+  if (MayStart() && !file.empty()) {
     event->acceptProposedAction();
-    Run([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
+    RunAlone([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
   }
 }
 

@@ -63,6 +63,10 @@ class frmMain final : public QMainWindow, public MainWindow {
   void BuildBody();
   // Runs a command; a run-time error ends here.
   void Run(const std::function<void()>& command);
+  // False while another command, a sweep, or a window in front of this one is going on.
+  bool MayStart() const;
+  // Runs it as Run does, unless it may not start: menus outside of the window know nothing of what goes on.
+  void RunAlone(const std::function<void()>& command);
 
   void FileItem(int index);
   // False if the person does not want an empty project printed.
@@ -98,6 +102,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   StatusLine* status_ = nullptr;
   QPointer<frmKORVAParm> parameters_;  // while it is open
   QTimer recoveryTimer_;
+  bool commandRuns_ = false;
   std::unique_ptr<frmHelp> help_;
   ContextHelp contextHelp_;
   std::unique_ptr<FetchPort::Running> versionFetch_;

@@ -175,8 +175,12 @@ void frmMain::AfterSweep() {
     }
     taken = true;
     SweepOutcome outcome = sweep->TakeOutcome();
-    shown = !outcome.Cancelled;
-    KeepSweep(korva_, sweep->Job(), std::move(outcome));
+    shown = WantsPoints(korva_, ports_.Messages, outcome);
+    const std::optional<RuntimeError> failure = outcome.Failure;
+    KeepSweep(korva_, sweep->Job(), shown ? std::move(outcome) : SweepOutcome());
+    if (failure) {
+      throw *failure;
+    }
   });
   if (again) {
     Run([&] { GraphItem(sweep->Job().Graph); });

@@ -8,16 +8,13 @@
 #include "graphs/Chart.h"
 
 class QAction;
-class QCPGraph;
-class QCPItemStraightLine;
-class QCPItemText;
-class QCPTextElement;
-class QCustomPlot;
 class QGroupBox;
 class QLabel;
 class QMouseEvent;
 
 namespace korva::desktop {
+
+class ChartPlot;
 
 class frmGraph final : public QMainWindow {
   Q_OBJECT
@@ -42,24 +39,16 @@ class frmGraph final : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();
   void BuildBody();
-  void BuildPlot(QWidget* body);
-  void ConnectPlot();
   void BuildPointFrame(QWidget* body);
   void FileItem(int index);
   void OptionsItem(int index);
   void Print();
   void Copy();
   void ReadBack();
-  void ShowTitles();
-  void AddCurve(const Chart& chart, std::size_t index);
-  void ShowReference(const Chart& chart);
-  void PlaceLegend();
-  void ShowWhole();
   void TrackPoint(const QMouseEvent& event);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);
@@ -72,8 +61,7 @@ class frmGraph final : public QMainWindow {
   int index_ = 0;
   int DisplayCurves_ = 0;
   bool showReference_ = true;
-  QCustomPlot* graph1_ = nullptr;
-  QCPTextElement* heading_ = nullptr;
+  ChartPlot* graph1_ = nullptr;
   QGroupBox* pointFrame_ = nullptr;
   QLabel* lblCurve_ = nullptr;
   QLabel* lblSF_ = nullptr;

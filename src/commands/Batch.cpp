@@ -112,8 +112,9 @@ BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional
     row.Refusal = std::move(evaluated.Refusal);
     if (!row.Refusal) {
       FillRun(row, evaluated, project, settings.Options);
-      const auto notices = FormNotices(project);
-      row.Notices.insert(row.Notices.end(), notices.begin(), notices.end());
+      for (const FormNotice& notice : FormNotices(project)) {
+        row.Notices.push_back(notice.Text);
+      }
     }
   } catch (const RuntimeError& error) {
     row.Error = error;

@@ -83,7 +83,7 @@ std::string ProjectRemark(const Korva& korva) {
   if (korva.LastRun && SameInputs(korva)) {
     const auto notices = FormNotices(korva.Stored.ProjectInput);
     if (!notices.empty()) {
-      return "The input form would refuse this: " + notices.front();
+      return "The input form would refuse this: " + notices.front().Text;
     }
   }
   return {};

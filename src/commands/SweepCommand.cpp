@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/Text.h"
+#include "input/FormNotices.h"
 #include "model/KORVAmodel.h"
 
 namespace korva {
@@ -40,14 +41,32 @@ SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int, int)>& goO
         return RunStrond2D(project, job.Units, job.ProjectFileName, job.Place).Results;
       },
       goOn};
-  return RunSweep(job.Graph, job.Range, job.Prepared, job.ProjectCalc, job.Laminated ? &laminated : nullptr);
+  return RunSweep(job.Graph, job.Range, job.Prepared, job.ProjectCalc, job.Laminated ? &laminated : nullptr,
+                  FormNotices);
 }
 
 void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome) {
   korva.ProjectCalc = job.ProjectCalc;
-  if (!outcome.Cancelled) {
+  if (outcome.Data.PointCount > 0) {
     korva.Sweep = std::move(outcome.Data);
   }
+}
+
+bool WantsPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome) {
+  if (outcome.Data.PointCount == 0) {
+    return false;
+  }
+  if (!outcome.Cancelled) {
+    return true;
+  }
+  const Message question = {fmt::format("The calculations were stopped: {}.{}Show the points that there are?",
+                                        outcome.Data.Partial, kLineEnd),
+                            MessageButtons::kYesNoDefaultNo,
+                            MessageIcon::kQuestion,
+                            {},
+                            {},
+                            "messages-graphs"};
+  return ShowMessage(korva, messages, question) == MessageAnswer::kYes;
 }
 
 std::string SweepStepText(int step, int capacity) {

@@ -33,8 +33,12 @@ std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphK
 // Runs it. `goOn` is asked before each laminated solution.
 SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int step, int capacity)>& goOn);
 
-// Takes a finished sweep into the program's state. One that was cancelled leaves the points of the last one.
+// Takes the points of a sweep that has ended into the program's state. One without any leaves those of the
+// last one.
 void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome);
+
+// Whether there are points to be shown: a person who has stopped the sweep is asked.
+bool WantsPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome);
 
 // What the progress window says before a laminated solution.
 std::string SweepStepText(int step, int capacity);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
+#include "core/FormNotice.h"
 #include "core/IndexedArray.h"
 
 namespace korva {
@@ -29,6 +31,15 @@ struct SweepData {
   std::int32_t PointCapacity = 0;  // at least one more than points are filled
   // Column 0 the swept values (degrees for the crosscut angle), 1 to 4 the curves; points from 0 on.
   IndexedArray<std::vector<float>, 0, kMostCurves> GraphData;
+  // Points of curves 3 and 4; fewer than PointCount where the laminated model did not come to the end.
+  std::int32_t LaminatedCount = 0;
+  // What the input form would refuse of the panel at each point; as many as PointCount, or none if nobody
+  // asked.
+  std::vector<std::vector<FormNotice>> Notices;
+  // Why points are missing at the end; empty for a whole sweep.
+  std::string Partial;
+
+  std::int32_t PointsOf(int curve) const { return curve > 2 ? LaminatedCount : PointCount; }
 };
 
 }  // namespace korva

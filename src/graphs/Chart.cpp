@@ -4,14 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "core/Format.h"
 #include "graphs/GraphTitles.h"
 
 namespace korva {
 
 namespace {
-
-constexpr int kMostLabels = 8;
 
 void Widen(double& low, double& high, double value) {
   low = std::min(low, value);
@@ -29,14 +29,170 @@ void SetScales(Chart& chart) {
   for (const ChartCurve& curve : chart.Curves) {
     for (std::size_t i = 0; i < curve.X.size(); ++i) {
       Widen(xLow, xHigh, curve.X[i]);
-      Widen(yLow, yHigh, curve.Y[i]);
+      if (curve.Y[i] != kChartHole) {
+        Widen(yLow, yHigh, curve.Y[i]);
+      }
     }
   }
   chart.XScale = xLow > xHigh ? AxisScale{} : ScaleFor(xLow, xHigh);
   chart.YScale = yLow > yHigh ? AxisScale{} : ScaleFor(yLow, yHigh);
 }
 
+void AddCurves(Chart& chart, const SweepData& data, int curves) {
+  const std::vector<int> without = CurvesWithoutFactor(data);
+  for (int i = 1; i <= curves; ++i) {
+    ChartCurve curve = {std::string(CurveLabel(i)), CurveColours.at(static_cast<std::size_t>(i - 1)), {}, {}};
+    const auto points = static_cast<std::ptrdiff_t>(data.PointsOf(i));
+    curve.X.assign(data.GraphData[0].begin(), data.GraphData[0].begin() + points);
+    curve.Y.assign(data.GraphData[i].begin(), data.GraphData[i].begin() + points);
+    if (std::find(without.begin(), without.end(), i) != without.end()) {
+      std::fill(curve.Y.begin(), curve.Y.end(), kChartHole);
+    }
+    chart.Curves.push_back(std::move(curve));
+  }
+}
+
+// Runs of points side by side that `has(point)`, as first and last point.
+template <class Has>
+std::vector<std::pair<std::size_t, std::size_t>> RunsOf(std::size_t points, Has&& has) {
+  std::vector<std::pair<std::size_t, std::size_t>> runs;
+  for (std::size_t i = 0; i < points; ++i) {
+    if (!has(i)) {
+      continue;
+    }
+    if (runs.empty() || runs.back().second + 1 != i) {
+      runs.emplace_back(i, i);
+    }
+    runs.back().second = i;
+  }
+  return runs;
+}
+
+// Each band ends half way to the next point, or where the axis does.
+void AddNotices(Chart& chart, const SweepData& data) {
+  const auto x = [&data](std::size_t i) { return static_cast<double>(data.GraphData[0][i]); };
+  const std::size_t points = data.Notices.size();
+  const auto runs = RunsOf(points, [&data](std::size_t i) { return !data.Notices[i].empty(); });
+  for (const auto& [first, last] : runs) {
+    chart.Bands.push_back({first == 0 ? chart.XScale.Low : (x(first - 1) + x(first)) / 2,
+                           last + 1 == points ? chart.XScale.High : (x(last) + x(last + 1)) / 2});
+  }
+  for (std::size_t i = 0; i < points && !runs.empty(); ++i) {
+    chart.PointNotices.push_back(NoticeText(data.Notices[i]));
+  }
+}
+
+std::vector<std::string> ReasonsOf(const SweepData& data) {
+  std::vector<std::string> reasons;
+  for (const auto& notices : data.Notices) {
+    for (const FormNotice& notice : notices) {
+      if (std::find(reasons.begin(), reasons.end(), notice.Reason) == reasons.end()) {
+        reasons.push_back(notice.Reason);
+      }
+    }
+  }
+  return reasons;
+}
+
+// The values of the points that have this reason: "2.00 to 16.88, 40.00".
+std::string RangesOf(const SweepData& data, const std::string& reason) {
+  const auto value = [&data](std::size_t i) { return Format(data.GraphData[0][i], "0.00"); };
+  std::vector<std::string> ranges;
+  for (const auto& [first, last] : RunsOf(data.Notices.size(), [&](std::size_t i) {
+         return std::any_of(data.Notices[i].begin(), data.Notices[i].end(),
+                            [&reason](const FormNotice& notice) { return notice.Reason == reason; });
+       })) {
+    ranges.push_back(first == last ? value(first) : fmt::format("{} to {}", value(first), value(last)));
+  }
+  return fmt::format("{}", fmt::join(ranges, ", "));
+}
+
+// The barrier that a curve of a graph of barriers is about.
+std::string_view BarrierOf(int graph, int curve) {
+  const bool second = graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && curve > 2);
+  return second ? "second" : "first";
+}
+
 }  // namespace
+
+std::string NoticeText(const std::vector<FormNotice>& notices) {
+  std::string text;
+  for (const FormNotice& notice : notices) {
+    text += (text.empty() ? "" : "; ") + notice.Text;
+  }
+  return text;
+}
+
+bool IsHollow(const Chart& chart, std::size_t point) {
+  return point < chart.PointNotices.size() && !chart.PointNotices[point].empty();
+}
+
+std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double width,
+                                   const std::function<double(const std::string& text)>& size) {
+  const auto isInside = [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+  };  // a character
+  std::vector<std::string> lines;
+  for (std::string rest : notes) {
+    while (size(rest) > width) {
+      std::size_t end = 0;
+      for (std::size_t blank = rest.find(' ', 1);
+           blank != std::string::npos && size(rest.substr(0, blank)) <= width;
+           blank = rest.find(' ', blank + 1)) {
+        end = blank;
+      }
+      if (end == 0) {  // a word longer than a line
+        do {
+          ++end;
+        } while (end < rest.size() && (isInside(rest[end]) || size(rest.substr(0, end + 1)) <= width));
+      }
+      lines.push_back(rest.substr(0, end));
+      rest.erase(0, end + (end < rest.size() && rest[end] == ' ' ? 1 : 0));
+    }
+    if (!rest.empty()) {
+      lines.push_back(std::move(rest));
+    }
+  }
+  return lines;
+}
+
+std::vector<int> CurvesWithoutFactor(const SweepData& data) {
+  std::vector<int> curves;
+  for (int i = 1; i <= data.CurveCount && YTitleOf(data.GraphIndex) == 1; ++i) {
+    const auto& factors = data.GraphData[i];
+    const auto points = static_cast<std::ptrdiff_t>(data.PointsOf(i));
+    if (points > 0 &&
+        std::all_of(factors.begin(), factors.begin() + points, [](float y) { return y == 0; })) {
+      curves.push_back(i);
+    }
+  }
+  return curves;
+}
+
+std::vector<std::string> NoticeRanges(const SweepData& data) {
+  std::vector<std::string> ranges;
+  for (const std::string& reason : ReasonsOf(data)) {
+    ranges.push_back(fmt::format("{}: {}", RangesOf(data, reason), reason));
+  }
+  return ranges;
+}
+
+std::vector<std::string> SweepNotes(const SweepData& data, int curves) {
+  std::vector<std::string> notes;
+  for (const std::string& range : NoticeRanges(data)) {
+    notes.push_back("Shaded, hollow symbols: " + range);
+  }
+  for (const int curve : CurvesWithoutFactor(data)) {
+    if (curve <= curves) {
+      notes.push_back(fmt::format("{}: no factor, there is no {} barrier", CurveLabel(curve),
+                                  BarrierOf(data.GraphIndex, curve)));
+    }
+  }
+  if (!data.Partial.empty()) {
+    notes.push_back("Partial: " + data.Partial);
+  }
+  return notes;
+}
 
 int AxisScale::Labels() const {
   return static_cast<int>(std::lround((High - Low) / Step)) + 1;
@@ -55,7 +211,7 @@ std::string AxisScale::Text(int label) const {
   return fmt::format("{:.{}f}", value == 0 ? 0.0 : value, digits);
 }
 
-AxisScale ScaleFor(double low, double high) {
+AxisScale ScaleFor(double low, double high, int mostLabels) {
   if (!(high > low)) {
     const double room = low == 0 ? 1 : std::abs(low) / 2;
     low -= room;
@@ -67,9 +223,23 @@ AxisScale ScaleFor(double low, double high) {
       const double step = digit * power;
       const AxisScale scale = {std::floor(low / step + 1e-9) * step, std::ceil(high / step - 1e-9) * step,
                                step};
-      if (scale.Labels() <= kMostLabels) {
+      if (scale.Labels() <= std::max(mostLabels, kLeastLabels)) {
         return scale;
       }
+    }
+  }
+}
+
+AxisScale ScaleThatFits(double low, double high, double length, double gap,
+                        const std::function<double(const std::string& label)>& size) {
+  for (int most = kMostLabels;; --most) {
+    const AxisScale scale = ScaleFor(low, high, most);
+    double room = 0;
+    for (int label = 0; label < scale.Labels(); ++label) {
+      room = std::max(room, size(scale.Text(label)) + gap);
+    }
+    if (most <= kLeastLabels || room * (scale.High - scale.Low) <= length * scale.Step) {
+      return scale;
     }
   }
 }
@@ -91,7 +261,7 @@ std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box) {
     };
     const bool crossed = chart.Reference && covers(right ? 1 : 0, up(*chart.Reference));
     const bool taken = std::any_of(chart.Curves.begin(), chart.Curves.end(), [&](const ChartCurve& curve) {
-      for (std::size_t i = 0; i < curve.X.size(); ++i) {
+      for (std::size_t i = 0; i < curve.X.size() && curve.Y[i] != kChartHole; ++i) {
         const std::size_t next = std::min(i + 1, curve.X.size() - 1);
         constexpr int kParts = 16;
         for (int part = 0; part <= kParts; ++part) {
@@ -135,14 +305,10 @@ Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, 
   if (showReference) {
     chart.Reference = ReferenceFactor(data.GraphIndex);
   }
-  for (int i = 1; i <= curves; ++i) {
-    ChartCurve curve = {std::string(CurveLabel(i)), CurveColours.at(static_cast<std::size_t>(i - 1)), {}, {}};
-    const auto points = static_cast<std::ptrdiff_t>(data.PointCount);
-    curve.X.assign(data.GraphData[0].begin(), data.GraphData[0].begin() + points);
-    curve.Y.assign(data.GraphData[i].begin(), data.GraphData[i].begin() + points);
-    chart.Curves.push_back(std::move(curve));
-  }
+  AddCurves(chart, data, curves);
   SetScales(chart);
+  AddNotices(chart, data);
+  chart.Notes = SweepNotes(data, curves);
   return chart;
 }
 

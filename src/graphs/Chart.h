@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,12 @@
 #include "core/Settings.h"
 
 namespace korva {
+
+// The Y of a point that has no value.
+inline constexpr double kChartHole = 1e308;
+
+// The quiet shade of a band, as red, green, blue.
+inline constexpr std::uint32_t kBandColour = 0xF1ECE2;
 
 struct ChartCurve {
   std::string Label;
@@ -30,8 +37,22 @@ struct AxisScale {
   std::string Text(int label) const;
 };
 
-// The scale of at most eight labels that holds `low` and `high`.
-AxisScale ScaleFor(double low, double high);
+inline constexpr int kMostLabels = 8;
+inline constexpr int kLeastLabels = 3;  // with fewer there may be no round numbers around a range
+
+// The scale of at most `mostLabels` labels that holds `low` and `high`.
+AxisScale ScaleFor(double low, double high, int mostLabels = kMostLabels);
+
+// The same with as many labels as leave each other `gap`, on an axis that is `length` long; `size` gives the
+// room that a label's text takes along it.
+AxisScale ScaleThatFits(double low, double high, double length, double gap,
+                        const std::function<double(const std::string& label)>& size);
+
+// Points that stand side by side and about which something is to be known.
+struct ChartBand {
+  double From = 0;
+  double To = 0;
+};
 
 struct Chart {
   std::string Title;
@@ -44,7 +65,10 @@ struct Chart {
   bool Legend = true;
   int SymbolSize = 5;
   std::vector<ChartCurve> Curves;
-  std::optional<double> Reference;  // of the stability factor
+  std::vector<std::string> PointNotices;  // of each X; empty texts for nothing, no texts if no point has any
+  std::vector<ChartBand> Bands;           // around the points that have one
+  std::vector<std::string> Notes;         // to be read below the plot
+  std::optional<double> Reference;        // of the stability factor
   AxisScale XScale;
   AxisScale YScale;
 };
@@ -62,9 +86,30 @@ struct ChartBox {
   double GapUp = 0;
 };
 
+// The texts of all notices in one.
+std::string NoticeText(const std::vector<FormNotice>& notices);
+
+// Whether the symbol of a point is hollow: something is to be known about it.
+bool IsHollow(const Chart& chart, std::size_t point);
+
 // A corner of the plot where `box` stands away from the frame and from every curve by its gaps; nothing if
 // there is none.
 std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box);
+
+// The notes in lines no wider than `width`, by the room that `size` gives a text. Never empty lines for long
+// words: a line has at least one character.
+std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double width,
+                                   const std::function<double(const std::string& text)>& size);
+
+// The curves of 1 to CurveCount that have no factor at all, since there is no barrier for it.
+std::vector<int> CurvesWithoutFactor(const SweepData& data);
+
+// What the input form would refuse, and for which values: "2.00 to 16.88: pillars without length".
+std::vector<std::string> NoticeRanges(const SweepData& data);
+
+// What a person should know of a graph: what the input form would refuse, which curves have no factor, and
+// why points are missing. Empty if there is nothing. `curves` are shown.
+std::vector<std::string> SweepNotes(const SweepData& data, int curves);
 
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);

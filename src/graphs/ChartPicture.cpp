@@ -26,6 +26,7 @@ constexpr double kLineWidth = 2;
 constexpr std::uint32_t kBlack = 0x000000;
 constexpr std::uint32_t kGridColour = 0xe0e0e0;
 constexpr std::uint32_t kReferenceColour = 0x808080;
+constexpr double kNoteHeight = 1.4 * kTextSize;
 
 struct Box {
   double Left = 0;
@@ -42,6 +43,7 @@ class Painter {
   }
 
   void Paint() {
+    PaintBands();
     PaintAxes();
     cairo_save(cairo_);
     cairo_rectangle(cairo_, plot_.Left - kGap, plot_.Top - kGap, plot_.Right - plot_.Left + 2 * kGap,
@@ -55,6 +57,7 @@ class Painter {
     if (chart_.Legend) {
       PaintLegend();
     }
+    PaintNotes();
   }
 
  private:
@@ -93,12 +96,15 @@ class Painter {
   double LegendHeight() const { return static_cast<double>(chart_.Curves.size()) * kRowHeight + 2 * kGap; }
 
   void Place() {
+    notes_ = NoteLines(chart_.Notes, kWidth - 2 * kMargin,
+                       [this](const std::string& text) { return TextWidth(text); });
+    bottom_ = kHeight - static_cast<double>(notes_.size()) * kNoteHeight;
     double labels = 0;
     for (int i = 0; i < chart_.YScale.Labels(); ++i) {
       labels = std::max(labels, TextWidth(chart_.YScale.Text(i)));
     }
     plot_ = {kMargin + 2 * kTextSize + labels + kTick + kGap, kMargin + kTitleSize + 3 * kGap,
-             kWidth - kMargin - 2 * kGap, kHeight - kMargin - 3.5 * kTextSize - kTick - kGap};
+             kWidth - kMargin - 2 * kGap, bottom_ - kMargin - 3.5 * kTextSize - kTick - kGap};
     if (chart_.Reference) {
       plot_.Right -= TextWidth(ReferenceText()) - kGap;
     }
@@ -136,18 +142,42 @@ class Painter {
     return box;
   }
 
-  void PaintAxes() {
-    cairo_set_line_width(cairo_, 1);
-    for (int i = 0; i < chart_.XScale.Labels(); ++i) {
-      const double x = X(chart_.XScale.Value(i));
+  void PaintBands() {
+    Colour(kBandColour);
+    for (const ChartBand& band : chart_.Bands) {
+      cairo_rectangle(cairo_, X(band.From), plot_.Top, X(band.To) - X(band.From), plot_.Bottom - plot_.Top);
+      cairo_fill(cairo_);
+    }
+  }
+
+  void PaintNotes() {
+    Colour(kBlack);
+    for (std::size_t i = 0; i < notes_.size(); ++i) {
+      Text(notes_[i], kMargin, bottom_ - kMargin + static_cast<double>(i + 1) * kNoteHeight);
+    }
+  }
+
+  void PaintXLabels() {
+    const AxisScale labels = ScaleThatFits(chart_.XScale.Low, chart_.XScale.High, plot_.Right - plot_.Left,
+                                           kGap, [this](const std::string& text) { return TextWidth(text); });
+    for (int i = 0; i < labels.Labels(); ++i) {
+      const double x = X(labels.Value(i));
+      if (x < plot_.Left - 1 || x > plot_.Right + 1) {
+        continue;
+      }
       if (chart_.VerticalGrid) {
         Colour(kGridColour);
         Line(x, plot_.Top, x, plot_.Bottom);
       }
       Colour(kBlack);
       Line(x, plot_.Bottom, x, plot_.Bottom + kTick);
-      Text(chart_.XScale.Text(i), x, plot_.Bottom + kTick + kGap + kTextSize, 0.5);
+      Text(labels.Text(i), x, plot_.Bottom + kTick + kGap + kTextSize, 0.5);
     }
+  }
+
+  void PaintAxes() {
+    cairo_set_line_width(cairo_, 1);
+    PaintXLabels();
     for (int i = 0; i < chart_.YScale.Labels(); ++i) {
       const double y = Y(chart_.YScale.Value(i));
       if (chart_.HorizontalGrid) {
@@ -162,7 +192,7 @@ class Painter {
     cairo_stroke(cairo_);
     const double middle = (plot_.Left + plot_.Right) / 2;
     Text(chart_.Title, middle, kMargin + kTitleSize, 0.5, kTitleSize);
-    Text(chart_.XTitle, middle, kHeight - kMargin, 0.5);
+    Text(chart_.XTitle, middle, bottom_ - kMargin, 0.5);
     cairo_save(cairo_);
     cairo_translate(cairo_, kMargin + kTextSize, (plot_.Top + plot_.Bottom) / 2);
     cairo_rotate(cairo_, -std::numbers::pi / 2);
@@ -170,7 +200,7 @@ class Painter {
     cairo_restore(cairo_);
   }
 
-  void Symbol(std::size_t curve, double x, double y) {
+  void SymbolPath(std::size_t curve, double x, double y) {
     const double r = chart_.SymbolSize / 2.0 + 1;
     switch (curve) {
       case 0:
@@ -193,6 +223,18 @@ class Painter {
         cairo_close_path(cairo_);
         break;
     }
+  }
+
+  void Symbol(std::size_t curve, double x, double y, bool hollow = false) {
+    SymbolPath(curve, x, y);
+    if (hollow) {
+      Colour(0xffffff);
+      cairo_fill_preserve(cairo_);
+      Colour(chart_.Curves[curve].Colour);
+      cairo_set_line_width(cairo_, kHollowWidth);
+      cairo_stroke(cairo_);
+      return;
+    }
     cairo_fill(cairo_);
   }
 
@@ -202,15 +244,19 @@ class Painter {
     cairo_set_line_width(cairo_, kLineWidth);
     cairo_new_path(cairo_);
     for (std::size_t i = 0; i < curve.X.size(); ++i) {
+      if (curve.Y[i] == kChartHole) {
+        cairo_new_sub_path(cairo_);
+        continue;
+      }
       cairo_line_to(cairo_, X(curve.X[i]), Y(curve.Y[i]));
     }
     if (chart_.Lines) {
       cairo_stroke(cairo_);
     }
     cairo_new_path(cairo_);
-    if (chart_.Symbols) {
-      for (std::size_t i = 0; i < curve.X.size(); ++i) {
-        Symbol(index, X(curve.X[i]), Y(curve.Y[i]));
+    for (std::size_t i = 0; i < curve.X.size() && chart_.Symbols; ++i) {
+      if (curve.Y[i] != kChartHole) {
+        Symbol(index, X(curve.X[i]), Y(curve.Y[i]), IsHollow(chart_, i));
       }
     }
   }
@@ -263,12 +309,15 @@ class Painter {
   }
 
   static constexpr double kSample = 28;
+  static constexpr double kHollowWidth = 1.5;
   static constexpr double kRowHeight = 1.5 * kTextSize;
 
   const Chart& chart_;
   cairo_t* cairo_;
   Box plot_;
   std::optional<Box> legendInside_;
+  std::vector<std::string> notes_;
+  double bottom_ = kHeight;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <minizip/unzip.h>
 #include <xlsxwriter.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <pugixml.hpp>
@@ -32,6 +33,28 @@ std::uint16_t Column(std::size_t curve, int offset) {
   return static_cast<std::uint16_t>(2 * curve + static_cast<std::size_t>(offset));
 }
 
+// A text, if there is one: empty cells are none.
+void WriteText(lxw_worksheet* sheet, std::size_t row, std::uint16_t column, const std::string& text) {
+  if (!text.empty()) {
+    Check(worksheet_write_string(sheet, static_cast<lxw_row_t>(row), column, text.c_str(), nullptr));
+  }
+}
+
+// What is to be known of the points, in a column behind the curves, and of the sweep, in the next one.
+void WriteNotices(lxw_worksheet* sheet, const Chart& chart) {
+  const std::size_t curves = chart.Curves.size();
+  const auto column = [&](int offset, const char* heading, const std::vector<std::string>& texts) {
+    if (!texts.empty()) {
+      WriteText(sheet, 0, Column(curves, offset), heading);
+    }
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      WriteText(sheet, i + 1, Column(curves, offset), texts[i]);
+    }
+  };
+  column(0, "Notice", chart.PointNotices);
+  column(1, "Remark", chart.Notes);
+}
+
 void WriteCells(lxw_worksheet* sheet, const Chart& chart) {
   for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
     const ChartCurve& curve = chart.Curves[i];
@@ -40,10 +63,28 @@ void WriteCells(lxw_worksheet* sheet, const Chart& chart) {
     for (std::size_t j = 0; j < curve.X.size(); ++j) {
       const auto row = static_cast<lxw_row_t>(j + 1);
       Check(worksheet_write_number(sheet, row, Column(i, 0), curve.X[j], nullptr));
-      Check(worksheet_write_number(sheet, row, Column(i, 1), curve.Y[j], nullptr));
+      if (curve.Y[j] != kChartHole) {
+        Check(worksheet_write_number(sheet, row, Column(i, 1), curve.Y[j], nullptr));
+      }
     }
     Check(worksheet_set_column(sheet, Column(i, 1), Column(i, 1), 28, nullptr));
   }
+}
+
+// Points about which something is to be known have a hollow symbol.
+void MarkPoints(lxw_chart_series* series, const Chart& chart, std::size_t points, lxw_color_t colour) {
+  lxw_chart_fill paper = {};
+  paper.color = LXW_COLOR_WHITE;
+  lxw_chart_line outline = {};
+  outline.color = colour;
+  lxw_chart_point hollow = {&outline, &paper, nullptr};
+  lxw_chart_point plain = {};
+  std::vector<lxw_chart_point*> list;
+  for (std::size_t i = 0; i < points; ++i) {
+    list.push_back(IsHollow(chart, i) ? &hollow : &plain);
+  }
+  list.push_back(nullptr);
+  Check(chart_series_set_points(series, list.data()));
 }
 
 void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
@@ -66,6 +107,9 @@ void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
     fill.color = line.color;
     chart_series_set_marker_fill(series, &fill);
     chart_series_set_marker_size(series, static_cast<std::uint8_t>(chart.SymbolSize));
+    if (!chart.PointNotices.empty()) {
+      MarkPoints(series, chart, curve.X.size(), line.color);
+    }
   }
 }
 
@@ -75,7 +119,9 @@ void AddChart(lxw_workbook* book, lxw_worksheet* sheet, const Chart& chart) {
     Fail("no memory for its chart");
   }
   for (std::size_t i = 0; i < chart.Curves.size(); ++i) {
-    AddCurve(drawn, chart, i);
+    if (!chart.Curves[i].X.empty()) {
+      AddCurve(drawn, chart, i);
+    }
   }
   chart_title_set_name(drawn, chart.Title.c_str());
   chart_axis_set_name(drawn->x_axis, chart.XTitle.c_str());
@@ -90,7 +136,8 @@ void AddChart(lxw_workbook* book, lxw_worksheet* sheet, const Chart& chart) {
   lxw_chart_options room = {};
   room.x_scale = 1.5;
   room.y_scale = 1.6;
-  Check(worksheet_insert_chart_opt(sheet, 1, Column(chart.Curves.size(), 1), drawn, &room));
+  const int behind = chart.Notes.empty() ? 1 : 3;
+  Check(worksheet_insert_chart_opt(sheet, 1, Column(chart.Curves.size(), behind), drawn, &room));
 }
 
 void WriteWorkbook(const Chart& chart, const std::string& folder, const std::string& file) {
@@ -106,6 +153,7 @@ void WriteWorkbook(const Chart& chart, const std::string& folder, const std::str
     worksheet_set_landscape(sheet);
     worksheet_fit_to_pages(sheet, 1, 0);
     WriteCells(sheet, chart);
+    WriteNotices(sheet, chart);
     if (!chart.Curves.empty() && !chart.Curves[0].X.empty()) {
       AddChart(book, sheet, chart);
     }
@@ -164,17 +212,27 @@ void ReadBack(const std::string& file, std::size_t expectedCells) {
   }
 }
 
+// As many as WriteCells and WriteNotices write.
+std::size_t CellsOf(const Chart& chart) {
+  std::size_t cells = 0;
+  for (const ChartCurve& curve : chart.Curves) {
+    const auto holes = static_cast<std::size_t>(std::count(curve.Y.begin(), curve.Y.end(), kChartHole));
+    cells += 2 + 2 * curve.X.size() - holes;
+  }
+  for (const auto* texts : {&chart.PointNotices, &chart.Notes}) {
+    const auto none = static_cast<std::size_t>(std::count(texts->begin(), texts->end(), std::string()));
+    cells += texts->empty() ? 0 : 1 + texts->size() - none;
+  }
+  return cells;
+}
+
 }  // namespace
 
 std::string GraphWorkbook(const Chart& chart) {
   const PrivateFolder folder;
   const std::string file = folder.Name() + "/graph.xlsx";
   WriteWorkbook(chart, folder.Name(), file);
-  std::size_t cells = 0;
-  for (const ChartCurve& curve : chart.Curves) {
-    cells += 2 + 2 * curve.X.size();
-  }
-  ReadBack(file, cells);
+  ReadBack(file, CellsOf(chart));
   return ReadWholeFile(file, kLargestWorkbook);
 }
 

@@ -7,6 +7,7 @@
 #include <limits>
 #include <string_view>
 
+#include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
 #include "core/Tables.h"
@@ -51,6 +52,7 @@ double Degrees(double radians) {
   return radians / kRadiansPerDegree;
 }
 
+// Writes `x` as it is shown: in degrees for the crosscut angle.
 void WriteField(Project& project, GraphKind graph, double x) {
   switch (graph) {
     case kEntryHeightGraph:
@@ -61,7 +63,7 @@ void WriteField(Project& project, GraphKind graph, double x) {
       project.DepthCover = x;
       break;
     case kXcutAngleGraph:
-      project.XcutAngle = std::min(Degrees(x), kMostDegrees);
+      project.XcutAngle = std::min(x, kMostDegrees);
       break;
     case kXcutSpacingGraph:
       project.XcutSpacing = x;
@@ -129,12 +131,61 @@ void AtValue(GraphKind graph, double x, Step&& step) {
   }
 }
 
-// The point after those that are filled; their number is decided by the steps, the room by the capacity.
-std::size_t NextPoint(SweepData& data) {
-  if (data.PointCount >= data.PointCapacity) {
-    ThrowSubscript(data.PointCount + 1, 1, data.PointCapacity);
+// One of the two passes over the steps. `point(x, index)` computes a point; false ends the pass. A step that
+// fails ends it, too, and is no point.
+template <class Point>
+void RunPass(GraphKind graph, const SweepSteps& steps, std::int32_t& count, SweepOutcome& outcome,
+             Point&& point) {
+  VisitSteps(graph, steps, [&](double x) {
+    if (count >= steps.PointCapacity) {  // the steps decide the number of points, the capacity the room
+      ThrowSubscript(count + 1, 1, steps.PointCapacity);
+    }
+    bool done = false;
+    try {
+      AtValue(graph, x, [&] { done = point(x, static_cast<std::size_t>(count)); });
+    } catch (const RuntimeError& error) {
+      outcome.Failure = error;
+    }
+    count += done ? 1 : 0;
+    return done;
+  });
+}
+
+// The panel at a point, with the value as a person reads it, in 32 bits.
+Project PanelAt(const Project& project, GraphKind graph, float shown) {
+  Project panel = project;
+  WriteField(panel, graph, ParseNumberPrefix(GeneralText(shown)).value);
+  return panel;
+}
+
+SweepData RoomFor(GraphKind graph, const SweepSteps& steps, bool laminated) {
+  SweepData data;
+  data.GraphIndex = graph;
+  data.CurveCount = laminated ? 4 : 2;
+  data.PointCapacity = steps.PointCapacity;
+  if (data.PointCapacity < 1) {
+    throw RuntimeError(ErrorNumber::kSubscript,
+                       fmt::format("no {} lies in the range of the sweep",
+                                   DefaultXAxisTitles[static_cast<std::size_t>(graph)]));
   }
-  return static_cast<std::size_t>(data.PointCount++);
+  for (int column = 0; column <= data.CurveCount; ++column) {
+    data.GraphData[column].resize(static_cast<std::size_t>(steps.PointCapacity));
+  }
+  return data;
+}
+
+// Tells how many of the points that the steps ask for are there, and why no more are.
+std::string PartialText(const SweepOutcome& outcome, GraphKind graph, const SweepSteps& steps) {
+  if (!outcome.Cancelled && !outcome.Failure) {
+    return {};
+  }
+  int all = 0;
+  VisitSteps(graph, steps, [&all](double) { return ++all > 0; });
+  const SweepData& data = outcome.Data;
+  const std::string why = outcome.Failure ? outcome.Failure->what() : "cancelled";
+  return data.PointCount < all
+             ? fmt::format("{} of {} points; {}", data.PointCount, all, why)
+             : fmt::format("{} of {} points of the laminated model; {}", data.LaminatedCount, all, why);
 }
 
 }  // namespace
@@ -167,54 +218,38 @@ SweepSteps StepsOfSweep(GraphKind graph, double base, SweepRange range, bool coa
 }
 
 SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prepared, Project& project,
-                      const LaminatedSweep* laminated) {
+                      const LaminatedSweep* laminated, const PanelNotices& notices) {
   Calculation run = prepared;
   double& value = WorkingValue(run.Work, graph);
   const SweepSteps steps =
       StepsOfSweep(graph, value, range, laminated != nullptr || graph == kBarrierDepthGraph);
-  SweepOutcome outcome;
+  SweepOutcome outcome = {RoomFor(graph, steps, laminated != nullptr), false, {}};
   SweepData& data = outcome.Data;
-  data.GraphIndex = graph;
-  data.CurveCount = laminated != nullptr ? 4 : 2;
-  data.PointCapacity = steps.PointCapacity;
-  if (data.PointCapacity < 1) {
-    throw RuntimeError(ErrorNumber::kSubscript,
-                       fmt::format("no {} lies in the range of the sweep",
-                                   DefaultXAxisTitles[static_cast<std::size_t>(graph)]));
-  }
-  for (int column = 0; column <= data.CurveCount; ++column) {
-    data.GraphData[column].resize(static_cast<std::size_t>(steps.PointCapacity));
-  }
-  VisitSteps(graph, steps, [&](double x) {
-    const std::size_t point = NextPoint(data);
-    AtValue(graph, x, [&] {
-      value = x;
-      RunCalculation(run);
-      data.GraphData[0][point] = Narrowed(ShownValue(graph, x), "a value");
-      data.GraphData[1][point] = Narrowed(TraditionalFactor(run.Out, graph, kDevelopment), "a factor");
-      data.GraphData[2][point] = Narrowed(TraditionalFactor(run.Out, graph, kRetreat), "a factor");
-    });
+  RunPass(graph, steps, data.PointCount, outcome, [&](double x, std::size_t point) {
+    value = x;
+    RunCalculation(run);
+    data.GraphData[0][point] = Narrowed(ShownValue(graph, x), "a value");
+    data.GraphData[1][point] = Narrowed(TraditionalFactor(run.Out, graph, kDevelopment), "a factor");
+    data.GraphData[2][point] = Narrowed(TraditionalFactor(run.Out, graph, kRetreat), "a factor");
+    if (notices) {
+      data.Notices.push_back(notices(PanelAt(project, graph, data.GraphData[0][point])));
+    }
     return true;
   });
-  if (laminated == nullptr) {
-    return outcome;
-  }
-  data.PointCount = 0;
-  VisitSteps(graph, steps, [&](double x) {
-    const std::size_t point = NextPoint(data);
-    if (!laminated->GoOn(data.PointCount, data.PointCapacity)) {
-      outcome.Cancelled = true;
-      return false;
-    }
-    AtValue(graph, x, [&] {
-      WriteField(project, graph, x);
+  if (laminated != nullptr && !outcome.Failure) {
+    RunPass(graph, steps, data.LaminatedCount, outcome, [&](double x, std::size_t point) {
+      if (!laminated->GoOn(data.LaminatedCount + 1, data.PointCapacity)) {
+        outcome.Cancelled = true;
+        return false;
+      }
+      WriteField(project, graph, ShownValue(graph, x));
       const StrondResults results = laminated->Solve(project);
-      data.GraphData[0][point] = Narrowed(ShownValue(graph, x), "a value");
       data.GraphData[3][point] = LaminatedFactor(results, graph, 0);
       data.GraphData[4][point] = LaminatedFactor(results, graph, 1);
+      return true;
     });
-    return true;
-  });
+  }
+  data.Partial = PartialText(outcome, graph, steps);
   return outcome;
 }
 

@@ -3,9 +3,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <vector>
 
 #include "core/GraphData.h"
 #include "core/Project.h"
+#include "core/RuntimeError.h"
 #include "core/StrondResults.h"
 #include "model/Calculation.h"
 
@@ -36,15 +39,21 @@ struct LaminatedSweep {
   std::function<bool(int step, int capacity)> GoOn;
 };
 
+// What a person should know of a panel whose numbers are computed all the same.
+using PanelNotices = std::function<std::vector<FormNotice>(const Project&)>;
+
+// Data holds the points that were computed before a cancel or a failure, which ends the sweep.
 struct SweepOutcome {
   SweepData Data;
-  bool Cancelled = false;  // Data is then not to be shown
+  bool Cancelled = false;
+  std::optional<RuntimeError> Failure;
 };
 
 // Sweeps the traditional model from `prepared` on, which keeps everything else, and with `laminated` that
-// model, too, by writing the parameter into `project`. In the end `project` holds the last value. Run-time
-// errors of both models, naming the value at which they arose; 9 if the range holds no value at all.
+// model, too, by writing the parameter into `project`. In the end `project` holds the last value. `notices`
+// is asked about the panel at each point. The outcome's failure is a run-time error of either model and names
+// the value at which it arose. Throws run-time error 9 if the range holds no value at all.
 SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prepared, Project& project,
-                      const LaminatedSweep* laminated);
+                      const LaminatedSweep* laminated, const PanelNotices& notices = {});
 
 }  // namespace korva

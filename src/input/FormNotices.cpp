@@ -15,27 +15,31 @@ constexpr float kLeastArchFactor = 0.28F;
 
 }  // namespace
 
-std::vector<std::string> FormNotices(const Project& p) {
-  std::vector<std::string> notices;
+std::vector<FormNotice> FormNotices(const Project& p) {
+  std::vector<FormNotice> notices;
   if (p.XcutAngle < kLeastXcutAngle) {
     notices.push_back(
-        fmt::format("the crosscut angle of {} degrees is below the 30 that the input form asks for",
-                    GeneralText(p.XcutAngle)));
+        {"crosscut angle below 30 degrees",
+         fmt::format("the crosscut angle of {} degrees is below the 30 that the input form asks for",
+                     GeneralText(p.XcutAngle))});
   }
   const double clearLength = p.XcutSpacing * std::sin(p.XcutAngle * kRadiansPerDegree) - p.EntryWidth;
   if (p.XcutSpacing <= p.EntryWidth || clearLength <= 0) {
     notices.push_back(
-        "the pillars have no length: the crosscut spacing leaves nothing beside the entry width");
+        {"pillars without length",
+         "the pillars have no length: the crosscut spacing leaves nothing beside the entry width"});
   }
   if (p.ArchAuto == 0 && p.ArchFactor < kLeastArchFactor) {
-    notices.push_back(fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
-                                  GeneralText(p.ArchFactor)));
+    notices.push_back({"arch factor below 0.28",
+                       fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
+                                   GeneralText(p.ArchFactor))});
   }
   for (int i = 1; i <= PillarRows(p); ++i) {
     if (p.XcutCenters[i] <= p.EntryWidth) {
       notices.push_back(
-          fmt::format("the pillars of row {} have no width: center-to-center distance {}, entry width {}", i,
-                      GeneralText(p.XcutCenters[i]), GeneralText(p.EntryWidth)));
+          {"pillars without width",
+           fmt::format("the pillars of row {} have no width: center-to-center distance {}, entry width {}", i,
+                       GeneralText(p.XcutCenters[i]), GeneralText(p.EntryWidth))});
     }
   }
   return notices;

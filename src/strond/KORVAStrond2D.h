@@ -9,6 +9,7 @@
 
 #include "core/Folders.h"
 #include "core/Project.h"
+#include "core/RuntimeError.h"
 #include "core/StrondResults.h"
 #include "model/Calculation.h"
 
@@ -50,6 +51,10 @@ std::int16_t CallSolverLibrary(const std::string& library, const std::string& ex
 // The library's value in words; nothing for 0.
 std::string SolverStatusText(std::int16_t status);
 
+// The number of the run-time error that a run without a result ends in. Those that offer Retry stand for what
+// may be otherwise the next time, such as a full disk; a refusal of the solver stays one.
+ErrorNumber SolverStatusError(std::int16_t status);
+
 struct StrondRun {
   std::string StrondOutFile;
   std::string StrondResultFile;
@@ -59,7 +64,7 @@ struct StrondRun {
 // One run: an old result file is set aside, the exchange file written and held for the time of the run, the
 // library called, and what it left read. The library's value counts only where there is no result to read.
 // Run-time errors: 55 if another run holds the exchange file, those of writing and reading, of the library,
-// and 53 if it left no result.
+// and that of its value if it left no result.
 StrondRun RunStrond2D(
     const Project& project, std::int16_t units, const std::string& projectPath, const StrondPlace& place,
     const std::function<std::int16_t(const std::string&)>& solver = [](const std::string& path) {

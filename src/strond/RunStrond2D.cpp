@@ -60,7 +60,7 @@ StrondRun RunStrond2D(const Project& project, std::int16_t units, const std::str
   const std::int16_t status = solver(exchange);
   if (!StateOfFile(run.StrondResultFile).exists) {
     const std::string reason = SolverStatusText(status);
-    throw RuntimeError(ErrorNumber::kFileNotFound,
+    throw RuntimeError(SolverStatusError(status),
                        fmt::format("the solver left no result file {}{}{}", run.StrondResultFile,
                                    reason.empty() ? "" : ": ", reason));
   }

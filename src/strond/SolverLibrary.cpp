@@ -98,4 +98,18 @@ std::string SolverStatusText(std::int16_t status) {
   return fmt::format("it gave back {}", status);
 }
 
+ErrorNumber SolverStatusError(std::int16_t status) {
+  switch (status) {
+    case KORVASTROND_DONE:
+    case KORVASTROND_NO_EXCHANGE_FILE:
+      return ErrorNumber::kFileNotFound;
+    case KORVASTROND_RESULT_NOT_WRITTEN:
+      return ErrorNumber::kDeviceIo;
+    case KORVASTROND_OUT_OF_MEMORY:
+      return ErrorNumber::kOutOfMemory;
+    default:
+      return ErrorNumber::kInvalidCall;
+  }
+}
+
 }  // namespace korva

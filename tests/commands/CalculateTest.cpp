@@ -129,7 +129,7 @@ TEST(CalculateFromForm, AFailedLaminatedRunLeavesThePages) {
   ScriptedMessages messages;
   messages.Expect(std::string(kTakesMinutes) + " Continue?", MessageButtons::kYesNo, MessageAnswer::kYes);
   const std::string detail =
-      ExpectError(ErrorNumber::kFileNotFound, [&] { CalculateFromForm(korva, messages); });
+      ExpectError(ErrorNumber::kInvalidCall, [&] { CalculateFromForm(korva, messages); });
   EXPECT_NE(detail.find("entry height"), std::string::npos) << detail;
   EXPECT_EQ(korva.OutBuf, before);
   EXPECT_EQ(korva.WarningText, "earlier");

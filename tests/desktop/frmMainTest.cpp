@@ -22,6 +22,8 @@
 namespace korva::desktop {
 namespace {
 
+const std::string kStopped = "The calculations were stopped: ";
+
 class MainForm : public testing::Test {
  protected:
   MainForm() {
@@ -227,15 +229,58 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
   ASSERT_TRUE(label && label->text().startsWith(QStringLiteral("Calculating step...")));
   EXPECT_TRUE(label->text().contains(QStringLiteral("/7")));
   Click(*Window("frmStrondCalc"), "cmdCancel");
+  ports.Messages.Expect(kStopped, MessageButtons::kYesNoDefaultNo, MessageAnswer::kNo);
   ASSERT_TRUE(QTest::qWaitFor([this] { return main->isEnabled(); }));
   EXPECT_EQ(FindWindow("frmGraph"), nullptr);
   EXPECT_EQ(korva.Sweep.GraphIndex, kBarrierDepthGraph) << "the last sweep stays";
+
+  Choose("mnuCalcGrafItem(0)");
+  Click(*Window("frmStrondCalc"), "cmdCancel");
+  ports.Messages.Expect(kStopped, MessageButtons::kYesNoDefaultNo, MessageAnswer::kYes);
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }));
+  EXPECT_EQ(korva.Sweep.PointCount, 5);
+  EXPECT_TRUE(korva.Sweep.Partial.ends_with("cancelled"));
+  Window("frmGraph")->close();
 
   std::filesystem::remove(folder / "development.KVSD");
   std::filesystem::create_directory(folder / "development.KVSD");  // where the exchange file belongs
   Choose("mnuCalcGrafItem(0)");
   ports.Messages.Expect("Error occurred: Path/File access error (75). Procedure Terminated");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return main->isEnabled(); }));
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }))
+      << "with the points that it has";
+  EXPECT_EQ(korva.Sweep.PointsOf(3), 0);
+  Window("frmGraph")->close();
+}
+
+// As a menu outside of the window starts them, which knows nothing of its state.
+TEST_F(MainForm, NoCommandStartsWhileASweepIsGoingOn) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Places.TempRoot = folder / "";
+  korva.Preferences.FileMenu.LastFileLong[1] = folder / "development.KVL";
+  Begin();
+  korva.Stored = test::Stored(test::TwoSideGobs());
+  korva.ProjectEmpty = false;
+  korva.Stored.ProjectInput.CalcMode = kLaminatedModel;
+  Choose("mnuCalcGrafItem(1)");
+  const auto visible = [] {
+    const QWidgetList all = QApplication::topLevelWidgets();
+    return std::count_if(all.begin(), all.end(), [](const QWidget* window) { return window->isVisible(); });
+  };
+  const auto before = visible();
+  for (QAction* action : main->findChildren<QAction*>()) {
+    const QString name = action->objectName();
+    if (name.startsWith(QLatin1String("mnu")) || name.startsWith(QLatin1String("Toolbar1("))) {
+      action->trigger();
+    }
+  }
+  main->close();
+  EXPECT_EQ(visible(), before);
+  EXPECT_EQ(korva.Stored.ProjectInput.CalcMode, kLaminatedModel) << "the project is the same";
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }));
+  EXPECT_EQ(korva.Sweep.GraphIndex, kDepthGraph);
+  Choose("mnuFileItem(0)");
+  EXPECT_FALSE(korva.ProjectEmpty) << "nor while the graph is open";
+  Window("frmGraph")->close();
 }
 
 TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {

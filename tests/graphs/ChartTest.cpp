@@ -20,6 +20,7 @@ SweepData Line(int curves) {
   data.CurveCount = static_cast<std::int16_t>(curves);
   data.PointCount = 3;
   data.PointCapacity = 4;
+  data.LaminatedCount = curves > 2 ? 3 : 0;
   data.GraphData[0] = {100, 150, 200, 0};
   for (int curve = 1; curve <= curves; ++curve) {
     data.GraphData[curve] = {3, 2.25F, 0.1F, 0};
@@ -108,6 +109,80 @@ TEST(Chart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   EXPECT_FALSE(FreeCorner(chart, {0.9, 0.9, 0.01, 0.01}));
 }
 
+TEST(AxisScale, LeavesRoomBetweenItsLabels) {
+  const auto width = [](const std::string& label) { return 7.0 * static_cast<double>(label.size()); };
+  EXPECT_EQ(ScaleThatFits(550, 1650, 1000, 6, width).Step, ScaleFor(550, 1650).Step);
+  for (const double length : {400.0, 200.0, 130.0}) {
+    const AxisScale scale = ScaleThatFits(550, 1650, length, 6, width);
+    for (int label = 0; label < scale.Labels(); ++label) {
+      EXPECT_LE(width(scale.Text(label)) + 6, length * scale.Step / (scale.High - scale.Low));
+    }
+  }
+  EXPECT_EQ(ScaleThatFits(-3, 12, 0, 6, width).Labels(), 3) << "never fewer";
+}
+
+// The first and the last point without length, a laminated model that came to the second point.
+SweepData Doubtful() {
+  SweepData data = Line(4);
+  data.LaminatedCount = 2;
+  const FormNotice noLength = {"pillars without length", "the pillars have no length"};
+  data.Notices = {{noLength, {"arch factor below 0.28", "the arch factor of 0.2"}}, {}, {noLength}};
+  data.Partial = "2 of 3 points of the laminated model; cancelled";
+  return data;
+}
+
+TEST(Chart, TellsWhatIsToBeKnownOfItsPoints) {
+  const Chart chart = ChartOf(Doubtful(), 4, Titles(), true);
+  EXPECT_EQ(chart.Curves[1].X.size(), 3U);
+  EXPECT_EQ(chart.Curves[2].X.size(), 2U) << "no point that was not computed";
+  EXPECT_EQ(chart.PointNotices,
+            (std::vector<std::string>{"the pillars have no length; the arch factor of 0.2", "",
+                                      "the pillars have no length"}));
+  ASSERT_EQ(chart.Bands.size(), 2U);
+  EXPECT_EQ(chart.Bands[0].From, chart.XScale.Low);
+  EXPECT_EQ(chart.Bands[0].To, 125);
+  EXPECT_EQ(chart.Bands[1].From, 175);
+  EXPECT_TRUE(IsHollow(chart, 2) && !IsHollow(chart, 1));
+  EXPECT_EQ(chart.Notes,
+            (std::vector<std::string>{"Shaded, hollow symbols: 100.00, 200.00: pillars without length",
+                                      "Shaded, hollow symbols: 100.00: arch factor below 0.28",
+                                      "Partial: 2 of 3 points of the laminated model; cancelled"}));
+  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
+  const std::string shade = "94.509804%,92.54902%,88.627451%";
+  EXPECT_NE(drawn.find(shade), std::string::npos);
+  const Chart plain = ChartOf(Line(4), 4, Titles(), true);
+  EXPECT_TRUE(plain.Bands.empty() && plain.Notes.empty() && plain.PointNotices.empty());
+  EXPECT_EQ(ChartPicture(plain, PictureKind::kSvg).find(shade), std::string::npos);
+}
+
+TEST(Chart, ACurveWithoutABarrierIsNotDrawnAtZero) {
+  SweepData data = Line(4);
+  data.GraphIndex = kBarrierDepthGraph;
+  data.GraphData[3] = data.GraphData[4] = {0, 0, 0, 0};
+  EXPECT_EQ(CurvesWithoutFactor(data), (std::vector<int>{3, 4}));
+  GraphSettings settings;
+  PrepareTitles(settings, kBarrierDepthGraph, kEnglish);
+  const Chart chart = ChartOf(data, 4, settings, false);
+  EXPECT_EQ(chart.Curves[2].Y, std::vector<double>(3, kChartHole));
+  EXPECT_EQ(chart.Notes[0], "Development (KORVA-STROND): no factor, there is no second barrier");
+  EXPECT_EQ(chart.Notes.size(), 2U);
+  EXPECT_LT(chart.YScale.High, 10);
+  EXPECT_TRUE(FreeCorner(chart, {0.3, 0.2, 0.01, 0.01}));
+  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
+  EXPECT_EQ(drawn.find("e+"), std::string::npos) << "nothing far away";
+  data.GraphIndex = kDepthGraph;
+  EXPECT_TRUE(CurvesWithoutFactor(data).empty()) << "the zone always has a factor";
+}
+
+TEST(Chart, NotesAreBrokenIntoLines) {
+  const auto size = [](const std::string& text) { return static_cast<double>(text.size()); };
+  EXPECT_EQ(NoteLines({"one two three", "four"}, 8, size),
+            (std::vector<std::string>{"one two", "three", "four"}));
+  EXPECT_EQ(NoteLines({"a /long/path"}, 5, size), (std::vector<std::string>{"a", "/long", "/path"}));
+  EXPECT_EQ(NoteLines({"\xC3\xA4\xC3\xA4"}, 1, size), (std::vector<std::string>{"\xC3\xA4", "\xC3\xA4"}))
+      << "characters stay whole";
+}
+
 TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
   const Chart chart = ChartOf(Line(4), 4, Titles(), true);
   EXPECT_EQ(PictureKindOf("a.b.PDF"), PictureKind::kPdf);
@@ -156,6 +231,14 @@ TEST(GraphWorkbook, HasAPairOfColumnsForEveryCurveAndAChart) {
   const std::string strings = Entry(workbook, "xl/sharedStrings.xml");
   EXPECT_LT(strings.find("X-coord"), strings.find("Development (KORVA)"));
   EXPECT_NE(Entry(workbook, "xl/charts/chart1.xml").find("Graph!$C$2:$C$4"), std::string::npos);
+  const std::string marked = GraphWorkbook(ChartOf(Doubtful(), 4, Titles(), false));
+  ASSERT_TRUE(sheet.load_string(Entry(marked, "xl/worksheets/sheet1.xml").c_str()));
+  EXPECT_TRUE(sheet.select_node("//c[@r='I4']") && !sheet.select_node("//c[@r='I3']")) << "notices";
+  EXPECT_TRUE(sheet.select_node("//c[@r='J4']")) << "remarks";
+  EXPECT_FALSE(sheet.select_node("//c[@r='F4']")) << "a point that was not computed";
+  EXPECT_NE(Entry(marked, "xl/sharedStrings.xml").find("the pillars have no length; the arch"),
+            std::string::npos);
+  EXPECT_NE(Entry(marked, "xl/charts/chart1.xml").find("<c:dPt>"), std::string::npos) << "hollow symbols";
   SweepData none = Line(2);
   none.PointCount = 0;
   EXPECT_FALSE(GraphWorkbook(ChartOf(none, 2, Titles(), false)).empty());

@@ -128,9 +128,13 @@ TEST(RunSweep, EndsBetweenStepsWhenToldTo) {
                                     }};
   Project panel = test::TwoSideGobs();
   const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
-  EXPECT_TRUE(RunSweep(kDepthGraph, {50, 150}, prepared, panel, &laminated).Cancelled);
+  const SweepOutcome outcome = RunSweep(kDepthGraph, {50, 150}, prepared, panel, &laminated);
+  EXPECT_TRUE(outcome.Cancelled);
   EXPECT_EQ(told, "1/7 2/7 3/7 ");
   EXPECT_EQ(solved, 2);
+  EXPECT_EQ(outcome.Data.PointsOf(2), 6) << "the traditional points are all there";
+  EXPECT_EQ(outcome.Data.PointsOf(3), 2);
+  EXPECT_EQ(outcome.Data.Partial, "2 of 6 points of the laminated model; cancelled");
 }
 
 TEST(RunSweep, AnErrorNamesTheValueOfTheParameter) {
@@ -144,10 +148,36 @@ TEST(RunSweep, AnErrorNamesTheValueOfTheParameter) {
                                     return {};
                                   },
                                   [](int, int) { return true; }};
-  const std::string detail = ExpectError(ErrorNumber::kFileNotFound, [&] {
-    RunSweep(kDepthGraph, {50, 150}, prepared, panel, &failing);
-  });
-  EXPECT_EQ(detail, "Depth of Cover = 280: no result");
+  const SweepOutcome laminated = RunSweep(kDepthGraph, {50, 150}, prepared, panel, &failing);
+  ASSERT_TRUE(laminated.Failure);
+  EXPECT_EQ(laminated.Failure->Number(), ErrorNumber::kFileNotFound);
+  EXPECT_EQ(laminated.Failure->Detail(), "Depth of Cover = 280: no result");
+  EXPECT_EQ(laminated.Data.PointsOf(1), 6);
+  EXPECT_EQ(laminated.Data.PointsOf(4), 1);
+
+  panel.XcutSpacing = 50;  // at 20 ft nothing is left beside the entry
+  const SweepOutcome divided =
+      RunSweep(kXcutSpacingGraph, {20, 120}, PrepareCalculation(panel, kEnglish).Run, panel, nullptr);
+  ASSERT_TRUE(divided.Failure);
+  EXPECT_EQ(divided.Data.Partial, "5 of 26 points; " + std::string(divided.Failure->what()));
+}
+
+TEST(RunSweep, AsksAboutThePanelOfEachPoint) {
+  Project panel = test::TwoSideGobs();
+  panel.XcutAngle = 60;
+  const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
+  std::vector<double> angles;
+  const auto data = RunSweep(kXcutAngleGraph, {50, 150}, prepared, panel, nullptr, [&](const Project& at) {
+                      angles.push_back(at.XcutAngle);
+                      return at.XcutAngle < 40 ? std::vector<FormNotice>{{"flat", "flat at this angle"}}
+                                               : std::vector<FormNotice>();
+                    }).Data;
+  ASSERT_EQ(angles.size(), static_cast<std::size_t>(data.PointCount));
+  EXPECT_EQ(angles[0], 30) << "as it is printed, not a bit below";
+  EXPECT_EQ(angles[1], 32.4);
+  EXPECT_EQ(data.Notices[4].front().Text, "flat at this angle");
+  EXPECT_TRUE(data.Notices[5].empty());
+  EXPECT_EQ(panel.XcutAngle, 60);
 }
 
 }  // namespace

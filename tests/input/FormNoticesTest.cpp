@@ -28,7 +28,7 @@ TEST(FormNotices, TellWhatTheFormWouldRefuse) {
     put(p);
     const auto notices = FormNotices(p);
     ASSERT_EQ(notices.size(), notice ? 1U : 0U);
-    EXPECT_TRUE(!notice || notices.front().find(notice) != std::string::npos) << notices.front();
+    EXPECT_TRUE(!notice || notices.front().Text.find(notice) != std::string::npos) << notices.front().Text;
   }
 }
 

@@ -47,11 +47,26 @@ TEST(RunStrond2D, AnEarlierResultIsNeverTakenForThisRuns) {
   const Bench bench;
   (void)bench.Folder.Put("panel_KVSD.CSV", kResult);
   const std::string detail = ExpectError(
-      ErrorNumber::kFileNotFound, [&] { bench.Run([](const std::string&) { return std::int16_t{119}; }); });
+      ErrorNumber::kInvalidCall, [&] { bench.Run([](const std::string&) { return std::int16_t{119}; }); });
   EXPECT_NE(detail.find(bench.Result), std::string::npos) << detail;
   EXPECT_NE(detail.find("extent of the active gob"), std::string::npos) << detail;
   EXPECT_FALSE(StateOfFile(bench.Result).exists);
   EXPECT_EQ(TempFolder::Bytes(bench.Result + ".old"), kResult);
+}
+
+TEST(RunStrond2D, ARefusalIsNotOfferedAgain) {
+  const Bench bench;
+  for (const auto& [status, error] : {std::pair{2, ErrorNumber::kInvalidCall},
+                                      {3, ErrorNumber::kInvalidCall},
+                                      {107, ErrorNumber::kInvalidCall},
+                                      {-5, ErrorNumber::kInvalidCall},
+                                      {5, ErrorNumber::kDeviceIo},  // a disk may be free the next time
+                                      {6, ErrorNumber::kOutOfMemory},
+                                      {1, ErrorNumber::kFileNotFound}}) {
+    ExpectError(error, [&, value = static_cast<std::int16_t>(status)] {
+      bench.Run([value](const std::string&) { return value; });
+    });
+  }
 }
 
 TEST(RunStrond2D, AShortResultNamesFileAndLine) {
