@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 #include "commands/Attempt.h"
@@ -27,6 +28,8 @@ namespace {
 
 constexpr double kScreenShare = 0.9;  // of its height, after maximising
 constexpr double kFirstShare = 0.8;
+constexpr int kAttempts = 5;                        // at a size that the window manager may change
+constexpr std::chrono::milliseconds kSettled{200};  // without a change
 constexpr int kLeastSide = 200;
 constexpr int kSmallestFont = 4;  // points
 constexpr int kLargestFont = 48;
@@ -57,6 +60,9 @@ frmPicture::frmPicture(Session& session, QWidget& opener)
   picTMPCopy_ = new QLabel(this);
   picTMPCopy_->setObjectName(QStringLiteral("picTMPCopy"));
   picTMPCopy_->hide();
+  settle_.setSingleShot(true);
+  settle_.setInterval(kSettled);
+  connect(&settle_, &QTimer::timeout, this, &frmPicture::UndoMaximise);
   BuildMenus();
   PlaceFirst();
 }
@@ -181,21 +187,49 @@ void frmPicture::PlaceFirst() {
 // The picture is square: the height follows the width, or the width the height, whichever was changed, as far
 // as the screen goes.
 void frmPicture::SquareUp() {
-  const int menu = height() - view_->height();
-  const int screenHeight = screen()->availableGeometry().height();
-  int side = width() != squared_.width() ? width() : height() - menu;
   if (isMaximized()) {
-    showNormal();
-    side = static_cast<int>(screenHeight * kScreenShare) - menu;
+    attempts_ = kAttempts;
+    UndoMaximise();
+    return;
   }
-  const int frame = frameGeometry().height() - height();
-  side = std::min(side, screenHeight - frame - menu);
+  if (attempts_ > 0) {
+    return;  // the size is the window manager's, not a person's
+  }
+  const int menu = height() - view_->height();
+  int side = width() != squared_.width() ? width() : height() - menu;
+  side = std::min(side, screen()->availableGeometry().height() - Frame() - menu);
   squared_ = QSize(side, side + menu);
   resize(squared_);
 }
 
+int frmPicture::Frame() const {
+  return frameGeometry().height() - height();
+}
+
+// Asks for the size until the window has it: a window manager restores the size from before first, in its own
+// time, and one that allows no other size has the last word.
+void frmPicture::UndoMaximise() {
+  const QRect room = screen()->availableGeometry();
+  const int tall = static_cast<int>(room.height() * kScreenShare) - Frame();
+  squared_ = QSize(tall - (height() - view_->height()), tall);
+  if ((!isMaximized() && size() == squared_) || attempts_ == 0) {
+    attempts_ = 0;
+    const QSize outer = frameGeometry().size();  // the place from before may be too low for it
+    const QPoint last(room.x() + room.width() - outer.width(), room.y() + room.height() - outer.height());
+    move(std::max(room.x(), std::min(x(), last.x())), std::max(room.y(), std::min(y(), last.y())));
+    return;
+  }
+  --attempts_;
+  showNormal();
+  resize(squared_);
+  settle_.start();
+}
+
 void frmPicture::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
+  if (attempts_ > 0) {
+    settle_.start();
+  }
   QTimer::singleShot(0, this, &frmPicture::SquareUp);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <array>
 #include <functional>
 
@@ -47,6 +48,8 @@ class frmPicture final : public QMainWindow {
   void SavePlan();
   void PlaceFirst();
   void SquareUp();
+  int Frame() const;
+  void UndoMaximise();
 
   Session& session_;
   QPointer<QWidget> opener_;
@@ -54,7 +57,9 @@ class frmPicture final : public QMainWindow {
   PlanView* view_ = nullptr;
   QLabel* picTMPCopy_ = nullptr;
   std::array<QAction*, 3> plots_{};
-  QSize squared_;  // the size last made square
+  QSize squared_;     // the size last made square
+  QTimer settle_;     // waits for the window manager after maximising
+  int attempts_ = 0;  // that are left at the size after it
 };
 
 }  // namespace korva::desktop

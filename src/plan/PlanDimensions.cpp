@@ -94,9 +94,11 @@ class Dimensions {
     if (g_.GobDrawn[barrier] != 1 || !(width > 0)) {
       return;
     }
-    const DrawPoint edge = At(outline[2]);
-    const DrawPoint inner = At(outline[3]);
-    pen_.Across(std::min(edge.X, inner.X), std::max(edge.X, inner.X), inner.Y + W(), Whole(width), true);
+    const double edge = At(outline[1]).X;
+    const double inner = edge + (At(outline[0]).X < edge ? -width : width);
+    const double step = At(outline[2]).Y + width / CrosscutSine(p_);
+    const double above = std::min(step, static_cast<double>(g_.GobTop)) + W();
+    pen_.Across(std::min(edge, inner), std::max(edge, inner), above, Whole(width), true);
   }
 
   void AddBleederWidths(double y) {

@@ -13,7 +13,6 @@ constexpr double kRightAngle = 90;
 constexpr double kRowsBeyond = 2;    // crosscut spacings from row 6 to the top of the gobs
 constexpr int kMostBleeders = 100;   // of a row; a sane panel has less than ten
 constexpr double kSchematicGob = 2;  // barrier widths
-constexpr std::size_t kCorners = 4;  // of an outline without a step
 
 PlanPoint Point(double x, double y) {
   return {static_cast<float>(x), static_cast<float>(y)};
@@ -44,6 +43,8 @@ class Layout {
       g_.RowTop = std::max({g_.RowTop, g_.Pillars[i][kLastRow][2].Y, g_.Pillars[i][kLastRow][3].Y});
     }
     g_.GobTop = static_cast<float>(static_cast<double>(g_.RowTop) + kRowsBeyond * p_.XcutSpacing);
+    firstInner_ = {{0, g_.GobTop}};
+    secondInner_ = {{static_cast<float>(CentersTo(Lines()) + W()), g_.GobTop}};
     if (p_.LoadingCondition >= 2) {
       AddFirstSide();
     }
@@ -109,22 +110,30 @@ class Layout {
     return {Point(left, near), Point(right, near + rise), Point(right, top + rise), Point(left, top)};
   }
 
-  // A barrier from its gob side to its panel side, with the step of a slab cut behind the crosscut of
-  // `pillar`, the one in row 4 beside it.
-  std::vector<PlanPoint> Barrier(double gobSide, double panelSide, double slabCut,
-                                 const PlanPoint& pillar) const {
+  // The panel's side of a barrier above its bottom, from below: the step of a slab cut behind the crosscut of
+  // `pillar`, the one in row 4 beside it, as far as the common top lets it go.
+  std::vector<PlanPoint> InnerSide(double gobSide, double panelSide, double slabCut,
+                                   const PlanPoint& pillar) const {
     const double top = static_cast<double>(g_.GobTop);
-    std::vector<PlanPoint> outline = {Point(gobSide, 0), Point(panelSide, 0)};
-    if (slabCut > 0) {
-      const double inward = panelSide > gobSide ? -slabCut : slabCut;
-      const double step = static_cast<double>(pillar.Y) + Crosscut();
-      outline.push_back(Point(panelSide, step));
-      outline.push_back(Point(panelSide + inward, step + slabCut / CrosscutSine(p_)));
-      outline.push_back(Point(panelSide + inward, top));
-    } else {
-      outline.push_back(Point(panelSide, top));
+    const double step = static_cast<double>(pillar.Y) + Crosscut();
+    if (!(slabCut > 0) || step >= top) {
+      return {Point(panelSide, top)};
     }
-    outline.push_back(Point(gobSide, top));
+    const double cut = std::min(slabCut, (top - step) * CrosscutSine(p_));
+    const double inner = panelSide + (gobSide < panelSide ? -cut : cut);
+    return {Point(panelSide, step), Point(inner, step + cut / CrosscutSine(p_)), Point(inner, top)};
+  }
+
+  // A barrier from its gob side to its panel side.
+  static std::vector<PlanPoint> Barrier(double gobSide, double panelSide,
+                                        const std::vector<PlanPoint>& innerSide) {
+    std::vector<PlanPoint> outline = {Point(gobSide, 0), Point(panelSide, 0)};
+    outline.insert(outline.end(), innerSide.begin(), innerSide.end());
+    if (innerSide.back().X == outline.front().X) {
+      outline.pop_back();  // the cut takes all of the barrier, up to the top
+    } else {
+      outline.push_back({outline.front().X, innerSide.back().Y});
+    }
     return outline;
   }
 
@@ -162,7 +171,8 @@ class Layout {
       AddBleeders(kFirstSideLine, 1, edge - W() - width, edge - W());
       edge -= W() + width + W();
     }
-    g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, p_.SlabcutFirstGob, g_.Pillars[1][kRetreatRow][3]);
+    firstInner_ = InnerSide(gobSide, panelSide, p_.SlabcutFirstGob, g_.Pillars[1][kRetreatRow][3]);
+    g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, firstInner_);
     g_.Gobs[kFirstGob] = Gob(edge - GobWidth(p_.BarrierFirstGob, p_.ExtentFirstGob), edge);
     g_.GobDrawn[kFirstBarrier] = g_.GobDrawn[kFirstGob] = 1;
   }
@@ -176,19 +186,10 @@ class Layout {
       AddBleeders(kSecondSideLine, Lines(), edge + W(), edge + W() + width);
       edge += W() + width + W();
     }
-    g_.Gobs[kSecondBarrier] =
-        Barrier(gobSide, panelSide, p_.SlabcutSecondGob, g_.Pillars[Lines()][kRetreatRow][2]);
+    secondInner_ = InnerSide(gobSide, panelSide, p_.SlabcutSecondGob, g_.Pillars[Lines()][kRetreatRow][2]);
+    g_.Gobs[kSecondBarrier] = Barrier(gobSide, panelSide, secondInner_);
     g_.Gobs[kSecondGob] = Gob(edge, edge + GobWidth(p_.BarrierSecondGob, p_.ExtentSecondGob));
     g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = 1;
-  }
-
-  // The panel's side of a barrier above its bottom, from below; a plain edge at `x` if there is none.
-  std::vector<PlanPoint> InnerSide(PlanGobIndex barrier, double x) const {
-    const std::vector<PlanPoint>& outline = g_.Gobs[barrier];
-    if (outline.empty()) {
-      return {{static_cast<float>(x), g_.GobTop}};
-    }
-    return {outline.begin() + 2, outline.end() - 1};
   }
 
   // From the crosscut behind row 4 up to the common top, slab cuts included.
@@ -202,14 +203,12 @@ class Layout {
       outline.push_back(behind(g_.Pillars[i][kRetreatRow][2]));
     }
     const auto right = static_cast<float>(CentersTo(Lines()) + W());
-    const std::vector<PlanPoint> leftSide = InnerSide(kFirstBarrier, 0);
-    const std::vector<PlanPoint> rightSide = InnerSide(kSecondBarrier, static_cast<double>(right));
-    if (g_.Gobs[kSecondBarrier].size() <= kCorners) {  // else the step is where it ends
+    if (secondInner_.size() <= 1) {  // else the step is where it ends
       outline.push_back({right, outline.back().Y});
     }
-    outline.insert(outline.end(), rightSide.begin(), rightSide.end());
-    outline.insert(outline.end(), leftSide.rbegin(), leftSide.rend());
-    if (g_.Gobs[kFirstBarrier].size() <= kCorners) {
+    outline.insert(outline.end(), secondInner_.begin(), secondInner_.end());
+    outline.insert(outline.end(), firstInner_.rbegin(), firstInner_.rend());
+    if (firstInner_.size() <= 1) {
       outline.push_back({0, outline.front().Y});
     }
   }
@@ -217,6 +216,9 @@ class Layout {
   const Project& p_;
   const PlanOptions& options_;
   PlanGeometry g_;
+  // The panel's sides, from below: those of the barriers if there are any.
+  std::vector<PlanPoint> firstInner_;
+  std::vector<PlanPoint> secondInner_;
 };
 
 }  // namespace

@@ -104,18 +104,33 @@ TEST_F(PlanWindow, FontStepsChangeTheLayout) {
 
 TEST_F(PlanWindow, StaysSquare) {
   OpenFor(kPlanFromForm);
-  QTRY_COMPARE(View().width(), View().height());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
   window_->resize(420, window_->height());
-  QTRY_COMPARE(View().width(), 420);
-  QTRY_COMPARE(View().height(), 420);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == 420; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().height() == 420; }));
   window_->resize(420, 500);
-  QTRY_COMPARE(window_->height(), 500);
-  QTRY_COMPARE(View().width(), View().height());
-  window_->showMaximized();
-  QTRY_VERIFY(!window_->isMaximized());
-  QTRY_COMPARE(View().width(), View().height());
-  const int tall = static_cast<int>(window_->screen()->availableGeometry().height() * 0.9);
-  QTRY_COMPARE(window_->height(), tall);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->height() == 500; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
+}
+
+TEST_F(PlanWindow, MaximisingEndsInOneSizeWhateverTheWindowManagerRestores) {
+  OpenFor(kPlanFromForm);
+  const QRect room = window_->screen()->availableGeometry();
+  const int tall = static_cast<int>(room.height() * 0.9);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
+  for (const QSize restored : {QSize(420, 440), room.size(), QSize(300, 500)}) {
+    window_->move(room.bottomRight() - QPoint(300, 300));  // from where it has to come back
+    window_->showMaximized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window_->isMaximized(); }));
+    window_->resize(restored);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return window_->frameGeometry().height() == tall && View().width() == View().height() &&
+             room.contains(window_->frameGeometry());
+    }));
+  }
+  window_->resize(420, window_->height());
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return View().height() == 420; }));  // the size of a person is followed again
 }
 
 TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
@@ -212,9 +227,9 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
   ASSERT_TRUE(preview.HasPlan());
   EXPECT_TRUE(preview.Shown().Picture.Texts.empty()) << "outlines alone";
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("150"));
-  QTRY_VERIFY(preview.Request().ProjectCalc.XcutSpacing == 150);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return preview.Request().ProjectCalc.XcutSpacing == 150; }));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("0"));
-  QTRY_VERIFY(!preview.HasPlan());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.HasPlan(); }));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("120"));
   bench_.State.Preferences.Options.ViewChildWindow = 0;
   Click(*form, "cmdView");

@@ -112,6 +112,26 @@ TEST(PlanGeometry, SlabCutIsASlantedStep) {
   })) << "the active gob fills the cut";
 }
 
+// Row 4 of the panel ends at 360 ft, so a cut of that width would end 20 ft above the gobs.
+TEST(PlanGeometry, SlabCutEndsAtTheCommonTop) {
+  Project p = test::TwoSideGobs();
+  const float top = PlanOf(p).GobTop;
+  p.SlabcutFirstGob = p.SlabcutSecondGob = static_cast<double>(top) - 380 + 20;
+  p.BarrierFirstGob = p.SlabcutFirstGob;
+  p.BarrierSecondGob = p.SlabcutFirstGob + 50;
+  PlanGeometry g = PlanOf(p);
+  for (const auto& outline : {g.Gobs[kFirstBarrier], g.Gobs[kSecondBarrier], g.ActiveGob}) {
+    for (const PlanPoint& corner : outline) {
+      EXPECT_LE(corner.Y, top);
+    }
+  }
+  EXPECT_FLOAT_EQ(g.Gobs[kFirstBarrier][3].X, 380 - top) << "cut off in its slope";
+  p.SlabcutFirstGob = p.BarrierFirstGob = 60;
+  g = PlanOf(p);
+  ASSERT_EQ(g.Gobs[kFirstBarrier].size(), 4U) << "nothing is left of the barrier behind the slope";
+  EXPECT_FLOAT_EQ(g.Gobs[kFirstBarrier][3].Y, 440);
+}
+
 TEST(PlanGeometry, BleederPillarsFillTheGobsHeight) {
   Project p = test::TwoSideGobs();
   p.RowC = p.RowD = 1;
