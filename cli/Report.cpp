@@ -5,8 +5,8 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
+#include "commands/PrintCommands.h"
 #include "commands/PrivateFiles.h"
-#include "core/FileNames.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "pictures/PictureKind.h"
@@ -55,7 +55,7 @@ std::string ReportPdf(const Korva& korva, const ReportCall& call) {
                           : call.Paper == "a4" ? kA4Paper
                                                : kLetterPaper;
   const auto sheets = SheetsOf(PagesText(korva, call.Pages, ""), paper, LocalTimeNow());
-  return PagesPdf(sheets, paper, FileBaseName(korva.ProjectFileName, true));
+  return PagesPdf(sheets, paper, DocumentTitle(korva));
 }
 
 void CheckCall(const ReportCall& call) {

@@ -1,4 +1,4 @@
-// The middle of the main window while a project is open: title and file, the panel's picture, the key inputs
+// The middle of the main window while a project is open: title and file, the panel to scale, the key inputs
 // and the factors of the last run.
 #pragma once
 
@@ -7,10 +7,12 @@
 #include "core/Korva.h"
 
 class QFormLayout;
-class QHBoxLayout;
+class QGridLayout;
 class QLabel;
 
 namespace korva::desktop {
+
+class CardPlan;
 
 class ProjectCard : public QWidget {
  public:
@@ -19,16 +21,12 @@ class ProjectCard : public QWidget {
   void Show(const Korva& korva);
 
  private:
-  void ShowPicture(const Project& project);
-
   QLabel* title_;
   QLabel* file_;
-  QHBoxLayout* body_;
   QFormLayout* inputs_;
-  QFormLayout* factors_;
+  QGridLayout* factors_;
   QLabel* outOfDate_;
-  QWidget* picture_ = nullptr;
-  int pictureIndex_ = -1;
+  CardPlan* plan_;
 };
 
 }  // namespace korva::desktop

@@ -17,8 +17,8 @@
 #include "commands/SettingsCommands.h"
 #include "core/Version.h"
 #include "desktop/core/ProjectCard.h"
+#include "desktop/core/StartPage.h"
 #include "desktop/core/StatusLine.h"
-#include "desktop/core/TitlePicture.h"
 #include "desktop/graphs/SweepRunner.h"
 #include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVAParm.h"
@@ -85,11 +85,15 @@ MainMenus::Commands frmMain::Commands() {
 }
 
 void frmMain::BuildBody() {
-  auto* picture = new TitlePicture(this);
-  picture->setObjectName(QStringLiteral("Picture1"));
+  auto* start = new StartPage(
+      korva_.Places,
+      {[this] { menus_.Item("mnuFileItem", kNew).trigger(); },
+       [this] { menus_.Item("mnuFileItem", kOpen).trigger(); },
+       [this](const std::string& file) { Run([&] { AfterOpening(fileMenu_.OpenPath(file)); }); }},
+      this);
   card_ = new ProjectCard(this);
   middle_ = new QStackedWidget(this);
-  middle_->addWidget(picture);
+  middle_->addWidget(start);
   middle_->addWidget(card_);
 
   lblVer_ = NewLabel(QStringLiteral("lblVer"), FromUtf8(ProgramVersionText(true)), this);

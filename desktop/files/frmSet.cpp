@@ -111,7 +111,8 @@ QGroupBox* frmSet::WindowFrame() {
   grid->addWidget(checks_["chkDispHist"], 0, 0, 1, 2);
   grid->addWidget(label, 1, 0);
   grid->addWidget(size_, 1, 1, Qt::AlignLeft);
-  grid->addWidget(font_, 2, 1);
+  grid->addWidget(font_, 2, 1, Qt::AlignLeft);
+  grid->setColumnStretch(1, 1);
   int line = 3;
   for (const char* name : {"chkMaxMenu", "chkEnableTB", "chkShowDiscl"}) {
     grid->addWidget(checks_[name], line++, 0, 1, 2);

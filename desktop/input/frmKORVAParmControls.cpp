@@ -8,6 +8,7 @@
 #include "core/Tables.h"
 #include "desktop/plan/PlanView.h"
 #include "desktop/plan/SchematicView.h"
+#include "desktop/support/ReadOut.h"
 #include "plan/PanelPicture.h"
 
 namespace korva::desktop {
@@ -160,7 +161,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
     const auto at = static_cast<std::size_t>(i - 1);
     auto* block = new FieldBox(IndexedName("Text15", i), 0, frame);
     block->setText(QString::number(i));
-    block->setReadOnly(true);
+    MakeReadOut(*block);
     block->setFocusPolicy(Qt::NoFocus);
     block->setAlignment(Qt::AlignCenter);
     block->Explain(QStringLiteral("Entry %1").arg(i), QStringLiteral("Entry %1 of the panel").arg(i));
@@ -233,7 +234,7 @@ QGroupBox* frmKORVAParmControls::RatioFrame() {
   QGroupBox* ratio = NewFrame("Frame7", "Extraction ratio");
   auto* ratioRow = new QHBoxLayout(ratio);
   Text10 = new FieldBox(QStringLiteral("Text10"), 0, ratio);
-  Text10->setReadOnly(true);
+  MakeReadOut(*Text10);
   Text10->setFocusPolicy(Qt::ClickFocus);
   Text10->setAlignment(Qt::AlignRight);
   Text10->Explain(

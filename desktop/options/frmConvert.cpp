@@ -84,6 +84,11 @@ void frmConvert::done(int result) {
   session_.State.ConvertFileOption = static_cast<std::int16_t>(GetArrayIndex(files_));
   session_.Main.Refresh();
   QDialog::done(result);
+  // Message box and form close at one time: a window manager may give the keyboard to this form just when it
+  // is gone.
+  if (QWidget* parent = parentWidget()) {
+    parent->activateWindow();
+  }
 }
 
 }  // namespace korva::desktop

@@ -9,6 +9,7 @@
 #include "core/NumberText.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/FormTools.h"
+#include "desktop/support/ReadOut.h"
 
 namespace korva::desktop {
 
@@ -73,7 +74,7 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
     source->setChecked(i == 0);
     auto* result = new QLineEdit(QStringLiteral("0"), frame);
     result->setObjectName(FromUtf8(tab.Units[i].ResultBox));
-    result->setReadOnly(true);
+    MakeReadOut(*result);
     result->setAccessibleName(QStringLiteral("Value in ") + caption);
     result->setMinimumWidth(fontMetrics().averageCharWidth() * kResultColumns);
     const int row = static_cast<int>(i);

@@ -17,6 +17,7 @@
 #include "desktop/reports/PageView.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/support/FormTools.h"
+#include "reports/PageNames.h"
 #include "services/HelpTopics.h"
 
 namespace korva::desktop {
@@ -54,10 +55,22 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   CenterForm(*this, returnTo_);
 }
 
+// The page's name and, where it holds no data, why.
+QLayout* frmResTxtPlt::NewHead() {
+  pageLabel_ = NewLabel(QStringLiteral("lblPage"), {}, this);
+  QFont bold = pageLabel_->font();
+  bold.setBold(true);
+  pageLabel_->setFont(bold);
+  emptyLabel_ = NewLabel(QStringLiteral("lblPageEmpty"), {}, this);
+  auto* head = new QHBoxLayout;
+  head->addWidget(pageLabel_);
+  head->addSpacing(2 * SpacingUnit(*this));
+  head->addWidget(emptyLabel_, 1);
+  return head;
+}
+
 void frmResTxtPlt::Build() {
   text_ = new PageView("RichTextBox1", LongestLine(session_.State.OutBuf), kPageLines, this);
-  text_->setAccessibleName(QStringLiteral("Output page"));
-  pageLabel_ = NewLabel(QStringLiteral("lblPage"), {}, this);
   const auto button = [this](const char* name, const char* caption, const char* tip, auto action) {
     QPushButton* made = NewButton(name, QLatin1String(caption), this);
     made->setToolTip(QLatin1String(tip));
@@ -85,11 +98,11 @@ void frmResTxtPlt::Build() {
 
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
+  all->addLayout(NewHead());
   all->addWidget(text_, 1);
   auto* paging = new QHBoxLayout;
-  for (QWidget* widget : std::initializer_list<QWidget*>{previous_, next_, pageLabel_}) {
-    paging->addWidget(widget);
-  }
+  paging->addWidget(previous_);
+  paging->addWidget(next_);
   paging->addStretch();
   for (QPushButton* tool : {copyPage, copyAll, printPage, printAll, savePdf, view}) {
     paging->addWidget(tool);
@@ -102,7 +115,20 @@ void frmResTxtPlt::Build() {
 
 void frmResTxtPlt::Loadbuffer() {
   text_->setPlainText(FromUtf8(session_.State.OutBuf[page_]));
-  pageLabel_->setText(QStringLiteral("Page %1 of 0 to %2").arg(page_).arg(session_.State.OutPageLast));
+  const auto& run = session_.State.LastRun;
+  const QString name = FromUtf8(PageName(run ? run->Model : kTraditionalModel, page_));
+  pageLabel_->setText(QStringLiteral("%1 of %2: %3").arg(page_).arg(session_.State.OutPageLast).arg(name));
+  emptyLabel_->setText(run ? FromUtf8(EmptyPageReason(run->Model, run->SideGobs, page_)) : QString());
+  text_->setAccessibleName(QStringLiteral("Output page ") + pageLabel_->text());
+  text_->setAccessibleDescription(emptyLabel_->text());
+}
+
+// A button with the focus would hand it to the next one when it is disabled, and the keys with it.
+void frmResTxtPlt::EnablePaging(QPushButton& button, bool enabled) {
+  if (!enabled && button.hasFocus()) {
+    text_->setFocus();
+  }
+  button.setEnabled(enabled);
 }
 
 void frmResTxtPlt::NextPage() {
@@ -110,8 +136,8 @@ void frmResTxtPlt::NextPage() {
     ++page_;
     Loadbuffer();
   }
-  previous_->setEnabled(true);
-  next_->setEnabled(page_ < session_.State.OutPageLast);
+  EnablePaging(*previous_, true);
+  EnablePaging(*next_, page_ < session_.State.OutPageLast);
 }
 
 void frmResTxtPlt::PreviousPage() {
@@ -119,8 +145,8 @@ void frmResTxtPlt::PreviousPage() {
     --page_;
     Loadbuffer();
   }
-  next_->setEnabled(true);
-  previous_->setEnabled(page_ != 0);
+  EnablePaging(*next_, true);
+  EnablePaging(*previous_, page_ != 0);
 }
 
 void frmResTxtPlt::CopyPage() {

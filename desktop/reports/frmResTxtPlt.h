@@ -7,6 +7,7 @@
 #include "desktop/support/Session.h"
 
 class QLabel;
+class QLayout;
 class QPlainTextEdit;
 class QPushButton;
 
@@ -29,8 +30,10 @@ class frmResTxtPlt final : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  QLayout* NewHead();
   void Build();
   void Loadbuffer();
+  void EnablePaging(QPushButton& button, bool enabled);
   void NextPage();
   void PreviousPage();
   void CopyPage();
@@ -46,6 +49,7 @@ class frmResTxtPlt final : public QDialog {
   bool warned_ = false;
   QPlainTextEdit* text_ = nullptr;
   QLabel* pageLabel_ = nullptr;
+  QLabel* emptyLabel_ = nullptr;
   QPushButton* next_ = nullptr;
   QPushButton* previous_ = nullptr;
 };

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
@@ -79,6 +80,15 @@ QString FilterText(const std::string& caption) {
   return FromUtf8(caption).replace(QLatin1String("(*.*)"), QLatin1String("(*.* *)"));
 }
 
+// A file name or a line of a file is shown as it is, and never read as rich text; the box's own setting holds
+// for the text alone and not for the detail.
+void KeepPlain(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  for (QLabel* label : box.findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+  }
+}
+
 // The toolkit makes a box as wide as its text.
 void MakeRoomForTitle(QMessageBox& box) {
   if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
@@ -131,9 +141,9 @@ MessageAnswer QtMessages::Show(const Message& message) {
   QMessageBox box(FrontWindow());
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setProperty(kTopicProperty, FromUtf8(message.topic));
-  box.setTextFormat(Qt::PlainText);
   box.setText(Breakable(message.text));
   box.setInformativeText(Breakable(message.detail));
+  KeepPlain(box);
   box.setWindowTitle(FromUtf8(message.title));
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(set.buttons);

@@ -18,6 +18,7 @@ namespace korva::desktop {
 namespace {
 
 constexpr int kColumns = 64;
+constexpr int kWholeBar = 100;
 
 std::chrono::sys_days Today() {
   static const QDate kEpoch(1970, 1, 1);
@@ -55,6 +56,9 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
   ProgressBar1_->setAccessibleName(QStringLiteral("Download"));
   ProgressBar1_->setTextVisible(false);
   ProgressBar1_->setFocusPolicy(Qt::ClickFocus);
+  QSizePolicy room = ProgressBar1_->sizePolicy();
+  room.setRetainSizeWhenHidden(true);  // so that nothing moves when it comes
+  ProgressBar1_->setSizePolicy(room);
   cmdCheck_->setToolTip(QStringLiteral("Asks the program's server for its latest version"));
   cmdDownUpdate_->setToolTip(
       QStringLiteral("Fetches the setup program of that version and checks its signature"));
@@ -118,7 +122,12 @@ void frmUpdate::ShowView() {
   lblLastVer_->setPalette(colours);
   lblLastVer_->setText(FromUtf8(view.LastVersion));
   lblbytes_->setText(FromUtf8(view.Bytes));
+  ProgressBar1_->setRange(0,
+                          view.Progress == 0 ? 0 : kWholeBar);  // it moves by itself before anything has come
   ProgressBar1_->setValue(view.Progress);
+  if (view.Busy) {
+    ProgressBar1_->show();
+  }
   // While buttons are off, the focus waits here and not on the next button that is on, which closes the
   // window.
   // The window may not be shown yet, or not be the active one.
@@ -133,6 +142,7 @@ void frmUpdate::ShowView() {
   if (waits && !view.Busy) {
     (view.MayInstall ? cmdInstall_ : view.MayDownload ? cmdDownUpdate_ : cmdCheck_)->setFocus();
   }
+  ProgressBar1_->setVisible(view.Busy);  // an empty bar would look like a box for text
 }
 
 // The settings are written however the window is closed.

@@ -1,5 +1,7 @@
 #include "commands/Calculate.h"
 
+#include <algorithm>
+
 #include "core/Description.h"
 #include "core/Format.h"
 #include "core/RuntimeError.h"
@@ -57,12 +59,35 @@ PageSet LaminatedPages(const Korva& korva, const Evaluated& evaluated) {
   return set;
 }
 
+// A barrier that is not there leaves 0 as its factor.
+template <class Factor>
+std::string ShownBarrier(Factor factor) {
+  return factor == 0 ? std::string() : Format(factor, kFactorPattern);
+}
+
+FactorLine FactorLineOf(const Evaluated& evaluated, bool laminated, int c, int sideGobs,
+                        const OptionSettings& options) {
+  FactorLine line{laminated, c == kRetreat, ShownFactors(evaluated, laminated, options)[c], {}};
+  for (int side = 0; side < sideGobs; ++side) {
+    line.Barriers.at(static_cast<std::size_t>(side)) =
+        laminated ? ShownBarrier(evaluated.Laminated.Results.StrondBarrierSF[c - kDevelopment][side])
+                  : ShownBarrier(evaluated.Run.Out.BarrierSF[c][kFirstSide + side]);
+  }
+  return line;
+}
+
 // What the pages were made of, as the input record would have to be for them to hold still.
 RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
-  const bool hasRetreat = LastCaseShown(korva.ProjectCalc, evaluated.Run.Work) == kRetreat;
-  const auto factors =
-      ShownFactors(evaluated, evaluated.Model != kTraditionalModel, korva.Preferences.Options);
-  return {korva.ProjectCalc, korva.Stored.ProjectUnits, hasRetreat, factors[kDevelopment], factors[kRetreat]};
+  const int sideGobs = std::max(0, evaluated.Run.Work.LoadCond - kActiveGob);
+  RunSummary summary{korva.ProjectCalc, korva.Stored.ProjectUnits, evaluated.Model, sideGobs, {}};
+  for (const bool laminated : {false, true}) {
+    const bool ran = laminated ? evaluated.Model != kTraditionalModel
+                               : evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
+    for (int c = kDevelopment; ran && c <= LastCaseShown(korva.ProjectCalc, evaluated.Run.Work); ++c) {
+      summary.Factors.push_back(FactorLineOf(evaluated, laminated, c, sideGobs, korva.Preferences.Options));
+    }
+  }
+  return summary;
 }
 
 bool IsRefused(Korva& korva, MessagePort& messages) {

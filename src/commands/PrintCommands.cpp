@@ -3,6 +3,7 @@
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
 #include "core/FileNames.h"
+#include "core/Text.h"
 #include "files/SafeWriter.h"
 #include "services/PagePrinter.h"
 #include "services/PagesPdf.h"
@@ -70,6 +71,11 @@ PaperSize PaperInUse(const Korva& korva, PrinterPort& printer) {
   return printer.Paper().value_or(PaperOfUnits(korva.Stored.ProjectUnits));
 }
 
+std::string DocumentTitle(const Korva& korva) {
+  const std::string_view title = Trimmed(korva.Stored.ProjectTitle);
+  return title.empty() ? FileBaseName(korva.ProjectFileName, true) : std::string(title);
+}
+
 void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text) {
   const FileQuestion question = {.Save = true,
                                  .Title = "Save as PDF",
@@ -83,7 +89,7 @@ void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text) {
   }
   const BusyPointer busy(ports.Busy);
   const PaperSize paper = PaperInUse(korva, ports.Printer);
-  WriteFileSafely(*file, PagesPdf(SheetsOf(text, paper, LocalTimeNow()), paper, FileBaseName(*file, true)));
+  WriteFileSafely(*file, PagesPdf(SheetsOf(text, paper, LocalTimeNow()), paper, DocumentTitle(korva)));
   HistoryLog(korva.SessionHistory, korva.Preferences, "Output saved to file: " + *file);
 }
 

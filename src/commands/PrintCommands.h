@@ -2,6 +2,7 @@
 // PDF.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -29,6 +30,9 @@ std::string JoinPages(const Korva& korva, int first, int last);
 
 // The paper in the printer; without a printer the paper that the project's units ask for.
 PaperSize PaperInUse(const Korva& korva, PrinterPort& printer);
+
+// What a document of the project is called: its title, or its file's name where it has none.
+std::string DocumentTitle(const Korva& korva);
 
 // "Save as PDF": asks for a name and writes `text` as it would be printed. Run-time errors of writing.
 void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text);

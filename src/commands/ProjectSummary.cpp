@@ -54,10 +54,21 @@ FactorSummary LastFactors(const Korva& korva) {
   if (!korva.LastRun) {
     return summary;
   }
+  const RunSummary& run = *korva.LastRun;
   summary.OutOfDate = !SameInputs(korva);
-  summary.Rows.push_back({std::string(ModelStageTitles[0]), korva.LastRun->Development});
-  if (korva.LastRun->HasRetreat) {
-    summary.Rows.push_back({std::string(ModelStageTitles[1]), korva.LastRun->Retreat});
+  summary.Columns = {"Mining zone"};
+  for (int side = 0; side < run.SideGobs; ++side) {
+    summary.Columns.push_back(fmt::format("{} barrier", FirstSecond.at(static_cast<std::size_t>(side))));
+  }
+  const auto shown = [](const std::string& factor) { return factor.empty() ? "\u2013" : factor; };
+  for (const FactorLine& line : run.Factors) {
+    const std::size_t title = (line.Laminated ? 2 : 0) + (line.Retreat ? 1 : 0);
+    FactorSummary::Row& row = summary.Rows.emplace_back();
+    row.Caption = ModelStageTitles.at(title);
+    row.Values = {shown(line.Zone)};
+    for (int side = 0; side < run.SideGobs; ++side) {
+      row.Values.push_back(shown(line.Barriers.at(static_cast<std::size_t>(side))));
+    }
   }
   return summary;
 }

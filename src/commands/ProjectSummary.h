@@ -16,9 +16,15 @@ struct SummaryRow {
 // The inputs that make the panel, with their units.
 std::vector<SummaryRow> KeyInputs(const StoredProject& project);
 
-// The stability factors of the last run as its page shows them; empty if there was none for this project.
+// The stability factors of the last run as its page shows them, a row for each case of each model that ran;
+// an en dash for what was not computed. No rows if there was no run for this project.
 struct FactorSummary {
-  std::vector<SummaryRow> Rows;
+  struct Row {
+    std::string Caption;
+    std::vector<std::string> Values;  // by column
+  };
+  std::vector<std::string> Columns;  // the zone, and the barriers that there are
+  std::vector<Row> Rows;
   bool OutOfDate = false;  // an input has changed since
 };
 FactorSummary LastFactors(const Korva& korva);

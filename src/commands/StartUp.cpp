@@ -1,7 +1,5 @@
 #include "commands/StartUp.h"
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <system_error>
 
@@ -45,13 +43,6 @@ std::string UserRoot(const MachineFolders& machine) {
   return WithSeparator(machine.DataHome);
 }
 
-bool IsProjectName(const fs::path& path) {
-  std::string extension = path.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return extension == "." + std::string(kProjectExtension) && path.filename().string().front() != '.';
-}
-
 }  // namespace
 
 Folders MakeFolders(const MachineFolders& machine) {
@@ -85,7 +76,7 @@ void CopyExampleProjects(const Folders& places) {
        entry.increment(failure)) {
     const std::string target = places.ProductFolder + entry->path().filename().string();
     try {
-      if (IsProjectName(entry->path()) && !StateOfFile(target).exists) {
+      if (IsProjectName(entry->path().filename().string()) && !StateOfFile(target).exists) {
         WriteFileSafely(target, WithFileLineEnds(ReadWholeFile(entry->path().string(), kLargestProjectFile)));
       }
     } catch (const RuntimeError&) {

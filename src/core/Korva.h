@@ -15,6 +15,7 @@
 #include "core/Messages.h"
 #include "core/PlanValues.h"
 #include "core/Project.h"
+#include "core/RunSummary.h"
 #include "core/Settings.h"
 #include "core/StrondResults.h"
 #include "core/UpdateSource.h"
@@ -29,15 +30,6 @@ struct KnownFile {
   std::string Name;
   std::string Bytes;
   bool ReadWhole = false;  // false: saving over it would lose what was not read
-};
-
-// What the last run was about: the record, and the stability factors as its first page shows them.
-struct RunSummary {
-  Project Input;
-  std::int16_t Units = kEnglish;
-  bool HasRetreat = false;
-  std::string Development;
-  std::string Retreat;
 };
 
 // The six output pages; page 0 is the input echo.

@@ -93,6 +93,10 @@ bool DescriptionReadsBack(std::string_view text) {
 
 }  // namespace
 
+bool IsProjectName(std::string_view name) {
+  return !name.starts_with('.') && LowerCase(name).ends_with("." + LowerCase(kProjectExtension));
+}
+
 std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std::string& fileName) {
   std::vector<FileNotice> notices;
   const std::string_view first =

@@ -15,6 +15,10 @@ namespace korva {
 inline constexpr std::string_view kProjectExtension = "KVL";
 inline constexpr std::string_view kInvalidFormat = "Invalid file format";
 
+// Whether a file of that name, without its folder, is offered as a project: by its extension in any case, and
+// no hidden one.
+bool IsProjectName(std::string_view name);
+
 // A project file of this size is taken for something else.
 inline constexpr std::uint64_t kLargestProjectFile = std::uint64_t{16} << 20;
 

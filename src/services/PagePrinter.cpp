@@ -10,6 +10,7 @@
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "core/Version.h"
+#include "services/SheetPieces.h"
 
 namespace korva {
 
@@ -119,17 +120,40 @@ void PagePrinter::Begin() {
   Header();
 }
 
-// What is too long for a line goes on in the next one. A full page is left when there is more to print on it,
-// so that no document ends with an empty sheet.
-void PagePrinter::Line(std::string_view text) {
+// What is too long for a line goes on in the next one.
+std::vector<std::string> PagePrinter::PrintedLines(std::string_view text) const {
   const std::string line = Printable(text);
+  std::vector<std::string> lines;
   std::string_view rest = line;
   do {
-    if (y_ > paper_.Height - kBelowPageEnd) {
+    lines.push_back(TakePiece(rest, Columns()));
+  } while (!rest.empty());
+  return lines;
+}
+
+// A full page is left when there is more to print on it, so that no document ends with an empty sheet.
+void PagePrinter::Line(std::string_view text) {
+  for (std::string& line : PrintedLines(text)) {
+    if (LinesFrom(y_) == 0) {
       NewPage();
     }
-    Put(TakePiece(rest, Columns()), false);
-  } while (!rest.empty());
+    Put(std::move(line), false);
+  }
+}
+
+std::size_t PagePrinter::LinesFrom(int y) const {
+  const int room = paper_.Height - kBelowPageEnd - y;
+  return room < 0 ? 0 : static_cast<std::size_t>(room / kPrintLineHeight) + 1;
+}
+
+bool PagePrinter::WouldCut(std::string_view text) const {
+  std::size_t lines = 0;
+  while (!text.empty()) {
+    const SplitLine split = TakeLine(text);
+    lines += PrintedLines(split.line).size();
+    text = split.rest;
+  }
+  return lines > LinesFrom(y_) && lines <= LinesFrom(bodyTop_);
 }
 
 void PagePrinter::NewPage() {
@@ -155,6 +179,7 @@ void PagePrinter::Header() {
   sheets_.back().Texts.back().X = RightMargin() - static_cast<int>(page.size()) * kPrintCharacterWidth;
   sheets_.back().Rules.push_back({kMargin, RightMargin(), y_});
   y_ += kBelowRule;
+  bodyTop_ = y_;
 }
 
 // An empty line takes its place and leaves no record.
@@ -177,7 +202,12 @@ std::size_t PagePrinter::Columns() const {
 std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const std::tm& now) {
   PagePrinter printer(paper, now);
   printer.PrintOut(PrintMode::kBegin, {});
-  printer.PrintOut(PrintMode::kText, text);
+  for (const TextPiece& piece : PiecesOf(text)) {
+    if (printer.WouldCut(piece.Kept)) {
+      printer.PrintOut(PrintMode::kNewPage, {});
+    }
+    printer.PrintOut(PrintMode::kText, piece.Text);
+  }
   printer.PrintOut(PrintMode::kEnd, {});
   return printer.Ended();
 }

@@ -29,6 +29,9 @@ class PagePrinter {
   // Run-time error 5 for another mode, and for any but kBegin while no document is in progress.
   void PrintOut(PrintMode mode, std::string_view text);
 
+  // Whether `text` would begin on this sheet and end on the next, and has room on one alone.
+  bool WouldCut(std::string_view text) const;
+
   // The last document that was ended.
   const std::vector<PrintedSheet>& Ended() const { return ended_; }
 
@@ -38,6 +41,10 @@ class PagePrinter {
   void NewPage();
   void Header();
   void Put(std::string text, bool bold);
+  // A line of text as lines of the sheet.
+  std::vector<std::string> PrintedLines(std::string_view text) const;
+  // How many lines a sheet takes from `y` on.
+  std::size_t LinesFrom(int y) const;
   int RightMargin() const;
   std::size_t Columns() const;
 
@@ -47,12 +54,14 @@ class PagePrinter {
   std::string time_;
   int page_ = 0;
   int y_ = 0;
+  int bodyTop_ = 0;  // below the header
   bool begun_ = false;
   std::vector<PrintedSheet> sheets_;
   std::vector<PrintedSheet> ended_;
 };
 
-// `text` as a document of its own: begin, text, end.
+// `text` as a document of its own: begin, text, end. A sheet ends early rather than between a heading and
+// what it heads, or within a table or a paragraph.
 std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const std::tm& now);
 
 // The paper of a country with those units: A4 for metric ones, else Letter.

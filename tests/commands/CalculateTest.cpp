@@ -98,7 +98,10 @@ TEST(CalculateStabilityFactors, TreatsBothLaminatedModesAlike) {
     EXPECT_EQ(korva.WarningText, "") << "an earlier run's warnings";
     EXPECT_EQ(korva.StrondResultFile, folder / "Untitled_KVSD.CSV");
     EXPECT_GT(korva.Strond.StrondSF[1], 0.3);
-    EXPECT_NE(korva.OutBuf[1].find(korva.LastRun->Retreat), std::string::npos);
+    EXPECT_EQ(korva.LastRun->Model, kLaminatedModel);
+    for (const FactorLine& line : korva.LastRun->Factors) {
+      EXPECT_NE(korva.OutBuf[1].find("..  " + line.Zone), std::string::npos);
+    }
   }
 }
 

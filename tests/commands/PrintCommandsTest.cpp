@@ -122,6 +122,18 @@ TEST_F(PrintCommands, SavesWhatWouldBePrinted) {
   EXPECT_EQ(korva.SessionHistory.HistoryCounter, 3);
 }
 
+TEST_F(PrintCommands, APdfHasTheTitleOfTheProject) {
+  const std::string file = folder / "out.pdf";
+  const auto saved = [&](const std::string& title) {
+    korva.Stored.ProjectTitle = title;
+    ports.Files.Expect(file);
+    SaveTextAsPdf(korva, ports.All, "text");
+    return TempFolder::Bytes(file);
+  };
+  EXPECT_NE(saved("Panel 7").find("/Title (Panel 7)"), std::string::npos);
+  EXPECT_NE(saved("  ").find("/Title (panel)"), std::string::npos) << "the project's file, not the PDF's";
+}
+
 TEST_F(PrintCommands, APdfThatCannotBeWrittenLeavesTheOldOne) {
   std::filesystem::create_directory(folder / "full.pdf");
   ports.Files.Expect(folder / "full.pdf");

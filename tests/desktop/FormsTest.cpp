@@ -1,9 +1,11 @@
 // The smaller forms, each alone.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTabWidget>
@@ -17,6 +19,7 @@
 #include "desktop/reports/SheetView.h"
 #include "desktop/reports/frmPopUp.h"
 #include "desktop/reports/frmResTxtPlt.h"
+#include "desktop/services/QtPorts.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmPath.h"
 #include "desktop/services/frmPreview.h"
@@ -127,6 +130,60 @@ TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
   EXPECT_NE(bench.History().find("Output page # 0copied to clipboard"), std::string::npos);
   QTest::keyClick(form, Qt::Key_Escape);
   EXPECT_TRUE(caller.isEnabled() && caller.isVisible());
+}
+
+TEST_F(Forms, ResultsNameTheirPagesAndSayWhyOneIsEmpty) {
+  bench.State.Stored = test::Stored(test::DevelopmentPanel());
+  bench.State.ProjectEmpty = false;
+  ASSERT_TRUE(CalculateStabilityFactors(bench.State, bench.Outside.Messages));
+  frmResTxtPlt form(bench.Forms, nullptr);
+  form.setAttribute(Qt::WA_DeleteOnClose, false);
+  const auto label = [&form](const char* name) { return The<QLabel>(form, name).text(); };
+  EXPECT_EQ(label("lblPage"), QStringLiteral("1 of 5: Stability factors"));
+  EXPECT_EQ(label("lblPageEmpty"), QString());
+  for (int page = 2; page <= 4; ++page) {
+    Click(form, "cmdNextPage");
+  }
+  EXPECT_EQ(label("lblPage"), QStringLiteral("4 of 5: Barrier pillars"));
+  EXPECT_TRUE(label("lblPageEmpty").contains(QStringLiteral("no side gob")));
+  EXPECT_EQ(The<QPlainTextEdit>(form, "RichTextBox1").toPlainText(),
+            QStringLiteral("[BARRIER PILLAR PARAMETERS]\n\n***none***\n\n"))
+      << "the page itself stays as it is";
+}
+
+TEST_F(Forms, KeysOnTheLastPageReachNoOtherButton) {
+  frmResTxtPlt form(bench.Forms, nullptr);
+  form.setAttribute(Qt::WA_DeleteOnClose, false);
+  form.show();
+  QApplication::setActiveWindow(&form);
+  EXPECT_TRUE(The<QWidget>(form, "cmdNextPage").hasFocus());
+  for (int press = 0; press < 8; ++press) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  }
+  EXPECT_TRUE(The<QLabel>(form, "lblPage").text().startsWith(QStringLiteral("5 of 5")));
+  EXPECT_EQ(bench.Outside.Clipboard.Text, "");
+  EXPECT_TRUE(The<QWidget>(form, "RichTextBox1").hasFocus());
+  The<QWidget>(form, "Command5").setFocus();
+  for (int press = 0; press < 8; ++press) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  }
+  EXPECT_TRUE(The<QLabel>(form, "lblPage").text().startsWith(QStringLiteral("0 of 5"))) << "and not back";
+}
+
+// A text that would be a heading and a link if it were read as rich text.
+TEST_F(Forms, NoPartOfAMessageIsReadAsRichText) {
+  const QString odd = QStringLiteral("<h1>big</h1><a href='file:///etc'>there</a>");
+  QStringList plain;
+  QTimer::singleShot(0, qApp, [&] {
+    for (const QLabel* label : QApplication::activeModalWidget()->findChildren<QLabel*>()) {
+      if (label->text() == odd && label->textFormat() == Qt::PlainText) {
+        plain << label->objectName();
+      }
+    }
+    QApplication::activeModalWidget()->close();
+  });
+  QtMessages().Show({.text = odd.toStdString(), .title = {}, .detail = odd.toStdString()});
+  EXPECT_EQ(plain.size(), 2) << "text and detail";
 }
 
 TEST_F(Forms, ResultsArePrintedAndSaved) {

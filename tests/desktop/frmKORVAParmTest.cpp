@@ -92,6 +92,7 @@ TEST_F(ParameterForm, DependentFieldsFollowWhatIsTyped) {
   The<QComboBox>(*form, "Combo1").setCurrentText(QStringLiteral("6"));
   EXPECT_EQ(Box("txtNumberEntries").Text(), "6");
   EXPECT_EQ(Box("txtXcutCenters(5)").Text(), "60");  // filled from the first
+  EXPECT_FALSE(Box("Text10").hasFrame() || Box("Text15(6)").hasFrame()) << "nothing to type in";
   EXPECT_TRUE(Shown("txtXcutCenters(5)") && Shown("Text15(6)") && Shown("Label23(5)"));
   EXPECT_FALSE(Shown("txtXcutCenters(6)") || Shown("Text15(7)") || Shown("Line1(7)"));
   QTest::mouseClick(&Check("chkEqual"), Qt::LeftButton, {}, QPoint(8, Check("chkEqual").height() / 2));

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
 #include <filesystem>
@@ -342,6 +343,58 @@ TEST_F(MainForm, AMenuCalculationOfWhatTheFormRefusesSaysSo) {
   korva.Stored.ProjectInput.XcutAngle = 60;
   main->Refresh();
   EXPECT_TRUE(The<QLabel>(*main, "lblCardOutOfDate").isVisible());
+}
+
+TEST_F(MainForm, AnEmptyStartOffersNewOpenAndTheExamples) {
+  korva.Places.Examples = KORVA_EXAMPLES "/";
+  korva.Places.ProductFolder = folder / "";
+  folder.Put("slab-cuts.KVL", "my own");
+  Begin();
+  const auto item = [this](const char* file) -> QAction& {
+    for (QAction* action : The<QMenu>(*main, "mnuStartExamples").actions()) {
+      if (action->text().contains(QLatin1String(file))) {
+        return *action;
+      }
+    }
+    throw std::runtime_error("no example");
+  };
+  EXPECT_TRUE(The<QWidget>(*main, "cmdStartExamples").isVisible());
+  EXPECT_TRUE(The<QMenu>(*main, "mnuStartExamples").isEmpty()) << "the start waits for no file";
+  PressLater("frmKORVADesc", "Command1");
+  Click(*main, "cmdStartNew");
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  ports.Files.Expect(std::nullopt);
+  Click(*main, "cmdStartOpen");
+  EXPECT_EQ(ports.Files.Asked.size(), 1U);
+  emit The<QMenu>(*main, "mnuStartExamples").aboutToShow();
+  EXPECT_EQ(item("refused.KVL").text(), QStringLiteral("Panel with a missing center distance (refused.KVL)"));
+  EXPECT_EQ(item("slab-cuts.KVL").text(), QStringLiteral("slab-cuts (slab-cuts.KVL)"));
+  item("development.KVL").trigger();
+  EXPECT_EQ(korva.ProjectFileName, folder / "development.KVL") << "the person's own copy";
+  EXPECT_FALSE(The<QWidget>(*main, "cmdStartNew").isVisible());
+  EXPECT_TRUE(The<QWidget>(*main, "picCardPlan").isVisible());
+}
+
+TEST_F(MainForm, TheCardShowsTheFactorsOfTheLastRunBarriersBesideTheZone) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin(KORVA_EXAMPLES "/two-side-gobs.KVL");
+  Choose("mnuCalcItem(0)");
+  ports.Messages.Expect("C. Analysis");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !ports.Messages.Shown.empty(); }));
+  Window("frmResTxtPlt")->close();
+  const auto value = [this](const char* name) {
+    for (const QLabel* label : main->findChildren<QLabel*>()) {
+      if (label->accessibleName() == QLatin1String(name)) {
+        return (label->font().strikeOut() ? "-" : "") + label->text().toStdString();
+      }
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(value("Retreat (KORVA), Mining zone"), "1.33");
+  EXPECT_EQ(value("Development (KORVA), Second barrier"), "3.92");
+  korva.Stored.ProjectInput.DepthCover += 1;
+  main->Refresh();
+  EXPECT_EQ(value("Retreat (KORVA), Mining zone"), "-1.33");
 }
 
 TEST_F(MainForm, ADroppedFileIsOpened) {

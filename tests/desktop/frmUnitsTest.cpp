@@ -33,6 +33,10 @@ TEST(UnitsForm, ConvertsAsItIsTypedAndWhenTheUnitChanges) {
   EXPECT_EQ(TextIn(form, "Text2"), "6.944444444444444E-06");
   EXPECT_EQ(TextIn(form, "Text3"), "0.006944444444444444");
   EXPECT_EQ(bench.History(), "1. Loading Unit Conversion Form\r\n");
+  const auto& result = The<QLineEdit>(form, "Text9");
+  EXPECT_TRUE(result.isReadOnly());
+  EXPECT_TRUE(!result.hasFrame() && result.palette().color(QPalette::Base).alpha() == 0)
+      << "no box to type in";
 }
 
 TEST(UnitsForm, CopiesItsResultsAndTellsAnOverflow) {

@@ -46,6 +46,7 @@ TEST(UpdateForm, OpensWithItsOwnVersionAndNothingToDownload) {
   EXPECT_TRUE(IsEnabled(form, "cmdCheck"));
   EXPECT_FALSE(IsEnabled(form, "cmdDownUpdate") || IsEnabled(form, "cmdInstall"));
   EXPECT_TRUE(bench.Outside.Fetches.Asked.empty()) << "nothing is asked before a button is pressed";
+  EXPECT_FALSE(The<QWidget>(form, "ProgressBar1").isVisible()) << "an idle bar looks like a box for text";
   Click(form, "lblURL");
   EXPECT_EQ(bench.Outside.Documents.Opened.back(), "https://example.invalid/page/");
 }
@@ -56,10 +57,12 @@ TEST(UpdateForm, ShowsEachStepAndEndsTheProgramForTheSetup) {
   form.show();
   Click(form, "cmdCheck");
   EXPECT_FALSE(IsEnabled(form, "cmdCheck")) << "one fetch at a time";
+  EXPECT_TRUE(The<QWidget>(form, "ProgressBar1").isVisible());
   bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
                                 MessageAnswer::kCancel);
   bench.Outside.Fetches.Give("1106");
   EXPECT_TRUE(IsEnabled(form, "cmdDownUpdate"));
+  EXPECT_FALSE(The<QWidget>(form, "ProgressBar1").isVisible());
   Click(form, "cmdDownUpdate");
   bench.Outside.Fetches.Give(std::string(test::kSetupSignature));
   bench.Outside.Fetches.Tell(40000);

@@ -138,6 +138,56 @@ TEST(PagePrinter, ModesCallByCall) {
   }
 }
 
+// Text that fills a Letter sheet of 65 lines but for the last `left`, an empty line behind it.
+std::string AllBut(int left) {
+  return Lines(64 - left) + "\r\n";
+}
+
+TEST(PagePrinter, ASheetEndsBeforeAHeadingOrATableThatItWouldCut) {
+  const std::string table = "[A HEADING]\r\n\r\nHEAD\r\n (ft)\r\nrow 1\r\nrow 2\r\n";
+  const std::string nested = "[ONE]\r\n\r\n[Two]\r\nvalue\r\n";
+  for (const auto& [text, lines] : {std::pair{table, 6}, {nested, 4}, {std::string("a\r\nb\r\n"), 2}}) {
+    for (int left = 0; left < lines; ++left) {
+      const auto sheets = SheetsOf(AllBut(left) + text, kLetterPaper, Moment());
+      ASSERT_EQ(sheets.size(), 2U);
+      EXPECT_EQ(Body(sheets[0]).back(), std::to_string(64 - left));
+      EXPECT_EQ(sheets[1].Texts[2].Text, text.substr(0, text.find("\r\n"))) << left;
+    }
+    EXPECT_EQ(SheetsOf(AllBut(lines) + text, kLetterPaper, Moment()).size(), 1U) << "it fits";
+  }
+}
+
+TEST(PagePrinter, WhatBeginsWithAHeadingIsCutBeforeTheNext) {
+  const std::string lists = "[ONE]\r\na\r\nb\r\n[TWO]\r\nc\r\n";  // no empty line between them
+  const auto sheets = SheetsOf(AllBut(4) + lists, kLetterPaper, Moment());
+  ASSERT_EQ(sheets.size(), 2U);
+  EXPECT_EQ(Body(sheets[0]).back(), "b");
+  EXPECT_EQ(Body(sheets[1]), (std::vector<std::string>{"[TWO]", "c"}));
+}
+
+TEST(PagePrinter, OfWhatIsVeryLongOnlyTheBeginningStaysTogether) {
+  const std::string list = "[LIST]\r\n" + Lines(30);
+  EXPECT_EQ(Body(SheetsOf(AllBut(4) + list, kLetterPaper, Moment()).at(0)).back(), "3");
+  EXPECT_EQ(Body(SheetsOf(AllBut(3) + list, kLetterPaper, Moment()).at(1)).front(), "[LIST]");
+  constexpr PaperSize kStrip = {12240, 3400};  // takes no heading with its rows
+  const auto strips = SheetsOf("x\r\n\r\n[A]\r\n1\r\n2\r\n3\r\n4\r\n", kStrip, Moment());
+  EXPECT_EQ(Body(strips.at(0)).front(), "x");
+  EXPECT_EQ(Body(strips.back()).back(), "4");
+}
+
+TEST(PagePrinter, NoLineIsLostOrAddedByTheBreaks) {
+  const std::string text = "\r\n[A]\r\n\r\n\r\n" + Lines(40) + "\r\n[B]\r\n" + Lines(40) + "\r\nend";
+  std::vector<std::string> lines;
+  std::size_t height = 0;
+  for (const PrintedSheet& sheet : A4Sheets(text)) {
+    const auto body = Body(sheet);
+    lines.insert(lines.end(), body.begin(), body.end());
+    height += static_cast<std::size_t>((sheet.Texts.back().Y - sheet.Rules[0].Y - 50) / 204 + 1);
+  }
+  EXPECT_EQ(lines.size(), 83U);
+  EXPECT_EQ(height, 88U) << "the empty lines take their place";
+}
+
 TEST(PagePrinter, NothingOfTheHeaderIsLostOnNarrowPaper) {
   constexpr PaperSize kA6 = {5953, 8391};
   const auto sheet = SheetsOf("text", kA6, Moment()).at(0);

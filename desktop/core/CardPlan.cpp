@@ -1,0 +1,54 @@
+#include "desktop/core/CardPlan.h"
+
+#include "commands/PlanCommands.h"
+#include "desktop/plan/PaintDrawing.h"
+#include "desktop/support/FormTools.h"
+#include "plan/PanelOverview.h"
+#include "plan/PanelSchematic.h"
+
+namespace korva::desktop {
+
+namespace {
+
+constexpr int kColumns = 62;  // of digits
+constexpr int kLines = 19;
+const QString kNoPlan = QStringLiteral("No plan: these dimensions make no panel");
+
+}  // namespace
+
+CardPlan::CardPlan(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("picCardPlan"));
+}
+
+void CardPlan::Show(const Korva& korva) {
+  const Project& project = korva.Stored.ProjectInput;
+  const auto request = PreviewRequest(korva, project);
+  drawing_ = request ? PanelOverview(*request) : std::nullopt;
+  const int picture =
+      PanelPictureIndex(project.LoadingCondition, project.RowA, project.RowB, project.RowC, project.RowD);
+  const QString panel = FromUtf8(PanelSchematicText(PanelPictureOf(picture)));
+  const QString text = drawing_ ? QStringLiteral("The panel to scale: ") + panel : kNoPlan;
+  setAccessibleName(text);
+  setToolTip(text);
+  update();
+}
+
+QSize CardPlan::sizeHint() const {
+  const QFontMetrics metrics(font());
+  return {metrics.horizontalAdvance(QLatin1Char('0')) * kColumns, metrics.height() * kLines};
+}
+
+QSize CardPlan::minimumSizeHint() const {
+  return sizeHint() / 2;
+}
+
+void CardPlan::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (drawing_) {
+    PaintDrawing(painter, rect(), *drawing_, {palette(), DrawingFont(font())});
+  } else {
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, kNoPlan);
+  }
+}
+
+}  // namespace korva::desktop
