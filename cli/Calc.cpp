@@ -37,12 +37,17 @@ Json FormJson(const Korva& korva, const std::string& file) {
           {"Calc_Ext_Ratio", value([&] { return Calc_Ext_Ratio(fields); })}};
 }
 
+// The results of the models that ran.
 Json CalcJson(const Korva& korva, const Evaluated& evaluated, const std::string& file) {
   const Calculation& run = evaluated.Run;
   Json json = Json::object();
-  VisitResults(run.Out, [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
-  VisitStrondResults(evaluated.Laminated.Results,
-                     [&json](const char* name, const auto& value) { json[name] = ValueJson(value); });
+  const auto add = [&json](const char* name, const auto& value) { json[name] = ValueJson(value); };
+  if (evaluated.HasTraditional()) {
+    VisitResults(run.Out, add);
+  }
+  if (evaluated.HasLaminated()) {
+    VisitStrondResults(evaluated.Laminated.Results, add);
+  }
   json["LoadCond"] = run.Work.LoadCond;
   json["PanelWidth"] = run.Work.PanelWidth;
   json["form"] = FormJson(korva, file);

@@ -22,6 +22,9 @@ constexpr std::chrono::milliseconds kBarInterval{100};
 void Print(std::string_view text) {
   errno = 0;
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    if (errno == EPIPE) {
+      throw ClosedPipe();
+    }
     ThrowSystemError(errno, "standard output", "writing");
   }
 }

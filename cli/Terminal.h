@@ -16,7 +16,10 @@ inline constexpr int kRefused = 1;
 inline constexpr int kUsage = 2;
 inline constexpr int kFailed = 3;
 
-// Writes to standard output; a run-time error if that cannot be written.
+// Standard output is a pipe that nobody reads any more. It ends the call without a word.
+struct ClosedPipe {};
+
+// Writes to standard output; a run-time error if that cannot be written, or ClosedPipe.
 void Print(std::string_view text);
 
 // A line on standard error behind the program's name, in which "?" stands for control characters, since words

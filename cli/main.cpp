@@ -6,6 +6,8 @@
 #include <numeric>
 
 #include "Parser.h"
+#include "files/EndingSignals.h"
+#include "files/PrivateFolder.h"
 
 namespace korva::cli {
 
@@ -68,11 +70,16 @@ int Run(int argc, char** argv) {
 }  // namespace korva::cli
 
 int main(int argc, char** argv) {
+  const korva::EndingSignals signals(korva::RemovePrivateFoldersForGood);
   try {
     return korva::cli::Run(argc, argv);
   } catch (const korva::cli::UsageError& error) {
     korva::cli::Complain(error.text);
     return korva::cli::kUsage;
+  } catch (const korva::cli::ClosedPipe&) {
+    signals.EndByClosedPipe();
+    korva::cli::Complain("standard output: nobody reads it any more");
+    return korva::cli::kFailed;
   } catch (const std::exception& error) {
     korva::cli::Complain(error.what());
     return korva::cli::kFailed;

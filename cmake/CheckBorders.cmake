@@ -37,6 +37,16 @@ foreach(source IN LISTS sources)
   endforeach()
 endforeach()
 
+# The README's picture shows all of them.
+file(READ ${SOURCE}/../README.md readme)
+foreach(source IN LISTS sources)
+  string(REGEX MATCH "^[^/]+" folder ${source})
+  if(NOT readme MATCHES "  ${folder}  |-> ${folder} <-")
+    list(APPEND faults "${folder}: not in the picture of README.md")
+  endif()
+endforeach()
+list(REMOVE_DUPLICATES faults)
+
 list(LENGTH sources count)
 if(count EQUAL 0)
   message(FATAL_ERROR "no sources below ${SOURCE}")

@@ -8,6 +8,7 @@ set(platform_files
   solver/src/ResultFilePosix.cpp
   src/files/ChildProcessPosix.cpp
   src/files/DynamicLibraryPosix.cpp
+  src/files/EndingSignalsPosix.cpp
   src/files/PlatformFilePosix.cpp
   src/services/FileAssociationXdg.cpp
   xls/LimitsPosix.cpp

@@ -48,6 +48,10 @@ class BookReader {
       case kDateSystemRecord:
         book_.Dates = reader.Word() == 1 ? DateSystem::k1904 : DateSystem::k1900;
         break;
+      case kCalculatorRecord:
+        reader.Long();  // its own number once more
+        book_.Calculator = reader.Long();
+        break;
       case kStyleRecord:
         reader.Word();  // its font
         styles_.push_back(reader.Word());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,9 @@ struct BiffBook {
   };
   TextCoding Coding;
   DateSystem Dates = DateSystem::k1900;
+  // The number of the program that calculated it; 0 asks for doing it anew when the workbook is opened.
+  // Scripts and programs before 2000 name none.
+  std::optional<std::uint32_t> Calculator;
   std::vector<Worksheet> Worksheets;
   std::vector<std::string> Texts;  // that the cells of all worksheets share
   std::vector<bool> DateStyles;    // whether a style shows a number as a date, by its number

@@ -37,7 +37,8 @@ Cell BooleanOrError(std::uint8_t value, bool isError) {
 
 class CellReader {
  public:
-  CellReader(const BiffBook& book, RecordReader records) : book_(book), records_(records) {}
+  CellReader(const BiffBook& book, RecordReader records)
+      : book_(book), records_(records), isCalculatedAnew_(book.Calculator == 0) {}
 
   BiffCells Read() {
     if (records_.Next().Id != kBeginRecord) {
@@ -95,6 +96,9 @@ class CellReader {
         Put(place, {CellKind::kText, 0, TakeText(length, reader, book_.Coding, records_)});
         break;
       }
+      case kNotCalculatedRecord:
+        isCalculatedAnew_ = true;
+        break;
       case kFormulaRecord:
         NoteFormula(reader);
         break;
@@ -125,6 +129,8 @@ class CellReader {
 
   void NoteFormula(ByteReader reader) {
     static constexpr std::uint16_t kNoNumber = 0xFFFF;
+    static constexpr std::uint8_t kEmptyText = 3;
+    static constexpr std::uint16_t kCalculateWhenOpened = 2;
     const Place place = TakePlace(reader);
     const std::uint16_t style = reader.Word();
     ByteReader number = reader;
@@ -132,7 +138,13 @@ class CellReader {
     reader.Byte();
     const std::uint8_t value = reader.Byte();
     reader.Take(3);
-    if (reader.Word() != kNoNumber) {
+    const bool isNumber = reader.Word() != kNoNumber;
+    const bool isCalculatedAnew = isCalculatedAnew_ || (reader.Word() & kCalculateWhenOpened) != 0;
+    if (isCalculatedAnew || (!isNumber && kind == kEmptyText && IsOfScript())) {
+      Put(place, {CellKind::kNoValue, 0, {}});
+      return;
+    }
+    if (isNumber) {
       Put(place, Numeric(number.Number(), style));
       return;
     }
@@ -145,13 +157,16 @@ class CellReader {
       case 2:
         Put(place, BooleanOrError(value, kind == 2));
         break;
-      case 3:  // an empty text
+      case kEmptyText:
         Put(place, {CellKind::kText, 0, {}});
         break;
       default:
         throw Failure{XlsStatus::kDamaged};
     }
   }
+
+  // Whether nobody has calculated it: scripts give a formula an empty text then.
+  bool IsOfScript() const { return book_.Coding.IsUnicode && !book_.Calculator; }
 
   void NoteText(ByteReader reader) {
     const std::size_t length = reader.Word();
@@ -192,6 +207,7 @@ class CellReader {
 
   const BiffBook& book_;
   RecordReader records_;
+  bool isCalculatedAnew_;  // when it is opened: values of formulas do not count
   BiffCells cells_;
   Cell* awaited_ = nullptr;  // the formula whose text has still to come
 };

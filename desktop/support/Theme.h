@@ -12,7 +12,7 @@ bool IsDark(const QPalette& palette);
 QColor AccentColour(const QPalette& palette);
 QColor RefusedColour(const QPalette& palette);
 
-// The palette of the theme that the person asks for on the command line, "light" or "dark".
+// A light and a dark palette of the program's own: paper takes the light one in either theme of the desktop.
 QPalette ThemePalette(bool dark);
 
 }  // namespace korva::desktop

@@ -24,7 +24,8 @@ enum {
   KORVASTROND_RESULT_NOT_WRITTEN = 5,
   KORVASTROND_OUT_OF_MEMORY = 6,
   KORVASTROND_INTERNAL_ERROR = 7,
-  KORVASTROND_FIELD = 100 /* plus 1 to 52: that field is no number, or no panel can have its value */
+  KORVASTROND_FIELD = 100 /* plus 1 to 52: that field is no number, or no panel can have its value, or the
+                              results would be beyond all numbers with one so small */
 };
 
 /* Solves the panel that the exchange file at `path` describes, for the development and the retreat case, and

@@ -176,4 +176,9 @@ Panel ReadExchangeLine(std::string_view text) {
   return panel;
 }
 
+Failure BeyondNumbers(const Panel& panel) {
+  const int field = panel.EntryHeight < panel.UnitWeight ? kEntryHeight : kUnitWeight;
+  return {static_cast<std::int16_t>(KORVASTROND_FIELD + field)};
+}
+
 }  // namespace korva::laminated

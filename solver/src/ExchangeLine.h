@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Panel.h"
+#include "Status.h"
 
 namespace korva::laminated {
 
@@ -15,5 +16,9 @@ inline constexpr int kExchangeFields = 52;
 // 1e5, the depth to 1e4, the crosscut spacing and angle begin at 1. Fields that the loading condition does
 // not use only have to be numbers.
 Panel ReadExchangeLine(std::string_view text);
+
+// The failure for a panel whose results are beyond all numbers: KORVASTROND_FIELD plus the number of the
+// field that drives them there. It is so small that others are divided by it.
+Failure BeyondNumbers(const Panel& panel);
 
 }  // namespace korva::laminated

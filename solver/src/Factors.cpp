@@ -284,6 +284,19 @@ double Bearing::Factor(int c, bool metric) const {
   return load > 0 ? Strength * StrengthUnit(metric) * Area / load : 0;
 }
 
+bool AreNumbers(const Factors& f) {
+  const auto all = [](const auto& values) {
+    return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
+  };
+  const auto borne = [&all](const Bearing& b) {
+    return std::isfinite(b.Strength) && std::isfinite(b.Area) && all(b.Load);
+  };
+  return all(f.Pillars) && all(f.PillarStrength) && std::all_of(f.Barrier.begin(), f.Barrier.end(), borne) &&
+         std::all_of(f.Remnant.begin(), f.Remnant.end(), borne) &&
+         std::all_of(f.BarrierFactor.begin(), f.BarrierFactor.end(), all) &&
+         std::all_of(f.RemnantFactor.begin(), f.RemnantFactor.end(), all);
+}
+
 Factors ComputeFactors(const Panel& panel, const FactorRule& rule) {
   return Run(panel, rule).All();
 }

@@ -50,6 +50,9 @@ struct FactorRule {
 double PillarShape(double w, double l, double h);
 double LongPillarShape(double w, double h);
 
+// Whether every factor, strength, area and load is a number.
+bool AreNumbers(const Factors& factors);
+
 // Solves both cases. Failure KORVASTROND_NO_CONVERGENCE and KORVASTROND_NO_YIELD_BALANCE.
 Factors ComputeFactors(const Panel& panel, const FactorRule& rule = {});
 

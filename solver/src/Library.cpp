@@ -39,7 +39,11 @@ std::int16_t Run(const char* path) {
       return KORVASTROND_NO_EXCHANGE_FILE;
     }
     const Panel panel = ReadExchangeLine(ReadExchangeFile(path));
-    WriteResult(ResultPath(path, ProgramFolder()), ResultText(ComputeFactors(panel)));
+    const Factors factors = ComputeFactors(panel);
+    if (!AreNumbers(factors)) {
+      throw BeyondNumbers(panel);
+    }
+    WriteResult(ResultPath(path, ProgramFolder()), ResultText(factors));
     return KORVASTROND_DONE;
   } catch (const Failure& failure) {
     return failure.Code;

@@ -1,7 +1,8 @@
-#include <sys/stat.h>
+#include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <cerrno>
+#include <string>
 #include <string_view>
 
 #include "ResultFile.h"
@@ -25,20 +26,35 @@ bool WriteWhole(int file, std::string_view text) {
   return fsync(file) == 0;
 }
 
+// A file made anew in `folder`, and its name. The system takes off its permissions what the process has it
+// take off.
+struct NewFile {
+  std::string Name;
+  int Descriptor = -1;
+};
+
+NewFile MakeFileIn(const std::string& folder) {
+  static constexpr int kMostNames = 1000;
+  static constexpr mode_t kPlain = 0644;
+  NewFile made;
+  errno = EEXIST;
+  for (int number = 0; made.Descriptor < 0 && errno == EEXIST && number < kMostNames; ++number) {
+    made.Name = folder + "/.korvastrond-" + std::to_string(getpid()) + "-" + std::to_string(number);
+    made.Descriptor = open(made.Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPlain);
+  }
+  if (made.Descriptor < 0) {
+    throw Failure{KORVASTROND_RESULT_NOT_WRITTEN};
+  }
+  return made;
+}
+
 }  // namespace
 
 void WriteResult(const fs::path& path, const std::string& text) {
-  std::string beside = (path.parent_path() / ".korvastrond-XXXXXX").string();
-  const int file = mkstemp(beside.data());
-  if (file < 0) {
-    throw Failure{KORVASTROND_RESULT_NOT_WRITTEN};
-  }
-  constexpr mode_t kPlain = 0644;
-  const mode_t mask = umask(0);
-  umask(mask);
-  const bool written = WriteWhole(file, text) && fchmod(file, kPlain & ~mask) == 0;
-  if (close(file) != 0 || !written || rename(beside.c_str(), path.c_str()) != 0) {
-    unlink(beside.c_str());
+  const NewFile made = MakeFileIn(path.parent_path().empty() ? "." : path.parent_path().string());
+  const bool written = WriteWhole(made.Descriptor, text);
+  if (close(made.Descriptor) != 0 || !written || rename(made.Name.c_str(), path.c_str()) != 0) {
+    unlink(made.Name.c_str());
     throw Failure{KORVASTROND_RESULT_NOT_WRITTEN};
   }
 }

@@ -134,12 +134,12 @@ Evaluated EvaluateProject(const Korva& korva, std::int16_t model) {
   if (evaluated.Refusal) {
     return evaluated;
   }
-  if (model != kTraditionalModel) {
+  if (evaluated.HasLaminated()) {
     evaluated.Laminated =
         RunStrond2D(project, units, korva.ProjectFileName, StrondPlaceOf(korva.Places, options.iOptDir));
   }
   evaluated.Run = prepared.Run;
-  if (model == kTraditionalModel || model == kComparedModels) {
+  if (evaluated.HasTraditional()) {
     RunCalculation(evaluated.Run);
   }
   if (model == kTraditionalModel) {
@@ -160,9 +160,8 @@ ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, con
 
 PlanValues PillarValuesOf(const Korva& korva, const Evaluated& evaluated) {
   const OptionSettings& options = korva.Preferences.Options;
-  const bool traditional = evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
-  return PlanValuesOf(traditional ? &evaluated.Run : nullptr,
-                      evaluated.Model == kTraditionalModel ? nullptr : &evaluated.Laminated.Results,
+  return PlanValuesOf(evaluated.HasTraditional() ? &evaluated.Run : nullptr,
+                      evaluated.HasLaminated() ? &evaluated.Laminated.Results : nullptr,
                       korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
 }
 

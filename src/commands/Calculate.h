@@ -20,6 +20,10 @@ struct Evaluated {
   RuleOutcome Rules;  // only if that ran alone
   StrondRun Laminated;
   std::optional<std::string> Refusal;
+
+  // Which of the two ran.
+  bool HasTraditional() const { return Model == kTraditionalModel || Model == kComparedModels; }
+  bool HasLaminated() const { return Model != kTraditionalModel; }
 };
 
 // Runs `model` on the working copy. The laminated one writes and reads files where the preferences and the

@@ -1,10 +1,7 @@
 // A folder of one's own, for as long as it lives.
 #pragma once
 
-#include <filesystem>
 #include <string>
-
-#include "files/PlatformFile.h"
 
 namespace korva {
 
@@ -12,11 +9,8 @@ namespace korva {
 // error of making it.
 class PrivateFolder {
  public:
-  PrivateFolder() : name_(MakePrivateFolder()) {}
-  ~PrivateFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(name_, ignored);
-  }
+  PrivateFolder();
+  ~PrivateFolder();
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;
 
@@ -26,5 +20,9 @@ class PrivateFolder {
  private:
   std::string name_;
 };
+
+// Removes all private folders of this process, and holds up whoever makes or drops one from then on: for a
+// process that is about to end.
+void RemovePrivateFoldersForGood() noexcept;
 
 }  // namespace korva

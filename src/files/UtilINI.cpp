@@ -77,7 +77,8 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
   if (!place.found) {
     return std::nullopt;
   }
-  return std::string(WithoutQuotes(place.value).substr(0, kLongestIniValue));
+  const std::string_view value = WithoutQuotes(place.value);
+  return std::string(value.substr(0, BytesOfCharacters(value, kLongestIniValue)));
 }
 
 std::string GetIniValue(std::string_view text, std::string_view section, std::string_view key,

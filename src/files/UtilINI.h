@@ -7,7 +7,7 @@
 
 namespace korva {
 
-// Longest value that a profile gives, in bytes.
+// Longest value that a profile gives, in characters.
 inline constexpr std::size_t kLongestIniValue = 254;
 
 // Whether two names are the same whatever their letter case.

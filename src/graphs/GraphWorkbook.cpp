@@ -10,6 +10,7 @@
 #include <pugixml.hpp>
 
 #include "core/RuntimeError.h"
+#include "files/PlatformFile.h"
 #include "files/PrivateFolder.h"
 
 namespace korva {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <set>
 
 #include "core/Format.h"
 #include "core/NumberParsing.h"
@@ -69,12 +70,11 @@ std::string WhatStandsIn(const Cell& cell) {
       return fmt::format("{} is a truth value", cell.Text);
     case CellKind::kError:
       return fmt::format("{} is an error value", cell.Text);
-    case CellKind::kNoValue:
-      return "a formula whose value is not in the file: save the workbook again, as .xlsx";
     case CellKind::kText:
       return fmt::format("\"{}\" is not a number with a decimal point", Excerpt(cell.Text));
     case CellKind::kEmpty:
     case CellKind::kNumber:
+    case CellKind::kNoValue:  // told with all others of the row
       break;
   }
   return "the number is out of range";
@@ -85,13 +85,32 @@ class CaseReader {
   CaseReader(const Sheet& sheet, int row) : sheet_(sheet), row_(row) {}
 
   [[noreturn]] void Fail(ErrorNumber number, int column, std::string_view reason) const {
+    RequireCalculated();
     throw RuntimeError(number, fmt::format("sheet \"{}\", row {}, column {} ({}): {}", kCaseSheet, row_,
                                            column, ColumnName(column), reason));
   }
 
+  // Fails for every cell that was asked for and is still to be calculated.
+  void RequireCalculated() const {
+    if (uncalculated_.empty()) {
+      return;
+    }
+    std::string columns;
+    for (const int column : uncalculated_) {
+      columns += fmt::format("{}{} ({})", columns.empty() ? "" : ", ", column, ColumnName(column));
+    }
+    const bool one = uncalculated_.size() == 1;
+    throw RuntimeError(
+        ErrorNumber::kTypeMismatch,
+        fmt::format("sheet \"{}\", row {}, {} {}: {} still to be calculated; open the workbook "
+                    "in a spreadsheet program and save it there",
+                    kCaseSheet, row_, one ? "column" : "columns", columns,
+                    one ? "a formula that is" : "formulas that are"));
+  }
+
   double Number(int column) const {
     const Cell& cell = sheet_.At(row_, column);
-    if (cell.Kind == CellKind::kEmpty) {
+    if (cell.Kind == CellKind::kEmpty || IsUncalculated(column)) {
       return 0;
     }
     if (cell.Kind == CellKind::kNumber) {
@@ -118,7 +137,10 @@ class CaseReader {
   // A cell in one line, numbers in their general form.
   std::string Text(int column) const {
     const Cell& cell = sheet_.At(row_, column);
-    if (cell.Kind == CellKind::kError || cell.Kind == CellKind::kNoValue) {
+    if (IsUncalculated(column)) {
+      return {};
+    }
+    if (cell.Kind == CellKind::kError) {
       Fail(ErrorNumber::kTypeMismatch, column, WhatStandsIn(cell));
     }
     std::string text = cell.Kind == CellKind::kNumber ? GeneralText(cell.Number) : cell.Text;
@@ -128,6 +150,9 @@ class CaseReader {
 
   // A spacing below 0 is named rather than the depth.
   float Arch(const Project& panel) const {
+    if (!uncalculated_.empty()) {
+      return panel.ArchFactor;  // the row fails anyway, when all its cells have been looked at
+    }
     try {
       return UnroundedArch(panel);
     } catch (const RuntimeError& error) {
@@ -148,8 +173,18 @@ class CaseReader {
   }
 
  private:
+  // Keeps such a cell in mind, which counts as empty until the row is read.
+  bool IsUncalculated(int column) const {
+    const bool is = sheet_.At(row_, column).Kind == CellKind::kNoValue;
+    if (is) {
+      uncalculated_.insert(column);
+    }
+    return is;
+  }
+
   const Sheet& sheet_;
   int row_;
+  mutable std::set<int> uncalculated_;
 };
 
 std::string DescriptionOf(const CaseReader& cells, int row) {
@@ -227,6 +262,7 @@ CaseProject ReadCase(const Sheet& sheet, int row, const StoredProject& empty) {
   read.Stored.ProjectDescription = DescriptionOf(cells, row);
   ReadNumbers(cells, read.Stored.ProjectInput);
   read.Number = cells.CaseNumber();
+  cells.RequireCalculated();
   return read;
 }
 

@@ -14,7 +14,7 @@ enum class CellKind {
   kDate,     // a number shown as a date or time; Text is its ISO form, such as "2024-02-29T18:15:30"
   kBoolean,  // Text is "TRUE" or "FALSE"
   kError,    // Text is the error's name, such as "#DIV/0!"
-  kNoValue,  // a formula whose value is not in the file
+  kNoValue,  // a formula that is still to be calculated
 };
 
 struct Cell {

@@ -61,6 +61,10 @@ std::string WorkbookPart(ZipParts& zip, const Reading& reading) {
   return part;
 }
 
+bool FlagOf(const pugi::xml_node& node, std::string_view name) {
+  return ParseXmlFlag(AttributeOf(node, name).value_or("0")).value_or(false);
+}
+
 // The relationship's id of the worksheet `name`.
 std::string SheetId(const pugi::xml_node& workbook, std::string_view name, const Reading& reading) {
   std::vector<std::string> names;
@@ -106,8 +110,9 @@ WorkbookParts FindParts(ZipParts& zip, std::string_view name, const Reading& rea
   WorkbookParts parts;
   parts.SharedStrings = PartOfKind(all, "sharedStrings");
   parts.Styles = PartOfKind(all, "styles");
-  const auto flag = AttributeOf(ChildOf(workbook, "workbookPr"), "date1904");
-  parts.Dates = ParseXmlFlag(flag.value_or("0")).value_or(false) ? DateSystem::k1904 : DateSystem::k1900;
+  const bool since1904 = FlagOf(ChildOf(workbook, "workbookPr"), "date1904");
+  parts.Dates = since1904 ? DateSystem::k1904 : DateSystem::k1900;
+  parts.IsCalculatedAnew = FlagOf(ChildOf(workbook, "calcPr"), "fullCalcOnLoad");
   for (const Relationship& one : all) {
     if (one.Id == id && !id.empty()) {
       parts.Sheet = one.Part;

@@ -15,6 +15,7 @@ struct WorkbookParts {
   std::string SharedStrings;
   std::string Styles;
   DateSystem Dates = DateSystem::k1900;
+  bool IsCalculatedAnew = false;  // when it is opened: values of formulas do not count
 };
 
 // The parts that the worksheet `name` takes. Ends the reading for a zip that is no workbook, and for one

@@ -6,7 +6,7 @@
 //   t ROW COLUMN TEXT        a text
 //   b ROW COLUMN 0|1         a boolean
 //   e ROW COLUMN NAME        an error
-//   v ROW COLUMN (blank)     a formula whose value is not in the file
+//   v ROW COLUMN (blank)     a formula that is still to be calculated
 //   s NAME                   a worksheet of the workbook, only if the one asked for is not there
 //   end COUNT                the last line, with the number of lines between the two
 //

@@ -24,6 +24,33 @@ struct Legend {
   std::vector<std::string> SharedStrings;
   std::vector<bool> DateStyles;
   DateSystem Dates = DateSystem::k1900;
+  bool IsCalculatedAnew = false;
+};
+
+// The cells of formulas, of those rows that have been read. One formula can fill many cells, and stands in
+// the first.
+class FormulaCells {
+ public:
+  // Tells whether the cell `node` is one, and keeps in mind which other cells its formula fills.
+  bool Note(const pugi::xml_node& node, const CellPlace& place) {
+    const pugi::xml_node formula = ChildOf(node, "f");
+    if (formula && AttributeOf(formula, "t").value_or("") != "shared") {  // those stand in every cell
+      NoteRange(AttributeOf(formula, "ref").value_or(""));
+    }
+    return formula || lastRow_.at(static_cast<std::size_t>(place.Column)) >= place.Row;
+  }
+
+ private:
+  void NoteRange(std::string_view range) {
+    const auto colon = range.find(':');
+    const auto first = ParseCellName(range.substr(0, colon));
+    const auto last = colon == range.npos ? first : ParseCellName(range.substr(colon + 1));
+    for (int column = first && last ? first->Column : 1; last && column <= last->Column; ++column) {
+      lastRow_.at(static_cast<std::size_t>(column)) = last->Row;
+    }
+  }
+
+  std::vector<int> lastRow_ = std::vector<int>(kMostColumns + 1);  // to which formulas fill a column
 };
 
 class XlsxCells {
@@ -65,7 +92,14 @@ class XlsxCells {
     }
   }
 
-  Cell CellOf(const pugi::xml_node& node, const CellPlace& place) const {
+  Cell CellOf(const pugi::xml_node& node, const CellPlace& place) {
+    if (legend_.IsCalculatedAnew && formulas_.Note(node, place)) {
+      return {CellKind::kNoValue, 0, {}};
+    }
+    return SavedCell(node, place);
+  }
+
+  Cell SavedCell(const pugi::xml_node& node, const CellPlace& place) const {
     const std::string_view type = AttributeOf(node, "t").value_or("n");
     const pugi::xml_node value = ChildOf(node, "v");
     const std::string held = InnerText(value);
@@ -131,6 +165,7 @@ class XlsxCells {
   }
 
   Legend legend_;
+  FormulaCells formulas_;
   const Reading& reading_;
   SheetBuilder sheet_;
 };
@@ -141,7 +176,7 @@ Sheet ReadXlsxSheet(std::string_view bytes, std::string_view name, const Reading
   ZipParts zip(bytes, reading);
   const WorkbookParts parts = FindParts(zip, name, reading);
   XlsxCells cells({ReadSharedStrings(zip, parts.SharedStrings, reading),
-                   ReadDateStyles(zip, parts.Styles, reading), parts.Dates},
+                   ReadDateStyles(zip, parts.Styles, reading), parts.Dates, parts.IsCalculatedAnew},
                   reading);
   const pugi::xml_document sheet = ParseXml(zip.Read(parts.Sheet), parts.Sheet, "worksheet", reading);
   return cells.ReadRows(ChildOf(sheet.document_element(), "sheetData"));

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "core/Encoding.h"
 #include "files/SettingsFile.h"
 #include "files/UtilINI.h"
 #include "support/TempFolder.h"
@@ -83,6 +86,26 @@ TEST(Settings, EveryKeyIsWrittenAndRead) {
               FindIniValue(fresh, key[0] == 'L' ? "FileMenu" : "Settings", key))
         << key;
   }
+}
+
+TEST(Settings, NamesInOtherScriptsComeBackAsTheyWere) {
+  const TempFolder folder;
+  std::string cyrillic;  // 100 characters, 200 bytes: two of them are a path of more than 254 bytes
+  for (int i = 0; i < 100; ++i) {
+    cyrillic += "\u0448";
+  }
+  Settings s = BuiltInSettings(kMachine);
+  s.MaxDisplaySize = 4096;
+  s.DataPath = folder / (cyrillic + "/" + cyrillic + "/");
+  std::filesystem::create_directories(s.DataPath);
+  s.FileMenu.MaxLastFiles = 2;
+  s.FileMenu.LastFile[1] = s.FileMenu.LastFileLong[1] = s.DataPath + "a.KVL";
+  s.FileMenu.LastFile[2] = s.FileMenu.LastFileLong[2] = "/mine/\u00E4.KVL";
+  const std::string text = TextOf(s);
+  const Settings back = Read(TextFromFileBytes(FileBytesFromText(text)));
+  EXPECT_EQ(back.DataPath, s.DataPath);
+  EXPECT_EQ(back.FileMenu.LastFileLong[1], s.FileMenu.LastFileLong[1]);
+  EXPECT_EQ(TextOf(back), text) << "written back";
 }
 
 TEST(Settings, MissingAndWrongValuesFollowTheirRules) {

@@ -25,5 +25,18 @@ TEST(IniValue, IsFoundBySectionAndKey) {
   }
 }
 
+TEST(IniValue, IsCutBehindAWholeCharacter) {
+  for (const std::string letter : {"\u00E4", "\u0428", "\u77FF", "\U0001F528"}) {
+    std::string letters;
+    for (int i = 0; i < 254; ++i) {
+      letters += letter;
+    }
+    EXPECT_EQ(FindIniValue("[a]\nkey=" + letters, "a", "key"), letters);
+    EXPECT_EQ(FindIniValue("[a]\nkey=" + letters + letter, "a", "key"), letters);
+    EXPECT_EQ(FindIniValue("[a]\nkey=x" + letters, "a", "key"),
+              "x" + letters.substr(0, letters.size() - letter.size()));
+  }
+}
+
 }  // namespace
 }  // namespace korva

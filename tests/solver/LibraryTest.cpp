@@ -1,5 +1,8 @@
 // The shared library from outside: exchange file in, result file out.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <filesystem>
@@ -11,6 +14,14 @@
 #include "ResultFile.h"
 #include "korvastrond.h"
 #include "support/TempFolder.h"
+
+static int umaskCalls = 0;
+
+// Stands before the system's own in this program.
+extern "C" mode_t umask(mode_t mask) noexcept {
+  ++umaskCalls;
+  return static_cast<mode_t>(::syscall(SYS_umask, mask));
+}
 
 namespace korva::laminated {
 namespace {
@@ -91,6 +102,41 @@ TEST(Library, WhatGoesWrongHasACodeAndLeavesTheOldResult) {
   for (const auto& entry : fs::directory_iterator(root)) {
     EXPECT_FALSE(entry.path().filename().string().starts_with(".korvastrond")) << "left behind";
   }
+}
+
+// A line with one field changed, by its number.
+std::string LineWith(int field, const std::string& value) {
+  std::string line = kLine;
+  std::size_t begin = 0;
+  for (int i = 1; i < field; ++i) {
+    begin = line.find(',', begin) + 1;
+  }
+  return line.replace(begin, line.find(',', begin) - begin, value);
+}
+
+TEST(Library, RefusesWhatIsSoSmallThatResultsOverflow) {
+  const TempFolder folder;
+  const fs::path root = fs::path(folder / "").parent_path();
+  const fs::path exchange = root / "panel.KVSD";
+  for (const int field : {3, 40}) {  // entry height, unit weight
+    for (const char* value : {"1e-308", "2.3E-306", "5e-324"}) {
+      Write(exchange, LineWith(field, value));
+      EXPECT_EQ(KORVA_Run_STROND(exchange.c_str()), KORVASTROND_FIELD + field) << value;
+    }
+    Write(exchange, LineWith(field, "1e-9"));
+    EXPECT_EQ(KORVA_Run_STROND(exchange.c_str()), KORVASTROND_DONE) << field;
+    fs::remove(root / "panel_KVSD.CSV");
+  }
+}
+
+TEST(Library, TheResultHasThePermissionsOfTheProcessWhichStayAsTheyAre) {
+  const TempFolder folder;
+  const mode_t before = ::umask(027);
+  const int calls = umaskCalls;
+  WriteResult(folder / "result", "a result");
+  EXPECT_EQ(umaskCalls, calls) << "they belong to all threads";
+  EXPECT_EQ(::umask(before), mode_t{027});
+  EXPECT_EQ(fs::status(folder / "result").permissions(), fs::perms(0640));
 }
 
 // Random changes of a good line either end with a code or with a result of finite numbers.

@@ -105,7 +105,10 @@ TEST(ReadCase, ACellThatCannotBeTakenIsNamed) {
       {11, {CellKind::kBoolean, 0, "TRUE"}, ErrorNumber::kTypeMismatch, "TRUE is a truth value"},
       {20, {CellKind::kError, 0, "#DIV/0!"}, ErrorNumber::kTypeMismatch, "#DIV/0! is an error value"},
       {3, {CellKind::kError, 0, "#REF!"}, ErrorNumber::kTypeMismatch, "column 3 (C): #REF!"},
-      {33, {CellKind::kNoValue, 0, ""}, ErrorNumber::kTypeMismatch, "save the workbook again"},
+      {33,
+       {CellKind::kNoValue, 0, ""},
+       ErrorNumber::kTypeMismatch,
+       "column 33 (AG): a formula that is still to be calculated; open"},
       {9, {CellKind::kNumber, 11, ""}, ErrorNumber::kSubscript, "11 entries, of at most 10"},
       {9, {CellKind::kNumber, 4e4, ""}, ErrorNumber::kOverflow, "40000 is out of range"},
       {5, {CellKind::kText, 0, "1e999"}, ErrorNumber::kOverflow, "\"1e999\" is out of range"},
@@ -126,6 +129,14 @@ TEST(ReadCase, ACellThatCannotBeTakenIsNamed) {
     EXPECT_TRUE(detail.starts_with("sheet \"Cases\", row 7, column ")) << detail;
     EXPECT_NE(detail.find(fault.Cause), detail.npos) << detail;
   }
+  Sheet all = FullCase();
+  for (const int column : {3, 5, 10, 12, 31}) {  // the twelfth is no spacing of three entries
+    all.Set(7, column, {CellKind::kNoValue, 0, {}});
+  }
+  EXPECT_TRUE(
+      ExpectError(ErrorNumber::kTypeMismatch, [&] {
+        Panel(all);
+      }).starts_with("sheet \"Cases\", row 7, columns 3 (C), 5 (E), 10 (J), 31 (AE): formulas that are"));
   Sheet unused = FullCase();
   Text(unused, 12, "beyond the entries");
   Text(unused, 34, "no column of a case");

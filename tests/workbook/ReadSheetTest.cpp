@@ -115,6 +115,46 @@ TEST(ReadSheet, ReadsTheTemplate) {
   }
 }
 
+// The old workbook with the first `count` of the bytes `from` changed.
+std::string Changed(const std::string& from, const std::string& to, int count = 1) {
+  std::string bytes = TempFolder::Bytes(kOld);
+  for (std::size_t at = 0; count > 0; --count) {
+    at = bytes.find(from, at);
+    if (at == std::string::npos) {
+      ADD_FAILURE() << "no such bytes";
+      break;
+    }
+    bytes.replace(at, from.size(), to);
+  }
+  return bytes;
+}
+
+TEST(ReadSheet, TakesNoFormulaThatAnOldWorkbookWantsCalculated) {
+  using namespace std::string_literals;
+  const TempFolder folder;
+  const std::string calculator = "\xC1\x01\x08\0\xC1\x01\0\0"s;
+  const auto read = [&](const std::string& bytes) { return Read(folder.Put("a.xls", bytes)); };
+  const std::string asked[] = {
+      Changed(calculator + "\x54\x8D\x01\0"s, calculator + "\0\0\0\0"s),
+      Changed("\x0C\0\x02\0\x64\0"s, "\x5E\0\x02\0\0\0"s, 3),  // a record of each sheet
+  };
+  for (const std::string& bytes : asked) {
+    const Sheet sheet = read(bytes);
+    for (const int column : {10, 20, 22, 23, 24, 25, 26}) {
+      EXPECT_EQ(sheet.At(5, column).Kind, CellKind::kNoValue) << column;
+    }
+    EXPECT_EQ(sheet.At(3, 20).Kind, CellKind::kNoValue);
+    EXPECT_EQ(sheet.At(3, 10).Number, 60.1) << "no formula";
+  }
+  const std::string formula = "\x06\0\x28\0\x02\0\x13\0\x0F\0\0\0\0\0\0\x80\x5E\x40"s;
+  const Sheet one = read(Changed(formula + "\0\0"s, formula + "\x03\0"s));
+  EXPECT_EQ(one.At(3, 20).Kind, CellKind::kNoValue) << "this formula alone asks for it";
+  EXPECT_EQ(one.At(5, 20).Text, "deep");
+  const Sheet script = read(Changed(calculator, "\xC2\x01\x08\0\xC1\x01\0\0"s));
+  EXPECT_EQ(script.At(5, 24).Kind, CellKind::kNoValue) << "nobody has calculated the empty text";
+  EXPECT_EQ(script.At(3, 20).Number, 122);
+}
+
 TEST(ReadSheet, RefusesWhatIsNoWorkbook) {
   const TempFolder folder;
   EXPECT_TRUE(Has(Refused(folder.Put("a.xlsx", "")), "no Excel workbook"));

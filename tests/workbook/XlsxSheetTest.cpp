@@ -91,6 +91,35 @@ TEST(ReadXlsxSheet, TellsTheKindsOfCells) {
   }
 }
 
+TEST(ReadXlsxSheet, TakesNoFormulaOfABookThatIsToBeCalculated) {
+  BookParts parts = Book(
+      "<row r='3'><c><v>1</v></c><c><f>A9</f><v>0</v></c><c t='str'><f>A9</f><v>a</v></c>"
+      "<c><f t='shared' ref='D3:D9' si='0'>A9</f><v>0</v></c><c><f t='array' ref='E3:F4'>A9:B10</f><v>0</v></c>"
+      "<c><v>0</v></c><c><v>7</v></c></row>"
+      "<row r='4'><c r='D4'><v>4</v></c><c><v>0</v></c><c><v>0</v></c><c><v>7</v></c></row>"
+      "<row r='5'><c r='E5'><v>5</v></c></row>");
+  const auto workbook = [](const char* attribute) {
+    return R"(<workbook><sheets><sheet name="Cases" sheetId="1" r:id="s1"/></sheets><calcPr calcId="124519" )" +
+           std::string(attribute) + "/></workbook>";
+  };
+  for (const char* attribute : {"fullCalcOnLoad='1'", "fullCalcOnLoad='true'"}) {
+    parts.Workbook = workbook(attribute);
+    const Sheet sheet = Read(BookOf(parts));
+    for (const int column : {2, 3, 4, 5, 6}) {
+      EXPECT_EQ(sheet.At(3, column).Kind, CellKind::kNoValue) << column;
+    }
+    EXPECT_EQ(sheet.At(4, 5).Kind, CellKind::kNoValue) << "of the formula above";
+    EXPECT_EQ(sheet.At(4, 6).Kind, CellKind::kNoValue) << "likewise";
+    EXPECT_EQ(std::tuple(sheet.At(3, 1).Number, sheet.At(3, 7).Number), std::tuple(1, 7));
+    EXPECT_EQ(std::tuple(sheet.At(4, 4).Number, sheet.At(4, 7).Number, sheet.At(5, 5).Number),
+              std::tuple(4, 7, 5));
+  }
+  for (const char* attribute : {"", "fullCalcOnLoad='0'", "calcMode='auto'"}) {
+    parts.Workbook = workbook(attribute);
+    EXPECT_EQ(Read(BookOf(parts)).At(3, 3).Text, "a");
+  }
+}
+
 TEST(ReadXlsxSheet, PlacesCellsByNameOrInTurn) {
   const Sheet sheet = Rows(
       "<row><c><v>1</v></c><c><v>2</v></c><c r='XFD1'><v>3</v></c></row>"

@@ -1,0 +1,57 @@
+#include "files/PrivateFolder.h"
+
+#include <filesystem>
+#include <mutex>
+#include <set>
+
+#include "files/PlatformFile.h"
+
+namespace korva {
+
+namespace {
+
+// Those that there are. They belong to the process, since the signal that ends it does.
+struct PrivateFolders {
+  std::mutex Mutex;
+  std::set<std::string> Names;
+};
+
+PrivateFolders& AllFolders() {
+  static PrivateFolders folders;
+  return folders;
+}
+
+void RemoveAll(const std::string& folder) noexcept {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+}  // namespace
+
+PrivateFolder::PrivateFolder() {
+  PrivateFolders& all = AllFolders();
+  const std::lock_guard lock(all.Mutex);
+  name_ = MakePrivateFolder();
+  all.Names.insert(name_);
+}
+
+PrivateFolder::~PrivateFolder() {
+  PrivateFolders& all = AllFolders();
+  const std::lock_guard lock(all.Mutex);
+  RemoveAll(name_);
+  all.Names.erase(name_);
+}
+
+void RemovePrivateFoldersForGood() noexcept {
+  static constexpr int kTries = 10;  // while other threads still write into them
+  PrivateFolders& all = AllFolders();
+  all.Mutex.lock();  // and never unlocked
+  for (const std::string& folder : all.Names) {
+    std::error_code unknown;
+    for (int i = 0; i < kTries && std::filesystem::exists(folder, unknown); ++i) {
+      RemoveAll(folder);
+    }
+  }
+}
+
+}  // namespace korva
