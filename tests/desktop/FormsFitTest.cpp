@@ -1,10 +1,12 @@
 // What has to hold of the size and the place of every window.
 #include <gtest/gtest.h>
 
+#include <QGuiApplication>
 #include <QScreen>
 
 #include "desktop/AllForms.h"
 #include "desktop/support/Icons.h"
+#include "support/Panels.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -28,6 +30,22 @@ TEST(FormsFit, EveryWindowCanBeAsSmallAsAScreenAndAsLargeAsAPersonLikes) {
         << qPrintable(form->objectName()) << " " << least.width() << " x " << least.height();
     EXPECT_EQ(form->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)) << qPrintable(form->objectName());
   }
+}
+
+TEST(FormsFit, AWindowOpensOnTheScreenOfTheOneThatItCameFrom) {
+  ASSERT_EQ(QGuiApplication::screens().size(), 2);
+  const QScreen* second = QGuiApplication::screens().at(1);
+  QWidget opener;
+  opener.setGeometry(QRect(second->geometry().topLeft() + QPoint(50, 50), QSize(300, 200)));
+  opener.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&opener));
+  ASSERT_EQ(opener.screen(), second);
+  FormBench bench;
+  bench.State.Stored = test::Stored(test::DevelopmentPanel());
+  const frmKORVAParm form(bench.Forms);  // has no parent
+  EXPECT_TRUE(second->geometry().contains(form.frameGeometry().center()));
+  const frmPopUp child("warnings", &opener);
+  EXPECT_TRUE(second->geometry().contains(child.frameGeometry().center()));
 }
 
 TEST(FormsFit, AWindowLeavesRoomForItsFrame) {
