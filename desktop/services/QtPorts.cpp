@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QUrl>
 #include <utility>
 
@@ -79,6 +80,12 @@ QString FilterText(const std::string& caption) {
   return FromUtf8(caption).replace(QLatin1String("(*.*)"), QLatin1String("(*.* *)"));
 }
 
+// The ending that a filter stands for: "pdf" of "Portable document (*.pdf)"; nothing where it takes any.
+QString EndingOf(const QString& filter) {
+  static const QRegularExpression one(QStringLiteral("\\(\\*\\.(\\w+)\\)$"));
+  return one.match(filter).captured(1);
+}
+
 // The toolkit makes a box as wide as its text.
 void MakeRoomForTitle(QMessageBox& box) {
   if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
@@ -145,6 +152,11 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
     dialog.selectNameFilter(filters[static_cast<qsizetype>(question.ActiveFilter)]);
   }
   dialog.setDefaultSuffix(FromUtf8(question.DefaultExtension));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    if (const QString ending = EndingOf(filter); !ending.isEmpty()) {
+      dialog.setDefaultSuffix(ending);  // of a name that is typed without one
+    }
+  });
   if (!question.Name.empty()) {
     dialog.selectFile(FromUtf8(question.Name));
   }
