@@ -157,8 +157,9 @@ void TellNotes(const Korva& korva, const SweepCall& call) {
   const auto tell = [&call](std::string_view text) {
     Complain(fmt::format("warning: {}: {}", call.File, text));
   };
-  for (const std::string& range : NoticeRanges(korva.Sweep)) {
-    tell(fmt::format("{} {}", DefaultXAxisTitles[static_cast<std::size_t>(call.Graph)], range));
+  for (const NoticeRange& range : NoticeRanges(korva.Sweep)) {
+    tell(fmt::format("{} {}: {}", DefaultXAxisTitles[static_cast<std::size_t>(call.Graph)], range.Values,
+                     range.Reason));
   }
   const std::vector<int> without = CurvesWithoutFactor(korva.Sweep);
   if (!without.empty() && without.front() > 2) {  // a graph without any was told of before the sweep

@@ -18,7 +18,7 @@ constexpr QMargins kPlotMargins(0, 0, kRightRoom, 0);
 constexpr int kEdge = 16;
 constexpr int kLegendGap = 14;
 constexpr int kLeastPlotWidth = 160;  // that is left where the legend stands beside
-constexpr int kLeastPlotHeight = 70;
+constexpr int kLeastPlotHeight = 56;
 constexpr int kHeightWithoutNotes = 200;
 constexpr QRgb kGridColour = 0xe0e0e0;
 constexpr QRgb kQuiet = 0x808080;
@@ -306,7 +306,7 @@ void ChartPlot::PlaceLegend() {
     return;
   }
   const QCPAxisRect& plot = *axisRect();
-  const QSize size = legend->minimumOuterSizeHint();
+  const QSize size = LegendOf(kMostCurves);
   const bool fits =
       size.width() + 2 * kLegendGap < plot.width() && size.height() + 2 * kLegendGap < plot.height();
   const auto across = [&plot](double pixels) { return pixels / plot.width(); };
@@ -321,24 +321,32 @@ void ChartPlot::PlaceLegend() {
     inset.setInsetPlacement(0, QCPLayoutInset::ipBorderAligned);
     inset.setInsetAlignment(
         0, (right ? Qt::AlignRight : Qt::AlignLeft) | (top ? Qt::AlignTop : Qt::AlignBottom));
-  } else if (plot.width() - size.width() - kLegendGap >= kLeastPlotWidth) {
-    PutLegendBeside(size);
-  } else if (plot.height() - size.height() - kLegendGap >= kLeastPlotHeight) {
-    PutLegendBelow(size);
-  } else {
-    legend->setVisible(false);
+    return;
   }
+  if (plot.width() - size.width() - kLegendGap >= kLeastPlotWidth) {
+    PutLegendBeside(size);
+    return;
+  }
+  const QSize low = LegendOf(2);
+  const QSize below = low.width() + kEdge <= width() ? low : LegendOf(kMostCurves);
+  legend->setVisible(plot.height() - below.height() - kLegendGap / 2 >= kLeastPlotHeight);
+  if (legend->visible()) {
+    PutLegendBelow(below);
+  }
+}
+
+// The size of the legend with so many curves in a column.
+QSize ChartPlot::LegendOf(int rows) {
+  legend->setWrap(rows);
+  legend->setFillOrder(QCPLayoutGrid::foRowsFirst, true);
+  return legend->minimumOuterSizeHint();
 }
 
 void ChartPlot::PutLegendBeside(const QSize& size) {
   QCPAxisRect& plot = *axisRect();
   plot.setMinimumMargins(kPlotMargins + QMargins(0, 0, size.width() + kLegendGap, 0));
   updateLayout();
-  const double width = plot.width();
-  const double height = plot.height();
-  plot.insetLayout()->setInsetPlacement(0, QCPLayoutInset::ipFree);
-  plot.insetLayout()->setInsetRect(
-      0, QRectF(1 + kRightRoom / width, 0, size.width() / width, size.height() / height));
+  PutLegendAt({QPoint(plot.right() + kRightRoom, plot.top()), size});
 }
 
 void ChartPlot::PutLegendBelow(const QSize& size) {
@@ -346,12 +354,21 @@ void ChartPlot::PutLegendBelow(const QSize& size) {
   const int axis = plot.margins().bottom();
   plot.setMinimumMargins(kPlotMargins + QMargins(0, 0, 0, axis + size.height() + kLegendGap / 2));
   updateLayout();
-  const double width = plot.width();
-  const double height = plot.height();
-  const double left = std::max<double>(kEdge / 2.0 - plot.left(), (width - size.width()) / 2);
-  plot.insetLayout()->setInsetPlacement(0, QCPLayoutInset::ipFree);
-  plot.insetLayout()->setInsetRect(
-      0, QRectF(left / width, 1 + axis / height, size.width() / width, size.height() / height));
+  const int left = std::max(kEdge / 2, plot.left() + (plot.width() - size.width()) / 2);
+  PutLegendAt({QPoint(left, plot.bottom() + axis), size});
+}
+
+// The layout inside the plot takes places in shares of its own room.
+void ChartPlot::PutLegendAt(const QRect& place) {
+  QCPLayoutInset& inset = *axisRect()->insetLayout();
+  const QRectF room = inset.rect();
+  if (room.width() < 1 || room.height() < 1) {
+    legend->setVisible(false);
+    return;
+  }
+  inset.setInsetPlacement(0, QCPLayoutInset::ipFree);
+  inset.setInsetRect(0, QRectF((place.x() - room.x()) / room.width(), (place.y() - room.y()) / room.height(),
+                               place.width() / room.width(), place.height() / room.height()));
 }
 
 }  // namespace korva::desktop

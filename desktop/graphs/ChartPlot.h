@@ -50,8 +50,10 @@ class ChartPlot final : public QCustomPlot {
   void FitNotes();
   void FitTicks();
   void PlaceLegend();
+  QSize LegendOf(int rows);
   void PutLegendBeside(const QSize& size);
   void PutLegendBelow(const QSize& size);
+  void PutLegendAt(const QRect& place);
 
   Chart chart_;
   QString title_;

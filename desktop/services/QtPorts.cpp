@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QUrl>
 #include <utility>
 
@@ -87,6 +88,12 @@ void KeepPlain(QMessageBox& box) {
   for (QLabel* label : box.findChildren<QLabel*>()) {
     label->setTextFormat(Qt::PlainText);
   }
+}
+
+// The ending that a filter stands for: "pdf" of "Portable document (*.pdf)"; nothing where it takes any.
+QString EndingOf(const QString& filter) {
+  static const QRegularExpression one(QStringLiteral("\\(\\*\\.(\\w+)\\)$"));
+  return one.match(filter).captured(1);
 }
 
 // The toolkit makes a box as wide as its text.
@@ -173,6 +180,11 @@ std::optional<std::string> QtFileChoice::ChooseFile(const FileQuestion& question
     dialog.selectNameFilter(filters[static_cast<qsizetype>(question.ActiveFilter)]);
   }
   dialog.setDefaultSuffix(FromUtf8(question.DefaultExtension));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    if (const QString ending = EndingOf(filter); !ending.isEmpty()) {
+      dialog.setDefaultSuffix(ending);  // of a name that is typed without one
+    }
+  });
   if (!question.Name.empty()) {
     dialog.selectFile(FromUtf8(question.Name));
   }

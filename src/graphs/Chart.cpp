@@ -169,23 +169,28 @@ std::vector<int> CurvesWithoutFactor(const SweepData& data) {
   return curves;
 }
 
-std::vector<std::string> NoticeRanges(const SweepData& data) {
-  std::vector<std::string> ranges;
+std::vector<NoticeRange> NoticeRanges(const SweepData& data) {
+  std::vector<NoticeRange> ranges;
   for (const std::string& reason : ReasonsOf(data)) {
-    ranges.push_back(fmt::format("{}: {}", RangesOf(data, reason), reason));
+    ranges.push_back({reason, RangesOf(data, reason)});
   }
   return ranges;
 }
 
 std::vector<std::string> SweepNotes(const SweepData& data, int curves) {
   std::vector<std::string> notes;
-  for (const std::string& range : NoticeRanges(data)) {
-    notes.push_back("Shaded, hollow symbols: " + range);
+  for (const NoticeRange& range : NoticeRanges(data)) {
+    notes.push_back(fmt::format("Shaded: {} ({})", range.Reason, range.Values));
   }
-  for (const int curve : CurvesWithoutFactor(data)) {
-    if (curve <= curves) {
-      notes.push_back(fmt::format("{}: no factor, there is no {} barrier", CurveLabel(curve),
-                                  BarrierOf(data.GraphIndex, curve)));
+  for (const std::string_view barrier : {"first", "second"}) {
+    std::vector<std::string_view> without;
+    for (const int curve : CurvesWithoutFactor(data)) {
+      if (curve <= curves && BarrierOf(data.GraphIndex, curve) == barrier) {
+        without.push_back(CurveLabel(curve));
+      }
+    }
+    if (!without.empty()) {
+      notes.push_back(fmt::format("No {} barrier, so no factor: {}", barrier, fmt::join(without, ", ")));
     }
   }
   if (!data.Partial.empty()) {

@@ -17,7 +17,7 @@ namespace korva {
 inline constexpr double kChartHole = 1e308;
 
 // The quiet shade of a band, as red, green, blue.
-inline constexpr std::uint32_t kBandColour = 0xF1ECE2;
+inline constexpr std::uint32_t kBandColour = 0xEAE3D5;
 
 struct ChartCurve {
   std::string Label;
@@ -104,8 +104,12 @@ std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double
 // The curves of 1 to CurveCount that have no factor at all, since there is no barrier for it.
 std::vector<int> CurvesWithoutFactor(const SweepData& data);
 
-// What the input form would refuse, and for which values: "2.00 to 16.88: pillars without length".
-std::vector<std::string> NoticeRanges(const SweepData& data);
+// What the input form would refuse, and of which points: {"pillars without length", "2.00 to 16.88"}.
+struct NoticeRange {
+  std::string Reason;
+  std::string Values;
+};
+std::vector<NoticeRange> NoticeRanges(const SweepData& data);
 
 // What a person should know of a graph: what the input form would refuse, which curves have no factor, and
 // why points are missing. Empty if there is nothing. `curves` are shown.

@@ -37,7 +37,7 @@ class GraphWindow : public testing::Test {
 
   frmGraph& Open(GraphKind graph = kDepthGraph) {
     auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph);
-    KeepSweep(bench.State, *job, RunSweepJob(*job, nullptr));
+    KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
     bench.Main.Enabled = false;
     window = new frmGraph(bench.Forms);
     window->GraphInit(graph);
@@ -87,6 +87,73 @@ TEST_F(GraphWindow, ShowsTheCurvesOfTheSweep) {
 
   window->close();
   EXPECT_TRUE(bench.Main.Enabled);
+}
+
+TEST_F(GraphWindow, MarksPointsThatTheFormWouldRefuse) {
+  bench.State.Preferences.Options.PlotRangeMin = 5;
+  Open(kXcutSpacingGraph);
+  ASSERT_EQ(Plot().graphCount(), 4) << "hollow symbols over each curve";
+  EXPECT_EQ(Plot().legend->itemCount(), 2);
+  const auto& hollow = *Plot().graph(3);
+  EXPECT_EQ(hollow.scatterStyle().brush().color(), QColor(Qt::white));
+  EXPECT_EQ(hollow.name(), QStringLiteral("Retreat (KORVA)"));
+  const auto marked = std::count_if(bench.State.Sweep.Notices.begin(), bench.State.Sweep.Notices.end(),
+                                    [](const auto& notices) { return !notices.empty(); });
+  EXPECT_GT(marked, 0);
+  EXPECT_EQ(hollow.dataCount(), marked);
+  EXPECT_EQ(Plot().itemCount(), 3) << "a band beside the reference line";
+  EXPECT_TRUE(Plot().toolTip().startsWith(QStringLiteral("Shaded: pillars without length")));
+}
+
+// Curves are never mirrored, and labels neither meet nor leave the plot, in any size.
+TEST_F(GraphWindow, FitsEverySize) {
+  bench.State.Stored.ProjectInput.CalcMode = kLaminatedModel;
+  Open(kXcutSpacingGraph);
+  ASSERT_EQ(Plot().graphCount(), 4);
+  const QFontMetrics font(Plot().xAxis->tickLabelFont());
+  for (const QSize size : {QSize(300, 250), QSize(340, 420), QSize(500, 350), QSize(620, 400), QSize(1200, 700)}) {
+    window->resize(size);
+    QCoreApplication::processEvents();
+    const QCPAxisRect& plot = *Plot().axisRect();
+    EXPECT_GT(plot.width(), 100);
+    EXPECT_GT(plot.height(), 50);
+    EXPECT_LT(Plot().xAxis->coordToPixel(50), Plot().xAxis->coordToPixel(150));
+    EXPECT_GT(Plot().yAxis->coordToPixel(1), Plot().yAxis->coordToPixel(2));
+    const auto ticker = Plot().xAxis->ticker().staticCast<QCPAxisTickerFixed>();
+    const double apart = Plot().xAxis->coordToPixel(ticker->tickStep()) - Plot().xAxis->coordToPixel(0);
+    EXPECT_GT(apart, font.horizontalAdvance(QStringLiteral("160"))) << size.width();
+    const QCPLegend& legend = *Plot().legend;
+    EXPECT_TRUE(!legend.visible() || Plot().rect().contains(legend.outerRect())) << size.width();
+    for (int i = 0; legend.visible() && i < 4; ++i) {
+      for (const QCPGraphData& at : *Plot().graph(i)->data()) {
+        EXPECT_FALSE(legend.outerRect().contains(
+            QPointF(Plot().xAxis->coordToPixel(at.key), Plot().yAxis->coordToPixel(at.value)).toPoint()));
+      }
+    }
+  }
+  EXPECT_TRUE(Plot().legend->visible());
+  Settings().GraphTitle = "A heading that is far too long for a window of this size, and stays as it is";
+  window->ShowNewFormat();
+  window->resize(300, 280);
+  QCoreApplication::processEvents();
+  window->close();
+  EXPECT_TRUE(Settings().GraphTitle.ends_with("stays as it is")) << "what is cut off on the screen alone";
+}
+
+TEST_F(GraphWindow, TheReferenceIsLabelledWhereItShows) {
+  Open();
+  const auto* label = Plot().findChild<QCPItemText*>(QStringLiteral("ReferenceValue"));
+  ASSERT_NE(label, nullptr);
+  EXPECT_TRUE(label->visible());
+  Plot().yAxis->setRange(2, 3);
+  EXPECT_FALSE(label->visible());
+  Plot().yAxis->setRange(1, 3);
+  EXPECT_TRUE(label->visible());
+  for (const double span : {1e-9, 0.037, 12345.0, 1e30}) {
+    Plot().xAxis->setRange(500, 500 + span);
+    const double ticks = span / Plot().xAxis->ticker().staticCast<QCPAxisTickerFixed>()->tickStep();
+    EXPECT_LE(ticks, 8) << span;
+  }
 }
 
 TEST_F(GraphWindow, OneCurveWithoutAnActiveGob) {
