@@ -57,8 +57,7 @@ std::vector<std::string> PlanNotes(const PlanRequest& request) {
     other = other || HasOtherStrengthSize(request, i);
   }
   if (other && request.PlotType == kPlotDimensions) {
-    notes.emplace_back(
-        "Pillar sizes are across and along the entries; page 3 has those that the strength takes.");
+    notes.emplace_back("Pillar sizes: across and along the entries. Those of the strength: page 3.");
   }
   const std::vector<double> lengths = WholeLengths(request);
   if (std::any_of(lengths.begin(), lengths.end(), IsRounded)) {

@@ -238,7 +238,7 @@ TEST(PlanDrawing, TellsWhichPillarSizeTheStrengthIsOf) {
   const PlanRequest request = AfterRun(p, kPlotDimensions);
   Plan plan = DrawPlan(request).value();
   EXPECT_EQ(ValuesIn(plan, 4), Texts{"55x57"});
-  EXPECT_TRUE(Says(plan, "Pillar sizes are across and along the entries; page 3"));
+  EXPECT_TRUE(Says(plan, "Pillar sizes: across and along the entries. Those of the strength: page 3."));
   const PlanCorners& corners = plan.Pillars.front().Corners;
   const std::string hint = PlanHintAt(
       request, plan, {static_cast<double>(corners[0].X) + 5, static_cast<double>(corners[0].Y) + 5});
