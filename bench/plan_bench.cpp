@@ -53,7 +53,7 @@ void Redraw(benchmark::State& state) {
   for (auto turn : state) {
     const Plan plan = *DrawPlan(request);
     QPainter painter(&window);
-    PaintDrawing(painter, QRectF(0, 0, kSide, kSide), plan.Picture, {QPalette(), DrawingFont(QFont())});
+    PaintDrawing(painter, QRectF(0, 0, kSide, kSide), PictureOf(plan), {QPalette(), DrawingFont(QFont())});
   }
 }
 BENCHMARK(Redraw)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);

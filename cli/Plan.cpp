@@ -12,6 +12,7 @@
 #include "files/SafeWriter.h"
 #include "model/KORVAmodel.h"
 #include "pictures/DrawingPicture.h"
+#include "services/PagePrinter.h"
 
 namespace korva::cli {
 
@@ -64,7 +65,8 @@ Json PlanJson(const Plan& plan) {
           {"bleeders", bleeders},
           {"gobs", gobs},
           {"activeGob", PointsJson(plan.ActiveGob)},
-          {"texts", TextsJson(plan.Picture)}};
+          {"activeMiningZone", PointsJson(plan.ActiveMiningZone)},
+          {"texts", TextsJson(PictureOf(plan))}};
 }
 
 int Refuse(const PlanCall& call, const std::string& why) {
@@ -110,7 +112,9 @@ int DrawPlanOf(Korva& korva, const PlanCall& call) {
   TellFormNotices(korva, call.File);
   const auto files = PrivateFilesOf(korva);
   Evaluate(korva);
-  const auto plan = DrawPlan(PlanRequestOf(korva, true));
+  PlanRequest request = PlanRequestOf(korva, true);
+  request.Title = TitleBlockOf(korva, LocalTimeNow());
+  const auto plan = DrawPlan(request);
   if (!plan) {
     return Refuse(call, std::string(kInvalidPillars));
   }
@@ -119,7 +123,7 @@ int DrawPlanOf(Korva& korva, const PlanCall& call) {
     return kDone;
   }
   const std::string picture =
-      DrawingPicture(plan->Picture, static_cast<double>(plan->PlanHeight) * kPlanTextShare, *kind);
+      DrawingPicture(PictureOf(*plan), static_cast<double>(plan->PlanHeight) * kPlanTextShare, *kind);
   if (call.Out.empty()) {
     Print(picture);
   } else {

@@ -205,8 +205,7 @@ void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const Pa
   if (text.Upright) {
     painter.rotate(-90);
   }
-  const double letters = std::min(1.0, text.Scale * style.Zoom);
-  painter.scale(letters, letters);
+  painter.scale(text.Scale, text.Scale);
   painter.setPen(style.Palette.color(QPalette::WindowText));
   if (text.Room > 0) {
     const QRectF room(0, -metrics.height() / 2, fit.Length(text.Room), 10 * metrics.height());

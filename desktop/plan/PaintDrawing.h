@@ -15,7 +15,6 @@ struct PaintStyle {
   bool Texts = true;   // also dimensions, texts and legend
   bool Paper = false;  // patterns that hold in black and white
   double Unit = 1;     // of line widths, in the painter's units
-  double Zoom = 1;     // letters that were made small for lack of room grow with it
 };
 
 // Fits the drawing into `room` and keeps its proportions. The legend stands below it.

@@ -49,6 +49,7 @@ void PlanView::Clear() {
 void PlanView::LayOut() {
   const double share = QFontMetricsF(textFont_, this).height() / std::max(1.0, Side());
   request_.TextShare = std::clamp(share, kLeastShare, kMostShare);
+  request_.Zoom = zoom_;
   plan_ = DrawPlan(request_);
   update();
 }
@@ -70,6 +71,11 @@ QRectF PlanView::Square() const {
   return {middle.x() - side / 2, middle.y() - side / 2, side, side};
 }
 
+QRectF PlanView::FrameSquare() const {
+  const QPointF middle = QRectF(rect()).center();
+  return {middle.x() - Side() / 2, middle.y() - Side() / 2, Side(), Side()};
+}
+
 // No more of the surroundings than at the whole plan.
 void PlanView::KeepInSight() {
   const double most = Side() * (zoom_ - 1) / 2;
@@ -85,21 +91,39 @@ void PlanView::ZoomBy(double factor, QPointF point) {
   const QPointF middle = QRectF(rect()).center();
   moved_ = (point - middle) - (point - middle - moved_) * (zoom / zoom_);
   zoom_ = zoom;
+  if (plan_) {
+    LayOut();
+  }
   KeepInSight();
 }
 
 void PlanView::ShowWhole() {
-  zoom_ = 1;
-  KeepInSight();
+  ZoomBy(1 / zoom_, {});
 }
 
 void PlanView::paintEvent(QPaintEvent*) {
   if (plan_) {
     QPainter painter(this);
-    PaintStyle style = {palette(), textFont_};
-    style.Zoom = zoom_;
-    PaintDrawing(painter, Square(), plan_->Picture, style);
+    Paint(painter, {palette(), textFont_});
   }
+}
+
+QRectF PlanView::PanelRoom() const {
+  const QRectF frame = FrameSquare();
+  const double scale = frame.height() / static_cast<double>(plan_->PlanHeight);
+  return {0, frame.bottom() - plan_->PanelHigh * scale, static_cast<double>(width()),
+          (plan_->PanelHigh - plan_->PanelLow) * scale};
+}
+
+// The panel in the room that the frame leaves, the frame always whole.
+void PlanView::Paint(QPainter& painter, const PaintStyle& style) const {
+  painter.save();
+  if (zoom_ > 1) {
+    painter.setClipRect(PanelRoom(), Qt::IntersectClip);
+  }
+  PaintDrawing(painter, Square(), plan_->Panel, style);
+  painter.restore();
+  PaintDrawing(painter, FrameSquare(), plan_->Frame, style);
 }
 
 void PlanView::PaintOnPaper(QPainter& painter) const {
@@ -107,7 +131,11 @@ void PlanView::PaintOnPaper(QPainter& painter) const {
   font.setPixelSize(QFontInfo(textFont_).pixelSize());
   QPalette paper = ThemePalette(false);
   paper.setColor(QPalette::Window, Qt::white);
-  PaintDrawing(painter, QRectF(0, 0, Side(), Side()), plan_->Picture, {paper, font, true, true});
+  painter.save();
+  painter.translate(-FrameSquare().topLeft());
+  painter.setClipRect(FrameSquare(), Qt::IntersectClip);
+  Paint(painter, {paper, font, true, true});
+  painter.restore();
 }
 
 void PlanView::resizeEvent(QResizeEvent*) {
@@ -155,6 +183,10 @@ void PlanView::leaveEvent(QEvent*) {
 
 void PlanView::ShowHint(const QMouseEvent& event) {
   if (!plan_ || !request_.Full) {
+    return;
+  }
+  if (!PanelRoom().contains(event.position())) {
+    QToolTip::hideText();
     return;
   }
   const QRectF square = Square();

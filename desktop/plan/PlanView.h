@@ -7,6 +7,8 @@
 
 namespace korva::desktop {
 
+struct PaintStyle;
+
 class PlanView : public QWidget {
  public:
   explicit PlanView(const char* name, QWidget* parent = nullptr);
@@ -29,7 +31,7 @@ class PlanView : public QWidget {
   void ZoomBy(double factor, QPointF point);
   void ShowWhole();
 
-  // Paints the plan as it is laid out, with lines and patterns for paper, into a square of this view's size.
+  // Paints what the view shows, with lines and patterns for paper, into a square of its size.
   void PaintOnPaper(QPainter& painter) const;
   // The side of the view's square.
   double Side() const;
@@ -48,7 +50,12 @@ class PlanView : public QWidget {
 
  private:
   void LayOut();
+  // Where the plan's world lies, the enlarged panel's and the frame's.
   QRectF Square() const;
+  QRectF FrameSquare() const;
+  // What the frame leaves of the view.
+  QRectF PanelRoom() const;
+  void Paint(QPainter& painter, const PaintStyle& style) const;
   void KeepInSight();
   void ShowHint(const QMouseEvent& event);
 

@@ -21,6 +21,7 @@
 #include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
 #include "pictures/DrawingPicture.h"
+#include "services/PagePrinter.h"
 
 namespace korva::desktop {
 
@@ -51,6 +52,7 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
 
 frmPicture::frmPicture(Session& session, QWidget& opener)
     : session_(session), opener_(&opener), request_(PlanRequestOf(session.State, true)) {
+  request_.Title = TitleBlockOf(session.State, LocalTimeNow());
   setObjectName(QStringLiteral("frmPicture"));
   setWindowTitle(QStringLiteral("View Plan"));
   setAttribute(Qt::WA_DeleteOnClose);
@@ -122,7 +124,7 @@ void frmPicture::BuildMenus() {
   const auto middle = [this] { return QRectF(view_->rect()).center(); };
   AddItem(zoom, "mnuViewItem", 0, "Zoom &In", [this, middle] {
     view_->ZoomBy(kZoomStep, middle());
-  })->setShortcut(QKeySequence::ZoomIn);
+  })->setShortcuts({QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
   AddItem(zoom, "mnuViewItem", 1, "Zoom &Out", [this, middle] {
     view_->ZoomBy(1 / kZoomStep, middle());
   })->setShortcut(QKeySequence::ZoomOut);
@@ -170,9 +172,10 @@ void frmPicture::Print() {
 
 void frmPicture::SavePlan() {
   SavePicture(session_.State, session_.Outside, "Plan", [this](PictureKind kind) {
-    const Plan& plan = view_->Shown();
-    return DrawingPicture(plan.Picture, static_cast<double>(plan.PlanHeight) * view_->Request().TextShare,
-                          kind);
+    PlanRequest whole = view_->Request();
+    whole.Zoom = 1;
+    const Plan plan = DrawPlan(whole).value();
+    return DrawingPicture(PictureOf(plan), static_cast<double>(plan.PlanHeight) * whole.TextShare, kind);
   });
 }
 

@@ -1,6 +1,12 @@
 #include "commands/PlanCommands.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "core/FileNames.h"
 #include "core/RuntimeError.h"
+#include "core/Tables.h"
 
 namespace korva {
 
@@ -16,6 +22,13 @@ PlanRequest PlanRequestOf(const Korva& korva, bool full) {
     request.Values = korva.PillarValues;
   }
   return request;
+}
+
+PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now) {
+  const auto model = static_cast<std::size_t>(korva.ProjectCalc.CalcMode);
+  return {FileBaseName(korva.ProjectFileName, false), korva.Stored.ProjectTitle,
+          std::string(kModelNames.at(std::min(model, kModelNames.size() - 1))),
+          fmt::format("{:04}-{:02}-{:02}", now.tm_year + 1900, now.tm_mon + 1, now.tm_mday)};
 }
 
 std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft) {

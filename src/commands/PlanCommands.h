@@ -1,6 +1,8 @@
 // The plan drawing of the working copy.
 #pragma once
 
+#include <ctime>
+
 #include "core/Korva.h"
 #include "plan/KORVAgraf.h"
 
@@ -13,6 +15,9 @@ inline constexpr std::int16_t kPlanFromResults = 2;
 // What the plan view is asked to draw: the working copy in PlotType, by the options. Values of the last run
 // belong to it only if the results window asks. Without `full` it is outlines alone.
 PlanRequest PlanRequestOf(const Korva& korva, bool full);
+
+// The title block of a plan that is drawn on the day `now`.
+PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now);
 
 // Outlines of `draft`, which may still be in the making; nothing if it has no plan.
 std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft);

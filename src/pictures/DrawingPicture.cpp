@@ -1,6 +1,7 @@
 #include "pictures/DrawingPicture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
@@ -17,6 +18,7 @@ constexpr double kSide = 720;
 constexpr double kThin = 0.6;
 constexpr double kOutline = 1;
 constexpr double kHeavy = 1.4;
+constexpr std::array<double, 2> kDashes = {6, 3};
 constexpr double kHatchStep = 7;
 constexpr double kDotStep = 6;
 constexpr double kDot = 0.7;
@@ -30,6 +32,7 @@ struct Look {
   std::uint32_t Fill = 0xffffff;
   double Width = kOutline;
   Pattern Over = Pattern::kNone;
+  bool Dashed = false;  // an outline alone
 };
 
 Look LookOf(DrawLayer layer) {
@@ -43,6 +46,7 @@ Look LookOf(DrawLayer layer) {
     case DrawLayer::kGob:
       return {0x9a9a9a, 0xffffff, kThin, Pattern::kHatch};
     case DrawLayer::kActiveMiningZone:
+      return {0xb5451b, 0xffffff, kHeavy, Pattern::kNone, true};
     case DrawLayer::kText:
       break;
   }
@@ -93,14 +97,18 @@ class Painter {
       cairo_line_to(cairo_, X(corner), Y(corner));
     }
     cairo_close_path(cairo_);
-    Colour(look.Fill);
-    cairo_fill_preserve(cairo_);
+    if (!look.Dashed) {
+      Colour(look.Fill);
+      cairo_fill_preserve(cairo_);
+    }
     if (look.Over != Pattern::kNone) {
       PaintPattern(look);
     }
     Colour(look.Line);
     cairo_set_line_width(cairo_, look.Width);
+    cairo_set_dash(cairo_, kDashes.data(), look.Dashed ? static_cast<int>(kDashes.size()) : 0, 0);
     cairo_stroke(cairo_);
+    cairo_set_dash(cairo_, nullptr, 0, 0);
   }
 
   // Inside the path that stands, which stays.

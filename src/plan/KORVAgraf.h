@@ -28,6 +28,14 @@ inline constexpr std::string_view kInvalidPillars = "Invalid Pillar Dimensions";
 // The height of texts as a share of the drawing's side, where no window says otherwise.
 inline constexpr double kPlanTextShare = 1.0 / 52;
 
+// What tells one plan on paper from another; without a project nothing of it is drawn.
+struct PlanTitleBlock {
+  std::string Project;  // its file, without the folder
+  std::string Title;
+  std::string Model;
+  std::string Date;
+};
+
 struct PlanRequest {
   Project ProjectCalc;
   std::int16_t Units = kEnglish;
@@ -37,6 +45,9 @@ struct PlanRequest {
   std::optional<PlanValues> Values;  // of the last run
   bool Full = true;                  // false: outlines alone
   double TextShare = kPlanTextShare;
+  PlanTitleBlock Title;
+  // Above 1 the panel is laid out for a view that enlarges it and keeps the height of texts.
+  double Zoom = 1;
 };
 
 struct PlanPillar {
@@ -58,8 +69,15 @@ struct Plan {
   std::vector<PlanBleeder> Bleeders;
   std::vector<PlanGob> Gobs;
   std::vector<PlanPoint> ActiveGob;
-  Drawing Picture;  // the same as records, with all lines and texts
+  std::vector<PlanPoint> ActiveMiningZone;
+  Drawing Panel;        // the same as records, with all lines and texts
+  Drawing Frame;        // caption above, legend, notes, scale and title block below
+  double PanelLow = 0;  // Y between which nothing of the frame stands
+  double PanelHigh = 0;
 };
+
+// Panel and frame as one drawing.
+Drawing PictureOf(const Plan& plan);
 
 // Draws the plan. Nothing if the panel has no extent ("Invalid Pillar Dimensions"). Run-time error 6 or 11 if
 // a coordinate cannot be had, 5 for a plot type that does not exist.
@@ -75,6 +93,13 @@ struct PillarSize {
   double Length = 0;
 };
 PillarSize PillarSizeOf(const PlanRequest& request, int i);
+
+// The dimensions that a pillar's strength comes from, the least and the greatest, as page 3 has them. At
+// angled crosscuts they may differ from the size across and along.
+PillarSize StrengthSizeOf(const Project& project, int i);
+
+// Whether they differ for the pillars of line `i` in more than their order.
+bool HasOtherStrengthSize(const PlanRequest& request, int i);
 
 // What stands at a point of the plan's world, in a few lines: a pillar with its row, size, and strength and
 // capacity if they are known; a barrier or a gob with its extent. Empty where nothing stands.

@@ -29,28 +29,61 @@ void GrowByText(DrawBox& box, const DrawText& text, double textHeight) {
   }
 }
 
+DrawBox Nothing() {
+  constexpr double kFar = std::numeric_limits<double>::max();
+  return {{kFar, kFar}, {-kFar, -kFar}};
+}
+
+// Hands the box of each record to `take`.
+template <class Take>
+void ForEachBox(const Drawing& drawing, double textHeight, const Take& take) {
+  for (const DrawPolygon& polygon : drawing.Polygons) {
+    DrawBox box = Nothing();
+    for (const DrawPoint& corner : polygon.Corners) {
+      Grow(box, corner);
+    }
+    take(box);
+  }
+  for (const DrawLine& line : drawing.Lines) {
+    DrawBox box = Nothing();
+    Grow(box, line.From);
+    Grow(box, line.To);
+    take(box);
+  }
+  for (const DrawText& text : drawing.Texts) {
+    take(BoxOf(text, textHeight));
+  }
+}
+
 }  // namespace
 
 double TextLength(std::string_view text) {
   return kDigit * static_cast<double>(CharacterCount(text));
 }
 
-DrawBox BoxOf(const Drawing& drawing, double textHeight) {
-  constexpr double kFar = std::numeric_limits<double>::max();
-  DrawBox box{{kFar, kFar}, {-kFar, -kFar}};
-  for (const DrawPolygon& polygon : drawing.Polygons) {
-    for (const DrawPoint& corner : polygon.Corners) {
-      Grow(box, corner);
-    }
-  }
-  for (const DrawLine& line : drawing.Lines) {
-    Grow(box, line.From);
-    Grow(box, line.To);
-  }
-  for (const DrawText& text : drawing.Texts) {
-    GrowByText(box, text, textHeight);
-  }
+DrawBox BoxOf(const DrawText& text, double textHeight) {
+  DrawBox box = Nothing();
+  GrowByText(box, text, textHeight);
   return box;
+}
+
+DrawBox BoxOf(const Drawing& drawing, double textHeight) {
+  DrawBox all = Nothing();
+  ForEachBox(drawing, textHeight, [&all](const DrawBox& box) {
+    Grow(all, box.Low);
+    Grow(all, box.High);
+  });
+  return all;
+}
+
+std::optional<double> LowestOf(const Drawing& drawing, double textHeight, double x0, double x1) {
+  std::optional<double> lowest;
+  ForEachBox(drawing, textHeight, [&](const DrawBox& box) {
+    if (box.Low.X <= x1 && box.High.X >= x0) {
+      lowest = std::min(box.Low.Y, lowest.value_or(box.Low.Y));
+    }
+  });
+  return lowest;
 }
 
 void Move(Drawing& drawing, DrawPoint by) {

@@ -1,6 +1,7 @@
 // The extent of drawings.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "core/Drawing.h"
@@ -18,6 +19,10 @@ struct DrawBox {
   double Height() const { return High.Y - Low.Y; }
 };
 DrawBox BoxOf(const Drawing& drawing, double textHeight);
+DrawBox BoxOf(const DrawText& text, double textHeight);
+
+// The lowest Y of the records of which something stands between x0 and x1, if there are any.
+std::optional<double> LowestOf(const Drawing& drawing, double textHeight, double x0, double x1);
 
 // Moves all records of a drawing.
 void Move(Drawing& drawing, DrawPoint by);

@@ -1,17 +1,10 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 
-#include "core/Tables.h"
-#include "plan/PlanBox.h"
 #include "plan/PlanRecords.h"
 
 namespace korva {
 
 namespace {
-
-constexpr double kLeastGob = 1.2;  // text heights that a gob is wide to be named
-constexpr std::string_view kActiveGob = "Active gob";
 
 class Dimensions {
  public:
@@ -22,13 +15,14 @@ class Dimensions {
     AddEntryDimensions();
     AddCrosscutDimensions();
     AddGobDimensions();
-    AddActiveGobDimension();
   }
 
  private:
   int Lines() const { return p_.NumberEntries - 1; }
   double W() const { return p_.EntryWidth; }
   double S() const { return p_.XcutSpacing; }
+  // Of a slab cut or a bleeder row, which are small: meters keep their decimals.
+  std::string Small(double length) const { return r_.Units == kMetric ? Exact(length) : Whole(length); }
 
   void AddEntryDimensions() {
     if (r_.Options.PlotEntryDims != 1) {
@@ -60,14 +54,19 @@ class Dimensions {
       const double near = At(g_.Pillars[i][1][0]).Y;
       const double far = At(g_.Pillars[i][1][3]).Y;
       pen_.Upward(near - crosscut / 2, far + crosscut / 2, x, Whole(S()), false);
-      pen_.Fit(S(), once ? pen_.Height() : kFitting * W());
-      pen_.Last().At.X = x - kBesideLine * pen_.Height() * pen_.Last().Scale;
+      DrawText& text = pen_.Last();
+      if (!once) {
+        pen_.Fit(S(), kFitting * W());
+        text.At.X = x - kBesideLine * pen_.Height() * text.Scale;
+      } else if (TextLength(text.Text) * pen_.Height() > S()) {
+        text.At.X -= pen_.Tick() / 2;  // nothing else stands there
+      }
     }
   }
 
   void AddGobDimensions() {
     if (r_.Options.PlotGobDims == 1) {
-      const double y = S() / 2;
+      const double y = GobDimensionHeight(p_);
       const auto across = [&](PlanGobIndex gob, double width) {
         if (g_.GobDrawn[gob] == 1 && width > 0) {
           const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
@@ -84,8 +83,6 @@ class Dimensions {
       AddSlabCut(kSecondBarrier, p_.SlabcutSecondGob);
       AddBleederWidths(y);
     }
-    AddGobName(kFirstGob, p_.ExtentFirstGob);
-    AddGobName(kSecondGob, p_.ExtentSecondGob);
   }
 
   // One entry width above the step.
@@ -98,7 +95,7 @@ class Dimensions {
     const double inner = edge + (At(outline[0]).X < edge ? -width : width);
     const double step = At(outline[2]).Y + width / CrosscutSine(p_);
     const double above = std::min(step, static_cast<double>(g_.GobTop)) + W();
-    pen_.Across(std::min(edge, inner), std::max(edge, inner), above, Whole(width), true);
+    pen_.Across(std::min(edge, inner), std::max(edge, inner), above, Small(width), true);
   }
 
   void AddBleederWidths(double y) {
@@ -108,50 +105,9 @@ class Dimensions {
       if (found != g_.Bleeders.end()) {
         const DrawPoint near = At(found->Corners[0]);
         const double clear = near.Y - 2 * kBesideLine * pen_.Height();  // the text stands below the pillar
-        pen_.Across(near.X, At(found->Corners[1]).X, std::min(y, clear), Whole(BleederWidth(p_, side)),
+        pen_.Across(near.X, At(found->Corners[1]).X, std::min(y, clear), Small(BleederWidth(p_, side)),
                     false);
       }
-    }
-  }
-
-  void AddGobName(PlanGobIndex gob, double extent) {
-    if (g_.GobDrawn[gob] != 1) {
-      return;
-    }
-    const DrawPoint low = At(g_.Gobs[gob][0]);
-    const DrawPoint high = At(g_.Gobs[gob][2]);
-    if (high.X - low.X < kLeastGob * pen_.Height()) {
-      return;
-    }
-    std::string name(kGobNames[static_cast<std::size_t>(gob - kFirstGob)]);
-    if (r_.Geometry.SchematicGobs) {
-      name += fmt::format(", {} {}, not to scale", Whole(extent),
-                          BareUnit(UnitLabel(UnitKind::kLength, r_.Units)));
-    }
-    pen_.Text({(low.X + high.X) / 2, (low.Y + high.Y) / 2}, name, true, 0.5, true);
-    pen_.Fit(kFitting * (high.Y - low.Y), pen_.Height());
-  }
-
-  // In the entry left of the middle line, the text on the side that has room for it.
-  void AddActiveGobDimension() {
-    if (g_.ActiveGob.empty()) {
-      return;
-    }
-    const int line = std::min(MiddleLine(p_), Lines());
-    const DrawPoint corner = At(g_.Pillars[line][kLastRow][3]);
-    const double x = corner.X - W() / 2;
-    const auto top = static_cast<double>(g_.GobTop);
-    const std::string extent = Whole(p_.ExtentActiveGob);
-    pen_.Upward(corner.Y, top, x, extent, true);
-    const bool roomLeft = x > 2 * kBesideLine * pen_.Height();
-    DrawPoint& at = pen_.Last().At;
-    at = {x + (roomLeft ? -1 : 1) * kBesideLine * pen_.Height(),
-          top - (0.2 + 0.5) * TextLength(extent) * pen_.Height() - pen_.Tick()};
-    const double from = roomLeft ? x : x + 2 * kBesideLine * pen_.Height();
-    const double right = At(g_.Pillars[Lines()][1][1]).X + W();
-    if (TextLength(kActiveGob) * pen_.Height() < kFitting * (right - from)) {
-      pen_.Text({(from + right) / 2, (static_cast<double>(g_.RowTop) + top) / 2}, std::string(kActiveGob),
-                false, 0.5, true);
     }
   }
 

@@ -17,13 +17,17 @@ namespace {
 constexpr int kFrameTurns = 8;
 constexpr double kFrameSettled = 1e-4;
 
-// All that belongs to the panel, in its own coordinates; `side` is the width of the world around it.
-Drawing PanelRecords(const PlanRequest& request, const PlanGeometry& geometry, double side) {
-  PlanPen pen(side, side * request.TextShare);
+// All that belongs to the panel, in its own coordinates; `side` is the width of the world around it. Texts
+// and ticks are smaller by `zoom`.
+Drawing PanelRecords(const PlanRequest& request, const PlanGeometry& geometry, double side, double zoom = 1) {
+  PlanPen pen(side / zoom, side / zoom * request.TextShare);
   AddOutlines(pen, request, geometry);
   if (request.Full) {
     AddDimensions(pen, request, geometry);
+    AddGobTexts(pen, request, geometry);
     AddPillarTexts(pen, request, geometry);
+    AddNumbers(pen, request, geometry);
+    pen.PutOnPlates(geometry.ActiveMiningZone);
   }
   return pen.Take();
 }
@@ -36,9 +40,9 @@ double SideOf(const PlanRequest& request, const PlanGeometry& geometry, const Dr
   for (int turn = 0; turn < kFrameTurns; ++turn) {
     const Drawing drawing = PanelRecords(request, geometry, side);
     const DrawBox box = BoxOf(drawing, side * request.TextShare);
-    const PlanFrame frame(request, side);
+    const PlanFrame frame(request, geometry, side);
     const double needed =
-        margins + std::max(box.Width(), box.Height() + frame.CaptionHeight() + frame.LegendHeight(drawing));
+        margins + std::max(box.Width(), box.Height() + frame.Above() + frame.Below(drawing));
     if (std::abs(needed - side) <= kFrameSettled * side) {
       break;
     }
@@ -78,6 +82,7 @@ void AddMoved(Plan& plan, const PlanGeometry& geometry, int lines, DrawPoint by)
     }
   }
   plan.ActiveGob = AllMoved(geometry.ActiveGob, by);
+  plan.ActiveMiningZone = AllMoved(geometry.ActiveMiningZone, by);
 }
 
 }  // namespace
@@ -95,6 +100,21 @@ PillarSize PillarSizeOf(const PlanRequest& request, int i) {
     return {across, along};
   }
   return {sine * spacing - p.EntryWidth, across / sine};
+}
+
+PillarSize StrengthSizeOf(const Project& project, int i) {
+  const double sine = CrosscutSine(project);
+  const double across = project.XcutCenters[i] - project.EntryWidth;
+  const double length = (project.XcutSpacing - project.EntryWidth / sine) * sine;
+  return length > across ? PillarSize{across, length / sine} : PillarSize{length, across / sine};
+}
+
+bool HasOtherStrengthSize(const PlanRequest& request, int i) {
+  constexpr double kSame = 1e-3;  // the plan's lengths are held in 32 bits
+  const PillarSize shown = PillarSizeOf(request, i);
+  const PillarSize taken = StrengthSizeOf(request.ProjectCalc, i);
+  return std::abs(std::min(shown.Width, shown.Length) - taken.Width) > kSame ||
+         std::abs(std::max(shown.Width, shown.Length) - taken.Length) > kSame;
 }
 
 std::string PlanCaption(const PlanRequest& request) {
@@ -131,21 +151,32 @@ std::optional<Plan> DrawPlan(const PlanRequest& request) {
     return std::nullopt;
   }
   const double side = SideOf(request, geometry, panel);
-  const double height = side * request.TextShare;
   Plan plan;
   plan.PlanWidth = plan.PlanHeight = static_cast<float>(side);
-  plan.Picture = PanelRecords(request, geometry, side);
-  const DrawBox box = BoxOf(plan.Picture, height);
-  const PlanFrame frame(request, side);
-  const double below = frame.LegendHeight(plan.Picture);
-  const double above = side - frame.CaptionHeight();
+  plan.Panel = PanelRecords(request, geometry, side);
+  const DrawBox box = BoxOf(plan.Panel, side * request.TextShare);
+  const PlanFrame frame(request, geometry, side);
+  plan.PanelLow = frame.Below(plan.Panel);
+  plan.PanelHigh = side - frame.Above();
   const DrawPoint by = {side / 2 - (box.Low.X + box.High.X) / 2,
-                        (below + above) / 2 - (box.Low.Y + box.High.Y) / 2};
-  Move(plan.Picture, by);
+                        (plan.PanelLow + plan.PanelHigh) / 2 - (box.Low.Y + box.High.Y) / 2};
+  plan.Frame = frame.Around(plan.Panel);
+  if (request.Zoom != 1) {
+    plan.Panel = PanelRecords(request, geometry, side, request.Zoom);
+  }
+  Move(plan.Panel, by);
+  plan.Panel.High = {side, side};
   AddMoved(plan, geometry, request.ProjectCalc.NumberEntries - 1, by);
-  frame.Add(plan.Picture);
-  plan.Picture.High = {side, side};
   return plan;
+}
+
+Drawing PictureOf(const Plan& plan) {
+  Drawing picture = plan.Panel;
+  const auto append = [](auto& to, const auto& from) { to.insert(to.end(), from.begin(), from.end()); };
+  append(picture.Polygons, plan.Frame.Polygons);
+  append(picture.Lines, plan.Frame.Lines);
+  append(picture.Texts, plan.Frame.Texts);
+  return picture;
 }
 
 }  // namespace korva

@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/Encoding.h"
 #include "core/Tables.h"
+#include "core/Text.h"
 #include "plan/PlanBox.h"
+#include "plan/PlanNotes.h"
+#include "plan/PlanPen.h"
 
 namespace korva {
 
@@ -16,7 +20,33 @@ namespace {
 constexpr double kGap = 0.6;
 constexpr double kRow = 1.5;
 constexpr double kSwatch = 1.6;
-constexpr double kScaleShare = 5;  // of the world's width, at most, for the scale
+constexpr double kBlockRows = 2;
+constexpr double kCellInset = 0.4;
+constexpr double kWideCell = 0.64;  // of the title block's width
+constexpr double kScaleShare = 5;   // of the world's width, at most, for the scale
+
+// Whether it has any width and height.
+bool IsSeen(const DrawPolygon& polygon) {
+  const auto [left, right] = std::minmax_element(polygon.Corners.begin(), polygon.Corners.end(),
+                                                 [](auto& a, auto& b) { return a.X < b.X; });
+  const auto [low, high] = std::minmax_element(polygon.Corners.begin(), polygon.Corners.end(),
+                                               [](auto& a, auto& b) { return a.Y < b.Y; });
+  return right->X > left->X && high->Y > low->Y;
+}
+
+// At most `length` characters of a text that may hold anything, with dots in its middle for the rest.
+std::string Shortened(const std::string& bytes, std::size_t length) {
+  std::string text = TextFromFileBytes(bytes);
+  std::replace_if(text.begin(), text.end(), IsControl, ' ');
+  const std::size_t count = CharacterCount(text);
+  if (count <= length) {
+    return text;
+  }
+  const std::size_t kept = length > 0 ? length - 1 : 0;
+  const std::size_t end = kept / 2;
+  return text.substr(0, BytesOfCharacters(text, kept - end)) + "\u2026" +
+         text.substr(BytesOfCharacters(text, count - end));
+}
 
 // The greatest of 1, 2 and 5 times a power of ten that is at most `length`.
 double RoundLength(double length) {
@@ -31,31 +61,46 @@ double RoundLength(double length) {
 
 }  // namespace
 
-PlanFrame::PlanFrame(const PlanRequest& request, double side)
-    : r_(request), side_(side), height_(side * request.TextShare), margin_(request.ProjectCalc.EntryWidth) {}
+PlanFrame::PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, double side)
+    : r_(request),
+      side_(side),
+      height_(side * request.TextShare),
+      margin_(request.ProjectCalc.EntryWidth),
+      zoneCutOff_(geometry.ZoneCutOff) {}
 
-double PlanFrame::CaptionHeight() const {
+double PlanFrame::Above() const {
   const double lines = std::ceil(TextLength(PlanCaption(r_)) * height_ / (side_ - 2 * margin_));
   return r_.Full ? (lines + kGap) * height_ : 0;
 }
 
-double PlanFrame::LegendHeight(const Drawing& drawing) const {
-  return r_.Full ? (static_cast<double>(Legend(drawing).size()) + 1) * kRow * height_ + kGap * height_ : 0;
+double PlanFrame::Below(const Drawing& panel) const {
+  const auto rows = static_cast<double>(Legend(panel).size() + NoteLines().size() + 1);
+  return r_.Full ? BlockHeight() + (rows * kRow + kGap) * height_ : 0;
 }
 
-void PlanFrame::Add(Drawing& drawing) const {
+Drawing PlanFrame::Around(const Drawing& panel) const {
+  Drawing frame;
+  frame.High = {side_, side_};
   if (!r_.Full) {
-    return;
+    return frame;
   }
-  const auto rows = Legend(drawing);
-  drawing.Texts.push_back(
+  frame.Texts.push_back(
       {{margin_, side_ - margin_ - height_ / 2}, false, PlanCaption(r_), 0, false, side_ - 2 * margin_});
-  double y = margin_ + (static_cast<double>(rows.size()) + 0.5) * kRow * height_;
+  const auto rows = Legend(panel);
+  const auto notes = NoteLines();
+  double y =
+      margin_ + BlockHeight() + (static_cast<double>(rows.size() + notes.size()) + 0.5) * kRow * height_;
   for (const auto& row : rows) {
-    AddLegendRow(drawing, row, y);
+    AddLegendRow(frame, row, y);
     y -= kRow * height_;
   }
-  AddScale(drawing, margin_ + kRow * height_ / 2);
+  for (const std::string& note : notes) {
+    frame.Texts.push_back({{margin_, y}, false, note, 0, false});
+    y -= kRow * height_;
+  }
+  AddScale(frame, y);
+  AddBlock(frame);
+  return frame;
 }
 
 double PlanFrame::Length(const Entry& entry) {
@@ -70,15 +115,22 @@ std::string PlanFrame::LeaveRowName() const {
   return bleeders && leaves ? "Leave and bleeder pillar" : bleeders ? "Bleeder pillar" : "Leave pillar";
 }
 
-// In rows that fit; none where no more than two kinds stand together.
-std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend(const Drawing& drawing) const {
+std::string PlanFrame::ZoneName() const {
+  return "Active mining zone, " + LengthText(r_.ProjectCalc.BreadthAMZ, r_.Units) +
+         (zoneCutOff_ ? ", not to scale" : "");
+}
+
+// In rows that fit, of what can be seen; none where no more than two kinds stand together.
+std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend(const Drawing& panel) const {
   std::vector<Entry> entries;
   for (const auto& [layer, text] : {std::pair<DrawLayer, std::string>{DrawLayer::kPillar, "Pillar"},
                                     {DrawLayer::kLeaveRow, LeaveRowName()},
                                     {DrawLayer::kBarrier, "Barrier pillar"},
-                                    {DrawLayer::kGob, "Gob"}}) {
-    if (std::any_of(drawing.Polygons.begin(), drawing.Polygons.end(),
-                    [l = layer](const DrawPolygon& polygon) { return polygon.Layer == l; })) {
+                                    {DrawLayer::kGob, "Gob"},
+                                    {DrawLayer::kActiveMiningZone, ZoneName()}}) {
+    if (std::any_of(panel.Polygons.begin(), panel.Polygons.end(), [l = layer](const DrawPolygon& polygon) {
+          return polygon.Layer == l && IsSeen(polygon);
+        })) {
       entries.push_back({layer, text});
     }
   }
@@ -107,20 +159,73 @@ void PlanFrame::AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, do
   }
 }
 
-// A bar with its length at the right, and which way the retreat goes at the left.
+std::vector<std::string> PlanFrame::NoteLines() const {
+  const double columns = (side_ - 2 * margin_) / (TextLength("0") * height_);
+  std::vector<std::string> lines;
+  for (const std::string& note : PlanNotes(r_)) {
+    const std::string wrapped = WrapText(note, static_cast<std::size_t>(std::clamp(columns, 21.0, 500.0)));
+    for (std::string_view rest = wrapped; !rest.empty();) {
+      const SplitLine split = TakeLine(rest);
+      lines.emplace_back(split.line);
+      rest = split.rest;
+    }
+  }
+  return lines;
+}
+
+// A bar with its length at the right, and which way the retreat goes at the left. A view that enlarges the
+// panel has a bar of its own.
 void PlanFrame::AddScale(Drawing& drawing, double y) const {
-  const double length = RoundLength(side_ / kScaleShare);
+  const double length = RoundLength(side_ / r_.Zoom / kScaleShare);
   const std::string text = fmt::format("{:g} {}", length, BareUnit(UnitLabel(UnitKind::kLength, r_.Units)));
   const double right = side_ - margin_ - (TextLength(text) + kGap) * height_;
+  const double left = right - length * r_.Zoom;
   const double end = height_ / 2;
-  drawing.Lines.push_back({{right - length, y}, {right, y}});
-  for (const double x : {right - length, right}) {
+  drawing.Lines.push_back({{left, y}, {right, y}});
+  for (const double x : {left, right}) {
     drawing.Lines.push_back({{x, y - end / 2}, {x, y + end / 2}});
   }
   drawing.Texts.push_back({{right + kGap * height_, y}, false, text, 0, false});
   if (r_.ProjectCalc.LoadingCondition >= 1) {
     drawing.Texts.push_back({{margin_, y}, false, "Retreat from top to bottom", 0, false});
   }
+}
+
+double PlanFrame::BlockHeight() const {
+  return r_.Title.Project.empty() ? 0 : kBlockRows * kRow * height_ + kGap * height_;
+}
+
+// Two rows of two cells in a box.
+void PlanFrame::AddBlock(Drawing& drawing) const {
+  if (r_.Title.Project.empty()) {
+    return;
+  }
+  const double left = margin_;
+  const double right = side_ - margin_;
+  const double divide = left + kWideCell * (right - left);
+  const double low = margin_;
+  const double row = kRow * height_;
+  for (const double y : {low, low + row, low + 2 * row}) {
+    drawing.Lines.push_back({{left, y}, {right, y}});
+  }
+  for (const double x : {left, divide, right}) {
+    drawing.Lines.push_back({{x, low}, {x, low + 2 * row}});
+  }
+  AddCell(drawing, left, divide, low + 1.5 * row, "Project: " + r_.Title.Project);
+  AddCell(drawing, divide, right, low + 1.5 * row, "Model: " + r_.Title.Model);
+  AddCell(drawing, left, divide, low + 0.5 * row, "Title: " + r_.Title.Title);
+  AddCell(drawing, divide, right, low + 0.5 * row, "Date: " + r_.Title.Date);
+}
+
+void PlanFrame::AddCell(Drawing& drawing, double left, double right, double y,
+                        const std::string& text) const {
+  const double inset = kCellInset * height_;
+  const double columns = (right - left - 2 * inset) / (TextLength("0") * height_);
+  drawing.Texts.push_back({{left + inset, y},
+                           false,
+                           Shortened(text, static_cast<std::size_t>(std::clamp(columns, 0.0, 500.0))),
+                           0,
+                           false});
 }
 
 }  // namespace korva

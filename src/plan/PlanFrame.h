@@ -1,4 +1,5 @@
-// What stands around the panel in the square world of a plan: caption above, legend and scale below.
+// What stands around the panel in the square world of a plan: caption above; legend, notes, scale and title
+// block below.
 #pragma once
 
 #include <string>
@@ -11,14 +12,14 @@ namespace korva {
 class PlanFrame {
  public:
   // Of a world of the width `side`.
-  PlanFrame(const PlanRequest& request, double side);
+  PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, double side);
 
   // What it takes of the world's height; the legend depends on what is drawn.
-  double CaptionHeight() const;
-  double LegendHeight(const Drawing& drawing) const;
+  double Above() const;
+  double Below(const Drawing& panel) const;
 
-  // Adds it to a drawing that has its place in the world.
-  void Add(Drawing& drawing) const;
+  // The frame of a panel that has its place in the world.
+  Drawing Around(const Drawing& panel) const;
 
  private:
   struct Entry {
@@ -28,14 +29,20 @@ class PlanFrame {
 
   static double Length(const Entry& entry);
   std::string LeaveRowName() const;
-  std::vector<std::vector<Entry>> Legend(const Drawing& drawing) const;
+  std::string ZoneName() const;
+  std::vector<std::vector<Entry>> Legend(const Drawing& panel) const;
+  std::vector<std::string> NoteLines() const;
+  double BlockHeight() const;
   void AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, double y) const;
   void AddScale(Drawing& drawing, double y) const;
+  void AddBlock(Drawing& drawing) const;
+  void AddCell(Drawing& drawing, double left, double right, double y, const std::string& text) const;
 
   const PlanRequest& r_;
   double side_;
   double height_;
   double margin_;
+  bool zoneCutOff_;
 };
 
 }  // namespace korva

@@ -51,8 +51,13 @@ class Layout {
     if (p_.LoadingCondition >= 3) {
       AddSecondSide();
     }
-    if (p_.LoadingCondition >= 1 && p_.ExtentActiveGob != 0) {
-      AddActiveGob();
+    if (p_.LoadingCondition >= 1) {
+      if (p_.BreadthAMZ > 0) {
+        AddActiveMiningZone();
+      }
+      if (p_.ExtentActiveGob != 0) {
+        AddActiveGob();
+      }
     }
     return std::move(g_);
   }
@@ -192,16 +197,36 @@ class Layout {
     g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = 1;
   }
 
-  // From the crosscut behind row 4 up to the common top, slab cuts included.
-  void AddActiveGob() {
-    std::vector<PlanPoint>& outline = g_.ActiveGob;
+  // The edge of the active gob behind the crosscut of row 4, from pillar to pillar.
+  std::vector<PlanPoint> GobEdge() const {
+    std::vector<PlanPoint> edge;
     const auto behind = [this](const PlanPoint& corner) {
       return Point(static_cast<double>(corner.X), static_cast<double>(corner.Y) + Crosscut());
     };
     for (int i = 1; i <= Lines(); ++i) {
-      outline.push_back(behind(g_.Pillars[i][kRetreatRow][3]));
-      outline.push_back(behind(g_.Pillars[i][kRetreatRow][2]));
+      edge.push_back(behind(g_.Pillars[i][kRetreatRow][3]));
+      edge.push_back(behind(g_.Pillars[i][kRetreatRow][2]));
     }
+    return edge;
+  }
+
+  // As wide as the model counts it, from the middle of the first entry to that of the last one.
+  void AddActiveMiningZone() {
+    std::vector<PlanPoint> edge = GobEdge();
+    edge.insert(edge.begin(), Point(W() / 2, static_cast<double>(edge.front().Y)));
+    edge.push_back(Point(CentersTo(Lines()) + W() / 2, static_cast<double>(edge.back().Y)));
+    g_.ActiveMiningZone = edge;
+    for (auto corner = edge.rbegin(); corner != edge.rend(); ++corner) {
+      const double low = static_cast<double>(corner->Y) - p_.BreadthAMZ;
+      g_.ZoneCutOff = g_.ZoneCutOff || low < 0;
+      g_.ActiveMiningZone.push_back(Point(static_cast<double>(corner->X), std::max(low, 0.0)));
+    }
+  }
+
+  // From its edge up to the common top, slab cuts included.
+  void AddActiveGob() {
+    std::vector<PlanPoint>& outline = g_.ActiveGob;
+    outline = GobEdge();
     const auto right = static_cast<float>(CentersTo(Lines()) + W());
     if (secondInner_.size() <= 1) {  // else the step is where it ends
       outline.push_back({right, outline.back().Y});

@@ -49,8 +49,12 @@ struct PlanGeometry {
   // corners of its step.
   IndexedArray<std::vector<PlanPoint>, kFirstGob, kSecondGob> Gobs;
   std::vector<PlanPoint> ActiveGob;  // empty if there is none
-  float RowTop = 0;                  // the greatest far Y of row 6
-  float GobTop = 0;                  // common top of barriers and gobs
+  // In front of the active gob, or of where it will be; empty for development. It ends with the panel's mouth
+  // where its breadth goes beyond that.
+  std::vector<PlanPoint> ActiveMiningZone;
+  bool ZoneCutOff = false;
+  float RowTop = 0;  // the greatest far Y of row 6
+  float GobTop = 0;  // common top of barriers and gobs
 };
 
 // What the geometry takes besides the project.

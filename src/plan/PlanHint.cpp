@@ -4,7 +4,7 @@
 
 #include "core/Format.h"
 #include "core/Tables.h"
-#include "plan/KORVAgraf.h"
+#include "plan/PlanRecords.h"
 
 namespace korva {
 
@@ -28,21 +28,22 @@ bool IsInside(const Points& outline, DrawPoint point) {
   return inside;
 }
 
-std::string Number(double value) {
-  return Format(value, "#.##");
+std::string SizeText(double width, double length, std::int16_t units) {
+  return fmt::format("{} x {}", Exact(width), LengthText(length, units));
 }
 
-std::string SizeText(const PlanRequest& request, double width, double length) {
-  return fmt::format("\n{} x {} {}", Number(width), Number(length),
-                     BareUnit(UnitLabel(UnitKind::kLength, request.Units)));
+// A number with what a label such as " (psi)" holds.
+std::string WithUnit(const std::string& number, const std::string& label) {
+  return label.empty() ? number : fmt::format("{} {}", number, BareUnit(label));
 }
 
-std::string StrengthText(const PlanValues& values, double strength) {
-  return fmt::format("\nStrength {}{}", Format(strength, "##0.0"), values.StressLabel);
+// `of` tells the size that it comes from, if that is not the one shown.
+std::string StrengthText(const PlanValues& values, double strength, const std::string& of) {
+  return "\nStrength " + WithUnit(Format(strength, "##0.0"), values.StressLabel) + of;
 }
 
 std::string CapacityText(const PlanValues& values, double capacity) {
-  return fmt::format("\nLoad bearing capacity {}{}", Format(capacity, "#0"), values.LoadLabel);
+  return "\nLoad bearing capacity " + WithUnit(Format(capacity, "#0"), values.LoadLabel);
 }
 
 std::string PillarHint(const PlanRequest& request, const PlanPillar& pillar) {
@@ -52,9 +53,15 @@ std::string PillarHint(const PlanRequest& request, const PlanPillar& pillar) {
   if (pillar.Row > kRetreatRow) {
     text += pillar.Line == 1 && p.RowA == 1 ? ", left as row A" : ", left as row B";
   }
-  text += SizeText(request, size.Width, size.Length);
+  text += "\n" + SizeText(size.Width, size.Length, request.Units);
+  std::string of;
+  if (HasOtherStrengthSize(request, pillar.Line)) {
+    const PillarSize taken = StrengthSizeOf(p, pillar.Line);
+    text += ", across and along the entries";
+    of = ", of " + SizeText(taken.Width, taken.Length, request.Units) + " (page 3)";
+  }
   if (request.Values && request.Values->HasStrength) {
-    text += StrengthText(*request.Values, request.Values->Strength[pillar.Line]);
+    text += StrengthText(*request.Values, request.Values->Strength[pillar.Line], of);
   }
   if (request.Values && request.Values->HasTraditional) {
     text += CapacityText(*request.Values, request.Values->Capacity[pillar.Line]);
@@ -65,11 +72,10 @@ std::string PillarHint(const PlanRequest& request, const PlanPillar& pillar) {
 std::string BleederHint(const PlanRequest& request, const PlanBleeder& bleeder) {
   const Project& p = request.ProjectCalc;
   const int side = bleeder.Side;
-  const auto width = static_cast<double>(side == kFirstSideLine ? p.WidthRowC : p.WidthRowD);
   std::string text = fmt::format("Bleeder pillar, row {}", RowLetters.at(static_cast<std::size_t>(side)));
-  text += SizeText(request, width, p.XcutSpacing - p.EntryWidth);
+  text += "\n" + SizeText(BleederWidth(p, side), p.XcutSpacing - p.EntryWidth, request.Units);
   if (request.Values && request.Values->HasRowStrength) {
-    text += StrengthText(*request.Values, request.Values->RowStrength[side]);
+    text += StrengthText(*request.Values, request.Values->RowStrength[side], {});
   }
   if (request.Values && request.Values->HasTraditional) {
     text += CapacityText(*request.Values, request.Values->RowCapacity[side]);
@@ -83,7 +89,7 @@ std::string AreaHint(const PlanRequest& request, std::string_view name) {
   const bool barrier = name.ends_with("barrier");
   const double width = barrier ? (first ? p.BarrierFirstGob : p.BarrierSecondGob)
                                : (first ? p.ExtentFirstGob : p.ExtentSecondGob);
-  return fmt::format("{}\n{} {}", name, Number(width), BareUnit(UnitLabel(UnitKind::kLength, request.Units)));
+  return fmt::format("{}\n{}", name, LengthText(width, request.Units));
 }
 
 }  // namespace
@@ -105,8 +111,7 @@ std::string PlanHintAt(const PlanRequest& request, const Plan& plan, DrawPoint p
     }
   }
   if (!plan.ActiveGob.empty() && IsInside(plan.ActiveGob, point)) {
-    return fmt::format("Active gob\n{} {}", Number(request.ProjectCalc.ExtentActiveGob),
-                       BareUnit(UnitLabel(UnitKind::kLength, request.Units)));
+    return "Active gob\n" + LengthText(request.ProjectCalc.ExtentActiveGob, request.Units);
   }
   return {};
 }

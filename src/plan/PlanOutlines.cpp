@@ -22,6 +22,9 @@ void AddOutlines(PlanPen& pen, const PlanRequest& request, const PlanGeometry& g
   for (const PlanBleeder& bleeder : geometry.Bleeders) {
     pen.Polygon(DrawLayer::kLeaveRow, bleeder.Corners);
   }
+  if (request.Full && !geometry.ActiveMiningZone.empty()) {
+    pen.Polygon(DrawLayer::kActiveMiningZone, geometry.ActiveMiningZone);
+  }
 }
 
 }  // namespace korva

@@ -51,8 +51,11 @@ class PillarTexts {
       const DrawPoint a = At(corners[0]);
       const DrawPoint b = At(corners[2]);
       pen_.Text({(a.X + b.X) / 2, (a.Y + b.Y) / 2}, text, true);
-      const double slope = std::abs(At(corners[1]).Y - a.Y) / std::max(b.X - a.X, p_.EntryWidth);
-      pen_.Fit(kFitting * (At(corners[3]).Y - a.Y) - slope * pen_.Height(), kFitting * (b.X - a.X));
+      // In a slanted pillar the height of the text takes of its length.
+      const double across = b.X > a.X ? b.X - a.X : p_.EntryWidth;
+      const double slope = std::abs(At(corners[1]).Y - a.Y) / across;
+      const double length = TextLength(text);
+      pen_.Fit(kFitting * (At(corners[3]).Y - a.Y) * length / (length + slope), kFitting * across);
     }
   }
 
@@ -84,14 +87,15 @@ class PillarTexts {
     }
     const double inset = kValueInset * (right.X - left.X);
     pen_.Text({leftWing ? left.X + inset : right.X - inset, 0}, text, false, leftWing ? 0 : 1);
-    pen_.Fit(right.X - left.X - inset, pen_.Height());
+    const double slope = (leftWing ? 1 : -1) * (right.Y - left.Y) / (right.X - left.X);
+    const double along = left.Y - At(corners[0]).Y;
+    pen_.Fit(kFitting * (right.X - left.X - inset),
+             kFitting * along / (1 + std::abs(slope) * TextLength(text)));
     DrawText& made = pen_.Last();
     // One text below the edge above it, but no nearer to the edge beneath it than to that.
-    const double length = TextLength(text) * pen_.Height() * made.Scale;
-    const double slope = (leftWing ? 1 : -1) * (right.Y - left.Y) / (right.X - left.X);
-    const auto [low, high] = std::minmax({slope * inset, slope * (inset + length)});
-    const double along = left.Y - At(corners[0]).Y;
-    made.At.Y = (leftWing ? left.Y : right.Y) + std::max(low - pen_.Height(), (low + high - along) / 2);
+    const double height = pen_.Height() * made.Scale;
+    const auto [low, high] = std::minmax({slope * inset, slope * (inset + TextLength(text) * height)});
+    made.At.Y = (leftWing ? left.Y : right.Y) + std::max(low - height, (low + high - along) / 2);
   }
 
   void AddStresses() {

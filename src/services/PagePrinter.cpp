@@ -4,6 +4,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cstdlib>
 
 #include "core/Encoding.h"
 #include "core/Project.h"
@@ -217,6 +219,13 @@ PaperSize PaperOfUnits(std::int16_t units) {
 }
 
 std::tm LocalTimeNow() {
+  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
+  const std::string_view seconds = fixed != nullptr ? fixed : "";
+  std::uint32_t moment = 0;
+  const auto read = std::from_chars(seconds.data(), seconds.data() + seconds.size(), moment);
+  if (!seconds.empty() && read.ec == std::errc() && read.ptr == seconds.data() + seconds.size()) {
+    return fmt::gmtime(static_cast<std::time_t>(moment));
+  }
   return fmt::localtime(std::time(nullptr));
 }
 

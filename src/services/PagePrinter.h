@@ -67,6 +67,8 @@ std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const
 // The paper of a country with those units: A4 for metric ones, else Letter.
 PaperSize PaperOfUnits(std::int16_t units);
 
+// The time now; that of the variable SOURCE_DATE_EPOCH, in UTC, where a build asks for the same bytes each
+// time.
 std::tm LocalTimeNow();
 
 }  // namespace korva

@@ -23,7 +23,11 @@ class PlanCommand : public testing::Test {
  protected:
   ProgramResult Call(std::vector<std::string> arguments, const std::string& folder = {}) const {
     arguments.insert(arguments.begin(), "plan");
-    return RunProgram({KORVA_PROGRAM, std::move(arguments), folder.empty() ? folder_ / "" : folder, {}, {}});
+    return RunProgram({KORVA_PROGRAM,
+                       std::move(arguments),
+                       folder.empty() ? folder_ / "" : folder,
+                       {{"SOURCE_DATE_EPOCH", "1676764800"}},
+                       {}});
   }
 
   void Put(const std::string& name, const Project& project) {
@@ -107,6 +111,22 @@ TEST_F(PlanCommand, ShowsWhatTheModelOfTheProjectComputes) {
   EXPECT_EQ(capacity.Status, 1);
   EXPECT_NE(json::parse(capacity.Out)["refused"].get<std::string>().find("no load bearing capacity"),
             std::string::npos);
+}
+
+TEST_F(PlanCommand, TellsWhosePlanItIs) {
+  fs::create_directory(folder_ / "mine");
+  Project p = test::TwoSideGobs();
+  p.CalcMode = kComparedModels;
+  Put("mine/two.KVL", p);
+  const json plan = json::parse(Call({"mine/two.KVL", "--json"}).Out);
+  for (const char* words :
+       {"Project: two.KVL", "Title: Sample panel", "Model: compared", "Date: 2023-02-19"}) {
+    EXPECT_TRUE(Says(plan, words)) << words;
+  }
+  EXPECT_EQ(plan["activeMiningZone"].size(), 24U) << "along the edge of the gob and back";
+  const std::string picture = Call({"mine/two.KVL"}).Out;
+  EXPECT_NE(picture.find("stroke-dasharray"), std::string::npos);
+  EXPECT_EQ(picture, Call({"mine/two.KVL"}).Out);
 }
 
 TEST_F(PlanCommand, RefusesWhatTheCheckRefuses) {

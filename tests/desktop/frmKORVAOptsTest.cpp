@@ -175,7 +175,7 @@ class OptionsAct : public OptionsForm {
   std::string PlanTexts() {
     const auto plan = DrawPlan(PlanRequestOf(bench_.State, true));
     std::string texts;
-    for (const DrawText& text : plan->Picture.Texts) {
+    for (const DrawText& text : plan->Panel.Texts) {
       texts += text.Text + "|";
     }
     for (const PlanGob& gob : plan->Gobs) {

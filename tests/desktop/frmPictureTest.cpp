@@ -47,7 +47,7 @@ class PlanWindow : public testing::Test {
   PlanView& View() { return The<PlanView>(*window_, "picPlan"); }
 
   std::string Caption() {
-    for (const DrawText& text : View().Shown().Picture.Texts) {
+    for (const DrawText& text : View().Shown().Frame.Texts) {
       if (text.Room > 0) {
         return text.Text;
       }
@@ -174,6 +174,42 @@ TEST_F(PlanWindow, ZoomsAroundThePointerAndTellsWhatStandsThere) {
   EXPECT_EQ(PlanHintAt(View().Request(), plan, {0, 0}), "");
 }
 
+TEST_F(PlanWindow, TheFrameStaysWhileThePanelIsEnlarged) {
+  OpenFor(kPlanFromResults);
+  EXPECT_TRUE(Item("mnuViewItem(0)").shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_Equal)));
+  const auto above = [this](const QImage& image) {
+    const Plan& plan = View().Shown();
+    const double share = 1 - plan.PanelHigh / static_cast<double>(plan.PlanHeight);
+    return image.copy(0, 0, image.width(), static_cast<int>(share * image.height()) - 3);
+  };
+  const QImage whole = View().grab().toImage();
+  const auto sheet = [this] {
+    Item("mnuPlotFileItem(0)").trigger();
+    return bench_.Pictures.Sheet.copy();
+  };
+  const QImage wholeSheet = sheet();
+  Item("mnuViewItem(0)").trigger();
+  Item("mnuViewItem(0)").trigger();
+  const QImage enlarged = View().grab().toImage();
+  ASSERT_GT(above(whole).height(), 10);
+  EXPECT_EQ(above(enlarged), above(whole)) << "the caption";
+  EXPECT_NE(enlarged, whole);
+  EXPECT_NE(sheet(), wholeSheet) << "prints what the window shows";
+  const auto texts = [this] {
+    QStringList all;
+    for (const DrawText& text : View().Shown().Frame.Texts) {
+      all << QString::fromStdString(text.Text);
+    }
+    return all;
+  };
+  EXPECT_TRUE(texts().contains(QStringLiteral("Title: Sample panel")));
+  EXPECT_TRUE(texts().contains(QStringLiteral("Model: traditional")));
+  const QStringList near = texts();
+  Item("mnuViewItem(2)").trigger();
+  EXPECT_NE(texts(), near) << "the length of the scale";
+  EXPECT_EQ(View().grab().toImage(), whole);
+}
+
 TEST_F(PlanWindow, KeepsThePanelThatItWasOpenedFor) {
   OpenFor(kPlanFromResults);
   bench_.State.ProjectCalc = Project{};
@@ -225,7 +261,7 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
   form->show();
   auto& preview = The<PlanView>(*form, "Picture1");
   ASSERT_TRUE(preview.HasPlan());
-  EXPECT_TRUE(preview.Shown().Picture.Texts.empty()) << "outlines alone";
+  EXPECT_TRUE(preview.Shown().Panel.Texts.empty()) << "outlines alone";
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("150"));
   EXPECT_TRUE(QTest::qWaitFor([&] { return preview.Request().ProjectCalc.XcutSpacing == 150; }));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("0"));

@@ -32,12 +32,14 @@ PlanRequest AfterRun(const Project& project, std::int16_t plotType, const Output
 }
 
 int CountOf(const Plan& plan, const std::string& text) {
-  return static_cast<int>(std::count_if(plan.Picture.Texts.begin(), plan.Picture.Texts.end(),
+  const Drawing picture = PictureOf(plan);
+  return static_cast<int>(std::count_if(picture.Texts.begin(), picture.Texts.end(),
                                         [&text](const DrawText& t) { return t.Text == text; }));
 }
 
 bool Says(const Plan& plan, const std::string& words) {
-  return std::any_of(plan.Picture.Texts.begin(), plan.Picture.Texts.end(),
+  const Drawing picture = PictureOf(plan);
+  return std::any_of(picture.Texts.begin(), picture.Texts.end(),
                      [&words](const DrawText& t) { return t.Text.find(words) != std::string::npos; });
 }
 
@@ -45,7 +47,7 @@ bool Says(const Plan& plan, const std::string& words) {
 std::vector<std::string> ValuesIn(const Plan& plan, int row) {
   std::vector<std::string> values;
   for (const PlanPillar& pillar : plan.Pillars) {
-    for (const DrawText& text : plan.Picture.Texts) {
+    for (const DrawText& text : plan.Panel.Texts) {
       const bool inside = text.At.X > static_cast<double>(pillar.Corners[0].X) &&
                           text.At.X < static_cast<double>(pillar.Corners[1].X) &&
                           text.At.Y > static_cast<double>(pillar.Corners[0].Y) &&
@@ -71,7 +73,7 @@ TEST(PlanDrawing, FillsTheLeastSquare) {
       const Plan plan = DrawPlan(request).value();
       const auto side = static_cast<double>(plan.PlanWidth);
       EXPECT_EQ(plan.PlanWidth, plan.PlanHeight);
-      Drawing drawing = plan.Picture;
+      Drawing drawing = PictureOf(plan);
       std::erase_if(drawing.Texts, [](const DrawText& text) { return text.Room > 0; });
       const DrawBox box = BoxOf(drawing, side * share);
       const double margin = project.EntryWidth * 0.99;
@@ -79,7 +81,7 @@ TEST(PlanDrawing, FillsTheLeastSquare) {
       EXPECT_GE(box.Low.Y, margin);
       EXPECT_LE(box.High.X, side - margin);
       EXPECT_LE(box.High.Y, side - margin);
-      EXPECT_NEAR(plan.Picture.High.X, side, 1e-3);
+      EXPECT_NEAR(drawing.High.X, side, 1e-3);
       if (project == wide) {
         EXPECT_NEAR(box.Width(), side - 2 * project.EntryWidth, side * 1e-3) << "no larger than needed";
       }
@@ -106,7 +108,8 @@ TEST(PlanDrawing, DimensionsFollowTheOptions) {
   plan = DrawPlan(request).value();
   EXPECT_EQ(CountOf(plan, "1000"), 2);
   EXPECT_EQ(CountOf(plan, "500"), 1);
-  EXPECT_FALSE(Says(plan, "not to scale"));
+  EXPECT_FALSE(Says(plan, "First side gob, ")) << "to scale now";
+  EXPECT_TRUE(Says(plan, "First side gob"));
   request.Options.PlotEntryDims = request.Options.PlotXcutDims = request.Options.PlotGobDims = 0;
   plan = DrawPlan(request).value();
   EXPECT_EQ(CountOf(plan, "60") + CountOf(plan, "83") + CountOf(plan, "20") + CountOf(plan, "500"), 0);
@@ -121,7 +124,7 @@ TEST(PlanDrawing, EntryDimensionsStandClearOfThePillars) {
     int found = 0;
     for (const PlanPillar& pillar : plan.Pillars) {
       const float lowest = std::min(pillar.Corners[0].Y, pillar.Corners[1].Y);
-      for (const DrawLine& line : plan.Picture.Lines) {
+      for (const DrawLine& line : plan.Panel.Lines) {
         const bool beneath = line.From.Y == line.To.Y &&
                              line.From.X < static_cast<double>(pillar.Corners[0].X) &&
                              line.To.X > static_cast<double>(pillar.Corners[1].X);
@@ -200,13 +203,208 @@ TEST(PlanDrawing, ShowsNoNumberThatNoRunComputed) {
   EXPECT_THROW(DrawPlan(request), RuntimeError);
 }
 
+// The name of the active gob, whether in one line or in three.
+bool SaysOfTheActiveGob(const Plan& plan, const std::string& extent) {
+  return Says(plan, "Active gob, " + extent + ", not to scale") ||
+         (CountOf(plan, "Active gob,") == 1 && CountOf(plan, extent + ",") == 1 &&
+          CountOf(plan, "not to scale") == 1);
+}
+
+TEST(PlanDrawing, TheActiveGobIsNotToScaleAndItsLineIsBroken) {
+  Project p = test::TwoSideGobs();
+  for (const bool schematic : {true, false}) {
+    PlanRequest request = RequestOf(p);
+    request.Geometry.SchematicGobs = schematic;
+    EXPECT_TRUE(SaysOfTheActiveGob(DrawPlan(request).value(), "1000 ft"));
+  }
+  PlanRequest request = RequestOf(p);
+  request.Units = kMetric;
+  request.ProjectCalc.ExtentActiveGob = 365.8;
+  EXPECT_TRUE(SaysOfTheActiveGob(DrawPlan(request).value(), "365.8 m"));
+  const auto slanted = [](const Plan& plan) {
+    return std::count_if(plan.Panel.Lines.begin(), plan.Panel.Lines.end(), [](const DrawLine& line) {
+      return line.From.X != line.To.X && line.From.Y != line.To.Y;
+    });
+  };
+  EXPECT_EQ(slanted(DrawPlan(request).value()), 2);
+  EXPECT_EQ(slanted(DrawPlan(RequestOf(test::DevelopmentPanel())).value()), 0);
+}
+
+// 75 by 80 ft less 20: 55 across and 56.91 along, of which 49.28 are square to the crosscuts at 60 degrees.
+TEST(PlanDrawing, TellsWhichPillarSizeTheStrengthIsOf) {
+  Project p = test::DevelopmentPanel();
+  p.XcutAngle = 60;
+  test::SetRows(p, 3, 75);
+  const PlanRequest request = AfterRun(p, kPlotDimensions);
+  Plan plan = DrawPlan(request).value();
+  EXPECT_EQ(ValuesIn(plan, 4), Texts{"55x57"});
+  EXPECT_TRUE(Says(plan, "Pillar sizes: across and along the entries. Those of the strength: page 3."));
+  const PlanCorners& corners = plan.Pillars.front().Corners;
+  const std::string hint = PlanHintAt(
+      request, plan, {static_cast<double>(corners[0].X) + 5, static_cast<double>(corners[0].Y) + 5});
+  EXPECT_NE(hint.find("\n55 x 56.91 ft, across and along the entries\nStrength "), std::string::npos) << hint;
+  EXPECT_NE(hint.find(" psi, of 49.28 x 63.51 ft (page 3)\nLoad bearing capacity "), std::string::npos)
+      << hint;
+  EXPECT_EQ(hint.find('('), hint.find("(page")) << "one form of unit";
+  p.XcutSpacing = 120;
+  EXPECT_FALSE(Says(DrawPlan(AfterRun(p, kPlotDimensions)).value(), "page 3")) << "they are the same";
+}
+
+TEST(PlanDrawing, StrengthSizesAreThoseOfTheRun) {
+  for (const double angle : {90.0, 75.0, 60.0, 45.0, 30.0}) {
+    for (const double center : {40.0, 60.0, 75.0, 90.0, 120.0}) {
+      Project p = test::DevelopmentPanel();
+      p.XcutAngle = angle;
+      p.XcutCenters[2] = center;
+      Calculation run = PrepareCalculation(p, kEnglish).Run;
+      RunCalculation(run);
+      EXPECT_NEAR(StrengthSizeOf(p, 2).Width, run.Out.PillarMinDim[2], 1e-9) << angle << " " << center;
+      EXPECT_NEAR(StrengthSizeOf(p, 2).Length, run.Out.PillarMaxDim[2], 1e-9) << angle << " " << center;
+    }
+  }
+}
+
+// The pairs of texts that stand in each other's way.
+std::vector<std::string> Overprints(const Plan& plan, double textHeight) {
+  std::vector<std::string> found;
+  const auto meet = [](const DrawBox& a, const DrawBox& b) {
+    return a.Low.X < b.High.X && b.Low.X < a.High.X && a.Low.Y < b.High.Y && b.Low.Y < a.High.Y;
+  };
+  const std::vector<DrawText> texts = PictureOf(plan).Texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    for (std::size_t k = i + 1; k < texts.size(); ++k) {
+      if (texts[i].Room == 0 && texts[k].Room == 0 &&
+          meet(BoxOf(texts[i], textHeight), BoxOf(texts[k], textHeight))) {
+        found.push_back(texts[i].Text + " / " + texts[k].Text);
+      }
+    }
+  }
+  return found;
+}
+
+TEST(PlanDrawing, TextsDoNotOverprintInAnyPanel) {
+  for (const double gob : {500.0, 5000.0}) {
+    for (const double angle : {90.0, 60.0, 30.0}) {
+      for (const int rows : {1, 5, 9}) {
+        Project p = test::TwoSideGobs();
+        p.ExtentFirstGob = p.ExtentSecondGob = gob;
+        p.XcutAngle = angle;
+        p.RowC = p.RowD = 1;
+        p.WidthRowC = p.WidthRowD = 40;
+        test::SetRows(p, rows, 60);
+        for (const bool schematic : {true, false}) {
+          PlanRequest request = RequestOf(p);
+          request.Geometry.SchematicGobs = schematic;
+          request.Title = {"panel.KVL", "A panel", "traditional", "2026-11-25"};
+          const Plan plan = DrawPlan(request).value();
+          const double height = static_cast<double>(plan.PlanHeight) * request.TextShare;
+          EXPECT_EQ(Overprints(plan, height), Texts{})
+              << gob << " " << angle << " " << rows << " " << schematic;
+        }
+      }
+    }
+  }
+}
+
+// Every corner of the box of a value lies within the pillar.
+TEST(PlanDrawing, ValuesStayWithinTheOutlinesOfTheirPillars) {
+  for (const double angle : {90.0, 60.0, 45.0, 30.0}) {
+    Project p = test::AtCondition(test::TwoSideGobs(), 1);
+    p.XcutAngle = angle;
+    p.XcutSpacing = 70;
+    for (const std::int16_t plot : {kPlotDimensions, kPlotCapacity, kPlotTotalStress}) {
+      PlanRequest request = AfterRun(p, plot);
+      request.TextShare = 1.0 / 30;
+      const Plan plan = DrawPlan(request).value();
+      int found = 0;
+      for (const PlanPillar& pillar : plan.Pillars) {
+        const auto x = [&](int corner) { return static_cast<double>(pillar.Corners.at(corner).X); };
+        const auto y = [&](int corner) { return static_cast<double>(pillar.Corners.at(corner).Y); };
+        const double slope = (y(1) - y(0)) / (x(1) - x(0));
+        for (const DrawText& text : plan.Panel.Texts) {
+          const double rise = slope * (text.At.X - x(0));
+          if (text.At.X < x(0) || text.At.X > x(1) || text.At.Y < y(0) + rise || text.At.Y > y(3) + rise) {
+            continue;
+          }
+          ++found;
+          const DrawBox box = BoxOf(text, static_cast<double>(plan.PlanHeight) * request.TextShare);
+          EXPECT_TRUE(box.Low.X > x(0) && box.High.X < x(1)) << text.Text << " at " << angle;
+          for (const double at : {box.Low.X, box.High.X}) {
+            EXPECT_TRUE(box.Low.Y > y(0) + slope * (at - x(0)) && box.High.Y < y(3) + slope * (at - x(0)))
+                << text.Text << " at " << angle;
+          }
+        }
+      }
+      EXPECT_GE(found, 5);
+    }
+  }
+}
+
+TEST(PlanDrawing, LegendNamesWhatIsSeen) {
+  Project p = test::TwoSideGobs();
+  EXPECT_EQ(CountOf(DrawPlan(RequestOf(p)).value(), "Barrier pillar"), 1);
+  EXPECT_EQ(CountOf(DrawPlan(RequestOf(p)).value(), "Active mining zone, 150 ft"), 1);
+  p.BarrierFirstGob = p.BarrierSecondGob = p.SlabcutFirstGob = 0;
+  EXPECT_EQ(CountOf(DrawPlan(RequestOf(p)).value(), "Barrier pillar"), 0);
+  p.BreadthAMZ = 2000;
+  EXPECT_EQ(CountOf(DrawPlan(RequestOf(p)).value(), "Active mining zone, 2000 ft, not to scale"), 1);
+  EXPECT_FALSE(Says(DrawPlan(RequestOf(test::DevelopmentPanel())).value(), "Active mining zone"));
+}
+
+TEST(PlanDrawing, MetersKeepADecimalOrAreSaidToBeRounded) {
+  PlanRequest request = RequestOf(test::TwoSideGobs());
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "rounded"));
+  request.Units = kMetric;
+  request.ProjectCalc.XcutCenters[1] = 18.3;
+  request.ProjectCalc.SlabcutFirstGob = 10.5;
+  request.ProjectCalc.ExtentFirstGob = 304.8;
+  const Plan plan = DrawPlan(request).value();
+  EXPECT_EQ(CountOf(plan, "10.5"), 1);
+  EXPECT_TRUE(Says(plan, "First side gob, 304.8 m, not to scale"));
+  EXPECT_EQ(CountOf(plan, "18"), 1);
+  EXPECT_TRUE(Says(plan, "Dimensions without a decimal are rounded to whole m."));
+}
+
+TEST(PlanDrawing, EntriesPillarsAndThePanelItselfAreNamed) {
+  PlanRequest request = RequestOf(test::TwoSideGobs());
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "Project: "));
+  request.Title = {"panel.KVL", std::string(300, 'x') + "\xff\n", "laminated", "2026-11-25"};
+  const Plan plan = DrawPlan(request).value();
+  for (const char* text :
+       {"E1", "E6", "P1", "P5", "Project: panel.KVL", "Model: laminated", "Date: 2026-11-25"}) {
+    EXPECT_EQ(CountOf(plan, text), 1) << text;
+  }
+  EXPECT_EQ(CountOf(plan, "E7") + CountOf(plan, "P6"), 0);
+  EXPECT_TRUE(Says(plan, "Title: xxx"));
+  EXPECT_TRUE(Says(plan, "xxx\u2026xxx")) << "cut in its middle to what has room";
+}
+
+TEST(PlanDrawing, AnEnlargedPanelKeepsTheFrame) {
+  PlanRequest request = RequestOf(test::TwoSideGobs());
+  request.TextShare = 1.0 / 25;
+  const Plan whole = DrawPlan(request).value();
+  request.Zoom = 8;
+  const Plan enlarged = DrawPlan(request).value();
+  EXPECT_EQ(enlarged.PlanWidth, whole.PlanWidth);
+  EXPECT_EQ(enlarged.Pillars.front().Corners[0].X, whole.Pillars.front().Corners[0].X);
+  EXPECT_EQ(CountOf(whole, "200 ft"), 1);
+  EXPECT_EQ(CountOf(enlarged, "20 ft"), 1) << "a scale of its own";
+  const auto scale = [](const Plan& plan, const char* text) {
+    const auto found = std::find_if(plan.Panel.Texts.begin(), plan.Panel.Texts.end(),
+                                    [&](const DrawText& t) { return t.Text == text; });
+    return found->Scale;
+  };
+  EXPECT_LT(scale(whole, "40x60"), 1);
+  EXPECT_EQ(scale(enlarged, "40x60"), 1) << "there is room now";
+}
+
 TEST(PlanDrawing, PreviewIsOutlinesAloneAndNothingHasNoPlan) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   request.Full = false;
   const Plan plan = DrawPlan(request).value();
-  EXPECT_TRUE(plan.Picture.Texts.empty());
-  EXPECT_TRUE(plan.Picture.Lines.empty());
-  EXPECT_EQ(plan.Picture.Polygons.size(), 20U + 4 + 1);
+  EXPECT_TRUE(PictureOf(plan).Texts.empty());
+  EXPECT_TRUE(plan.Panel.Lines.empty());
+  EXPECT_EQ(plan.Panel.Polygons.size(), 20U + 4 + 1);
   request.ProjectCalc.NumberEntries = 1;  // gobs around no pillar
   EXPECT_FALSE(DrawPlan(request));
   request.ProjectCalc = Project{};

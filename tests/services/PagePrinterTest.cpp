@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "core/Text.h"
 #include "services/PagePrinter.h"
 #include "services/PagesPdf.h"
@@ -40,6 +42,17 @@ std::string Lines(int count) {
     text += std::to_string(i) + "\r\n";
   }
   return text;
+}
+
+TEST(LocalTimeNow, IsThatOfTheEnvironmentWhereABuildAsksForIt) {
+  ::setenv("SOURCE_DATE_EPOCH", "1676764800", 1);
+  EXPECT_EQ(LocalTimeNow().tm_year, 123);
+  EXPECT_EQ(LocalTimeNow().tm_yday, 49);
+  for (const char* other : {"", "soon", "1676764800x", "-1", "99999999999999"}) {
+    ::setenv("SOURCE_DATE_EPOCH", other, 1);
+    EXPECT_GT(LocalTimeNow().tm_year, 123) << other;
+  }
+  ::unsetenv("SOURCE_DATE_EPOCH");
 }
 
 TEST(PagePrinter, HeaderRuleAndFirstLine) {
