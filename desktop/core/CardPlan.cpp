@@ -1,5 +1,7 @@
 #include "desktop/core/CardPlan.h"
 
+#include <algorithm>
+
 #include "commands/PlanCommands.h"
 #include "desktop/plan/PaintDrawing.h"
 #include "desktop/support/FormTools.h"
@@ -12,6 +14,8 @@ namespace {
 
 constexpr int kColumns = 62;  // of digits
 constexpr int kLines = 19;
+constexpr int kLegendColumns = 34;  // that the legend takes at least
+constexpr double kLegendLines = 3;
 const QString kNoPlan = QStringLiteral("No plan: these dimensions make no panel");
 
 }  // namespace
@@ -42,10 +46,25 @@ QSize CardPlan::minimumSizeHint() const {
   return sizeHint() / 2;
 }
 
+// What the drawing takes of this widget, at its top, so that the legend stands close to it.
+QRectF CardPlan::Room() const {
+  const QFontMetricsF metrics(DrawingFont(font()));
+  const double legend = kLegendLines * metrics.lineSpacing();
+  const double across = drawing_->High.X - drawing_->Low.X;
+  const double along = drawing_->High.Y - drawing_->Low.Y;
+  if (height() <= legend || !(across > 0) || !(along > 0)) {
+    return rect();
+  }
+  const double scale = std::min(width() / across, (height() - legend) / along);
+  const double least = metrics.horizontalAdvance(QLatin1Char('0')) * kLegendColumns;
+  const double wide = std::min<double>(width(), std::max(scale * across, least));
+  return {(width() - wide) / 2, 0, wide, scale * along + legend};
+}
+
 void CardPlan::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (drawing_) {
-    PaintDrawing(painter, rect(), *drawing_, {palette(), DrawingFont(font())});
+    PaintDrawing(painter, Room(), *drawing_, {palette(), DrawingFont(font())});
   } else {
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, kNoPlan);
   }

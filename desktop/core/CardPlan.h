@@ -23,6 +23,8 @@ class CardPlan : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QRectF Room() const;
+
   std::optional<Drawing> drawing_;
 };
 

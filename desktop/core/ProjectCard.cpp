@@ -90,6 +90,7 @@ ProjectCard::ProjectCard(QWidget* parent)
   ApplySpacing(*all, *this);
   all->addWidget(title_);
   all->addWidget(file_);
+  all->addSpacing(SpacingUnit(*this));
   all->addLayout(body, 1);
 }
 

@@ -30,12 +30,23 @@ void AddLegend(Drawing& drawing) {
   }
 }
 
+// A panel whose entries or crosscuts overlap is no panel.
+bool HasPillars(const PlanRequest& request) {
+  for (int i = 1; i < request.ProjectCalc.NumberEntries; ++i) {
+    const PillarSize size = PillarSizeOf(request, i);
+    if (!(size.Width > 0 && size.Length > 0)) {
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::optional<Drawing> PanelOverview(PlanRequest request) {
   request.Full = false;
   auto plan = DrawPlan(request);
-  if (!plan) {
+  if (!plan || !HasPillars(request)) {
     return std::nullopt;
   }
   Drawing drawing = std::move(plan->Picture);

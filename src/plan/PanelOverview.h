@@ -9,7 +9,8 @@
 namespace korva {
 
 // The outlines of the plan asked for in their least box, with a legend where more than two kinds stand
-// together and a note on what is not to scale. Nothing and run-time errors as of DrawPlan.
+// together and a note on what is not to scale. Nothing if the panel has no extent or a pillar without
+// one. Run-time errors as of DrawPlan.
 std::optional<Drawing> PanelOverview(PlanRequest request);
 
 }  // namespace korva

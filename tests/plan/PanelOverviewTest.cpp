@@ -12,6 +12,8 @@ std::optional<Drawing> Overview(const Project& project) {
   PlanRequest request;
   request.ProjectCalc = project;
   request.Geometry.SchematicGobs = false;
+  std::fill(request.Geometry.PlotXcutSpacing.begin(), request.Geometry.PlotXcutSpacing.end(),
+            static_cast<float>(project.XcutSpacing));
   return PanelOverview(request);
 }
 
@@ -62,6 +64,13 @@ TEST(PanelOverview, NamesTheKindsThatStandTogether) {
 
 TEST(PanelOverview, IsNothingForAPanelWithoutExtent) {
   EXPECT_FALSE(Overview(Project()).has_value());
+  for (void (*put)(Project&) :
+       {+[](Project& p) { p.XcutCenters[2] = 0; }, +[](Project& p) { p.XcutCenters[2] = 20; },
+        +[](Project& p) { p.XcutSpacing = 20; }}) {
+    Project project = test::DevelopmentPanel();
+    put(project);
+    EXPECT_FALSE(Overview(project).has_value()) << "entries or crosscuts that meet";
+  }
 }
 
 }  // namespace

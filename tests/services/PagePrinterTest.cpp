@@ -159,7 +159,9 @@ std::string AllBut(int left) {
 TEST(PagePrinter, ASheetEndsBeforeAHeadingOrATableThatItWouldCut) {
   const std::string table = "[A HEADING]\r\n\r\nHEAD\r\n (ft)\r\nrow 1\r\nrow 2\r\n";
   const std::string nested = "[ONE]\r\n\r\n[Two]\r\nvalue\r\n";
-  for (const auto& [text, lines] : {std::pair{table, 6}, {nested, 4}, {std::string("a\r\nb\r\n"), 2}}) {
+  const std::string apart = "[LOADS]\r\nHEAD\r\nrow 1\r\n\r\nrow 2\r\n";
+  for (const auto& [text, lines] :
+       {std::pair{table, 6}, {nested, 4}, {apart, 5}, {std::string("a\r\nb\r\n"), 2}}) {
     for (int left = 0; left < lines; ++left) {
       const auto sheets = SheetsOf(AllBut(left) + text, kLetterPaper, Moment());
       ASSERT_EQ(sheets.size(), 2U);
