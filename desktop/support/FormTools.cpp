@@ -73,7 +73,8 @@ QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent
   auto* button = new QPushButton(caption, parent);
   button->setObjectName(QLatin1String(name));
   button->setAutoDefault(false);
-  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 2 * button->fontMetrics().height());
+  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) +
+                          2 * button->fontMetrics().height());
   return button;
 }
 

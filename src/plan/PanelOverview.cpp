@@ -49,7 +49,7 @@ std::optional<Drawing> PanelOverview(PlanRequest request) {
   if (!plan || !HasPillars(request)) {
     return std::nullopt;
   }
-  Drawing drawing = std::move(plan->Picture);
+  Drawing drawing = std::move(plan->Panel);
   const DrawBox box = BoxOf(drawing, 0);
   drawing.Low = box.Low;
   drawing.High = box.High;

@@ -27,12 +27,13 @@ std::string Chosen(const std::string& folder, const char* typed, int down) {
     The<QLineEdit>(*dialog, "fileNameEdit").setText(QLatin1String(typed));
     QTest::keyClick(&The<QLineEdit>(*dialog, "fileNameEdit"), Qt::Key_Return);
   });
-  const FileQuestion question = {.Save = true,
-                                 .Title = "Save Picture",
-                                 .Folder = folder,
-                                 .Name = "panel.svg",
-                                 .DefaultExtension = "svg",
-                                 .Filters = {"Scalable picture (*.svg)", "Portable document (*.pdf)", "All (*.*)"}};
+  const FileQuestion question = {
+      .Save = true,
+      .Title = "Save Picture",
+      .Folder = folder,
+      .Name = "panel.svg",
+      .DefaultExtension = "svg",
+      .Filters = {"Scalable picture (*.svg)", "Portable document (*.pdf)", "All (*.*)"}};
   return QtFileChoice().ChooseFile(question).value_or("none");
 }
 

@@ -111,7 +111,8 @@ TEST_F(GraphWindow, FitsEverySize) {
   Open(kXcutSpacingGraph);
   ASSERT_EQ(Plot().graphCount(), 4);
   const QFontMetrics font(Plot().xAxis->tickLabelFont());
-  for (const QSize size : {QSize(300, 250), QSize(340, 420), QSize(500, 350), QSize(620, 400), QSize(1200, 700)}) {
+  for (const QSize size :
+       {QSize(300, 250), QSize(340, 420), QSize(500, 350), QSize(620, 400), QSize(1200, 700)}) {
     window->resize(size);
     QCoreApplication::processEvents();
     const QCPAxisRect& plot = *Plot().axisRect();

@@ -7,11 +7,11 @@
 
 namespace {
 
-// Two screens side by side, the second one a laptop's at 125 percent.
+// Two screens far apart, the second one a laptop's at 125 percent.
 constexpr const char* kScreens =
     R"({"screens": [{"name": "first", "x": 0, "y": 0, "width": 800, "height": 800, "logicalDpi": 96,
                      "logicalBaseDpi": 96, "dpr": 1},
-                    {"name": "second", "x": 800, "y": 0, "width": 1366, "height": 768, "logicalDpi": 96,
+                    {"name": "second", "x": 3000, "y": 0, "width": 1366, "height": 768, "logicalDpi": 96,
                      "logicalBaseDpi": 96, "dpr": 1.25}]})";
 
 }  // namespace
