@@ -10,6 +10,7 @@
 #include "commands/SettingsCommands.h"
 #include "desktop/graphs/frmGraph.h"
 #include "desktop/support/FormTools.h"
+#include "desktop/support/ReadOut.h"
 #include "graphs/GraphTitles.h"
 
 namespace korva::desktop {
@@ -123,7 +124,8 @@ QWidget* frmGraphOpt::BuildFormat() {
   txtSS_ = new QLineEdit(frame);
   txtSS_->setObjectName(QStringLiteral("txtSS"));
   txtSS_->setAccessibleName(QStringLiteral("Symbol size"));
-  txtSS_->setReadOnly(true);
+  MakeReadOut(*txtSS_);
+  txtSS_->setAlignment(Qt::AlignRight);
   txtSS_->setFixedWidth(fontMetrics().averageCharWidth() * 6);
   connect(HScroll1_, &QScrollBar::valueChanged, this,
           [this](int size) { txtSS_->setText(QString::number(size)); });

@@ -75,6 +75,7 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
     auto* result = new QLineEdit(QStringLiteral("0"), frame);
     result->setObjectName(FromUtf8(tab.Units[i].ResultBox));
     MakeReadOut(*result);
+    result->setAlignment(Qt::AlignRight);
     result->setAccessibleName(QStringLiteral("Value in ") + caption);
     result->setMinimumWidth(fontMetrics().averageCharWidth() * kResultColumns);
     const int row = static_cast<int>(i);
