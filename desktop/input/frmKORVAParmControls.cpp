@@ -156,7 +156,7 @@ QGroupBox* frmKORVAParmControls::OptionFrame(const char* name, const char* title
 QGroupBox* frmKORVAParmControls::EntriesFrame() {
   QGroupBox* frame = NewFrame("Frame6", "Center-to-center entry spacing");
   auto* grid = new QGridLayout(frame);
-  grid->setHorizontalSpacing(2);
+  grid->setHorizontalSpacing(0);
   for (int i = 1; i <= kMaxEntries; ++i) {
     const auto at = static_cast<std::size_t>(i - 1);
     auto* block = new FieldBox(IndexedName("Text15", i), 0, frame);
