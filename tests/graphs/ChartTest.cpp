@@ -8,6 +8,7 @@
 #include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/GraphWorkbook.h"
+#include "graphs/SweepNotes.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
