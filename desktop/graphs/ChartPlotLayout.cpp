@@ -132,6 +132,8 @@ void ChartPlot::PlaceLegend() {
   legend->setVisible(plot.height() - below.height() - kLegendGap / 2 >= kLeastPlotHeight);
   if (legend->visible()) {
     PutLegendBelow(below);
+  } else {
+    setToolTip((toolTip() + QStringLiteral("\nA larger window shows the legend")).trimmed());
   }
 }
 

@@ -91,7 +91,7 @@ std::vector<NoticeRange> NoticeRanges(const SweepData& data) {
 std::vector<std::string> SweepNotes(const SweepData& data, int curves) {
   std::vector<std::string> notes;
   for (const NoticeRange& range : NoticeRanges(data)) {
-    notes.push_back(fmt::format("Shaded: {} ({})", range.Reason, range.Values));
+    notes.push_back(fmt::format("Hollow, shaded: {} ({})", range.Reason, range.Values));
   }
   for (const std::string_view barrier : {"first", "second"}) {
     std::vector<std::string_view> without;
