@@ -14,6 +14,7 @@
 #include "files/SafeWriter.h"
 #include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
+#include "graphs/SweepNotes.h"
 
 namespace korva::cli {
 

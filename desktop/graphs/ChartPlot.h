@@ -10,6 +10,11 @@
 
 namespace korva::desktop {
 
+// Sizes in pixels, so that paper and screen have the same proportions.
+inline constexpr int kPlotTextPixels = 12;
+inline constexpr int kHeadingTextPixels = 20;  // 15 points
+QFont PlotFont(int pixels);
+
 // A point of a curve.
 struct PlotPoint {
   QString Curve;

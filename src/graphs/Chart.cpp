@@ -6,8 +6,8 @@
 #include <cmath>
 #include <utility>
 
-#include "core/Format.h"
 #include "graphs/GraphTitles.h"
+#include "graphs/SweepNotes.h"
 
 namespace korva {
 
@@ -52,27 +52,11 @@ void AddCurves(Chart& chart, const SweepData& data, int curves) {
   }
 }
 
-// Runs of points side by side that `has(point)`, as first and last point.
-template <class Has>
-std::vector<std::pair<std::size_t, std::size_t>> RunsOf(std::size_t points, Has&& has) {
-  std::vector<std::pair<std::size_t, std::size_t>> runs;
-  for (std::size_t i = 0; i < points; ++i) {
-    if (!has(i)) {
-      continue;
-    }
-    if (runs.empty() || runs.back().second + 1 != i) {
-      runs.emplace_back(i, i);
-    }
-    runs.back().second = i;
-  }
-  return runs;
-}
-
 // Each band ends half way to the next point, or where the axis does.
 void AddNotices(Chart& chart, const SweepData& data) {
   const auto x = [&data](std::size_t i) { return static_cast<double>(data.GraphData[0][i]); };
   const std::size_t points = data.Notices.size();
-  const auto runs = RunsOf(points, [&data](std::size_t i) { return !data.Notices[i].empty(); });
+  const auto runs = NoticedPoints(data);
   for (const auto& [first, last] : runs) {
     chart.Bands.push_back({first == 0 ? chart.XScale.Low : (x(first - 1) + x(first)) / 2,
                            last + 1 == points ? chart.XScale.High : (x(last) + x(last + 1)) / 2});
@@ -82,46 +66,7 @@ void AddNotices(Chart& chart, const SweepData& data) {
   }
 }
 
-std::vector<std::string> ReasonsOf(const SweepData& data) {
-  std::vector<std::string> reasons;
-  for (const auto& notices : data.Notices) {
-    for (const FormNotice& notice : notices) {
-      if (std::find(reasons.begin(), reasons.end(), notice.Reason) == reasons.end()) {
-        reasons.push_back(notice.Reason);
-      }
-    }
-  }
-  return reasons;
-}
-
-// The values of the points that have this reason: "2.00 to 16.88, 40.00".
-std::string RangesOf(const SweepData& data, const std::string& reason) {
-  const auto value = [&data](std::size_t i) { return Format(data.GraphData[0][i], "0.00"); };
-  std::vector<std::string> ranges;
-  for (const auto& [first, last] : RunsOf(data.Notices.size(), [&](std::size_t i) {
-         return std::any_of(data.Notices[i].begin(), data.Notices[i].end(),
-                            [&reason](const FormNotice& notice) { return notice.Reason == reason; });
-       })) {
-    ranges.push_back(first == last ? value(first) : fmt::format("{} to {}", value(first), value(last)));
-  }
-  return fmt::format("{}", fmt::join(ranges, ", "));
-}
-
-// The barrier that a curve of a graph of barriers is about.
-std::string_view BarrierOf(int graph, int curve) {
-  const bool second = graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && curve > 2);
-  return second ? "second" : "first";
-}
-
 }  // namespace
-
-std::string NoticeText(const std::vector<FormNotice>& notices) {
-  std::string text;
-  for (const FormNotice& notice : notices) {
-    text += (text.empty() ? "" : "; ") + notice.Text;
-  }
-  return text;
-}
 
 bool IsHollow(const Chart& chart, std::size_t point) {
   return point < chart.PointNotices.size() && !chart.PointNotices[point].empty();
@@ -154,49 +99,6 @@ std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double
     }
   }
   return lines;
-}
-
-std::vector<int> CurvesWithoutFactor(const SweepData& data) {
-  std::vector<int> curves;
-  for (int i = 1; i <= data.CurveCount && YTitleOf(data.GraphIndex) == 1; ++i) {
-    const auto& factors = data.GraphData[i];
-    const auto points = static_cast<std::ptrdiff_t>(data.PointsOf(i));
-    if (points > 0 &&
-        std::all_of(factors.begin(), factors.begin() + points, [](float y) { return y == 0; })) {
-      curves.push_back(i);
-    }
-  }
-  return curves;
-}
-
-std::vector<NoticeRange> NoticeRanges(const SweepData& data) {
-  std::vector<NoticeRange> ranges;
-  for (const std::string& reason : ReasonsOf(data)) {
-    ranges.push_back({reason, RangesOf(data, reason)});
-  }
-  return ranges;
-}
-
-std::vector<std::string> SweepNotes(const SweepData& data, int curves) {
-  std::vector<std::string> notes;
-  for (const NoticeRange& range : NoticeRanges(data)) {
-    notes.push_back(fmt::format("Shaded: {} ({})", range.Reason, range.Values));
-  }
-  for (const std::string_view barrier : {"first", "second"}) {
-    std::vector<std::string_view> without;
-    for (const int curve : CurvesWithoutFactor(data)) {
-      if (curve <= curves && BarrierOf(data.GraphIndex, curve) == barrier) {
-        without.push_back(CurveLabel(curve));
-      }
-    }
-    if (!without.empty()) {
-      notes.push_back(fmt::format("No {} barrier, so no factor: {}", barrier, fmt::join(without, ", ")));
-    }
-  }
-  if (!data.Partial.empty()) {
-    notes.push_back("Partial: " + data.Partial);
-  }
-  return notes;
 }
 
 int AxisScale::Labels() const {

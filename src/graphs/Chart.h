@@ -86,9 +86,6 @@ struct ChartBox {
   double GapUp = 0;
 };
 
-// The texts of all notices in one.
-std::string NoticeText(const std::vector<FormNotice>& notices);
-
 // Whether the symbol of a point is hollow: something is to be known about it.
 bool IsHollow(const Chart& chart, std::size_t point);
 
@@ -96,24 +93,10 @@ bool IsHollow(const Chart& chart, std::size_t point);
 // there is none.
 std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box);
 
-// The notes in lines no wider than `width`, by the room that `size` gives a text. Never empty lines for long
-// words: a line has at least one character.
+// The notes in lines no wider than `width`, by the room that `size` gives a text. A word longer than a line is
+// cut between two characters.
 std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double width,
                                    const std::function<double(const std::string& text)>& size);
-
-// The curves of 1 to CurveCount that have no factor at all, since there is no barrier for it.
-std::vector<int> CurvesWithoutFactor(const SweepData& data);
-
-// What the input form would refuse, and of which points: {"pillars without length", "2.00 to 16.88"}.
-struct NoticeRange {
-  std::string Reason;
-  std::string Values;
-};
-std::vector<NoticeRange> NoticeRanges(const SweepData& data);
-
-// What a person should know of a graph: what the input form would refuse, which curves have no factor, and
-// why points are missing. Empty if there is nothing. `curves` are shown.
-std::vector<std::string> SweepNotes(const SweepData& data, int curves);
 
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);

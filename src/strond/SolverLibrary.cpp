@@ -102,6 +102,7 @@ ErrorNumber SolverStatusError(std::int16_t status) {
   switch (status) {
     case KORVASTROND_DONE:
     case KORVASTROND_NO_EXCHANGE_FILE:
+    case KORVASTROND_NOT_52_FIELDS:  // another program has changed it
       return ErrorNumber::kFileNotFound;
     case KORVASTROND_RESULT_NOT_WRITTEN:
       return ErrorNumber::kDeviceIo;

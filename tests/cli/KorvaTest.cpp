@@ -291,6 +291,58 @@ TEST_F(KorvaCommand, SweepsAParameter) {
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "tmp")) << "the runs leave nothing behind";
 }
 
+TEST_F(KorvaCommand, ASweepSaysOfEachPointWhatIsSaidOfASingleRun) {
+  const ProgramResult table = Call({"sweep", "two.KVL", "3", "--min", "2"});
+  EXPECT_EQ(table.Status, 0);
+  const std::string notice =
+      "  the pillars have no length: the crosscut spacing leaves nothing beside the entry width\n";
+  const std::string second = table.Out.substr(table.Out.find('\n') + 1, 110 + notice.size());
+  EXPECT_TRUE(Holds(table.Out.substr(0, table.Out.find('\n')), "Retreat (KORVA)  Notice"));
+  EXPECT_TRUE(Holds(second, notice)) << second;
+  EXPECT_FALSE(table.Out.ends_with(notice));
+  EXPECT_TRUE(Holds(table.Err, "warning: two.KVL: Crosscut Spacing 1.60 to ")) << table.Err;
+  EXPECT_TRUE(Holds(table.Err, ": pillars without length\n")) << table.Err;
+  const json sweep = json::parse(Call({"sweep", "two.KVL", "3", "--min", "2", "--json"}).Out);
+  ASSERT_EQ(sweep["Notices"].size(), sweep["PointCount"]);
+  EXPECT_EQ(sweep["Notices"][0].size(), 1U);
+  EXPECT_TRUE(sweep["Notices"].back().empty());
+  EXPECT_TRUE(Holds(Call({"sweep", "two.KVL", "3", "--min", "2", "--csv"}).Out, ",Notice\n1.6,"));
+  EXPECT_FALSE(json::parse(Call({"sweep", "two.KVL", "3", "--json"}).Out).contains("Notices"));
+
+  Project p = test::TwoSideGobs();
+  p.LoadingCondition = 2;
+  p.ExtentSecondGob = p.BarrierSecondGob = p.SlabcutSecondGob = 0;
+  folder_.Put("one.KVL", FileOf(p));
+  const ProgramResult one = Call({"sweep", "one.KVL", "6", "--json", "--model", "laminated", "--max", "50"});
+  EXPECT_EQ(json::parse(one.Out)["NoFactor"], json({3, 4})) << one.Out;
+  EXPECT_TRUE(Holds(one.Err, "there is no second barrier; the laminated factors are 0")) << one.Err;
+}
+
+TEST_F(KorvaCommand, PointsBeforeAFailureStay) {
+  Project p = test::TwoSideGobs();
+  p.XcutSpacing = 50;  // at 20 ft nothing is left beside the entry
+  folder_.Put("fails.KVL", FileOf(p));
+  const std::vector<std::string> call = {"sweep", "fails.KVL", "3", "--min", "20", "--max", "120"};
+  const auto with = [&call](const char* option) {
+    std::vector<std::string> all = call;
+    all.emplace_back(option);
+    return all;
+  };
+  const ProgramResult table = Call(call);
+  EXPECT_EQ(table.Status, 3);
+  EXPECT_EQ(std::count(table.Out.begin(), table.Out.end(), '\n'), 7) << table.Out;
+  EXPECT_TRUE(Holds(table.Out, "\npartial: 5 of 26 points; Division by zero")) << table.Out;
+  EXPECT_TRUE(Holds(table.Err, "Error occurred: Division by zero (11)")) << table.Err;
+  const ProgramResult asJson = Call(with("--json"));
+  EXPECT_EQ(asJson.Status, 3);
+  const json result = json::parse(asJson.Out);
+  EXPECT_EQ(result["error"]["number"], 11);
+  EXPECT_EQ(result["sweep"]["X"].size(), 5U);
+  EXPECT_TRUE(Holds(result["sweep"]["Partial"], "5 of 26 points"));
+  EXPECT_EQ(Call({"sweep", "fails.KVL", "3", "--min", "20", "--max", "120", "-o", "part.svg"}).Status, 3);
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "part.svg"));
+}
+
 TEST_F(KorvaCommand, OnlyTheLaminatedModelNeedsATemporaryFolder) {
   const std::string gone = folder_ / "gone";
   EXPECT_EQ(Call({"report", "two.KVL"}, {{"TMPDIR", gone}}).Status, 0);

@@ -102,7 +102,7 @@ TEST_F(GraphWindow, MarksPointsThatTheFormWouldRefuse) {
   EXPECT_GT(marked, 0);
   EXPECT_EQ(hollow.dataCount(), marked);
   EXPECT_EQ(Plot().itemCount(), 3) << "a band beside the reference line";
-  EXPECT_TRUE(Plot().toolTip().startsWith(QStringLiteral("Shaded: pillars without length")));
+  EXPECT_TRUE(Plot().toolTip().startsWith(QStringLiteral("Hollow, shaded: pillars without length")));
 }
 
 // Curves are never mirrored, and labels neither meet nor leave the plot, in any size.

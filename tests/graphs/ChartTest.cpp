@@ -8,6 +8,7 @@
 #include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/GraphWorkbook.h"
+#include "graphs/SweepNotes.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
@@ -144,8 +145,8 @@ TEST(Chart, TellsWhatIsToBeKnownOfItsPoints) {
   EXPECT_EQ(chart.Bands[1].From, 175);
   EXPECT_TRUE(IsHollow(chart, 2) && !IsHollow(chart, 1));
   EXPECT_EQ(chart.Notes,
-            (std::vector<std::string>{"Shaded: pillars without length (100.00, 200.00)",
-                                      "Shaded: arch factor below 0.28 (100.00)",
+            (std::vector<std::string>{"Hollow, shaded: pillars without length (100.00, 200.00)",
+                                      "Hollow, shaded: arch factor below 0.28 (100.00)",
                                       "Partial: 2 of 3 points of the laminated model; cancelled"}));
   const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
   const std::string shade = "91.764706%,89.019608%,83.529412%";

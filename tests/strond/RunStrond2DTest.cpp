@@ -56,13 +56,13 @@ TEST(RunStrond2D, AnEarlierResultIsNeverTakenForThisRuns) {
 
 TEST(RunStrond2D, ARefusalIsNotOfferedAgain) {
   const Bench bench;
-  for (const auto& [status, error] : {std::pair{2, ErrorNumber::kInvalidCall},
-                                      {3, ErrorNumber::kInvalidCall},
+  for (const auto& [status, error] : {std::pair{3, ErrorNumber::kInvalidCall},
                                       {107, ErrorNumber::kInvalidCall},
                                       {-5, ErrorNumber::kInvalidCall},
                                       {5, ErrorNumber::kDeviceIo},  // a disk may be free the next time
                                       {6, ErrorNumber::kOutOfMemory},
-                                      {1, ErrorNumber::kFileNotFound}}) {
+                                      {1, ErrorNumber::kFileNotFound},
+                                      {2, ErrorNumber::kFileNotFound}}) {
     ExpectError(error, [&, value = static_cast<std::int16_t>(status)] {
       bench.Run([value](const std::string&) { return value; });
     });
