@@ -40,9 +40,8 @@ double SideOf(const PlanRequest& request, const PlanGeometry& geometry, const Dr
   for (int turn = 0; turn < kFrameTurns; ++turn) {
     const Drawing drawing = PanelRecords(request, geometry, side);
     const DrawBox box = BoxOf(drawing, side * request.TextShare);
-    const PlanFrame frame(request, geometry, side);
-    const double needed =
-        margins + std::max(box.Width(), box.Height() + frame.Above() + frame.Below(drawing));
+    const PlanFrame frame(request, geometry, drawing, side);
+    const double needed = margins + std::max(box.Width(), box.Height() + frame.Above() + frame.Below());
     if (std::abs(needed - side) <= kFrameSettled * side) {
       break;
     }
@@ -155,12 +154,12 @@ std::optional<Plan> DrawPlan(const PlanRequest& request) {
   plan.PlanWidth = plan.PlanHeight = static_cast<float>(side);
   plan.Panel = PanelRecords(request, geometry, side);
   const DrawBox box = BoxOf(plan.Panel, side * request.TextShare);
-  const PlanFrame frame(request, geometry, side);
-  plan.PanelLow = frame.Below(plan.Panel);
+  const PlanFrame frame(request, geometry, plan.Panel, side);
+  plan.PanelLow = frame.Below();
   plan.PanelHigh = side - frame.Above();
   const DrawPoint by = {side / 2 - (box.Low.X + box.High.X) / 2,
                         (plan.PanelLow + plan.PanelHigh) / 2 - (box.Low.Y + box.High.Y) / 2};
-  plan.Frame = frame.Around(plan.Panel);
+  plan.Frame = frame.Records();
   if (request.Zoom != 1) {
     plan.Panel = PanelRecords(request, geometry, side, request.Zoom);
   }

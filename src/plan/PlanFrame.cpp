@@ -21,6 +21,9 @@ constexpr double kGap = 0.6;
 constexpr double kRow = 1.5;
 constexpr double kSwatch = 1.6;
 constexpr double kBlockRows = 2;
+constexpr double kMostOfSide = 0.45;   // that the frame takes
+constexpr double kLeastShare = 0.005;  // of the side, that its texts are high
+constexpr double kSmaller = 0.95;
 constexpr double kCellInset = 0.4;
 constexpr double kWideCell = 0.64;  // of the title block's width
 constexpr double kScaleShare = 5;   // of the world's width, at most, for the scale
@@ -61,32 +64,44 @@ double RoundLength(double length) {
 
 }  // namespace
 
-PlanFrame::PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, double side)
+PlanFrame::PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, const Drawing& panel,
+                     double side)
     : r_(request),
       side_(side),
-      height_(side * request.TextShare),
+      textHeight_(side * request.TextShare),
+      height_(textHeight_),
       margin_(request.ProjectCalc.EntryWidth),
-      zoneCutOff_(geometry.ZoneCutOff) {}
+      zoneCutOff_(geometry.ZoneCutOff),
+      kinds_(Kinds(panel)) {
+  while (Above() + Below() > kMostOfSide * side_ && height_ > kLeastShare * side_) {
+    height_ *= kSmaller;
+  }
+}
 
 double PlanFrame::Above() const {
   const double lines = std::ceil(TextLength(PlanCaption(r_)) * height_ / (side_ - 2 * margin_));
   return r_.Full ? (lines + kGap) * height_ : 0;
 }
 
-double PlanFrame::Below(const Drawing& panel) const {
-  const auto rows = static_cast<double>(Legend(panel).size() + NoteLines().size() + 1);
+double PlanFrame::Below() const {
+  const auto rows = static_cast<double>(Legend().size() + NoteLines().size() + 1);
   return r_.Full ? BlockHeight() + (rows * kRow + kGap) * height_ : 0;
 }
 
-Drawing PlanFrame::Around(const Drawing& panel) const {
+// Painters count a text's room in its own, scaled letters.
+void PlanFrame::AddText(Drawing& drawing, DrawPoint at, const std::string& text, double room) const {
+  const double scale = height_ / textHeight_;
+  drawing.Texts.push_back({at, false, text, 0, false, room / scale, scale});
+}
+
+Drawing PlanFrame::Records() const {
   Drawing frame;
   frame.High = {side_, side_};
   if (!r_.Full) {
     return frame;
   }
-  frame.Texts.push_back(
-      {{margin_, side_ - margin_ - height_ / 2}, false, PlanCaption(r_), 0, false, side_ - 2 * margin_});
-  const auto rows = Legend(panel);
+  AddText(frame, {margin_, side_ - margin_ - height_ / 2}, PlanCaption(r_), side_ - 2 * margin_);
+  const auto rows = Legend();
   const auto notes = NoteLines();
   double y =
       margin_ + BlockHeight() + (static_cast<double>(rows.size() + notes.size()) + 0.5) * kRow * height_;
@@ -95,7 +110,7 @@ Drawing PlanFrame::Around(const Drawing& panel) const {
     y -= kRow * height_;
   }
   for (const std::string& note : notes) {
-    frame.Texts.push_back({{margin_, y}, false, note, 0, false});
+    AddText(frame, {margin_, y}, note);
     y -= kRow * height_;
   }
   AddScale(frame, y);
@@ -120,8 +135,8 @@ std::string PlanFrame::ZoneName() const {
          (zoneCutOff_ ? ", not to scale" : "");
 }
 
-// In rows that fit, of what can be seen; none where no more than two kinds stand together.
-std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend(const Drawing& panel) const {
+// Of what can be seen; none where no more than two kinds stand together.
+std::vector<PlanFrame::Entry> PlanFrame::Kinds(const Drawing& panel) const {
   std::vector<Entry> entries;
   for (const auto& [layer, text] : {std::pair<DrawLayer, std::string>{DrawLayer::kPillar, "Pillar"},
                                     {DrawLayer::kLeaveRow, LeaveRowName()},
@@ -134,9 +149,17 @@ std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend(const Drawing& pane
       entries.push_back({layer, text});
     }
   }
+  if (entries.size() <= 2) {
+    entries.clear();
+  }
+  return entries;
+}
+
+// In rows that fit.
+std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend() const {
   std::vector<std::vector<Entry>> rows;
   double length = side_;
-  for (const Entry& entry : entries.size() > 2 ? entries : std::vector<Entry>()) {
+  for (const Entry& entry : kinds_) {
     if (rows.empty() || (length + Length(entry)) * height_ > side_ - 2 * margin_) {
       rows.emplace_back();
       length = 0;
@@ -154,7 +177,7 @@ void PlanFrame::AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, do
     const double half = 0.4 * height_;
     drawing.Polygons.push_back(
         {entry.Layer, {{x, y - half}, {right, y - half}, {right, y + half}, {x, y + half}}});
-    drawing.Texts.push_back({{right + kGap * height_, y}, false, entry.Text, 0, false});
+    AddText(drawing, {right + kGap * height_, y}, entry.Text);
     x += Length(entry) * height_;
   }
 }
@@ -185,9 +208,9 @@ void PlanFrame::AddScale(Drawing& drawing, double y) const {
   for (const double x : {left, right}) {
     drawing.Lines.push_back({{x, y - end / 2}, {x, y + end / 2}});
   }
-  drawing.Texts.push_back({{right + kGap * height_, y}, false, text, 0, false});
+  AddText(drawing, {right + kGap * height_, y}, text);
   if (r_.ProjectCalc.LoadingCondition >= 1) {
-    drawing.Texts.push_back({{margin_, y}, false, "Retreat from top to bottom", 0, false});
+    AddText(drawing, {margin_, y}, "Retreat from top to bottom");
   }
 }
 
@@ -221,11 +244,8 @@ void PlanFrame::AddCell(Drawing& drawing, double left, double right, double y,
                         const std::string& text) const {
   const double inset = kCellInset * height_;
   const double columns = (right - left - 2 * inset) / (TextLength("0") * height_);
-  drawing.Texts.push_back({{left + inset, y},
-                           false,
-                           Shortened(text, static_cast<std::size_t>(std::clamp(columns, 0.0, 500.0))),
-                           0,
-                           false});
+  AddText(drawing, {left + inset, y},
+          Shortened(text, static_cast<std::size_t>(std::clamp(columns, 0.0, 500.0))));
 }
 
 }  // namespace korva

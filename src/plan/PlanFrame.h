@@ -11,15 +11,15 @@ namespace korva {
 
 class PlanFrame {
  public:
-  // Of a world of the width `side`.
-  PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, double side);
+  // Of a world of the width `side` around what is drawn of the panel, whose kinds the legend names. Its texts
+  // are smaller than the panel's where they would take the panel's room.
+  PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, const Drawing& panel, double side);
 
-  // What it takes of the world's height; the legend depends on what is drawn.
+  // What it takes of the world's height.
   double Above() const;
-  double Below(const Drawing& panel) const;
+  double Below() const;
 
-  // The frame of a panel that has its place in the world.
-  Drawing Around(const Drawing& panel) const;
+  Drawing Records() const;
 
  private:
   struct Entry {
@@ -28,9 +28,11 @@ class PlanFrame {
   };
 
   static double Length(const Entry& entry);
+  void AddText(Drawing& drawing, DrawPoint at, const std::string& text, double room = 0) const;
   std::string LeaveRowName() const;
   std::string ZoneName() const;
-  std::vector<std::vector<Entry>> Legend(const Drawing& panel) const;
+  std::vector<Entry> Kinds(const Drawing& panel) const;
+  std::vector<std::vector<Entry>> Legend() const;
   std::vector<std::string> NoteLines() const;
   double BlockHeight() const;
   void AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, double y) const;
@@ -40,9 +42,11 @@ class PlanFrame {
 
   const PlanRequest& r_;
   double side_;
-  double height_;
+  double textHeight_;  // of the panel
+  double height_;      // of the frame's texts
   double margin_;
   bool zoneCutOff_;
+  std::vector<Entry> kinds_;
 };
 
 }  // namespace korva

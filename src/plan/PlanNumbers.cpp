@@ -11,6 +11,7 @@ namespace {
 // Text heights, from the panel to the numbers and from row to row.
 constexpr double kBelowPanel = 0.3;
 constexpr double kRow = 1.1;
+constexpr double kOfSpacing = 0.8;  // from number to number, that they take
 
 struct Number {
   double X = 0;
@@ -21,7 +22,7 @@ void AddRow(PlanPen& pen, const std::vector<Number>& numbers, double y) {
   double height = pen.Height();
   for (std::size_t i = 1; i < numbers.size(); ++i) {
     const double lengths = (TextLength(numbers[i - 1].Text) + TextLength(numbers[i].Text)) / 2;
-    height = std::min(height, kFitting * (numbers[i].X - numbers[i - 1].X) / lengths);
+    height = std::min(height, kOfSpacing * (numbers[i].X - numbers[i - 1].X) / lengths);
   }
   for (const Number& number : numbers) {
     pen.Text({number.X, y}, number.Text, false);

@@ -379,6 +379,27 @@ TEST(PlanDrawing, EntriesPillarsAndThePanelItselfAreNamed) {
   EXPECT_TRUE(Says(plan, "xxx\u2026xxx")) << "cut in its middle to what has room";
 }
 
+TEST(PlanDrawing, LargeLettersLeaveThePanelItsRoom) {
+  Project p = test::TwoSideGobs();
+  p.XcutAngle = 60;
+  p.RowC = 1;
+  p.WidthRowC = 40;
+  p.XcutSpacing = 70.5;
+  PlanRequest request = RequestOf(p);
+  request.Title = {"panel.KVL", "A panel", "traditional", "2026-11-25"};
+  for (const double share : {1.0 / 200, kPlanTextShare, 1.0 / 20}) {
+    request.TextShare = share;
+    const Plan plan = DrawPlan(request).value();
+    const auto side = static_cast<double>(plan.PlanHeight);
+    EXPECT_GT(plan.PanelHigh - plan.PanelLow, 0.54 * side) << share;
+    EXPECT_EQ(plan.Frame.Texts.back().Scale < 1, share == 1.0 / 20) << share;
+    EXPECT_EQ(Overprints(plan, side * share), Texts{});
+    const DrawBox box = BoxOf(plan.Panel, side * share);
+    EXPECT_GE(box.Low.Y, plan.PanelLow);
+    EXPECT_LE(box.High.Y, plan.PanelHigh);
+  }
+}
+
 TEST(PlanDrawing, AnEnlargedPanelKeepsTheFrame) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   request.TextShare = 1.0 / 25;
