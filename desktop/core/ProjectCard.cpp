@@ -9,6 +9,7 @@
 #include "commands/ProjectSummary.h"
 #include "desktop/core/CardPlan.h"
 #include "desktop/support/FormTools.h"
+#include "desktop/support/PathLabel.h"
 
 namespace korva::desktop {
 
@@ -63,8 +64,8 @@ void FillFactors(QGridLayout& grid, const FactorSummary& factors, const QFont& f
 
 ProjectCard::ProjectCard(QWidget* parent)
     : QWidget(parent),
-      title_(NewLabel(QStringLiteral("lblCardTitle"), {}, this)),
-      file_(NewLabel(QStringLiteral("lblCardFile"), {}, this)),
+      title_(new PathLabel("lblCardTitle", this)),
+      file_(new PathLabel("lblCardFile", this)),
       inputs_(new QFormLayout),
       factors_(new QGridLayout),
       outOfDate_(NewLabel(QStringLiteral("lblCardOutOfDate"),
@@ -72,8 +73,6 @@ ProjectCard::ProjectCard(QWidget* parent)
       plan_(new CardPlan(this)) {
   setObjectName(QStringLiteral("ProjectCard"));
   title_->setFont(Scaled(font(), 1.4, true));
-  title_->setWordWrap(true);
-  file_->setWordWrap(true);
   outOfDate_->setWordWrap(true);
   factors_->setHorizontalSpacing(2 * SpacingUnit(*this));
   auto* columns = new QVBoxLayout;
@@ -96,8 +95,8 @@ ProjectCard::ProjectCard(QWidget* parent)
 
 void ProjectCard::Show(const Korva& korva) {
   const QString title = FromUtf8(korva.Stored.ProjectTitle);
-  title_->setText(title.isEmpty() ? QStringLiteral("Project without a title") : title);
-  file_->setText(FromUtf8(korva.ProjectFileName));
+  title_->ShowPath(title.isEmpty() ? QStringLiteral("Project without a title") : title);
+  file_->ShowPath(FromUtf8(korva.ProjectFileName));
   FillInputs(*inputs_, KeyInputs(korva.Stored));
   const FactorSummary factors = LastFactors(korva);
   QFont factorFont = Scaled(font(), 1.2, true);

@@ -13,6 +13,7 @@ class QLabel;
 namespace korva::desktop {
 
 class CardPlan;
+class PathLabel;
 
 class ProjectCard : public QWidget {
  public:
@@ -21,8 +22,8 @@ class ProjectCard : public QWidget {
   void Show(const Korva& korva);
 
  private:
-  QLabel* title_;
-  QLabel* file_;
+  PathLabel* title_;
+  PathLabel* file_;
   QFormLayout* inputs_;
   QGridLayout* factors_;
   QLabel* outOfDate_;
