@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 
 namespace korva::desktop {
 
@@ -13,7 +14,7 @@ PathLabel::PathLabel(const char* name, QWidget* parent) : QLabel(parent) {
 
 void PathLabel::ShowPath(const QString& path) {
   setText(path);
-  setToolTip(path);
+  setToolTip(Qt::mightBeRichText(path) ? Qt::convertFromPlainText(path) : path);
 }
 
 QSize PathLabel::minimumSizeHint() const {

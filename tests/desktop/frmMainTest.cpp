@@ -397,6 +397,18 @@ TEST_F(MainForm, TheCardShowsTheFactorsOfTheLastRunBarriersBesideTheZone) {
   EXPECT_EQ(value("Retreat (KORVA), Mining zone"), "-1.33");
 }
 
+TEST_F(MainForm, LongNamesNeverWidenTheWindow) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin(folder / "development.KVL");
+  const int width = main->minimumSizeHint().width();
+  korva.Stored.ProjectTitle = "<b>" + std::string(500, 'W');
+  korva.ProjectFileName = "/" + std::string(250, 'm') + ".KVL";
+  main->Refresh();
+  EXPECT_EQ(main->minimumSizeHint().width(), width);
+  const QString tip = The<QLabel>(*main, "lblCardTitle").toolTip();
+  EXPECT_TRUE(tip.contains(QStringLiteral("&lt;b&gt;WWW"))) << "all of it, and as it is";
+}
+
 TEST_F(MainForm, ADroppedFileIsOpened) {
   korva.Preferences.Options.ShowInputScreenOnLoad = 0;
   Begin();
