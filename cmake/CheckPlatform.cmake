@@ -3,6 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(platform_files
+  desktop/support/EndSignalsPosix.cpp
   solver/src/LargePagesPosix.cpp
   solver/src/ProgramFolderPosix.cpp
   solver/src/ResultFilePosix.cpp

@@ -17,6 +17,7 @@
 #include "desktop/services/QtFetch.h"
 #include "desktop/services/QtPorts.h"
 #include "desktop/services/QtPrinter.h"
+#include "desktop/support/EndSignals.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
 
@@ -154,6 +155,7 @@ int RunProgram(Application& application) {
   const std::string file = FileOfCall(QCoreApplication::arguments());
   StartUp(korva, FoldersOfThisMachine(), BestFont);
   frmMain main(korva, ports, printer);
+  const EndSignals ends([&main] { main.KeepWork(); });
   QDir::setCurrent(FromUtf8(StartFolder(korva)));
   if (!main.AcceptDisclaimer()) {
     return 0;

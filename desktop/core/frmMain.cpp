@@ -21,6 +21,7 @@
 #include "desktop/core/StatusLine.h"
 #include "desktop/graphs/SweepRunner.h"
 #include "desktop/graphs/frmStrondCalc.h"
+#include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/services/FontChoice.h"
 #include "desktop/services/frmDisclaimer.h"
@@ -31,13 +32,19 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kRecoveryInterval = 10'000;  // milliseconds
+constexpr int kRecoveryInterval = 1'000;  // milliseconds
 constexpr int kHistoryLines = 5;
 constexpr const char* kTag = "KORVA";
 
 QString DroppedFile(const QMimeData* data) {
   const auto urls = data->urls();
   return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+}
+
+// Whatever is proposed, the file stays where it is.
+void AcceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
 }
 
 }  // namespace
@@ -58,9 +65,10 @@ frmMain::frmMain(Korva& korva, Ports& ports, PicturePrinter& pictures)
   korva_.SessionHistory.Changed = [this] { ShowHistory(); };
   ApplyDisplaySettings();
   CenterForm(*this);
-  recovery_.Draft = [this] { return parameters_ ? parameters_->Draft() : std::nullopt; };
+  recovery_.Draft = [this] { return Draft(); };
   connect(&recoveryTimer_, &QTimer::timeout, this, [this] { recovery_.KeepCopy(); });
   recoveryTimer_.start(kRecoveryInterval);
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { KeepWork(); });
 }
 
 frmMain::~frmMain() {
@@ -145,6 +153,8 @@ void frmMain::Begin(const std::string& file) {
     Run([this] { AfterOpening(fileMenu_.OpenRecent(1)); });
   }
   if (!file.empty()) {
+    delete parameters_;  // of the last file: it is not to stand over another project if this one fails
+    SetInputEnabled(true);
     Run([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
   }
 }
@@ -232,16 +242,19 @@ void frmMain::changeEvent(QEvent* event) {
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
   if (MayStart() && QFileInfo(DroppedFile(event->mimeData())).isFile()) {
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
   }
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
   const std::string file = DroppedFile(event->mimeData()).toStdString();
-  if (MayStart() && !file.empty()) {
-    event->acceptProposedAction();
-    RunAlone([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); });
+  if (!MayStart() || file.empty()) {
+    return;
   }
+  AcceptAsCopy(*event);
+  // The file manager has its answer before the person is asked anything.
+  QTimer::singleShot(0, this,
+                     [this, file] { RunAlone([this, &file] { AfterOpening(fileMenu_.OpenPath(file)); }); });
 }
 
 }  // namespace korva::desktop

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <memory>
+#include <optional>
 
 #include "commands/FileMenu.h"
 #include "commands/Recovery.h"
@@ -24,6 +25,7 @@ class ProjectCard;
 class StatusLine;
 class SweepRunner;
 class frmHelp;
+class frmKORVADesc;
 class frmKORVAParm;
 class frmStrondCalc;
 
@@ -48,7 +50,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   void EditParameters() override;
   void ShowResults(QWidget* returnTo) override;
   void ShowHelp(const std::vector<std::string>& labels) override;
-  void KeepDroppedWork() override { recovery_.KeepDroppedWork(korva_.ProjectFileName); }
+  void KeepWork() override { recovery_.KeepCopy(); }
+  void KeepDroppedWork() override { recovery_.KeepDroppedWork(); }
   void EndAtOnce() override;
   void SetInputEnabled(bool enabled) override;
 
@@ -88,6 +91,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   void ShowHistory();
   void ToggleHistory();
   void AnswerUpdates();
+  // What the open form holds that is not in the project yet.
+  std::optional<StoredProject> Draft() const;
 
   Korva& korva_;
   Ports& ports_;
@@ -100,7 +105,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   QStackedWidget* middle_ = nullptr;
   ProjectCard* card_ = nullptr;
   StatusLine* status_ = nullptr;
-  QPointer<frmKORVAParm> parameters_;  // while it is open
+  QPointer<frmKORVAParm> parameters_;   // while it is open
+  QPointer<frmKORVADesc> description_;  // likewise
   QTimer recoveryTimer_;
   bool commandRuns_ = false;
   std::unique_ptr<frmHelp> help_;

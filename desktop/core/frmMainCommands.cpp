@@ -117,18 +117,26 @@ void frmMain::EditItem(int index) {
     return;
   }
   frmKORVADesc form(session_, this);
+  description_ = &form;
   form.exec();
+}
+
+std::optional<StoredProject> frmMain::Draft() const {
+  if (description_ && description_->isVisible()) {
+    return description_->Draft();
+  }
+  return parameters_ ? parameters_->Draft() : std::nullopt;
 }
 
 void frmMain::EditParameters() {
   const BusyPointer busy(ports_.Busy);
-  delete parameters_;  // at the start two files may be opened one after the other
   parameters_ = new frmKORVAParm(session_);
   SetInputEnabled(false);
   parameters_->show();
 }
 
 void frmMain::CalcItem(int index) {
+  KeepWork();
   const BusyPointer busy(ports_.Busy);
   if (index == 0 && CalculateStabilityFactors(korva_, ports_.Messages)) {
     ShowResults(this);
@@ -331,8 +339,8 @@ void frmMain::AnswerUpdates() {
 
 // Unsaved work is offered at the next start.
 void frmMain::EndAtOnce() {
-  recovery_.KeepDroppedWork(korva_.ProjectFileName);
-  recovery_.EndCleanly();
+  recovery_.EndKeepingWork();
+  recoveryTimer_.stop();
   QCoreApplication::exit();  // at once; quit() would close the windows, each with its questions
 }
 

@@ -107,6 +107,15 @@ std::string frmKORVADesc::Description() const {
   return text.replace(QLatin1Char('\n'), QLatin1String("\r\n")).toStdString();
 }
 
+std::optional<StoredProject> frmKORVADesc::Draft() const {
+  StoredProject draft = session_.State.Stored;
+  if (title_->Text() == draft.ProjectTitle && Description() == draft.ProjectDescription) {
+    return std::nullopt;
+  }
+  TakeTexts(title_->Text(), Description(), draft);
+  return draft;
+}
+
 void frmKORVADesc::done(int result) {
   Korva& korva = session_.State;
   if (result == Accepted) {

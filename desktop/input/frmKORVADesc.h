@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <array>
+#include <optional>
 
 #include "desktop/input/DescriptionBox.h"
 #include "desktop/support/FieldBox.h"
@@ -14,6 +15,10 @@ namespace korva::desktop {
 class frmKORVADesc final : public QDialog {
  public:
   explicit frmKORVADesc(Session& session, QWidget* parent = nullptr);
+
+  // The open project with what is typed in the form, or nothing while nothing is. A choice of other units,
+  // which drops the texts, is none before OK.
+  std::optional<StoredProject> Draft() const;
 
   void done(int result) override;
 

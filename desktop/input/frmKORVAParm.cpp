@@ -77,6 +77,7 @@ void frmKORVAParm::Load() {
   ui_.Box("txtBreadthAMZ").setEnabled(texts.AMZAuto == 0);
   UpdateRowState("txtBarrierFirstGob", "chkRowC");
   UpdateRowState("txtBarrierSecondGob", "chkRowD");
+  opened_ = Texts();
 }
 
 ParameterTexts frmKORVAParm::Texts() const {
@@ -173,6 +174,7 @@ void frmKORVAParm::Results() {
     return;
   }
   StoreCalcParameters();
+  session_.Main.KeepWork();
   bool calculated = false;
   {
     const BusyPointer busy(session_.Outside.Busy);
@@ -221,10 +223,11 @@ void frmKORVAParm::ShowPreview() {
 
 std::optional<StoredProject> frmKORVAParm::Draft() const {
   StoredProject draft = session_.State.Stored;
-  if (!ParametersChanged(Texts(), draft.ProjectInput)) {
+  const ParameterTexts texts = Texts();
+  if (texts == opened_ || !ParametersChanged(texts, draft.ProjectInput)) {
     return std::nullopt;
   }
-  StoreParameters(Texts(), draft.ProjectInput);
+  StoreParameters(texts, draft.ProjectInput);
   return draft;
 }
 

@@ -22,7 +22,8 @@ class frmKORVAParm final : public QDialog {
 
   // What stands in the form now.
   ParameterTexts Texts() const;
-  // The project as it would be after OK, or nothing while nothing has changed.
+  // The project as it would be after OK, or nothing while the form is as it was opened: numbers that it shows
+  // rounded are no change.
   std::optional<StoredProject> Draft() const;
 
   void reject() override;
@@ -73,6 +74,7 @@ class frmKORVAParm final : public QDialog {
 
   Session& session_;
   frmKORVAParmControls ui_;
+  ParameterTexts opened_;
   QTimer timer_;
   QTimer previewTimer_;  // runs out when a change has gone through all fields
   bool loading_ = true;

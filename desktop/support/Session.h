@@ -26,6 +26,8 @@ class MainWindow {
   virtual void EditParameters() = 0;
   // Opens the results window on the pages that stand; `returnTo` is enabled and shown again when it closes.
   virtual void ShowResults(QWidget* returnTo) = 0;
+  // Keeps a copy of what is not saved yet, before something that may take long or end the program.
+  virtual void KeepWork() = 0;
   // Keeps unsaved work, which is about to be dropped; it is offered at the next start.
   virtual void KeepDroppedWork() = 0;
   // Opens the help at the first of these labels that it has.

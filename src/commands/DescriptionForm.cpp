@@ -4,14 +4,18 @@
 
 namespace korva {
 
-void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
-  korva.Stored.ProjectTitle = texts.Title;
-  for (char& c : korva.Stored.ProjectTitle) {
+void TakeTexts(const std::string& title, const std::string& description, StoredProject& project) {
+  project.ProjectTitle = title;
+  for (char& c : project.ProjectTitle) {
     if (c == '\r' || c == '\n') {
       c = ' ';  // the file keeps the title on one line
     }
   }
-  korva.Stored.ProjectDescription = texts.Description;
+  project.ProjectDescription = description;
+}
+
+void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
+  TakeTexts(texts.Title, texts.Description, korva.Stored);
   if (texts.Units != korva.Stored.ProjectUnits) {
     korva.Stored.ProjectUnits = texts.Units;
     FileNew(korva, true, false);

@@ -15,6 +15,9 @@ struct DescriptionTexts {
   std::int16_t Units = 0;
 };
 
+// Takes title and description over; line breaks in the title become blanks.
+void TakeTexts(const std::string& title, const std::string& description, StoredProject& project);
+
 // Takes the texts over; line breaks in the title become blanks. Other units than the project's reset it to
 // the defaults of the new system, its title and description with it. The project counts as changed even if
 // nothing was typed.

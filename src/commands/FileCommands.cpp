@@ -1,6 +1,8 @@
 #include "commands/FileCommands.h"
 
 #include <algorithm>
+#include <array>
+#include <cctype>
 #include <utility>
 
 #include "core/Description.h"
@@ -21,7 +23,32 @@ bool WasReadWhole(const std::vector<FileNotice>& notices) {
                      [](const FileNotice& notice) { return notice.kind == FileNoticeKind::kNoLineEnd; });
 }
 
+// From now on the project's data belongs to the file ProjectFileName.
+void TakeFileName(Korva& korva) {
+  const std::string& name = korva.ProjectFileName;
+  korva.ProjectOwnName = HasNoName(name) ? std::string(kUntitled) : FullName(name);
+}
+
+// Why a file is none of the format that was looked for.
+std::string FormatRefusal(std::string_view bytes) {
+  constexpr std::array<std::string_view, 3> kMarks = {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
+  const bool marked = std::any_of(kMarks.begin(), kMarks.end(),
+                                  [bytes](std::string_view mark) { return bytes.starts_with(mark); });
+  return std::string(kInvalidFormat) +
+         (marked
+              ? ": the file begins with a byte-order mark, which a text editor has put there. Save it in the "
+                "editor as ANSI, or as UTF-8 without that mark, and open it then."
+              : "");
+}
+
 }  // namespace
+
+bool HasNoName(const std::string& fileName) {
+  std::string upper(fileName);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return upper.empty() || upper == "UNTITLED";
+}
 
 void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   if (resetUnits) {
@@ -30,6 +57,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   if (resetName) {
     korva.ProjectFileName = kUntitled;
   }
+  TakeFileName(korva);
   korva.ProjectSaved = true;
   korva.ProjectEmpty = true;
   korva.ProjectFileMode = 1;
@@ -53,13 +81,13 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
 bool FileOpen(Korva& korva, MessagePort& messages) {
   FileNew(korva, false, true);
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
-  korva.OpenFile.Name = korva.ProjectFileName;
+  korva.OpenFile.Name = korva.ProjectOwnName;
   korva.OpenFile.Bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
   const std::string text = TextFromFileBytes(korva.OpenFile.Bytes);
   const auto format = DetectProjectFormat(text, korva.ProjectFileName);
   if (!format) {
     ShowMessage(korva, messages,
-                {.text = std::string(kInvalidFormat), .title = {}, .topic = "messages-files"});
+                {.text = FormatRefusal(korva.OpenFile.Bytes), .title = {}, .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = *format;
@@ -74,11 +102,12 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
 
 bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
   FileNew(korva, false, true);
+  korva.ProjectOwnName = kUntitled;  // whatever is read, it is no project of the sibling's file
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
-  const std::string text = TextFromFileBytes(ReadWholeFile(korva.ProjectFileName, kLargestProjectFile));
+  const std::string bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
+  const std::string text = TextFromFileBytes(bytes);
   if (!DetectVoskFormat(text, korva.ProjectFileName)) {
-    ShowMessage(korva, messages,
-                {.text = std::string(kInvalidFormat), .title = {}, .topic = "messages-files"});
+    ShowMessage(korva, messages, {.text = FormatRefusal(bytes), .title = {}, .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = 0;  // none of the project file's own
@@ -94,7 +123,8 @@ void FileSave(Korva& korva) {
   NormalizeDescription(korva.Stored);
   std::string bytes = FileBytesFromText(ComposeProject(korva.Stored));
   WriteFileSafely(korva.ProjectFileName, bytes);
-  korva.OpenFile = {korva.ProjectFileName, std::move(bytes), true};
+  TakeFileName(korva);
+  korva.OpenFile = {korva.ProjectOwnName, std::move(bytes), true};
   if (korva.Stored.ProjectInput.NumberEntries == 0) {
     korva.Stored.ProjectInput.NumberEntries = 1;  // as a reader of the file would have it
   }
@@ -105,6 +135,7 @@ void FileSave(Korva& korva) {
 void ConvertProject(Korva& korva, std::int16_t targetUnits) {
   ConvertProjectUnits(korva.Stored, targetUnits);
   korva.ProjectFileName = ConvertedFileName(korva.ProjectFileName, targetUnits);
+  TakeFileName(korva);
   korva.ProjectSaved = false;
 }
 

@@ -8,6 +8,9 @@
 
 namespace korva {
 
+// Whether that is the name of a project without a file: none, or "Untitled" in letters of any size.
+bool HasNoName(const std::string& fileName);
+
 // Resets the project, in the default units if `resetUnits`, under the name "Untitled" if `resetName`. Output
 // page 0, the working copy and LoadingConditionAux stay.
 void FileNew(Korva& korva, bool resetName, bool resetUnits);

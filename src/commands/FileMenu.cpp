@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 #include "commands/FileCommands.h"
@@ -19,13 +18,6 @@
 namespace korva {
 
 namespace {
-
-bool HasNoName(const std::string& fileName) {
-  std::string upper(fileName);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return upper.empty() || upper == "UNTITLED";
-}
 
 std::string SaveQuestion(const std::string& fileName) {
   return fmt::format("Save changes to: {}?", fileName);
@@ -78,7 +70,7 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
 }
 
 void FileMenu::New() {
-  recovery_.KeepDroppedWork(korva_.ProjectFileName);
+  recovery_.KeepDroppedWork();
   FileNew(korva_, true, true);
   recovery_.TellOpenFile(ports_.Messages);
 }
@@ -144,7 +136,7 @@ bool FileMenu::SaveBeforeOpening() {
                    {},
                    {},
                    "messages-files"}) != MessageAnswer::kYes) {
-    recovery_.KeepDroppedWork(korva_.ProjectPreviousFileName);
+    recovery_.KeepDroppedWork();
     return true;
   }
   const std::string opening = std::exchange(korva_.ProjectFileName, korva_.ProjectPreviousFileName);
@@ -160,7 +152,7 @@ bool FileMenu::Save(bool saveAs) {
   const bool saved = FileMenuSave(saveAs);
   if (saved) {
     AddRecentFile();
-    recovery_.TellOpenFile(ports_.Messages);
+    recovery_.TellSessions();  // the person was told before
   }
   return saved;
 }
@@ -183,34 +175,37 @@ bool FileMenu::FileMenuSave(bool saveAs) {
   return saved;
 }
 
-// Asks before a file is replaced that is not known to be what was opened or saved last. `chosen` tells that
-// the name comes from a dialog just now.
-bool FileMenu::MayReplace(bool chosen) {
-  const std::string& name = korva_.ProjectFileName;
-  std::string text;
+// What speaks against replacing the file of the project's name: it is not known to be what was opened or
+// saved last, or another window has it open. Empty if nothing does. `chosen` tells that the name comes from a
+// dialog just now, which has asked.
+std::string FileMenu::DoubtOfSaving(bool chosen) const {
   switch (CompareWithDisk(korva_)) {
-    case DiskState::kAsKnown:
-      return true;
     case DiskState::kNotReadWhole:
-      text = "{} could not be read whole. Saving replaces it with what was read. Replace it?";
-      break;
+      return "{} could not be read whole. Saving replaces it with what was read. Replace it?";
     case DiskState::kChanged:
-      text = "{} has been changed by another program or window since it was opened. Replace it?";
-      break;
+      return "{} has been changed by another program or window since it was opened. Replace it?";
     case DiskState::kAnotherFile:
-      if (chosen) {
-        return true;  // the dialog has asked
+      if (!chosen) {
+        return "{} exists already and is not the file that was opened. Replace it?";
       }
-      text = "{} exists already and is not the file that was opened. Replace it?";
+      break;
+    case DiskState::kAsKnown:
       break;
   }
-  return ShowMessage(korva_, ports_.Messages,
-                     {fmt::format(fmt::runtime(text), name),
-                      MessageButtons::kYesNoDefaultNo,
-                      MessageIcon::kExclamation,
-                      {},
-                      {},
-                      "messages-files"}) == MessageAnswer::kYes;
+  return recovery_.IsOpenElsewhere() ? "{} is open in another window of this program. What is saved in one "
+                                       "window replaces what was saved in the other. Save it?"
+                                     : "";
+}
+
+bool FileMenu::MayReplace(bool chosen) {
+  const std::string doubt = DoubtOfSaving(chosen);
+  return doubt.empty() || ShowMessage(korva_, ports_.Messages,
+                                      {fmt::format(fmt::runtime(doubt), korva_.ProjectFileName),
+                                       MessageButtons::kYesNoDefaultNo,
+                                       MessageIcon::kExclamation,
+                                       {},
+                                       {},
+                                       "messages-files"}) == MessageAnswer::kYes;
 }
 
 bool FileMenu::MayExit() {

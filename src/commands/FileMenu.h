@@ -46,6 +46,7 @@ class FileMenu {
   bool Load(bool (*read)(Korva&, MessagePort&));
   bool FileMenuSave(bool saveAs);
   bool SaveBeforeOpening();
+  std::string DoubtOfSaving(bool chosen) const;
   bool MayReplace(bool chosen);
   void AddRecentFile();
   enum class FileDialog { kOpen, kSave, kImport };

@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
 #include <filesystem>
+#include <utility>
 
 #include "commands/FileCommands.h"
 #include "core/Description.h"
@@ -17,12 +19,14 @@ namespace korva {
 
 namespace {
 
-// A copy is a project file with one more line that tells the project's name.
+// A copy is a project file with two more lines: the project's name behind a mark, and what is known of the
+// file of that name. A copy of a project that no file is known for has no second line.
 constexpr std::string_view kNameMark = "##Recovery##";
 
 struct CopyText {
   std::string Project;
   std::string Name;
+  std::string FileMark;
 };
 
 std::optional<CopyText> SplitCopy(const std::string& text) {
@@ -30,23 +34,60 @@ std::optional<CopyText> SplitCopy(const std::string& text) {
   if (mark == std::string::npos) {
     return std::nullopt;
   }
-  return CopyText{text.substr(0, mark),
-                  std::string(TakeLine(std::string_view(text).substr(mark + kNameMark.size())).line)};
+  const SplitLine name = TakeLine(std::string_view(text).substr(mark + kNameMark.size()));
+  return CopyText{text.substr(0, mark), std::string(name.line), std::string(TakeLine(name.rest).line)};
 }
 
 std::string ReadCopy(const std::string& path) {
   return TextFromFileBytes(ReadWholeFile(path, kLargestProjectFile));
 }
 
-std::string FullName(const std::string& name) {
+// Whether both names lead to one file, be it there or not. A file that cannot be looked at is none.
+bool NamesOneFile(const std::string& a, const std::string& b) {
+  std::error_code unknown;
+  return a == b || std::filesystem::equivalent(a, b, unknown);
+}
+
+// The full name of a file that is there; nothing for other names.
+std::string FullNameOfFile(const std::string& name) {
   std::error_code failure;
-  const auto full = std::filesystem::absolute(name, failure);
-  return failure ? name : full.string();
+  return std::filesystem::is_regular_file(name, failure) ? FullName(name) : std::string();
+}
+
+// Equal for equal bytes that were read to the same extent, and else different by all chance.
+std::string MarkOfFile(const std::string& bytes, bool readWhole) {
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char c : bytes) {
+    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+  }
+  return fmt::format("{}:{}:{:016x}", readWhole ? "whole" : "part", bytes.size(), hash);
+}
+
+// What a copy says of the project's file, as far as it still holds. Of a file that was changed since then
+// only the name is known, so that saving asks.
+KnownFile FileOfCopy(const CopyText& copy) {
+  KnownFile file;
+  if (copy.FileMark.empty()) {
+    return file;
+  }
+  file = {copy.Name, {}, true};
+  try {
+    std::string bytes = ReadWholeFile(copy.Name, kLargestProjectFile);
+    for (const bool readWhole : {true, false}) {
+      if (copy.FileMark == MarkOfFile(bytes, readWhole)) {
+        file = {copy.Name, std::move(bytes), readWhole};
+        break;
+      }
+    }
+  } catch (const RuntimeError&) {
+    return file;  // it has gone
+  }
+  return file;
 }
 
 }  // namespace
 
-bool Recovery::WriteCopy(const std::string& path, const StoredProject& project, const std::string& name) {
+bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) {
   if (path.empty()) {
     return false;
   }
@@ -54,7 +95,11 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project, 
     StoredProject copy = project;
     NormalizeDescription(copy);
     std::string text = ComposeProject(copy);
-    text.append(kNameMark).append(name).append(kLineEnd);
+    text.append(kNameMark).append(korva_.ProjectOwnName).append(kLineEnd);
+    const KnownFile& file = korva_.OpenFile;
+    if (!file.Name.empty() && NamesOneFile(file.Name, korva_.ProjectOwnName)) {
+      text.append(MarkOfFile(file.Bytes, file.ReadWhole)).append(kLineEnd);
+    }
     if (text != lastCopy_ || path != folder_.CopyPath()) {
       WriteFileSafely(path, FileBytesFromText(text));
       lastCopy_ = text;
@@ -72,21 +117,21 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project, 
 void Recovery::KeepCopy() {
   const auto draft = Draft ? Draft() : std::nullopt;
   if (draft) {
-    WriteCopy(folder_.CopyPath(), *draft, korva_.ProjectFileName);
+    WriteCopy(folder_.CopyPath(), *draft);
   } else if (!korva_.ProjectSaved) {
-    WriteCopy(folder_.CopyPath(), korva_.Stored, korva_.ProjectFileName);
+    WriteCopy(folder_.CopyPath(), korva_.Stored);
   } else if (!lastCopy_.empty()) {
     SessionFolder::Remove(folder_.CopyPath());
     lastCopy_.clear();
   }
 }
 
-void Recovery::KeepDroppedWork(const std::string& name) {
+void Recovery::KeepDroppedWork() {
   if (korva_.ProjectSaved) {
     return;
   }
   const std::string path = folder_.NewDroppedPath();
-  if (WriteCopy(path, korva_.Stored, name)) {
+  if (WriteCopy(path, korva_.Stored)) {
     HistoryLog(korva_.SessionHistory, korva_.Preferences, "Unsaved work kept: " + path);
   }
   SessionFolder::Remove(folder_.CopyPath());
@@ -102,7 +147,8 @@ bool Recovery::Restore(const std::string& path) {
   FileNew(korva_, true, true);
   ReadProject(copy->Project, path, *format, korva_.Stored, korva_.FileNotices);
   korva_.FileNotices.clear();
-  korva_.ProjectFileName = copy->Name;
+  korva_.ProjectFileName = korva_.ProjectOwnName = copy->Name;
+  korva_.OpenFile = FileOfCopy(*copy);
   korva_.ProjectSaved = false;
   korva_.ProjectEmpty = false;
   korva_.ProjectUnitsLocked = true;
@@ -111,8 +157,7 @@ bool Recovery::Restore(const std::string& path) {
 }
 
 bool Recovery::OfferCopies(MessagePort& messages) {
-  const auto abandoned = folder_.TakeAbandoned();
-  for (const std::string& path : abandoned.Copies) {
+  for (const std::string& path : folder_.TakeAbandoned()) {
     try {
       const auto copy = SplitCopy(ReadCopy(path));
       const std::string name = copy ? copy->Name : path;
@@ -138,12 +183,18 @@ bool Recovery::OfferCopies(MessagePort& messages) {
   return false;
 }
 
+void Recovery::TellSessions() {
+  folder_.TellOpenFile(FullNameOfFile(korva_.ProjectFileName));
+}
+
+bool Recovery::IsOpenElsewhere() const {
+  const std::string name = FullNameOfFile(korva_.ProjectFileName);
+  return !name.empty() && folder_.IsOpenElsewhere(name);
+}
+
 void Recovery::TellOpenFile(MessagePort& messages) {
-  std::error_code unknown;
-  const bool isFile = std::filesystem::is_regular_file(korva_.ProjectFileName, unknown);
-  const std::string name = isFile ? FullName(korva_.ProjectFileName) : std::string();
-  folder_.TellOpenFile(name);
-  if (isFile && folder_.IsOpenElsewhere(name)) {
+  TellSessions();
+  if (IsOpenElsewhere()) {
     ShowMessage(
         korva_, messages,
         {fmt::format("{} is open in another window of this program. What is saved in one window replaces "
@@ -157,12 +208,17 @@ void Recovery::TellOpenFile(MessagePort& messages) {
   }
 }
 
+void Recovery::EndKeepingWork() {
+  KeepCopy();
+  folder_.End(!lastCopy_.empty());
+}
+
 DiskState CompareWithDisk(const Korva& korva) {
   const std::string& name = korva.ProjectFileName;
   if (!StateOfFile(name).exists) {
     return DiskState::kAsKnown;
   }
-  if (korva.OpenFile.Name != name) {
+  if (!NamesOneFile(korva.OpenFile.Name, name)) {
     return DiskState::kAnotherFile;
   }
   if (!korva.OpenFile.ReadWhole) {

@@ -15,15 +15,16 @@ class Recovery {
  public:
   explicit Recovery(Korva& korva) : korva_(korva), folder_(korva.Places.StateFolder) {}
 
-  // What a form holds that is not in the project yet; asked for each copy.
+  // What a form holds that is not in the project yet; asked for each copy. It belongs to the open project.
   std::function<std::optional<StoredProject>()> Draft;
 
   // Keeps a copy of unsaved work if it has changed since the last one, and removes the copy of saved work. A
-  // failure is logged once.
+  // failure is logged once. A copy has the project's own full name, whatever name has been chosen for the
+  // next project meanwhile.
   void KeepCopy();
 
-  // Keeps unsaved work that is about to be dropped, under the name `name`; it is offered at the next start.
-  void KeepDroppedWork(const std::string& name);
+  // Keeps unsaved work that is about to be dropped; it is offered at the next start.
+  void KeepDroppedWork();
 
   // Offers what ended sessions left, the newest first, until the person takes one: it is then the open
   // project, unsaved, under its old name. A copy that was declined is put aside.
@@ -31,12 +32,18 @@ class Recovery {
 
   // Tells other sessions which file is open here, and the person if another has it open too.
   void TellOpenFile(MessagePort& messages);
+  // The first half of that.
+  void TellSessions();
+  // Whether another session has the file ProjectFileName open.
+  bool IsOpenElsewhere() const;
 
   // After the person has saved or given up the work.
-  void EndCleanly() { folder_.End(); }
+  void EndCleanly() { folder_.End(false); }
+  // Before the program ends without a question: unsaved work is offered at the next start.
+  void EndKeepingWork();
 
  private:
-  bool WriteCopy(const std::string& path, const StoredProject& project, const std::string& name);
+  bool WriteCopy(const std::string& path, const StoredProject& project);
   bool Restore(const std::string& path);
 
   Korva& korva_;

@@ -40,6 +40,9 @@ struct Korva {
   StoredProject Stored;
   std::string ProjectFileName{kUntitled};
   std::string ProjectPreviousFileName;
+  // The full name of the project whose data `Stored` holds, or "Untitled". ProjectFileName goes ahead of it
+  // while a file is chosen and loses its folder in a cancelled dialog.
+  std::string ProjectOwnName{kUntitled};
   bool ProjectSaved = true;
   bool ProjectEmpty = true;
   bool ProjectUnitsLocked = false;

@@ -58,6 +58,9 @@ std::unique_ptr<FileReader> OpenForReading(const std::string& path);
 // none.
 std::string ResolveLinks(const std::string& path);
 
+// `name` behind the current folder, if it does not begin at the root; as it is if there is no such folder.
+std::string FullName(const std::string& name);
+
 // What replacing a file takes, step by step. Each call throws the run-time error of its failure. Tests put
 // one that fails in its place.
 class FileReplacement {
@@ -84,6 +87,13 @@ class FileLock {
 
 // The lock on `path`, made if it is missing; nothing if another process holds it or it cannot be made.
 std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept;
+
+// The lock on a new file `path`, which no other process sees before it is held; nothing if it cannot be made.
+std::unique_ptr<FileLock> MakeLocked(const std::string& path) noexcept;
+
+// Whether a process, this one too, holds the lock on `path`. Looking takes it from nobody. A missing file is
+// held by none; one that cannot be looked at counts as held.
+bool IsLocked(const std::string& path) noexcept;
 
 // Makes a folder that nobody else can enter, below the system's temporary one; its name without a separator
 // at its end.

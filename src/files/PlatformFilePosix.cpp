@@ -300,6 +300,28 @@ std::unique_ptr<FileLock> TryLock(const std::string& path) noexcept {
   return std::make_unique<PosixFileLock>(std::move(file));
 }
 
+std::unique_ptr<FileLock> MakeLocked(const std::string& path) noexcept {
+  const std::string unseen = path + ".new";
+  Descriptor file(Uninterrupted(
+      [&unseen] { return ::open(unseen.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600); }));
+  if (file.Get() < 0) {
+    return nullptr;
+  }
+  if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0 || ::rename(unseen.c_str(), path.c_str()) != 0) {
+    ::unlink(unseen.c_str());
+    return nullptr;
+  }
+  return std::make_unique<PosixFileLock>(std::move(file));
+}
+
+bool IsLocked(const std::string& path) noexcept {
+  const Descriptor file(Uninterrupted([&path] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  if (file.Get() < 0) {
+    return errno != ENOENT;
+  }
+  return ::flock(file.Get(), LOCK_SH | LOCK_NB) != 0;
+}
+
 std::string MakePrivateFolder() {
   std::error_code failure;
   const auto parent = std::filesystem::temp_directory_path(failure);
@@ -343,6 +365,12 @@ bool ShowsErrorsOnTerminal() noexcept {
 
 int ProcessNumber() noexcept {
   return ::getpid();
+}
+
+std::string FullName(const std::string& name) {
+  std::error_code failure;
+  const auto full = std::filesystem::absolute(name, failure);
+  return failure ? name : full.string();
 }
 
 std::string ResolveLinks(const std::string& path) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <map>
 #include <system_error>
 
 #include "core/RuntimeError.h"
@@ -67,7 +66,7 @@ SessionFolder::SessionFolder(const std::string& folder) : folder_(folder) {
   fs::permissions(folder_, fs::perms::owner_all, failure);
   name_ = fmt::format("{}-{}", ProcessNumber(), std::chrono::system_clock::now().time_since_epoch().count());
   copyPath_ = fmt::format("{}{}{}", folder_, name_, kCopy);
-  lock_ = TryLock(fmt::format("{}{}{}", folder_, name_, kLock));
+  lock_ = MakeLocked(LockOf(name_));
 }
 
 std::string SessionFolder::NewDroppedPath() {
@@ -89,29 +88,31 @@ bool SessionFolder::IsOpenElsewhere(const std::string& fullName) const {
     const std::string other = LockedText(entry.path);
     std::error_code unknown;
     return !other.empty() && (other == fullName || fs::equivalent(other, fullName, unknown)) &&
-           TryLock(entry.path.string()) == nullptr;
+           IsLocked(entry.path.string());
   });
 }
 
-SessionFolder::Abandoned SessionFolder::TakeAbandoned() const {
-  Abandoned abandoned;
-  std::map<std::string, bool> ended;
+std::vector<std::string> SessionFolder::TakeAbandoned() {
+  std::vector<std::string> taken;
+  for (const Entry& entry : FilesOf(folder_, kCopy)) {
+    const bool aside = entry.path.filename().string().starts_with(kAside);
+    const std::string session = SessionOf(entry.path);
+    if (aside || session == name_ || IsLocked(LockOf(session))) {
+      continue;
+    }
+    const std::string own = NewDroppedPath();
+    std::error_code gone;  // another session was quicker
+    fs::rename(entry.path, own, gone);
+    if (!gone) {
+      taken.push_back(own);
+    }
+  }
   for (const Entry& entry : FilesOf(folder_, kLock)) {
-    auto lock = SessionOf(entry.path) == name_ ? nullptr : TryLock(entry.path.string());
-    ended[SessionOf(entry.path)] = lock != nullptr;
-    if (lock) {
-      abandoned.Locks.push_back(std::move(lock));
+    if (!IsLocked(entry.path.string())) {
       Remove(entry.path.string());
     }
   }
-  for (const Entry& entry : FilesOf(folder_, kCopy)) {
-    const auto session = ended.find(SessionOf(entry.path));
-    const bool running = session != ended.end() && !session->second;
-    if (!running && !entry.path.filename().string().starts_with(kAside)) {
-      abandoned.Copies.push_back(entry.path.string());
-    }
-  }
-  return abandoned;
+  return taken;
 }
 
 void SessionFolder::Remove(const std::string& path) noexcept {
@@ -135,10 +136,12 @@ void SessionFolder::PutAside(const std::string& path) noexcept {
   }
 }
 
-void SessionFolder::End() noexcept {
-  if (lock_) {
+void SessionFolder::End(bool keepCopy) noexcept {
+  if (!keepCopy) {
     Remove(copyPath_);
-    Remove(folder_ + name_ + std::string(kLock));
+  }
+  if (lock_) {
+    Remove(LockOf(name_));
     lock_.reset();
   }
 }

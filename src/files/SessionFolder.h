@@ -10,8 +10,8 @@
 namespace korva {
 
 // One session's place in the folder. Its lock file tells that it runs and which project is open in it; a
-// session that ended by itself or by force holds its lock no more. A folder that cannot be used makes every
-// call do nothing.
+// session that ended by itself or by force holds its lock no more. The lock is there before the first copy
+// is. A folder that cannot be used makes every call do nothing.
 class SessionFolder {
  public:
   explicit SessionFolder(const std::string& folder);
@@ -26,22 +26,22 @@ class SessionFolder {
   // Whether another running session has that file open.
   bool IsOpenElsewhere(const std::string& fullName) const;
 
-  // Copies that ended sessions left, the newest first. While the result lives no other session gets them.
-  struct Abandoned {
-    std::vector<std::string> Copies;
-    std::vector<std::unique_ptr<FileLock>> Locks;
-  };
-  Abandoned TakeAbandoned() const;
+  // Takes the copies that ended sessions left, the newest first: they have names of this session from then
+  // on, so that no other one gets them while it runs, and the next one does if it ends before they are put
+  // aside.
+  std::vector<std::string> TakeAbandoned();
 
   // Removes a file of the folder; one that is not there is no failure.
   static void Remove(const std::string& path) noexcept;
   // Puts a copy aside so that it is not offered again.
   static void PutAside(const std::string& path) noexcept;
 
-  // Removes what tells of this session, but not the work that was dropped.
-  void End() noexcept;
+  // Removes what tells of this session, but not the work that was dropped, nor its copy if `keepCopy`.
+  void End(bool keepCopy) noexcept;
 
  private:
+  std::string LockOf(const std::string& session) const { return folder_ + session + ".lock"; }
+
   std::string folder_;
   std::string name_;  // of this session, unique among all
   std::string copyPath_;

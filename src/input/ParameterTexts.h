@@ -43,6 +43,8 @@ struct ParameterTexts {
   std::int16_t RowD = 0;
   std::int16_t LoadingCondition = 0;
   std::int16_t CalcMode = 0;
+
+  bool operator==(const ParameterTexts&) const = default;
 };
 
 // A box of one 64-bit value: its control, its text and the record's field.

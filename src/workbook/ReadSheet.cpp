@@ -6,9 +6,25 @@
 
 namespace korva {
 
+namespace {
+
+// The first part of an OpenDocument file stands unpacked behind the zip's first head and tells what it is.
+bool IsOpenDocument(std::string_view bytes) {
+  constexpr std::size_t kHead = 30;
+  return bytes.size() > kHead &&
+         bytes.substr(kHead).starts_with("mimetypeapplication/vnd.oasis.opendocument.");
+}
+
+}  // namespace
+
 Sheet ReadSheet(const std::string& workbook, std::string_view name, const std::function<bool()>& goOn) {
   const Reading reading(workbook, goOn);
   const std::string bytes = ReadWholeFile(workbook, kLargestWorkbook);
+  if (IsOpenDocument(bytes)) {
+    reading.Refuse(
+        "is an OpenDocument file (.ods), which is not read: open it in its program, save it as Excel workbook "
+        "(.xlsx) and choose that");
+  }
   if (bytes.starts_with("PK")) {
     return ReadXlsxSheet(bytes, name, reading);
   }

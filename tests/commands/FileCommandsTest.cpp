@@ -72,6 +72,24 @@ TEST(FileOpen, ForeignOrTornFileLeavesAnEmptyProject) {
   EXPECT_EQ(korva.ProjectCalc, DevelopmentPanel());
 }
 
+TEST(FileOpen, AByteOrderMarkIsToldWithTheWayOut) {
+  const TempFolder folder;
+  Korva korva;
+  for (const auto read : {FileOpen, FileOpenVOSK}) {
+    for (const char* bytes : {"\xEF\xBB\xBFKORVA_605\n", "\xEF\xBB\xBFVOSK_103\n", "\xFF\xFEV"}) {
+      korva.ProjectFileName = folder.Put("a", bytes);
+      ScriptedMessages messages;
+      messages.Expect("Invalid file format: the file begins with a byte-order mark");
+      EXPECT_FALSE(read(korva, messages));
+    }
+    korva.ProjectFileName = folder.Put("a", "no project");
+    ScriptedMessages messages;
+    messages.Expect("Invalid file format");
+    EXPECT_FALSE(read(korva, messages));
+    EXPECT_EQ(messages.Shown.at(0).text, "Invalid file format");
+  }
+}
+
 TEST(FileSave, WritesAndConvertRenames) {
   const TempFolder folder;
   Korva korva = WithProject();

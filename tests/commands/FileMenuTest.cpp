@@ -246,13 +246,46 @@ TEST_F(FileMenuTest, AFileOpenInTwoWindowsIsTold) {
   FileMenu otherMenu(second, others.All, other);
   others.Messages.Expect(a + " is open in another window");
   EXPECT_TRUE(otherMenu.OpenPath(a));
+
+  // Saving asks before it writes, under a name of a dialog too, and says nothing afterwards.
+  second.Stored.ProjectInput.DepthCover = 610;
+  const std::string question = a +
+                               " is open in another window of this program. What is saved in one window "
+                               "replaces what was saved in the other. Save it?";
+  others.Messages.Expect(question, kYesNo, MessageAnswer::kNo);
+  EXPECT_FALSE(otherMenu.Save(false));
+  EXPECT_EQ(DepthIn(a), 400);
+  others.Files.Expect(a);
+  others.Messages.Expect(question, kYesNo, MessageAnswer::kYes);
+  EXPECT_TRUE(otherMenu.Save(true));
+  EXPECT_EQ(DepthIn(a), 610);
+
   recovery->EndCleanly();
   EXPECT_TRUE(otherMenu.OpenPath(a));
+  EXPECT_TRUE(otherMenu.Save(false));
+}
+
+TEST_F(FileMenuTest, TheOpenedFileIsKnownByEachOfItsNames) {
+  const std::string a = PutProject("a.KVL");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder / "");
+  ASSERT_TRUE(menu->OpenPath(a));
+  Edit(500);
+  ports.Files.Expect(std::nullopt);
+  EXPECT_FALSE(menu->Open());
+  ASSERT_EQ(korva.ProjectFileName, "a.KVL");
+  EXPECT_TRUE(menu->Save(false));
+  EXPECT_EQ(DepthIn(a), 500);
+
+  std::filesystem::create_symlink("a.KVL", folder / "link.KVL");
+  korva.ProjectFileName = folder / "link.KVL";
+  EXPECT_TRUE(menu->Save(false));
+  std::filesystem::current_path(before);
 }
 
 TEST_F(FileMenuTest, AKilledSessionsWorkIsOfferedAndARunningOnesIsNot) {
   Edit(640);
-  korva.ProjectFileName = "/mine/panel \"7\".KVL";
+  korva.ProjectFileName = korva.ProjectOwnName = "/mine/panel \"7\".KVL";
   korva.Stored.ProjectDescription = "first\r\nsecond";
   recovery->KeepCopy();
   Korva second;

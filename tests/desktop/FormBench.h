@@ -21,6 +21,7 @@ class CountingMain final : public MainWindow {
   void ApplyHistoryFont() override { ++FontApplied; }
   void EditParameters() override { ++ParametersOpened; }
   void ShowResults(QWidget* returnTo) override { ResultsReturnTo = returnTo; }
+  void KeepWork() override {}
   void KeepDroppedWork() override { ++Kept; }
   void ShowHelp(const std::vector<std::string>& labels) override { HelpLabels = labels; }
   void EndAtOnce() override { ++Ended; }

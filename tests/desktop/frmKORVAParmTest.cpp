@@ -326,6 +326,17 @@ TEST_F(ParameterForm, ResultsCalculateTheFormWithoutStoringIt) {
   EXPECT_EQ(form->Draft()->ProjectInput.DepthCover, 500);
 }
 
+TEST_F(ParameterForm, NumbersThatTheFormRoundsAreNoDraft) {
+  bench.State.Stored.ProjectUnits = kMetric;
+  bench.State.Stored.ProjectInput.CoalStrength = 6.205283178097832;
+  bench.State.Stored.ProjectInput.UnitWeight = 25.446482633742956;
+  Open();
+  EXPECT_FALSE(form->Draft());
+  Type("txtDepthCover", "123");
+  ASSERT_TRUE(form->Draft());
+  EXPECT_EQ(form->Draft()->ProjectInput.DepthCover, 123);
+}
+
 TEST_F(ParameterForm, TheLaminatedModelsAskBeforeTheyRun) {
   const TempFolder folder;
   bench.State.Places.TempRoot = folder / "";

@@ -8,13 +8,18 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSessionManager>
 #include <QTimer>
 #include <QToolButton>
+#include <csignal>
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
 
 #include "commands/FileCommands.h"
 #include "desktop/FormBench.h"
 #include "desktop/core/frmMain.h"
+#include "desktop/support/EndSignals.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/Icons.h"
 #include "support/Panels.h"
@@ -54,6 +59,15 @@ class MainForm : public testing::Test {
       }
     }
     return nullptr;
+  }
+  // All that is kept of unsaved work, with line ends as here.
+  std::string Copy() const {
+    std::string copies;
+    for (const auto& entry : std::filesystem::directory_iterator(korva.Places.StateFolder)) {
+      copies += entry.path().extension() == ".KVL" ? TempFolder::Bytes(entry.path().string()) : "";
+    }
+    std::erase(copies, '\r');
+    return copies;
   }
   // The only other window that is open.
   static QWidget* Window(const char* name) {
@@ -417,9 +431,77 @@ TEST_F(MainForm, ADroppedFileIsOpened) {
   QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(main.get(), &enter);
   EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
   QApplication::sendEvent(main.get(), &drop);
-  EXPECT_EQ(korva.ProjectFileName, folder / "development.KVL");
+  EXPECT_TRUE(drop.isAccepted());
+  EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the file is not moved away";
+  EXPECT_EQ(korva.ProjectFileName, kUntitled) << "the answer comes before the questions of opening";
+  QTRY_COMPARE(korva.ProjectFileName, folder / "development.KVL");
+
+  // A file whose questions would come into another window is not opened.
+  korva.ProjectFileName = "other";
+  QApplication::sendEvent(main.get(), &drop);
+  main->SetInputEnabled(false);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(korva.ProjectFileName, "other");
+}
+
+TEST_F(MainForm, ACopyOfTypedWorkComesByItselfAndAtTheEndOfTheSession) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  Begin(folder / "development.KVL");
+  QTimer::singleShot(0, main.get(), [this] {
+    QWidget* form = Window("frmKORVADesc");
+    EXPECT_EQ(Copy(), "");
+    QTest::keyClicks(&The<FieldBox>(*form, "Text1"), QStringLiteral("typed"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Copy().find("typed") != std::string::npos; }, 2'000));
+    The<QPlainTextEdit>(*form, "Text2").appendPlainText(QStringLiteral("said"));
+    // The handlers look at nothing of the session.
+    alignas(std::max_align_t) char manager[64] = {};
+    emit qGuiApp->commitDataRequest(*reinterpret_cast<QSessionManager*>(manager));
+    EXPECT_NE(Copy().find("said"), std::string::npos);
+    EXPECT_NE(Copy().find("##Recovery##" + (folder / "development.KVL")), std::string::npos);
+    Click(*form, "Command1");
+  });
+  Choose("mnuEditItem(0)");
+  QTRY_COMPARE(Copy(), "");
+}
+
+// In a process of its own, with folders of its own.
+TEST_F(MainForm, ASignalEndsTheProgramBehindACopy) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const int number : {SIGTERM, SIGHUP}) {
+    EXPECT_EXIT(
+        {
+          korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+          Begin(folder / "development.KVL");
+          const EndSignals ends([this] {
+            main->KeepWork();
+            const bool kept = Copy().find("\n777\n") != std::string::npos;
+            std::filesystem::remove_all(folder / "");
+            if (!kept) {
+              std::_Exit(1);
+            }
+          });
+          main->EditParameters();
+          auto& depth = The<FieldBox>(*Window("frmKORVAParm"), "txtDepthCover");
+          depth.selectAll();
+          QTest::keyClicks(&depth, QStringLiteral("777"));
+          std::raise(number);
+          QTest::qWait(5'000);
+        },
+        testing::KilledBySignal(number), "");
+  }
+}
+
+TEST_F(MainForm, TheLastFilesFormDoesNotStayOverAFileThatCannotBeOpened) {
+  korva.Preferences.LoadLastInputFile = 1;
+  korva.Preferences.FileMenu.MaxLastFiles = 1;
+  korva.Preferences.FileMenu.LastFile[1] = korva.Preferences.FileMenu.LastFileLong[1] =
+      folder / "development.KVL";
+  ports.Messages.Expect("Invalid file format");
+  Begin(folder.Put("none.KVL", "no project"));
+  EXPECT_EQ(FindWindow("frmKORVAParm"), nullptr);
+  EXPECT_TRUE(main->isEnabled());
 }
 
 TEST_F(MainForm, TheQuestionAboutANewVersionWaitsForTheWindow) {

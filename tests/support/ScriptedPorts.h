@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -28,6 +29,9 @@ class ScriptedFiles final : public FileChoicePort {
 
   std::optional<std::string> ChooseFile(const FileQuestion& question) override {
     Asked.push_back(question);
+    if (WhileShown) {
+      WhileShown();
+    }
     if (answers_.empty()) {
       ADD_FAILURE() << "nobody expected a file question: " << question.Title;
       return std::nullopt;
@@ -38,6 +42,7 @@ class ScriptedFiles final : public FileChoicePort {
   }
 
   std::vector<FileQuestion> Asked;
+  std::function<void()> WhileShown;  // what happens while a file is chosen
 
  private:
   std::deque<std::optional<std::string>> answers_;

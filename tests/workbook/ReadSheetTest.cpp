@@ -159,6 +159,9 @@ TEST(ReadSheet, RefusesWhatIsNoWorkbook) {
   const TempFolder folder;
   EXPECT_TRUE(Has(Refused(folder.Put("a.xlsx", "")), "no Excel workbook"));
   Refused(folder.Put("b.xls", "case,name\n1,a\n"));
+  const std::string ods =
+      "PK\3\4" + std::string(26, '\0') + "mimetypeapplication/vnd.oasis.opendocument.spreadsheetPK\3\4";
+  EXPECT_TRUE(Has(Refused(folder.Put("e.ods", ods)), "save it as Excel workbook (.xlsx)"));
   Refused(folder.Put("c.xls", "\xD0\xCF\x11\xE0"));
   Refused(folder / "none.xls", ErrorNumber::kFileNotFound);
   Refused(folder.Put("d.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"));
