@@ -5,12 +5,13 @@
 //   <!-- check: calc FILE -->          a table whose first cell names a result and whose last one holds it
 //   <!-- check: table FILE NAME... --> a table with a column for each name: project fields first, which are
 //                                      set, then results as calc names them, or RULES for the rules that
-//                                      spoke
+//                                      spoke, or WARNINGS for those that print a text, by name
 //   <!-- check: rows FILE NAME... : FIELD=VALUE... : ... -->  a table with words in its first column and one
 //   for
 //                                      each name; behind each colon stands what a row changes, "-" for
 //                                      nothing
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -243,6 +244,24 @@ class HelpPage {
     return text;
   }
 
+  // The names that the manual has for the texts below [WARNINGS].
+  std::string Warnings(const std::string& example) const {
+    static const std::vector<std::pair<std::string, std::string>> kTexts = {
+        {"B", "B. Analysis of the KORVA case history data base"},
+        {"barrier", "increased when the Barrier Pillar SF is less than 1.5."},
+        {"entered arch factor", "was analyzed with the Pressure Arch Factor (Fpa) calculated"},
+        {"arch in use", "The Pressure Arch loading model used in KORVA v6"}};
+    const auto words = Words(Call({"report", example, "--page", "1", "--model", "traditional"}));
+    const std::string page = fmt::format("{}", fmt::join(words, " "));
+    std::string names;
+    for (const auto& [name, text] : kTexts) {
+      if (page.find(text) != std::string::npos) {
+        names += (names.empty() ? "" : ", ") + name;
+      }
+    }
+    return names;
+  }
+
   void CheckRows(const std::vector<std::string>& words) {
     const auto firstRow = std::find(words.begin(), words.end(), ":");
     const std::vector<std::string> names(words.begin() + 2, firstRow);
@@ -286,6 +305,8 @@ class HelpPage {
       for (; column < names.size(); ++column) {
         if (names[column] == "RULES") {
           EXPECT_EQ(cells[column], Rules(words.at(1))) << lines_[at_];
+        } else if (names[column] == "WARNINGS") {
+          EXPECT_EQ(cells[column], Warnings(words.at(1))) << lines_[at_];
         } else {
           const double value = Value(results, names[column]);
           EXPECT_TRUE(Shows(cells[column], value)) << lines_[at_] << ": " << names[column] << " is " << value;
