@@ -89,7 +89,7 @@ void frmMain::BuildBody() {
       korva_.Places,
       {[this] { menus_.Item("mnuFileItem", kNew).trigger(); },
        [this] { menus_.Item("mnuFileItem", kOpen).trigger(); },
-       [this](const std::string& file) { Run([&] { AfterOpening(fileMenu_.OpenPath(file)); }); }},
+       [this](const std::string& file) { RunAlone([&] { AfterOpening(fileMenu_.OpenPath(file)); }); }},
       this);
   card_ = new ProjectCard(this);
   middle_ = new QStackedWidget(this);
