@@ -26,13 +26,13 @@ bool WriteWhole(int file, std::string_view text) {
   return fsync(file) == 0;
 }
 
-// A file made anew in `folder`, and its name. The system takes off its permissions what the process has it
-// take off.
 struct NewFile {
   std::string Name;
   int Descriptor = -1;
 };
 
+// A file made anew in `folder`. The system itself takes the process's mask off its permissions: asking for
+// the mask would change it for all threads.
 NewFile MakeFileIn(const std::string& folder) {
   static constexpr int kMostNames = 1000;
   static constexpr mode_t kPlain = 0644;
