@@ -30,6 +30,8 @@ namespace {
 
 const std::string kStopped = "The calculations were stopped: ";
 
+constexpr int kLongestSweep = 60'000;  // milliseconds, on a busy machine
+
 class MainForm : public testing::Test {
  protected:
   MainForm() {
@@ -291,7 +293,7 @@ TEST_F(MainForm, NoCommandStartsWhileASweepIsGoingOn) {
   main->close();
   EXPECT_EQ(visible(), before);
   EXPECT_EQ(korva.Stored.ProjectInput.CalcMode, kLaminatedModel) << "the project is the same";
-  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }));
+  ASSERT_TRUE(QTest::qWaitFor([] { return FindWindow("frmGraph") != nullptr; }, kLongestSweep));
   EXPECT_EQ(korva.Sweep.GraphIndex, kDepthGraph);
   Choose("mnuFileItem(0)");
   EXPECT_FALSE(korva.ProjectEmpty) << "nor while the graph is open";
