@@ -15,7 +15,7 @@ namespace {
 constexpr int kColumns = 62;  // of digits
 constexpr int kLines = 19;
 constexpr int kLegendColumns = 34;  // that the legend takes at least
-constexpr double kLegendLines = 3;
+constexpr double kLegendLines = 4.2;
 const QString kNoPlan = QStringLiteral("No plan: these dimensions make no panel");
 
 }  // namespace
@@ -26,7 +26,10 @@ CardPlan::CardPlan(QWidget* parent) : QWidget(parent) {
 
 void CardPlan::Show(const Korva& korva) {
   const Project& project = korva.Stored.ProjectInput;
-  const auto request = PreviewRequest(korva, project);
+  auto request = PreviewRequest(korva, project);
+  if (request) {
+    request->Full = true;  // with the active mining zone
+  }
   drawing_ = request ? PanelOverview(*request) : std::nullopt;
   const int picture =
       PanelPictureIndex(project.LoadingCondition, project.RowA, project.RowB, project.RowC, project.RowD);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "plan/PlanBox.h"
+#include "plan/PlanRecords.h"
 
 namespace korva {
 
@@ -15,12 +16,13 @@ bool Has(const Drawing& drawing, DrawLayer layer) {
                      [layer](const DrawPolygon& polygon) { return polygon.Layer == layer; });
 }
 
-void AddLegend(Drawing& drawing) {
+void AddLegend(Drawing& drawing, bool zoneCutOff) {
+  const std::string zone = zoneCutOff ? "Active mining zone, not to scale" : "Active mining zone";
   for (const LegendEntry& entry : {LegendEntry{DrawLayer::kPillar, "Pillar"},
                                    {DrawLayer::kLeaveRow, "Row left"},
                                    {DrawLayer::kBarrier, "Barrier pillar"},
                                    {DrawLayer::kGob, "Gob"},
-                                   {DrawLayer::kActiveMiningZone, "Active mining zone"}}) {
+                                   {DrawLayer::kActiveMiningZone, zone}}) {
     if (Has(drawing, entry.Layer)) {
       drawing.Legend.push_back(entry);
     }
@@ -32,28 +34,30 @@ void AddLegend(Drawing& drawing) {
 
 // A panel whose entries or crosscuts overlap is no panel.
 bool HasPillars(const PlanRequest& request) {
-  for (int i = 1; i < request.ProjectCalc.NumberEntries; ++i) {
+  const int lines = request.ProjectCalc.NumberEntries - 1;
+  for (int i = 1; i <= lines; ++i) {
     const PillarSize size = PillarSizeOf(request, i);
     if (!(size.Width > 0 && size.Length > 0)) {
       return false;
     }
   }
-  return true;
+  return lines > 0;
 }
 
 }  // namespace
 
-std::optional<Drawing> PanelOverview(PlanRequest request) {
-  request.Full = false;
-  auto plan = DrawPlan(request);
-  if (!plan || !HasPillars(request)) {
+std::optional<Drawing> PanelOverview(const PlanRequest& request) {
+  const PlanGeometry geometry = ComputePlan(request.ProjectCalc, request.Geometry);
+  if (!HasPillars(request)) {
     return std::nullopt;
   }
-  Drawing drawing = std::move(plan->Panel);
+  PlanPen pen(0, 0);  // which draws no text
+  AddOutlines(pen, request, geometry);
+  Drawing drawing = pen.Take();
   const DrawBox box = BoxOf(drawing, 0);
   drawing.Low = box.Low;
   drawing.High = box.High;
-  AddLegend(drawing);
+  AddLegend(drawing, geometry.ZoneCutOff);
   if (request.ProjectCalc.LoadingCondition >= 1) {
     drawing.Note = "Retreat from top to bottom";
   }

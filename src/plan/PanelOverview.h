@@ -8,9 +8,9 @@
 
 namespace korva {
 
-// The outlines of the plan asked for in their least box, with a legend where more than two kinds stand
-// together and a note on what is not to scale. Nothing if the panel has no extent or a pillar without
-// one. Run-time errors as of DrawPlan.
-std::optional<Drawing> PanelOverview(PlanRequest request);
+// The outlines of the panel asked for, with the active mining zone if the request is full, in their least
+// box; a legend where more than two kinds stand together, and a note on what is not to scale. Nothing if a
+// pillar has no extent. Run-time errors as of DrawPlan.
+std::optional<Drawing> PanelOverview(const PlanRequest& request);
 
 }  // namespace korva

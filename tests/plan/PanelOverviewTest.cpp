@@ -53,12 +53,15 @@ TEST(PanelOverview, NamesTheKindsThatStandTogether) {
   EXPECT_EQ(Overview(test::DevelopmentPanel())->Note, "");
   Project project = test::TwoSideGobs();
   project.RowA = 1;
+  project.BreadthAMZ = 100;
   const Drawing drawing = Overview(project).value();
   std::string names;
   for (const LegendEntry& entry : drawing.Legend) {
     names += entry.Text + "|";
   }
-  EXPECT_TRUE(names.starts_with("Pillar|Row left|Barrier pillar|Gob|")) << names;
+  EXPECT_EQ(names, "Pillar|Row left|Barrier pillar|Gob|Active mining zone|");
+  project.BreadthAMZ = 1000;  // more than the rows that are drawn
+  EXPECT_EQ(Overview(project)->Legend.back().Text, "Active mining zone, not to scale");
   EXPECT_EQ(drawing.Note, "Retreat from top to bottom; gobs cut short");
 }
 
