@@ -1,8 +1,10 @@
 #include "files/PrivateFolder.h"
 
+#include <chrono>
 #include <filesystem>
 #include <mutex>
 #include <set>
+#include <thread>
 
 #include "files/PlatformFile.h"
 
@@ -43,13 +45,14 @@ PrivateFolder::~PrivateFolder() {
 }
 
 void RemovePrivateFoldersForGood() noexcept {
-  static constexpr int kTries = 10;  // while other threads still write into them
+  static constexpr int kTries = 500;  // while other threads still write into them
   PrivateFolders& all = AllFolders();
   all.Mutex.lock();  // and never unlocked
   for (const std::string& folder : all.Names) {
     std::error_code unknown;
     for (int i = 0; i < kTries && std::filesystem::exists(folder, unknown); ++i) {
       RemoveAll(folder);
+      std::this_thread::sleep_for(std::chrono::milliseconds(i == 0 ? 0 : 2));
     }
   }
 }

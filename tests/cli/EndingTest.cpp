@@ -43,8 +43,8 @@ class EndedCall : public testing::Test {
   pid_t Start(int ignored = 0) const {
     const pid_t child = ::fork();
     if (child == 0) {
-      if (ignored != 0) {
-        ::signal(ignored, SIG_IGN);
+      for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {  // whatever the tests were started with
+        ::signal(signal, signal == ignored ? SIG_IGN : SIG_DFL);
       }
       detail::BecomeProgram(
           {KORVA_PROGRAM, {"report", "panel.KVL"}, folder_ / "", {{"TMPDIR", folder_ / "tmp"}}, {}}, pipe_[1],
