@@ -83,4 +83,7 @@ inline void Click(const QWidget& form, const char* name) {
   QTest::mouseClick(&The<QWidget>(form, name), Qt::LeftButton);
 }
 
+// Waits until `what` holds, and fails if it never does. The toolkit's own macros report to nobody here.
+#define ASSERT_SOON(what) ASSERT_TRUE(QTest::qWaitFor([&] { return (what); }, 30'000)) << #what
+
 }  // namespace korva::desktop

@@ -293,12 +293,12 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   auto& browser = The<QTextBrowser>(*help, "Browser");
   help->ShowContents();
   auto& contents = The<QHelpContentWidget>(*help, "Contents");
-  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  ASSERT_SOON(contents.model()->rowCount() > 0);
   help->ShowTopic({"theory-traditional"});
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("The traditional loading model"));
   help->ShowIndex();
   auto& words = The<QHelpIndexWidget>(*help, "Index");
-  QTRY_VERIFY(words.model()->rowCount() > 100);
+  ASSERT_SOON(words.model()->rowCount() > 100);
   for (int row = 0; row < words.model()->rowCount(); ++row) {
     EXPECT_FALSE(words.model()->index(row, 0).data().toString().isEmpty());
   }
@@ -310,7 +310,7 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   QTest::keyClicks(&query, QStringLiteral("bleeder"));
   QTest::keyClick(&query, Qt::Key_Return);
   auto& found = The<QListWidget>(*help, "lstSearch");
-  QTRY_VERIFY_WITH_TIMEOUT(found.count() > 1, 30'000);
+  ASSERT_SOON(found.count() > 1);
   for (const int entry : {0, found.count() - 1}) {
     emit found.itemActivated(found.item(entry));
     EXPECT_EQ(browser.source(), found.item(entry)->data(Qt::UserRole).toUrl());
@@ -321,7 +321,7 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
     query.setText(QString::fromUtf8(typed));
     The<QLabel>(*help, "lblSearch").clear();
     QTest::keyClick(&query, Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(!The<QLabel>(*help, "lblSearch").text().isEmpty(), 30'000);
+    ASSERT_SOON(!The<QLabel>(*help, "lblSearch").text().isEmpty());
     if (found.count() > 0) {
       emit found.itemActivated(found.item(0));
     }
@@ -383,7 +383,7 @@ TEST_F(HelpWindow, MayEndInTheMiddleOfASearch) {
     query.setText(QStringLiteral("bleeder"));
     QTest::keyClick(&query, Qt::Key_Return);
     if (round % 2 == 0) {
-      QTRY_VERIFY_WITH_TIMEOUT(The<QListWidget>(*help, "lstSearch").count() > 0, 30'000);
+      ASSERT_SOON(The<QListWidget>(*help, "lstSearch").count() > 0);
       QTest::keyClick(&query, Qt::Key_Return);
     }
   }
@@ -432,7 +432,7 @@ TEST_F(HelpWindow, TheContentsMarkTheSectionOfAPlace) {
   const auto help = frmHelp::Open(bench.Forms);
   help->ShowContents();
   auto& contents = The<QHelpContentWidget>(*help, "Contents");
-  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  ASSERT_SOON(contents.model()->rowCount() > 0);
   help->ShowTopic({"frmhelp-lstsearch"});
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Ways to a page"));
   EXPECT_EQ(contents.currentIndex().parent().data().toString(), QStringLiteral("The help window"));
@@ -443,7 +443,7 @@ TEST_F(HelpWindow, TheContentsFitOrTellWhatIsCutOff) {
   help->resize(help->sizeHint());
   help->ShowContents();
   auto& contents = The<QHelpContentWidget>(*help, "Contents");
-  QTRY_VERIFY(contents.model()->rowCount() > 0);
+  ASSERT_SOON(contents.model()->rowCount() > 0);
   contents.expandAll();
   const auto told = [&](const QModelIndex& entry) {
     contents.scrollTo(entry);
@@ -496,13 +496,13 @@ TEST_F(HelpWindow, KeysLeadFromATextToTheListBelowAndBack) {
       press(Qt::Key_Up, text);
     }
   };
-  QTRY_VERIFY(The<QListView>(*help, "Index").model()->rowCount() > 1);
+  ASSERT_SOON(The<QListView>(*help, "Index").model()->rowCount() > 1);
   leadThereAndBack("txtIndex", "Index");
   tabs.setCurrentIndex(2);
   tabs.currentWidget()->setFocus();
   QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("pillar"));
   press(Qt::Key_Return, "txtSearch");
-  QTRY_VERIFY_WITH_TIMEOUT(The<QListWidget>(*help, "lstSearch").count() > 1, 30'000);
+  ASSERT_SOON(The<QListWidget>(*help, "lstSearch").count() > 1);
   leadThereAndBack("txtSearch", "lstSearch");
   press(Qt::Key_Tab, "cmdSearch");
   press(Qt::Key_Tab, "lstSearch");
@@ -565,7 +565,7 @@ int LineAt(const HelpBrowser& browser, int position) {
 void ResizeAndWait(frmHelp& help, const QSize& size) {
   const QSignalSpy set(&The<HelpBrowser>(help, "Browser"), &QTextBrowser::sourceChanged);
   help.resize(size);
-  QTRY_VERIFY(set.count() > 0);
+  ASSERT_SOON(set.count() > 0);
   QApplication::processEvents();
 }
 
