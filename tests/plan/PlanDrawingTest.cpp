@@ -318,8 +318,8 @@ TEST(PlanDrawing, ValuesStayWithinTheOutlinesOfTheirPillars) {
       const Plan plan = DrawPlan(request).value();
       int found = 0;
       for (const PlanPillar& pillar : plan.Pillars) {
-        const auto x = [&](int corner) { return static_cast<double>(pillar.Corners.at(corner).X); };
-        const auto y = [&](int corner) { return static_cast<double>(pillar.Corners.at(corner).Y); };
+        const auto x = [&](std::size_t corner) { return static_cast<double>(pillar.Corners.at(corner).X); };
+        const auto y = [&](std::size_t corner) { return static_cast<double>(pillar.Corners.at(corner).Y); };
         const double slope = (y(1) - y(0)) / (x(1) - x(0));
         for (const DrawText& text : plan.Panel.Texts) {
           const double rise = slope * (text.At.X - x(0));
