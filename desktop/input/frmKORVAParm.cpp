@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QPointer>
 
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
@@ -150,8 +151,12 @@ void frmKORVAParm::ShowHidden(FieldBox& box) {
 }
 
 void frmKORVAParm::TakeAndClose() {
+  const QPointer<frmKORVAParm> there = this;
   ui_.cmdOK->setFocus();
-  QCoreApplication::processEvents();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // no second click on a button
+  if (!there || !isVisible()) {
+    return;
+  }
   if (!CheckAndShow()) {
     warningShown_ = false;
     return;

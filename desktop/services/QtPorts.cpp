@@ -120,6 +120,16 @@ QString Breakable(std::string_view text) {
   return broken;
 }
 
+// What a box covered is painted again before a long command goes on. No event is let in for it: a window that
+// was closed meanwhile would be deleted, and the command that has asked may be that window's.
+void PaintWindows() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) {
+      window->repaint();
+    }
+  }
+}
+
 // A box over a busy program has to be usable: the pointer is normal while it is open.
 class NormalPointer {
  public:
@@ -160,8 +170,7 @@ MessageAnswer QtMessages::Show(const Message& message) {
   box.ensurePolished();
   MakeRoomForTitle(box);
   const MessageAnswer answer = AnswerOf(box.exec());
-  // What the box covered is painted again before a long command goes on.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  PaintWindows();
   return answer;
 }
 

@@ -84,8 +84,11 @@ double PlanFrame::Above() const {
 }
 
 double PlanFrame::Below() const {
+  if (!r_.Full) {
+    return 0;
+  }
   const auto rows = static_cast<double>(Legend().size() + NoteLines().size() + 1);
-  return r_.Full ? BlockHeight() + (rows * kRow + kGap) * height_ : 0;
+  return BlockHeight() + (rows * kRow + kGap) * height_;
 }
 
 // Painters count a text's room in its own, scaled letters.
@@ -186,7 +189,9 @@ std::vector<std::string> PlanFrame::NoteLines() const {
   const double columns = (side_ - 2 * margin_) / (TextLength("0") * height_);
   std::vector<std::string> lines;
   for (const std::string& note : PlanNotes(r_)) {
-    const std::string wrapped = WrapText(note, static_cast<std::size_t>(std::clamp(columns, 21.0, 500.0)));
+    // Of a panel without extent there are no columns, not even a number of them.
+    const double length = columns > 21 ? std::min(columns, 500.0) : 21;
+    const std::string wrapped = WrapText(note, static_cast<std::size_t>(length));
     for (std::string_view rest = wrapped; !rest.empty();) {
       const SplitLine split = TakeLine(rest);
       lines.emplace_back(split.line);

@@ -419,6 +419,20 @@ TEST(PlanDrawing, AnEnlargedPanelKeepsTheFrame) {
   EXPECT_EQ(scale(enlarged, "40x60"), 1) << "there is room now";
 }
 
+// As it is while the first number is typed in.
+TEST(PlanDrawing, APanelWithoutLengthHasAPlan) {
+  Project project = EmptyProject(kEnglish);
+  project.XcutCenters[1] = 20;
+  PlanRequest request = RequestOf(project);
+  for (const bool full : {true, false}) {
+    request.Full = full;
+    const auto plan = DrawPlan(request);
+    ASSERT_TRUE(plan);
+    EXPECT_GE(plan->PlanWidth, 20);
+    EXPECT_LT(plan->PlanWidth, 100);
+  }
+}
+
 TEST(PlanDrawing, PreviewIsOutlinesAloneAndNothingHasNoPlan) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   request.Full = false;
