@@ -149,7 +149,7 @@ std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
     progress.Advance(static_cast<std::size_t>(step - 1), static_cast<std::size_t>(capacity - 1));
     return true;
   });
-  const std::optional<RuntimeError> failure = outcome.Failure;
+  std::optional<RuntimeError> failure = outcome.Failure;
   KeepSweep(korva, job, std::move(outcome));
   return failure;
 }
@@ -217,12 +217,12 @@ int Sweep(Korva& korva, const SweepCall& call) {
   TellMissingBarrier(korva, call);
   const std::optional<RuntimeError> failure = RunToItsEnd(korva, *job);
   if (failure && korva.Sweep.PointCount == 0) {
-    throw *failure;
+    throw RuntimeError(failure->Number(), failure->Detail());
   }
   TellNotes(korva, call);
   PrintSweep(korva, call, kind, failure);
   if (failure && !call.AsJson) {
-    throw *failure;
+    throw RuntimeError(failure->Number(), failure->Detail());
   }
   return failure ? kFailed : kDone;
 }

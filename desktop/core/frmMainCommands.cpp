@@ -187,7 +187,7 @@ void frmMain::AfterSweep() {
     const std::optional<RuntimeError> failure = outcome.Failure;
     KeepSweep(korva_, sweep->Job(), shown ? std::move(outcome) : SweepOutcome());
     if (failure) {
-      throw *failure;
+      throw RuntimeError(failure->Number(), failure->Detail());
     }
   });
   if (again) {
