@@ -158,9 +158,10 @@ TEST_F(RecoveryTest, APanelOfTheSiblingNewUnitsAndAConversionHaveNamesOfTheirOwn
 }
 
 TEST_F(RecoveryTest, ARestoredProjectKnowsItsFile) {
-  const std::string a = PutProject("a.KVL");
   recovery.EndCleanly();
-  for (const bool changed : {false, true}) {
+  for (const auto& [name, changed] :
+       {std::pair("a.KVL", false), {"two\nlines.KVL", false}, {"a.KVL", true}}) {
+    const std::string a = PutProject(name);
     OpenAndEdit(a, 700);
     Recovery(korva).EndKeepingWork();
     if (changed) {
