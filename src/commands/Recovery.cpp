@@ -120,6 +120,9 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
 }
 
 void Recovery::KeepCopy() {
+  if (toldName_ != korva_.ProjectOwnName) {
+    TellSessions();  // an import of cases has taken the project's place, say
+  }
   const auto draft = Draft ? Draft() : std::nullopt;
   if (draft) {
     WriteCopy(folder_.CopyPath(), *draft);
@@ -189,7 +192,8 @@ bool Recovery::OfferCopies(MessagePort& messages) {
 }
 
 void Recovery::TellSessions() {
-  folder_.TellOpenFile(FullNameOfFile(korva_.ProjectFileName));
+  toldName_ = korva_.ProjectOwnName;
+  folder_.TellOpenFile(FullNameOfFile(toldName_));
 }
 
 bool Recovery::IsOpenElsewhere() const {
