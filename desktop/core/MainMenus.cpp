@@ -1,6 +1,5 @@
 #include "desktop/core/MainMenus.h"
 
-#include <QFontMetrics>
 #include <QMainWindow>
 #include <QMenu>
 #include <QToolButton>
@@ -8,6 +7,7 @@
 
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
+#include "desktop/support/MenuCaption.h"
 
 namespace korva::desktop {
 
@@ -170,15 +170,11 @@ std::string MainMenus::CaptionOf(const char* array, int index) const {
 }
 
 void MainMenus::ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions) {
-  constexpr int kColumns = 80;
-  const QFontMetrics metrics(Item("mnuFileArray", 1).font());
-  const int room = metrics.averageCharWidth() * kColumns;
   bool any = false;
   for (int i = 1; i <= kMostRecentFiles; ++i) {
     QAction& item = Item("mnuFileArray", i);
     const QString caption = FromUtf8(captions[i]);
-    item.setText(
-        metrics.elidedText(caption, Qt::ElideMiddle, room).replace(QLatin1Char('&'), QLatin1String("&&")));
+    item.setText(MenuCaption(caption, item.font()));
     item.setStatusTip(caption);
     item.setVisible(!captions[i].empty());
     any = any || !captions[i].empty();
