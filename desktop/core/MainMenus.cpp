@@ -7,6 +7,7 @@
 
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
+#include "desktop/support/MenuCaption.h"
 
 namespace korva::desktop {
 
@@ -172,7 +173,9 @@ void MainMenus::ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFi
   bool any = false;
   for (int i = 1; i <= kMostRecentFiles; ++i) {
     QAction& item = Item("mnuFileArray", i);
-    item.setText(FromUtf8(captions[i]).replace(QLatin1Char('&'), QLatin1String("&&")));
+    const QString caption = FromUtf8(captions[i]);
+    item.setText(MenuCaption(caption, item.font()));
+    item.setStatusTip(caption);
     item.setVisible(!captions[i].empty());
     any = any || !captions[i].empty();
   }

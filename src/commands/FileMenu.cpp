@@ -157,7 +157,9 @@ bool FileMenu::Save(bool saveAs) {
   return saved;
 }
 
+// A name that the person then does not want to replace is not taken.
 bool FileMenu::FileMenuSave(bool saveAs) {
+  const std::string before = korva_.ProjectFileName;
   bool saved = false;
   bool chosen = false;
   Attempt(korva_, ports_.Messages, [&] {
@@ -166,6 +168,7 @@ bool FileMenu::FileMenuSave(bool saveAs) {
       chosen = true;
     }
     if (!MayReplace(chosen)) {
+      korva_.ProjectFileName = before;
       return;
     }
     const BusyPointer busy(ports_.Busy);

@@ -34,8 +34,13 @@ std::optional<CopyText> SplitCopy(const std::string& text) {
   if (mark == std::string::npos) {
     return std::nullopt;
   }
-  const SplitLine name = TakeLine(std::string_view(text).substr(mark + kNameMark.size()));
-  return CopyText{text.substr(0, mark), std::string(name.line), std::string(TakeLine(name.rest).line)};
+  std::string name = text.substr(mark + kNameMark.size());
+  if (name.ends_with(kLineEnd)) {
+    name.resize(name.size() - kLineEnd.size());
+  }
+  const auto line = name.rfind(kLineEnd);  // a name may hold a line feed
+  std::string fileMark = line == std::string::npos ? std::string() : name.substr(line + kLineEnd.size());
+  return CopyText{text.substr(0, mark), name.substr(0, line), std::move(fileMark)};
 }
 
 std::string ReadCopy(const std::string& path) {
@@ -115,6 +120,9 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
 }
 
 void Recovery::KeepCopy() {
+  if (toldName_ != korva_.ProjectOwnName) {
+    TellSessions();  // an import of cases has taken the project's place, say
+  }
   const auto draft = Draft ? Draft() : std::nullopt;
   if (draft) {
     WriteCopy(folder_.CopyPath(), *draft);
@@ -184,7 +192,8 @@ bool Recovery::OfferCopies(MessagePort& messages) {
 }
 
 void Recovery::TellSessions() {
-  folder_.TellOpenFile(FullNameOfFile(korva_.ProjectFileName));
+  toldName_ = korva_.ProjectOwnName;
+  folder_.TellOpenFile(FullNameOfFile(toldName_));
 }
 
 bool Recovery::IsOpenElsewhere() const {

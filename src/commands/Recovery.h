@@ -20,7 +20,7 @@ class Recovery {
 
   // Keeps a copy of unsaved work if it has changed since the last one, and removes the copy of saved work. A
   // failure is logged once. A copy has the project's own full name, whatever name has been chosen for the
-  // next project meanwhile.
+  // next project meanwhile. Other sessions are told if that name is another one than before.
   void KeepCopy();
 
   // Keeps unsaved work that is about to be dropped; it is offered at the next start.
@@ -49,6 +49,7 @@ class Recovery {
   Korva& korva_;
   SessionFolder folder_;
   std::string lastCopy_;
+  std::string toldName_;  // the project that other sessions know of
   bool failureLogged_ = false;
 };
 

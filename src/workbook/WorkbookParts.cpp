@@ -61,10 +61,6 @@ std::string WorkbookPart(ZipParts& zip, const Reading& reading) {
   return part;
 }
 
-bool FlagOf(const pugi::xml_node& node, std::string_view name) {
-  return ParseXmlFlag(AttributeOf(node, name).value_or("0")).value_or(false);
-}
-
 // The relationship's id of the worksheet `name`.
 std::string SheetId(const pugi::xml_node& workbook, std::string_view name, const Reading& reading) {
   std::vector<std::string> names;

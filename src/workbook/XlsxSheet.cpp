@@ -175,11 +175,13 @@ class XlsxCells {
 Sheet ReadXlsxSheet(std::string_view bytes, std::string_view name, const Reading& reading) {
   ZipParts zip(bytes, reading);
   const WorkbookParts parts = FindParts(zip, name, reading);
-  XlsxCells cells({ReadSharedStrings(zip, parts.SharedStrings, reading),
-                   ReadDateStyles(zip, parts.Styles, reading), parts.Dates, parts.IsCalculatedAnew},
-                  reading);
-  const pugi::xml_document sheet = ParseXml(zip.Read(parts.Sheet), parts.Sheet, "worksheet", reading);
-  return cells.ReadRows(ChildOf(sheet.document_element(), "sheetData"));
+  Legend legend{ReadSharedStrings(zip, parts.SharedStrings, reading),
+                ReadDateStyles(zip, parts.Styles, reading), parts.Dates, parts.IsCalculatedAnew};
+  const pugi::xml_document part = ParseXml(zip.Read(parts.Sheet), parts.Sheet, "worksheet", reading);
+  const pugi::xml_node sheet = part.document_element();
+  legend.IsCalculatedAnew |= FlagOf(ChildOf(sheet, "sheetCalcPr"), "fullCalcOnLoad");
+  XlsxCells cells(std::move(legend), reading);
+  return cells.ReadRows(ChildOf(sheet, "sheetData"));
 }
 
 }  // namespace korva

@@ -83,4 +83,8 @@ std::optional<bool> ParseXmlFlag(std::string_view text) {
   return text == "0" || text == "false" ? std::optional<bool>(false) : std::nullopt;
 }
 
+bool FlagOf(const pugi::xml_node& node, std::string_view name) {
+  return ParseXmlFlag(AttributeOf(node, name).value_or("0")).value_or(false);
+}
+
 }  // namespace korva

@@ -38,4 +38,7 @@ std::optional<int> ParseCount(std::string_view text);
 // xsd:boolean; nothing for another text.
 std::optional<bool> ParseXmlFlag(std::string_view text);
 
+// Whether an xsd:boolean attribute is there and true.
+bool FlagOf(const pugi::xml_node& node, std::string_view name);
+
 }  // namespace korva

@@ -255,10 +255,14 @@ TEST_F(FileMenuTest, AFileOpenInTwoWindowsIsTold) {
   others.Messages.Expect(question, kYesNo, MessageAnswer::kNo);
   EXPECT_FALSE(otherMenu.Save(false));
   EXPECT_EQ(DepthIn(a), 400);
-  others.Files.Expect(a);
-  others.Messages.Expect(question, kYesNo, MessageAnswer::kYes);
-  EXPECT_TRUE(otherMenu.Save(true));
-  EXPECT_EQ(DepthIn(a), 610);
+  second.ProjectFileName = folder / "mine.KVL";
+  for (const bool saves : {false, true}) {
+    others.Files.Expect(a);
+    others.Messages.Expect(question, kYesNo, saves ? MessageAnswer::kYes : MessageAnswer::kNo);
+    EXPECT_EQ(otherMenu.Save(true), saves);
+    EXPECT_EQ(DepthIn(a), saves ? 610 : 400);
+    EXPECT_EQ(second.ProjectFileName, saves ? a : folder / "mine.KVL") << "a name declined is not taken";
+  }
 
   recovery->EndCleanly();
   EXPECT_TRUE(otherMenu.OpenPath(a));

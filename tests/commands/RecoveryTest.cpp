@@ -157,10 +157,31 @@ TEST_F(RecoveryTest, APanelOfTheSiblingNewUnitsAndAConversionHaveNamesOfTheirOwn
   EXPECT_EQ(Seen(), "0 of Untitled, 510 of a.KVL");
 }
 
-TEST_F(RecoveryTest, ARestoredProjectKnowsItsFile) {
+TEST_F(RecoveryTest, OtherSessionsKnowEachProjectThatHasTakenThePlace) {
+  Korva second;
+  second.Places = korva.Places;
+  const Recovery other(second);
+  const auto isOpen = [&](const std::string& file) {
+    second.ProjectFileName = file;
+    return other.IsOpenElsewhere();
+  };
   const std::string a = PutProject("a.KVL");
+  OpenAndEdit(a, 510);
+  ports.Files.Expect(std::nullopt);
+  EXPECT_FALSE(menu.Open());  // takes the folder from the name
+  recovery.TellSessions();
+  EXPECT_TRUE(isOpen(a));
+  korva.ProjectFileName = folder / "1-case.KVL";
+  FileSave(korva);
+  Tick();
+  EXPECT_TRUE(!isOpen(a) && isOpen(folder / "1-case.KVL"));
+}
+
+TEST_F(RecoveryTest, ARestoredProjectKnowsItsFile) {
   recovery.EndCleanly();
-  for (const bool changed : {false, true}) {
+  for (const auto& [name, changed] :
+       {std::pair("a.KVL", false), {"two\nlines.KVL", false}, {"a.KVL", true}}) {
+    const std::string a = PutProject(name);
     OpenAndEdit(a, 700);
     Recovery(korva).EndKeepingWork();
     if (changed) {

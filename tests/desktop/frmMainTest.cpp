@@ -572,5 +572,21 @@ TEST_F(MainForm, RefusingTheDisclaimerEndsTheProgramWithoutAQuestion) {
   EXPECT_FALSE(korva.ProjectSaved);
 }
 
+TEST(MainMenus, ALongRecentNameIsElidedInTheMiddle) {
+  QMainWindow window;
+  const MainMenus::Commands none;
+  MainMenus menus(window, none);
+  IndexedArray<std::string, 1, kMostRecentFiles> names;
+  names[1] = "/mines/" + std::string(240, 'w') + "/a&b.KVL";
+  names[2] = "/mines/c.KVL";
+  menus.ShowRecentFiles(names);
+  const QString shown = menus.Item("mnuFileArray", 1).text();
+  EXPECT_TRUE(shown.startsWith(QStringLiteral("/mines/w")) && shown.endsWith(QStringLiteral("/a&&b.KVL")));
+  EXPECT_LT(window.fontMetrics().horizontalAdvance(shown),
+            1366 / 2 + window.fontMetrics().averageCharWidth());
+  EXPECT_EQ(menus.Item("mnuFileArray", 1).statusTip().toStdString(), names[1]);
+  EXPECT_EQ(menus.Item("mnuFileArray", 2).text().toStdString(), names[2]);
+}
+
 }  // namespace
 }  // namespace korva::desktop

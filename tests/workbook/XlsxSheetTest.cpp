@@ -118,6 +118,9 @@ TEST(ReadXlsxSheet, TakesNoFormulaOfABookThatIsToBeCalculated) {
     parts.Workbook = workbook(attribute);
     EXPECT_EQ(Read(BookOf(parts)).At(3, 3).Text, "a");
   }
+  const auto end = parts.Sheet.find("</worksheet>");
+  parts.Sheet.insert(end, "<sheetCalcPr fullCalcOnLoad='1'/>");
+  EXPECT_EQ(Read(BookOf(parts)).At(3, 2).Kind, CellKind::kNoValue) << "the sheet alone asks for it";
 }
 
 TEST(ReadXlsxSheet, PlacesCellsByNameOrInTurn) {
