@@ -10,6 +10,7 @@
 #include "core/FileNames.h"
 #include "desktop/core/TitlePicture.h"
 #include "desktop/support/FormTools.h"
+#include "desktop/support/PathLabel.h"
 
 namespace korva::desktop {
 
@@ -54,7 +55,8 @@ void StartPage::FillExamples() {
   for (const ExampleProject& example : ExampleProjects(places_)) {
     const QString caption =
         QStringLiteral("%1 (%2)").arg(FromUtf8(example.Title), FromUtf8(FileBaseName(example.File, false)));
-    QAction* item = examples_->addAction(QString(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
+    QAction* item = examples_->addAction(QString());
+    CaptionItem(*examples_, *item, caption);
     item->setObjectName(IndexedName("mnuStartExamplesItem", static_cast<int>(examples_->actions().size())));
     connect(item, &QAction::triggered, this, [this, file = example.File] { commands_.OpenExample(file); });
   }

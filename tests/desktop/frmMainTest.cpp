@@ -425,6 +425,19 @@ TEST_F(MainForm, LongNamesNeverWidenTheWindow) {
   EXPECT_TRUE(tip.contains(QStringLiteral("&lt;b&gt;WWW"))) << "all of it, and as it is";
 }
 
+TEST_F(MainForm, ALongRecentFileNeverWidensTheMenu) {
+  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  const std::string longName = folder / (std::string(240, 'm') + "&.KVL");
+  std::filesystem::copy_file(folder / "development.KVL", longName);
+  Begin(longName);
+  constexpr int kLeastScreen = 960;
+  EXPECT_LT(The<QMenu>(*main, "mnuFile").sizeHint().width(), kLeastScreen);
+  const auto& item = The<QAction>(*main, "mnuFileArray(1)");
+  EXPECT_TRUE(item.isVisible());
+  EXPECT_TRUE(item.text().endsWith(QStringLiteral("m&&.KVL")));
+  EXPECT_EQ(item.toolTip(), QString::fromStdString(longName));
+}
+
 TEST_F(MainForm, ADroppedFileIsOpened) {
   korva.Preferences.Options.ShowInputScreenOnLoad = 0;
   Begin();

@@ -365,6 +365,19 @@ TEST(PlanDrawing, MetersKeepADecimalOrAreSaidToBeRounded) {
   EXPECT_TRUE(Says(plan, "Dimensions without a decimal are rounded to whole m."));
 }
 
+TEST(PlanDrawing, SaysThatRowsAndCutsAreRounded) {
+  PlanRequest request = RequestOf(test::TwoSideGobs());
+  request.ProjectCalc.RowC = 1;
+  request.ProjectCalc.WidthRowC = 40;
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "rounded"));
+  request.ProjectCalc.WidthRowC = 40.5F;
+  EXPECT_TRUE(Says(DrawPlan(request).value(), "rounded"));
+  request.ProjectCalc.RowC = 0;
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "rounded")) << "the row is not there";
+  request.ProjectCalc.SlabcutSecondGob = 12.5;
+  EXPECT_TRUE(Says(DrawPlan(request).value(), "rounded"));
+}
+
 TEST(PlanDrawing, EntriesPillarsAndThePanelItselfAreNamed) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   EXPECT_FALSE(Says(DrawPlan(request).value(), "Project: "));
