@@ -7,7 +7,7 @@
 
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
-#include "desktop/support/MenuCaption.h"
+#include "desktop/support/PathLabel.h"
 
 namespace korva::desktop {
 
@@ -112,11 +112,11 @@ MainMenus::MainMenus(QMainWindow& window, const Commands& commands) {
       items_[name] = AddItem(menu, name, rows[i], [command, i] { command(i); });
     }
   };
-  QMenu* file = AddMenu(bar, "mnuFile", "&File");
-  fill(*file, "mnuFileItem", FileItems(), commands.File);
+  fileMenu_ = AddMenu(bar, "mnuFile", "&File");
+  fill(*fileMenu_, "mnuFileItem", FileItems(), commands.File);
   for (int i = kRecentSeparator; i <= kMostRecentFiles; ++i) {
     const QString name = IndexedName("mnuFileArray", i);
-    items_[name] = AddItem(*file, name, {i == kRecentSeparator ? "" : " "},
+    items_[name] = AddItem(*fileMenu_, name, {i == kRecentSeparator ? "" : " "},
                            [command = commands.Recent, i] { command(i); });
     items_[name]->setVisible(false);
   }
@@ -173,9 +173,7 @@ void MainMenus::ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFi
   bool any = false;
   for (int i = 1; i <= kMostRecentFiles; ++i) {
     QAction& item = Item("mnuFileArray", i);
-    const QString caption = FromUtf8(captions[i]);
-    item.setText(MenuCaption(caption, item.font()));
-    item.setStatusTip(caption);
+    CaptionItem(*fileMenu_, item, FromUtf8(captions[i]));
     item.setVisible(!captions[i].empty());
     any = any || !captions[i].empty();
   }

@@ -78,6 +78,7 @@ class MainMenus {
   void AddToolBar(QMainWindow& window, const Commands& commands);
 
   std::map<QString, QAction*> items_;
+  QMenu* fileMenu_ = nullptr;
   QToolBar* toolBar_ = nullptr;
 };
 

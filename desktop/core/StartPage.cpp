@@ -10,7 +10,7 @@
 #include "core/FileNames.h"
 #include "desktop/core/TitlePicture.h"
 #include "desktop/support/FormTools.h"
-#include "desktop/support/MenuCaption.h"
+#include "desktop/support/PathLabel.h"
 
 namespace korva::desktop {
 
@@ -55,7 +55,8 @@ void StartPage::FillExamples() {
   for (const ExampleProject& example : ExampleProjects(places_)) {
     const QString caption =
         QStringLiteral("%1 (%2)").arg(FromUtf8(example.Title), FromUtf8(FileBaseName(example.File, false)));
-    QAction* item = examples_->addAction(MenuCaption(caption, examples_->font()));
+    QAction* item = examples_->addAction(QString());
+    CaptionItem(*examples_, *item, caption);
     item->setObjectName(IndexedName("mnuStartExamplesItem", static_cast<int>(examples_->actions().size())));
     connect(item, &QAction::triggered, this, [this, file = example.File] { commands_.OpenExample(file); });
   }

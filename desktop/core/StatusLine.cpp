@@ -29,6 +29,7 @@ StatusLine::StatusLine(QWidget* parent)
       model_(NewLabel(QStringLiteral("lblStatusModel"), {}, this)),
       saved_(NewLabel(QStringLiteral("lblStatusSaved"), {}, this)) {
   setObjectName(QStringLiteral("StatusBar1"));
+  setContentsMargins(2 * SpacingUnit(*this), 0, 0, 0);
   for (PathLabel* label : {file_, remark_}) {
     addWidget(label, 1);
   }

@@ -106,6 +106,7 @@ void frmMain::BuildBody() {
 
   lblVer_ = NewLabel(QStringLiteral("lblVer"), FromUtf8(ProgramVersionText(true)), this);
   lblVer_->setAlignment(Qt::AlignRight);
+  lblVer_->setContentsMargins(0, 0, 2 * SpacingUnit(*this), 0);
   lblVer_->setAccessibleName(QStringLiteral("Program version"));
 
   txtMain_ = new QPlainTextEdit(this);

@@ -182,7 +182,6 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
         NewBox({name.c_str(), "", "", kLongestCenter,
                 "Distance from center to center of two neighbouring entries", "more than the entry width"},
                QStringLiteral("Distance %1").arg(CenterCaption(i)));
-    box->setAlignment(Qt::AlignCenter);
     SetColumns(*box, kLongestCenter);
     QLabel* label = NewLabel(IndexedName("Label23", i), CenterCaption(i), frame);
     label->setAlignment(Qt::AlignCenter);
@@ -307,6 +306,7 @@ QWidget* frmKORVAParmControls::DefaultsTab() {
   column->addStretch();
   auto* row = new QWidget(&form_);
   auto* middle = new QHBoxLayout(row);
+  middle->setContentsMargins(0, 0, 0, 0);
   middle->addWidget(tab);
   middle->addStretch();
   return row;

@@ -153,7 +153,8 @@ void FieldBox::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setPen(refusal_.isEmpty() ? QPen(AccentColour(palette()), 1, Qt::DotLine)
                                     : QPen(RefusedColour(palette())));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  constexpr double kHalf = 0.5;  // of the pen, all of which stays inside at every scale
+  painter.drawRect(QRectF(rect()).adjusted(kHalf, kHalf, -kHalf, -kHalf));
 }
 
 }  // namespace korva::desktop

@@ -1,10 +1,23 @@
 #include "desktop/support/PathLabel.h"
 
+#include <QAction>
+#include <QMenu>
 #include <QPainter>
 #include <QStyle>
 #include <QTextDocument>
 
 namespace korva::desktop {
+
+namespace {
+
+constexpr int kItemColumns = 90;  // digits that an item of a menu is wide at most
+
+// What shows `text` as it is.
+QString PlainTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
+}  // namespace
 
 PathLabel::PathLabel(const char* name, QWidget* parent) : QLabel(parent) {
   setObjectName(QLatin1String(name));
@@ -14,7 +27,7 @@ PathLabel::PathLabel(const char* name, QWidget* parent) : QLabel(parent) {
 
 void PathLabel::ShowPath(const QString& path) {
   setText(path);
-  setToolTip(Qt::mightBeRichText(path) ? Qt::convertFromPlainText(path) : path);
+  setToolTip(PlainTip(path));
 }
 
 QSize PathLabel::minimumSizeHint() const {
@@ -26,6 +39,15 @@ void PathLabel::paintEvent(QPaintEvent* /*event*/) {
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
   style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
                         foregroundRole());
+}
+
+void CaptionItem(QMenu& menu, QAction& item, const QString& caption) {
+  const QFontMetrics metrics = menu.fontMetrics();
+  const int room = metrics.horizontalAdvance(QLatin1Char('0')) * kItemColumns;
+  const QString shown = metrics.elidedText(caption, Qt::ElideMiddle, room);
+  item.setText(QString(shown).replace(QLatin1Char('&'), QLatin1String("&&")));
+  item.setToolTip(shown == caption ? QString() : PlainTip(caption));
+  menu.setToolTipsVisible(true);
 }
 
 }  // namespace korva::desktop

@@ -1,7 +1,10 @@
-// A label for a file name, or another text, of any length.
+// A label and an item of a menu for a file name, or another text, of any length.
 #pragma once
 
 #include <QLabel>
+
+class QAction;
+class QMenu;
 
 namespace korva::desktop {
 
@@ -16,5 +19,9 @@ class PathLabel final : public QLabel {
  protected:
   void paintEvent(QPaintEvent* event) override;
 };
+
+// The caption of an item of `menu`, which no name makes wider than a screen; the tool tip of one whose middle
+// is left out has all of it.
+void CaptionItem(QMenu& menu, QAction& item, const QString& caption);
 
 }  // namespace korva::desktop

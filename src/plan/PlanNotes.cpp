@@ -12,6 +12,20 @@ namespace korva {
 
 namespace {
 
+// Of the bleeder pillars; beneath them, meters keep their decimals.
+void AddRowLengths(const PlanRequest& request, std::vector<double>& lengths) {
+  const Project& p = request.ProjectCalc;
+  const bool sizes = request.PlotType == kPlotDimensions;
+  const bool widths = sizes || (request.Options.PlotGobDims == 1 && request.Units != kMetric);
+  for (const int side : {kFirstSideLine, kSecondSideLine}) {
+    const bool first = side == kFirstSideLine;
+    if (p.LoadingCondition >= (first ? 2 : 3) && (first ? p.RowC : p.RowD) == 1) {
+      lengths.insert(lengths.end(),
+                     {widths ? BleederWidth(p, side) : 0, sizes ? p.XcutSpacing - p.EntryWidth : 0});
+    }
+  }
+}
+
 // The lengths that are drawn in whole units.
 std::vector<double> WholeLengths(const PlanRequest& request) {
   const Project& p = request.ProjectCalc;
@@ -30,12 +44,16 @@ std::vector<double> WholeLengths(const PlanRequest& request) {
     lengths.push_back(p.XcutSpacing);
   }
   const bool toScale = !request.Geometry.SchematicGobs;
+  const bool cuts = request.Units != kMetric;  // are whole, too
   if (options.PlotGobDims == 1 && p.LoadingCondition >= 2) {
-    lengths.insert(lengths.end(), {p.BarrierFirstGob, toScale ? p.ExtentFirstGob : 0});
+    lengths.insert(lengths.end(),
+                   {p.BarrierFirstGob, toScale ? p.ExtentFirstGob : 0, cuts ? p.SlabcutFirstGob : 0});
   }
   if (options.PlotGobDims == 1 && p.LoadingCondition >= 3) {
-    lengths.insert(lengths.end(), {p.BarrierSecondGob, toScale ? p.ExtentSecondGob : 0});
+    lengths.insert(lengths.end(),
+                   {p.BarrierSecondGob, toScale ? p.ExtentSecondGob : 0, cuts ? p.SlabcutSecondGob : 0});
   }
+  AddRowLengths(request, lengths);
   if (p.LoadingCondition >= 1) {
     lengths.push_back(p.ExtentActiveGob);
   }

@@ -18,12 +18,17 @@ struct Number {
   std::string Text;
 };
 
-void AddRow(PlanPen& pen, const std::vector<Number>& numbers, double y) {
-  double height = pen.Height();
+// At most `most`, so that they keep apart.
+double HeightOf(const std::vector<Number>& numbers, double most) {
+  double height = most;
   for (std::size_t i = 1; i < numbers.size(); ++i) {
     const double lengths = (TextLength(numbers[i - 1].Text) + TextLength(numbers[i].Text)) / 2;
     height = std::min(height, kOfSpacing * (numbers[i].X - numbers[i - 1].X) / lengths);
   }
+  return height;
+}
+
+void AddRow(PlanPen& pen, const std::vector<Number>& numbers, double y, double height) {
   for (const Number& number : numbers) {
     pen.Text({number.X, y}, number.Text, false);
     pen.Fit(TextLength(number.Text) * height, height);
@@ -49,8 +54,9 @@ void AddNumbers(PlanPen& pen, const PlanRequest& request, const PlanGeometry& ge
   entries.push_back({right + p.EntryWidth / 2, fmt::format("E{}", p.NumberEntries)});
   const double aside = TextLength(entries.back().Text) * pen.Height() / 2;
   const double lowest = pen.Lowest(entries.front().X - aside, entries.back().X + aside, 0);
-  AddRow(pen, entries, lowest - (kBelowPanel + 0.5) * pen.Height());
-  AddRow(pen, pillars, lowest - (kBelowPanel + 0.5 + kRow) * pen.Height());
+  const double height = HeightOf(pillars, HeightOf(entries, pen.Height()));
+  AddRow(pen, entries, lowest - (kBelowPanel + 0.5) * pen.Height(), height);
+  AddRow(pen, pillars, lowest - (kBelowPanel + 0.5 + kRow) * pen.Height(), height);
 }
 
 }  // namespace korva

@@ -204,7 +204,8 @@ std::size_t PagePrinter::Columns() const {
 std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const std::tm& now) {
   PagePrinter printer(paper, now);
   printer.PrintOut(PrintMode::kBegin, {});
-  for (const TextPiece& piece : PiecesOf(text)) {
+  const std::size_t end = text.find_last_not_of(" \r\n") + 1;  // empty lines behind it ask for no sheet
+  for (const TextPiece& piece : PiecesOf(text.substr(0, end))) {
     if (printer.WouldCut(piece.Kept)) {
       printer.PrintOut(PrintMode::kNewPage, {});
     }

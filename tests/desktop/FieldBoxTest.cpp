@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QTest>
 
 #include "desktop/support/FieldBox.h"
@@ -62,6 +63,31 @@ TEST(FieldBox, ShowsARefusalUntilTheTextChanges) {
   EXPECT_EQ(box.selectedText(), QStringLiteral("0"));
   QTest::keyClicks(&box, QStringLiteral("8"));
   EXPECT_EQ(box.toolTip(), QStringLiteral("Above 0 ft"));
+}
+
+TEST(FieldBox, ItsFrameIsWholeAtEveryScale) {
+  constexpr QSize kSize(100, 24);
+  FieldBox box(QStringLiteral("txtDepthCover"));
+  box.resize(kSize);
+  const auto picture = [&](double scale) {
+    QImage image(kSize * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    box.render(&image);
+    return image;
+  };
+  for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+    box.RemarkOn({});
+    const QImage plain = picture(scale);
+    box.ShowRefused(QStringLiteral("Invalid depth of cover"));
+    const QImage framed = picture(scale);
+    const QPoint middle = framed.rect().center();
+    for (const QPoint side :
+         {QPoint(middle.x(), 0), QPoint(0, middle.y()), QPoint(middle.x(), framed.height() - 1),
+          QPoint(framed.width() - 1, middle.y())}) {
+      EXPECT_NE(framed.pixel(side), plain.pixel(side)) << scale << ": " << side.x() << " " << side.y();
+    }
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 #include <filesystem>
 #include <memory>
+#include <set>
 
 #include "commands/FileCommands.h"
 #include "desktop/FormBench.h"
@@ -380,6 +381,19 @@ TEST_F(ParameterForm, CopyClipPutsAPictureOnTheClipboard) {
   Expect("Screenshot of dialog copied to clipboard");
   Click(*form, "cmdCopyClip");
   EXPECT_EQ(QGuiApplication::clipboard()->image().size(), form->size());
+}
+
+TEST_F(ParameterForm, ItsTabsHaveOneLeftEdgeAndItsNumbersOne) {
+  Open();
+  std::set<int> edges;
+  for (const auto& [tab, frame] : {std::pair{0, "Frame1"}, {1, "Frame2"}, {2, "Frame5"}}) {
+    The<QTabWidget>(*form, "SSTab1").setCurrentIndex(tab);
+    QCoreApplication::processEvents();
+    edges.insert(The<QGroupBox>(*form, frame).mapTo(form, QPoint()).x());
+  }
+  EXPECT_EQ(edges.size(), 1U);
+  EXPECT_EQ(The<QLineEdit>(*form, "txtXcutCenters(1)").alignment(),
+            The<QLineEdit>(*form, "txtEntryWidth").alignment());
 }
 
 TEST_F(ParameterForm, TabGoesAsAPersonReads) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
@@ -365,9 +366,23 @@ TEST(PlanDrawing, MetersKeepADecimalOrAreSaidToBeRounded) {
   EXPECT_TRUE(Says(plan, "Dimensions without a decimal are rounded to whole m."));
 }
 
+TEST(PlanDrawing, SaysThatRowsAndCutsAreRounded) {
+  PlanRequest request = RequestOf(test::TwoSideGobs());
+  request.ProjectCalc.RowC = 1;
+  request.ProjectCalc.WidthRowC = 40;
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "rounded"));
+  request.ProjectCalc.WidthRowC = 40.5F;
+  EXPECT_TRUE(Says(DrawPlan(request).value(), "rounded"));
+  request.ProjectCalc.RowC = 0;
+  EXPECT_FALSE(Says(DrawPlan(request).value(), "rounded")) << "the row is not there";
+  request.ProjectCalc.SlabcutSecondGob = 12.5;
+  EXPECT_TRUE(Says(DrawPlan(request).value(), "rounded"));
+}
+
 TEST(PlanDrawing, EntriesPillarsAndThePanelItselfAreNamed) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   EXPECT_FALSE(Says(DrawPlan(request).value(), "Project: "));
+  request.ProjectCalc.XcutCenters[1] = 21;
   request.Title = {"panel.KVL", std::string(300, 'x') + "\xff\n", "laminated", "2026-11-25"};
   const Plan plan = DrawPlan(request).value();
   for (const char* text :
@@ -375,6 +390,13 @@ TEST(PlanDrawing, EntriesPillarsAndThePanelItselfAreNamed) {
     EXPECT_EQ(CountOf(plan, text), 1) << text;
   }
   EXPECT_EQ(CountOf(plan, "E7") + CountOf(plan, "P6"), 0);
+  std::set<double> heights;
+  for (const DrawText& text : plan.Panel.Texts) {
+    if (text.Text.starts_with('E') || text.Text.starts_with('P')) {
+      heights.insert(text.Scale);
+    }
+  }
+  EXPECT_EQ(heights.size(), 1U) << "entries and pillars alike";
   EXPECT_TRUE(Says(plan, "Title: xxx"));
   EXPECT_TRUE(Says(plan, "xxx\u2026xxx")) << "cut in its middle to what has room";
 }

@@ -104,6 +104,7 @@ TEST(PagePrinter, TenLinesThatEndExactlyThereHaveNotPassedThePageEnd) {
   const int firstLine = A4Sheets("x").at(0).Texts[2].Y;
   const PaperSize paper = {kA4Paper.Width, firstLine + 10 * 204 + 1872};
   EXPECT_EQ(SheetsOf(Lines(11), paper, Moment()).size(), 1U);
+  EXPECT_EQ(SheetsOf(Lines(11) + "\r\n\r\n", paper, Moment()).size(), 1U) << "empty lines behind the text";
   EXPECT_EQ(SheetsOf(Lines(12), paper, Moment()).size(), 2U);
 }
 
