@@ -26,8 +26,8 @@ void TellEventLoop(int number) {
 }
 
 void EndBy(int number) {
-  std::signal(number, SIG_DFL);
-  std::raise(number);
+  static_cast<void>(std::signal(number, SIG_DFL));
+  static_cast<void>(std::raise(number));
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ EndSignals::~EndSignals() {
   for (const int number : kEndSignals) {
     struct sigaction now {};
     if (::sigaction(number, nullptr, &now) == 0 && now.sa_handler == TellEventLoop) {
-      std::signal(number, SIG_DFL);
+      static_cast<void>(std::signal(number, SIG_DFL));
     }
   }
   notifier_.reset();

@@ -39,10 +39,10 @@ sigset_t SetOf(const std::vector<int>& signals) {
 
 // Ends the process by `signal`, in the way that it does to one that takes no care of it.
 void EndBy(int signal) {
-  ::signal(signal, SIG_DFL);
+  static_cast<void>(::signal(signal, SIG_DFL));
   const sigset_t only = SetOf({signal});
   ::pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
-  ::raise(signal);
+  static_cast<void>(::raise(signal));
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ struct EndingSignals::Watch {
 
 EndingSignals::EndingSignals(std::function<void()> clean) : watch_(std::make_unique<Watch>()) {
   watch_->Clean = std::move(clean);
-  ::signal(SIGPIPE, SIG_IGN);
+  static_cast<void>(::signal(SIGPIPE, SIG_IGN));
   const sigset_t ending = SetOf(watch_->Ending);
   ::pthread_sigmask(SIG_BLOCK, &ending, &watch_->Before);
   if (!watch_->Ending.empty()) {
@@ -83,7 +83,7 @@ EndingSignals::~EndingSignals() {
     watch_->Thread.join();
   }
   ::pthread_sigmask(SIG_SETMASK, &watch_->Before, nullptr);
-  ::signal(SIGPIPE, watch_->PipesWereIgnored ? SIG_IGN : SIG_DFL);
+  static_cast<void>(::signal(SIGPIPE, watch_->PipesWereIgnored ? SIG_IGN : SIG_DFL));
 }
 
 void EndingSignals::EndByClosedPipe() const {
