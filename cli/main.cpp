@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <exception>
 #include <numeric>
+#include <string>
+#include <vector>
 
 #include "Parser.h"
 #include "files/EndingSignals.h"
@@ -49,11 +51,23 @@ std::string UsageText(const CLI::ParseError& error, const CLI::App& app, std::st
   return fmt::format("there is no command \"{}\"; {}", word, hint);
 }
 
+// The arguments from the last to the first. The library would take "-.5" for an option, "-0.5" is a number.
+std::vector<std::string> ArgumentsOf(int argc, char** argv) {
+  std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+  for (auto text = arguments.begin(); text != arguments.end() && *text != "--"; ++text) {
+    if (text->starts_with("-.") || text->starts_with("-,")) {
+      text->insert(1, "0");
+    }
+  }
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
+}
+
 int Run(int argc, char** argv) {
   const auto parser = MakeParser();
   CLI::App& app = parser->App;
   try {
-    app.parse(argc, argv);
+    app.parse(ArgumentsOf(argc, argv));
   } catch (const CLI::Success& asked) {  // help or version
     return app.exit(asked);
   } catch (const CLI::ParseError& error) {

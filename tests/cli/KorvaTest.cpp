@@ -218,6 +218,9 @@ TEST_F(KorvaCommand, ConvertsUnits) {
     ExpectFailure({"units", "stress", "MPa", text}, 2, "expected a number");
   }
   EXPECT_EQ(json::parse(Call({"units", "length", "m", "\t\u22122.5\u00A0", "--json"}).Out)["value"], -2.5);
+  for (const char* text : {"-.5", "-,5", "-5e-1"}) {
+    EXPECT_EQ(json::parse(Call({"units", "length", "m", text, "--json"}).Out)["value"], -0.5) << text;
+  }
   const auto doubtful = Call({"units", "length", "m", "1,200"});
   EXPECT_TRUE(doubtful.Out.starts_with("in            47.24")) << doubtful.Out;
   EXPECT_EQ(doubtful.Err, "korva: 1,200: counts as 1.2\n");
