@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "core/Format.h"
 #include "core/NumberText.h"
@@ -13,8 +14,10 @@ namespace {
 
 constexpr std::string_view kShortNumber = "#.##";
 
+// As FieldNumber: what lies beyond the range of the number gives the largest one.
 float SingleOf(const std::string& text) {
-  return static_cast<float>(FieldNumber(text));
+  constexpr auto kMost = static_cast<double>(std::numeric_limits<float>::max());
+  return static_cast<float>(std::clamp(FieldNumber(text), -kMost, kMost));
 }
 
 // Indices of the centers between `entries` entries that the form has boxes for.

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "input/CheckFieldRange.h"
 #include "input/CheckParameters.h"
 #include "input/CheckSettings.h"
@@ -169,6 +171,18 @@ TEST(CheckSettings, RefusesInItsOrder) {
       refused({"/mine", "4095", "?"}),
       "Size of Command History Window: Value '4095' is outside input range\r\nValid range is: 4096-16384|Text3");
   EXPECT_EQ(refused({"/mine", "5000", "K V"}), "Invalid character in file extension|Text1");
+}
+
+TEST(ParameterTexts, ANumberBeyondTheRecordsRangeIsTheLargestOne) {
+  T texts = GoodTexts();
+  texts.WidthRowC = "1e39";
+  texts.WidthRowD = "-1e300";
+  texts.DepthCover = "1e999";
+  Project project;
+  StoreParameters(texts, project);
+  EXPECT_EQ(project.WidthRowC, std::numeric_limits<float>::max());
+  EXPECT_EQ(project.WidthRowD, std::numeric_limits<float>::lowest());
+  EXPECT_EQ(project.DepthCover, std::numeric_limits<double>::max());
 }
 
 }  // namespace
