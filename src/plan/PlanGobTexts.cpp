@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstddef>
 
 #include "plan/PlanRecords.h"
 
@@ -80,9 +81,10 @@ class GobTexts {
     std::vector<DrawBox> rooms = {{{textLeft ? x : x + beside, bottom}, {right, top}},
                                   {{0, bottom}, {textLeft ? x - beside : x, top}}};
     if (p_.RowA != 1 && p_.RowB != 1) {
-      const double edge = At(*std::max_element(g_.ActiveGob.begin(), g_.ActiveGob.begin() + 2 * Lines(),
-                                               [](auto& a, auto& b) { return a.Y < b.Y; }))
-                              .Y;
+      const double edge =
+          At(*std::max_element(g_.ActiveGob.begin(), g_.ActiveGob.begin() + std::ptrdiff_t{2} * Lines(),
+                               [](auto& a, auto& b) { return a.Y < b.Y; }))
+              .Y;
       rooms.push_back({{0, edge}, {right, low - pen_.Tick()}});
     }
     return rooms;
