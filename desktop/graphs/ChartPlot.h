@@ -52,6 +52,7 @@ class ChartPlot final : public QCustomPlot {
   void AddReference();
   void Arrange();
   void FitHeading();
+  void FitUprightTitle();
   void FitNotes();
   void FitTicks();
   void PlaceLegend();

@@ -12,6 +12,8 @@ constexpr int kRightRoom = 3 * kPlotTextPixels;  // for the value of the referen
 constexpr QMargins kPlotMargins(0, 0, kRightRoom, 0);
 constexpr int kEdge = 16;
 constexpr int kLegendGap = 14;
+constexpr int kAboveAxis = 4;
+constexpr int kLeastTextPixels = 6;
 constexpr int kLeastPlotWidth = 160;  // that is left where the legend stands beside
 constexpr int kLeastPlotHeight = 56;
 constexpr int kHeightWithoutNotes = 200;
@@ -41,6 +43,7 @@ void ChartPlot::Arrange() {
   PlaceLegend();
   updateLayout();
   FitTicks();
+  FitUprightTitle();
   replot();
 }
 
@@ -53,6 +56,17 @@ void ChartPlot::FitHeading() {
   }
   heading_->setFont(PlotFont(pixels));
   heading_->setText(QFontMetrics(PlotFont(pixels)).elidedText(title_, Qt::ElideRight, room));
+}
+
+// Smaller where it would reach into the heading.
+void ChartPlot::FitUprightTitle() {
+  const int room = axisRect()->height() + 2 * kAboveAxis;
+  int pixels = kPlotTextPixels;
+  while (pixels > kLeastTextPixels &&
+         QFontMetrics(PlotFont(pixels)).horizontalAdvance(yAxis->label()) > room) {
+    --pixels;
+  }
+  yAxis->setLabelFont(PlotFont(pixels));
 }
 
 // The notes in lines; a low window has room for some of them, and the tip for all.

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "commands/Attempt.h"
 #include "commands/GraphCommands.h"
@@ -213,10 +214,19 @@ void frmGraph::Copy() {
   QGuiApplication::clipboard()->setPixmap(graph1_->toPixmap(graph1_->width(), graph1_->height(), kSharp));
 }
 
+// The window keeps the room of the graph and of all that the frame says.
+void frmGraph::ShowPointFrame(bool shown) {
+  pointFrame_->setVisible(shown);
+  const int gap = SpacingUnit(*this);
+  const QSize frame = pointFrame_->minimumSizeHint();
+  setMinimumSize(shown ? std::max(kLeastSide, frame.width() + 4 * gap) : kLeastSide,
+                 kLeastSide + (shown ? frame.height() + gap : 0));
+}
+
 void frmGraph::OptionsItem(int index) {
   switch (index) {
     case kPointIdIndex:
-      pointFrame_->setVisible(pointId_->isChecked());
+      ShowPointFrame(pointId_->isChecked());
       graph1_->unsetCursor();
       break;
     case kBasicOptionsIndex: {

@@ -46,6 +46,7 @@ class frmGraph final : public QMainWindow {
   void BuildPointFrame(QWidget* body);
   void FileItem(int index);
   void OptionsItem(int index);
+  void ShowPointFrame(bool shown);
   void Print();
   void Copy();
   void ReadBack();

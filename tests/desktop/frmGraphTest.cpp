@@ -141,6 +141,31 @@ TEST_F(GraphWindow, FitsEverySize) {
   EXPECT_TRUE(Settings().GraphTitle.ends_with("stays as it is")) << "what is cut off on the screen alone";
 }
 
+TEST_F(GraphWindow, PointIdAndTitlesKeepTheirRoomInASmallWindow) {
+  Open(kFirstBarrierGraph);
+  window->resize(window->minimumSize());
+  QCoreApplication::processEvents();
+  const auto titleFits = [this] {
+    const QCPAxis& axis = *Plot().yAxis;
+    return QFontMetrics(axis.labelFont()).horizontalAdvance(axis.label()) <= Plot().axisRect()->height() + 8;
+  };
+  EXPECT_TRUE(titleFits());
+  const int height = Plot().height();
+  Choose("GraphOptionsItem(0)");
+  QCoreApplication::processEvents();
+  EXPECT_GE(Plot().height(), height);
+  EXPECT_TRUE(titleFits());
+  for (const QLabel* label : The<QGroupBox>(*window, "Frame1").findChildren<QLabel*>()) {
+    EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
+  }
+  EXPECT_TRUE(The<QGroupBox>(*window, "Frame1")
+                  .parentWidget()
+                  ->rect()
+                  .contains(The<QGroupBox>(*window, "Frame1").geometry()));
+  Choose("GraphOptionsItem(0)");
+  EXPECT_EQ(window->minimumHeight(), 267);
+}
+
 TEST_F(GraphWindow, TheReferenceIsLabelledWhereItShows) {
   Open();
   const auto* label = Plot().findChild<QCPItemText*>(QStringLiteral("ReferenceValue"));
