@@ -29,7 +29,9 @@ StatusLine::StatusLine(QWidget* parent)
       model_(NewLabel(QStringLiteral("lblStatusModel"), {}, this)),
       saved_(NewLabel(QStringLiteral("lblStatusSaved"), {}, this)) {
   setObjectName(QStringLiteral("StatusBar1"));
-  setContentsMargins(2 * SpacingUnit(*this), 0, 0, 0);
+  const int edge = 2 * SpacingUnit(*this);
+  setContentsMargins(edge, 0, 0, 0);
+  saved_->setContentsMargins(0, 0, edge, 0);  // a maximised window has no grip there
   for (PathLabel* label : {file_, remark_}) {
     addWidget(label, 1);
   }

@@ -55,8 +55,11 @@ QMargins FrameOf(const QWidget& window) {
   if (!window.isVisible() || outside.top() == inside.top()) {
     return {line / 4, 2 * line, line / 4, line / 4};
   }
-  return {inside.left() - outside.left(), inside.top() - outside.top(), outside.right() - inside.right(),
-          outside.bottom() - inside.bottom()};
+  // A maximised window has a title bar, but its borders may be off the screen.
+  const int border = window.isMaximized() ? line / 2 : 0;
+  return {std::max(border, inside.left() - outside.left()), inside.top() - outside.top(),
+          std::max(border, outside.right() - inside.right()),
+          std::max(border, outside.bottom() - inside.bottom())};
 }
 
 }  // namespace

@@ -72,6 +72,13 @@ TEST(FormsFit, AWindowLeavesRoomForItsFrame) {
   const QRect room = window.screen()->availableGeometry();
   EXPECT_LT(window.height(), room.height() - window.fontMetrics().height());
   EXPECT_GE(window.pos().y(), room.top());
+  QWidget opener;
+  opener.showMaximized();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&opener));
+  CenterForm(window, &opener);
+  const int border = window.fontMetrics().height() / 2;
+  EXPECT_LE(window.width(), room.width() - 2 * border) << "which a maximised window may not have";
+  EXPECT_LE(window.height(), room.height() - border);
 }
 
 }  // namespace
