@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -31,6 +32,28 @@ class WheelPasser final : public QObject {
       return true;
     }
     return false;
+  }
+};
+
+// Hands the focus of the tab key to the one of its group that is set, so that the blank key changes nothing.
+class Option final : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QRadioButton::focusInEvent(event);
+    const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (!byTab || isChecked() || parentWidget() == nullptr) {
+      return;
+    }
+    const auto group = parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
+    const auto set = std::find_if(group.begin(), group.end(), [](const QRadioButton* option) {
+      return option->isChecked() && option->isEnabled() && option->isVisible();
+    });
+    if (set != group.end()) {
+      (*set)->setFocus(event->reason());
+    }
   }
 };
 
@@ -95,7 +118,7 @@ QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent
 }
 
 QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent) {
-  auto* option = new QRadioButton(caption, parent);
+  auto* option = new Option(caption, parent);
   option->setObjectName(name);
   return option;
 }

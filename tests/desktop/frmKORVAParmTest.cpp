@@ -229,6 +229,21 @@ TEST_F(ParameterForm, ATabThatIsChosenKeepsTheFocus) {
   EXPECT_EQ(tabs.currentIndex(), 2);
 }
 
+TEST_F(ParameterForm, TabGoesToTheConditionThatIsSet) {
+  bench.State.Stored = test::Stored(test::TwoSideGobs());
+  Open();
+  auto& tabs = The<FormTabs>(*form, "SSTab1");
+  tabs.Choose(2);
+  tabs.tabBar()->setFocus();
+  QTest::keyClick(tabs.tabBar(), Qt::Key_Tab);
+  const QPointer<QWidget> focus = QApplication::focusWidget();
+  EXPECT_EQ(focus->objectName(), QStringLiteral("optAnal(3)"));
+  QTest::keyClick(focus, Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("txtExtentActiveGob"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(QApplication::focusWidget(), focus);
+}
+
 TEST_F(ParameterForm, TheWheelChangesNoValue) {
   Open();
   auto& entries = The<QComboBox>(*form, "Combo1");
