@@ -276,13 +276,10 @@ void frmKORVAParm::WarnOnLeaving(const std::optional<std::string>& warning) {
 }
 
 // A button that was pressed while the box of a warning came up never hears of its release: its click is done
-// now, but for OK, which waits so that the person may look at the field again.
+// now. OK then holds itself back, so that the person may look at the field again.
 void frmKORVAParm::EndClick(QAbstractButton* pressed) {
-  if (pressed == nullptr || !pressed->isDown() || QApplication::mouseButtons() != Qt::NoButton) {
-    return;
-  }
-  pressed->setDown(false);
-  if (pressed != ui_.cmdOK) {
+  if (pressed != nullptr && pressed->isDown() && QApplication::mouseButtons() == Qt::NoButton) {
+    pressed->setDown(false);
     pressed->click();
   }
 }
