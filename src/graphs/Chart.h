@@ -93,8 +93,8 @@ bool IsHollow(const Chart& chart, std::size_t point);
 // there is none.
 std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box);
 
-// The notes in lines no wider than `width`, by the room that `size` gives a text. A word longer than a line is
-// cut between two characters.
+// The notes in lines no wider than `width`, by the room that `size` gives a text. A word longer than a line
+// is cut between two characters.
 std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double width,
                                    const std::function<double(const std::string& text)>& size);
 
