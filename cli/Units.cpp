@@ -24,11 +24,10 @@ struct UnitsCall {
 double ValueOf(const std::string& text) {
   const CalculatorNumber number = ReadCalculatorNumber(text);
   if (!number.Whole) {
-    throw UsageError{
-        fmt::format("{}: expected a number{}{}", text, number.Note.empty() ? "" : "; it ", number.Note)};
+    throw UsageError{fmt::format("{}: expected a number{}", text, number.Note ? "; it " + *number.Note : "")};
   }
-  if (!number.Note.empty()) {
-    Complain(fmt::format("{}: {}", text, number.Note));
+  if (number.Note) {
+    Complain(fmt::format("{}: {}", text, *number.Note));
   }
   return number.Value;
 }

@@ -54,10 +54,7 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
   made.Input = new FieldBox(FromUtf8(tab.InputBox), 0, page);
   made.Input->Explain(QStringLiteral("Value"),
                       QStringLiteral("The value to convert, in the unit chosen below"));
-  made.Input->HoldNumber([](std::string_view text) {
-    const std::string note = ReadCalculatorNumber(text).Note;
-    return note.empty() ? std::nullopt : std::optional(note);
-  });
+  made.Input->HoldNumber([](std::string_view text) { return ReadCalculatorNumber(text).Note; });
   made.Input->setText(QStringLiteral("0"));
   auto* label = new QLabel(QStringLiteral("&Value:"), page);
   label->setBuddy(made.Input);

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <limits>
 
+#include "core/NumberText.h"
+
 namespace korva {
 
 namespace {
@@ -147,6 +149,10 @@ std::string CleanNumberText(std::string_view text) {
     cleaned.replace(at, kMinusSign.size(), "-");
   }
   return cleaned;
+}
+
+std::string CountsAsText(double value) {
+  return "counts as " + GeneralText(value);
 }
 
 }  // namespace korva

@@ -21,4 +21,7 @@ ParsedNumber ParseNumberPrefix(std::string_view text);
 // without width), and with the minus sign U+2212 as "-": what a person has copied from elsewhere.
 std::string CleanNumberText(std::string_view text);
 
+// "counts as 12", of a text that counts as another number than it looks.
+std::string CountsAsText(double value);
+
 }  // namespace korva

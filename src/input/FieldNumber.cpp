@@ -1,7 +1,6 @@
 #include "input/FieldNumber.h"
 
 #include "core/NumberParsing.h"
-#include "core/NumberText.h"
 
 namespace korva {
 
@@ -12,10 +11,8 @@ double FieldNumber(std::string_view text) {
 std::optional<std::string> CountsAs(std::string_view text) {
   const std::string cleaned = CleanNumberText(text);
   const ParsedNumber number = ParseNumberPrefix(cleaned);
-  if (number.length == cleaned.size() && !number.overflow) {
-    return std::nullopt;
-  }
-  return "counts as " + GeneralText(number.value);
+  const bool asItLooks = number.length == cleaned.size() && !number.overflow;
+  return asItLooks ? std::nullopt : std::optional(CountsAsText(number.value));
 }
 
 }  // namespace korva

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "core/NumberParsing.h"
-#include "core/NumberText.h"
 #include "core/RuntimeError.h"
 
 namespace korva {
@@ -184,7 +183,7 @@ CalculatorNumber ReadCalculatorNumber(std::string_view text) {
   const bool likeThousands = comma != std::string::npos && cleaned.size() - comma == kGroup;
   CalculatorNumber read{number.value, all && !cleaned.empty(), {}};
   if (!all || likeThousands) {
-    read.Note = "counts as " + GeneralText(number.value);
+    read.Note = CountsAsText(number.value);
   }
   return read;
 }

@@ -41,7 +41,8 @@ std::vector<double> ConvertUnits(UnitQuantity quantity, int source, double x);
 struct CalculatorNumber {
   double Value = 0;
   bool Whole = false;  // the text is a number and nothing else
-  std::string Note;    // "counts as 1.2" where it counts as another number than it looks, such as "1,200"
+  std::optional<std::string>
+      Note;  // "counts as 1.2" where it counts as another number than it looks, such as "1,200"
 };
 CalculatorNumber ReadCalculatorNumber(std::string_view text);
 

@@ -184,11 +184,15 @@ TEST_F(ParameterForm, AWarningOnLeavingAFieldHoldsOffTheClickThatCausedIt) {
 TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
   bench.State.Stored.ProjectInput.ArchAuto = 0;
   Open();
-  const auto leaveBy = [this](const char* button) {
+  std::string refusal;
+  const auto leaveBy = [&, this](const char* button) {
     The<FormTabs>(*form, "SSTab1").Choose(1);
     Box("txtCoalStrength").setFocus();
     Type("txtCoalStrength", "800");
     Expect("Warning: The KORVA case history data base was analyzed with an in situ coal strength");
+    if (!refusal.empty()) {
+      Expect(refusal.c_str());
+    }
     // The box of the warning takes the release.
     bench.Outside.Messages.WhileShown = [this] { QTest::mouseRelease(form, Qt::LeftButton); };
     auto& pressed = The<QAbstractButton>(*form, button);
@@ -201,6 +205,11 @@ TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
   EXPECT_TRUE(Check("chkArch").isChecked());
   leaveBy("cmdOK");
   EXPECT_FALSE(form->isHidden()) << "OK waits for a second click";
+  Box("txtDepthCover").setText(QStringLiteral("0"));
+  refusal = "Invalid depth of cover";
+  leaveBy("cmdOK");  // and tells what it refuses
+  refusal.clear();
+  Box("txtDepthCover").setText(QStringLiteral("400"));
   leaveBy("cmdResults");
   EXPECT_TRUE(form->isHidden());
   EXPECT_EQ(bench.State.ProjectCalc.CoalStrength, 800);
@@ -209,6 +218,7 @@ TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
 TEST_F(ParameterForm, ATabThatIsChosenKeepsTheFocus) {
   bench.State.Stored.ProjectInput.CoalStrength = 800;
   bench.State.Stored.ProjectInput.AbutmentAngleActiveGob = 18;
+  bench.State.Stored.ProjectInput.LoadingCondition = 1;
   Open();
   auto& tabs = The<FormTabs>(*form, "SSTab1");
   QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
@@ -221,7 +231,7 @@ TEST_F(ParameterForm, ATabThatIsChosenKeepsTheFocus) {
   QTest::keyClick(&Box("txtUnitWeight"), Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(tabs.currentIndex(), 2);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-  EXPECT_TRUE(The<QRadioButton>(*form, "optAnal(0)").isChecked());
+  EXPECT_TRUE(The<QRadioButton>(*form, "optAnal(1)").isChecked());
   EXPECT_EQ(QApplication::focusWidget(), tabs.tabBar());
   QWheelEvent turn(QPointF(5, 5), tabs.tabBar()->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
                    {}, Qt::NoScrollPhase, false);

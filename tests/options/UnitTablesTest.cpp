@@ -74,7 +74,7 @@ TEST(UnitTables, ReadNumbersAndUnits) {
     const CalculatorNumber read = ReadCalculatorNumber(row.Text);
     EXPECT_EQ(read.Value, row.Value) << row.Text;
     EXPECT_EQ(read.Whole, row.Whole) << row.Text;
-    EXPECT_EQ(read.Note, row.Note) << row.Text;
+    EXPECT_EQ(read.Note.value_or(""), row.Note) << row.Text;
   }
   const UnitTab& load = UnitTabs()[1];
   EXPECT_EQ(UnitOf(load, "tonsF (short)"), 1);
