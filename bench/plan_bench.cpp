@@ -24,7 +24,7 @@ PlanRequest LargestPlan() {
   for (double& center : p.XcutCenters) {
     center = 80;
   }
-  p.LoadingCondition = 3;
+  p.LoadingCondition = PanelLoading{3};
   p.ExtentActiveGob = p.ExtentFirstGob = p.ExtentSecondGob = 1000;
   p.BarrierFirstGob = p.BarrierSecondGob = 150;
   p.RowA = p.RowB = p.RowC = p.RowD = 1;
@@ -33,7 +33,7 @@ PlanRequest LargestPlan() {
     spacing = 100;
   }
   request.Geometry.SchematicGobs = false;
-  request.Options.PlotSingleXcutDims = 0;
+  request.Options.PlotSingleXcutDims = false;
   return request;
 }
 

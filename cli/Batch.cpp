@@ -45,11 +45,6 @@ std::string Joined(const std::vector<std::string>& texts, std::string_view separ
   return fmt::format("{}", fmt::join(texts, separator));
 }
 
-std::string ModelName(std::int16_t calcMode) {
-  const auto index = static_cast<std::size_t>(calcMode);
-  return index < kModelNames.size() ? std::string(kModelNames[index]) : fmt::format("{}", calcMode);
-}
-
 // One text for each result of a run: both factors, the barriers' by case and side, the remnants'; `factor`
 // and `other` make them.
 template <class FactorText, class OtherText>
@@ -100,10 +95,9 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     const auto results = ResultTexts(
         row, [&](int c) { return shown(c) ? row.ShownSF[c] : "-"; },
         [&](int c, int k, double value) {
-          return shown(c) && k <= row.LoadCond ? Format(value, "##0.00") : "-";
+          return shown(c) && k <= LastStage(row.LoadCond) ? Format(value, "##0.00") : "-";
         });
-    text += fmt::format("  {:<7}  {:<11}", kUnitSystemNames[static_cast<std::size_t>(row.Units)],
-                        ModelName(row.CalcMode));
+    text += fmt::format("  {:<7}  {:<11}", UnitSystemName(row.Units), ModelName(row.CalcMode));
     for (const std::string& result : results) {
       text += " " + PadLeft(result, 7);
     }
@@ -121,12 +115,12 @@ std::string CsvText(const std::vector<BatchRow>& rows) {
       "barrier2_retreat,remnant1,remnant2,rules,refused,error,notices\n";
   for (const BatchRow& row : rows) {
     std::vector<std::string> cells = {row.File, row.Title};
-    cells.push_back(row.Read ? std::string(kUnitSystemNames[static_cast<std::size_t>(row.Units)]) : "");
-    cells.push_back(row.Read ? ModelName(row.CalcMode) : "");
+    cells.push_back(row.Read ? std::string(UnitSystemName(row.Units)) : "");
+    cells.push_back(row.Read ? std::string(ModelName(row.CalcMode)) : "");
     const auto results = ResultTexts(
         row, [&row](int c) { return HasRun(row) ? GeneralText(row.SFKorva[c]) : ""; },
         [&row](int, int k, double value) {
-          return HasRun(row) && k <= row.LoadCond ? GeneralText(value) : "";
+          return HasRun(row) && k <= LastStage(row.LoadCond) ? GeneralText(value) : "";
         });
     cells.insert(cells.end(), results.begin(), results.end());
     cells.push_back(fmt::format("{}", fmt::join(row.RuleFlags, " ")));
@@ -172,7 +166,7 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
     }
     if (row.Read) {
       object["title"] = row.Title;
-      object["units"] = kUnitSystemNames[static_cast<std::size_t>(row.Units)];
+      object["units"] = UnitSystemName(row.Units);
       object["model"] = ModelName(row.CalcMode);
     }
     if (HasRun(row)) {

@@ -48,7 +48,7 @@ Json CalcJson(const Korva& korva, const Evaluated& evaluated, const std::string&
   if (evaluated.HasLaminated()) {
     VisitStrondResults(evaluated.Laminated.Results, add);
   }
-  json["LoadCond"] = run.Work.LoadCond;
+  json["LoadCond"] = LastStage(run.Work.LoadCond);
   json["PanelWidth"] = run.Work.PanelWidth;
   json["form"] = FormJson(korva, file);
   return json;

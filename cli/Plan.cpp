@@ -100,7 +100,7 @@ int DrawPlanOf(Korva& korva, const PlanCall& call) {
     return kFailed;
   }
   korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  korva.PlotType = static_cast<std::int16_t>(call.Plot);
+  korva.PlotType = call.Plot;
   korva.PlotCaller = kPlanFromResults;
   FillPlotCopies(korva);
   if (const auto refusal = CheckProject(korva.ProjectCalc)) {

@@ -34,7 +34,7 @@ Settings PreferencesOf(const CommonOptions& options) {
     }
     settings.Options = ReadOptions(text);
   }
-  settings.Options.RoundKORVASF = 0;
+  settings.Options.RoundKORVASF = FactorRounding::kTwoDecimals;
   for (const std::string& change : options.Changes) {
     const auto equals = change.find('=');
     if (equals == std::string::npos) {
@@ -62,10 +62,11 @@ void AddModelOption(CLI::App& command, std::string& model) {
       ->check(CLI::IsMember(std::vector<std::string>(kModelNames.begin(), kModelNames.end())));
 }
 
-std::optional<std::int16_t> ModelOf(const std::string& name) {
+std::optional<OverburdenModel> ModelOf(const std::string& name) {
   const auto* found = std::find(kModelNames.begin(), kModelNames.end(), name);
-  return found == kModelNames.end() ? std::nullopt
-                                    : std::optional(static_cast<std::int16_t>(found - kModelNames.begin()));
+  return found == kModelNames.end()
+             ? std::nullopt
+             : std::optional(static_cast<OverburdenModel>(found - kModelNames.begin()));
 }
 
 bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, MessagePort&)) {

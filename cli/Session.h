@@ -47,7 +47,7 @@ Settings PreferencesOf(const CommonOptions& options);
 void AddModelOption(CLI::App& command, std::string& model);
 
 // The overburden model of that name, or nothing for an empty one.
-std::optional<std::int16_t> ModelOf(const std::string& name);
+std::optional<OverburdenModel> ModelOf(const std::string& name);
 
 // Reads `file` into `korva` with `read`, telling what was odd in it. False for a file of another format,
 // which has been told.

@@ -10,17 +10,15 @@
 using namespace korva;
 
 static void CheckRanges(const OptionSettings& o) {
-  for (const int flag :
-       {o.OutputStrUnits, o.OutputStrGradUnits, o.ShowInputScreenOnLoad, o.IssueWarningCancel,
-        o.ViewChildWindow, o.PrintModuleHeader, o.PlotEntryDims, o.PlotXcutDims, o.PlotGobDims,
-        o.PlotSingleXcutDims, o.PlotGobExtLoose, o.PrintPlotReminder, o.AskOfficeInstall,
-        o.Strond2DViewProgress, o.Strond2DViewProgOutput, o.Strond2DViewOutput}) {
-    Require(flag == 0 || flag == 1, "a flag is 0 or 1");
+  for (const int choice : {static_cast<int>(o.OutputStrUnits), static_cast<int>(o.OutputStrGradUnits)}) {
+    Require(choice == 0 || choice == 1, "an output unit is 0 or 1");
   }
   Require(o.PlotRangeMin >= 0 && o.PlotRangeMin <= 150, "PlotRangeMin is in 0 to 150");
   Require(o.PlotRangeMax >= 0 && o.PlotRangeMax <= 150, "PlotRangeMax is in 0 to 150");
-  Require(o.RoundKORVASF >= 0 && o.RoundKORVASF <= 2, "RoundKORVASF is in 0 to 2");
-  Require(o.iOptDir >= 0 && o.iOptDir <= 3, "iOptDir is in 0 to 3");
+  const int rounding = static_cast<int>(o.RoundKORVASF);
+  const int folder = static_cast<int>(o.iOptDir);
+  Require(rounding >= 0 && rounding <= 2, "RoundKORVASF is in 0 to 2");
+  Require(folder >= 0 && folder <= 3, "iOptDir is in 0 to 3");
   Require(o.CellSizeEnglish != 0 && o.CellSizeMetric != 0, "a cell has a size");
 }
 

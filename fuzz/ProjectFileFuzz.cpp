@@ -54,7 +54,8 @@ StoredProject ReadText(const std::string& text) {
 // beyond the last, which only the sibling's file can hold.
 std::string Comparable(StoredProject project) {
   project.ProjectDescription.clear();
-  project.ProjectInput.LoadingCondition = std::min<std::int16_t>(project.ProjectInput.LoadingCondition, 3);
+  project.ProjectInput.LoadingCondition =
+      std::min(project.ProjectInput.LoadingCondition, PanelLoading::kWithBothSideGobs);
   return ComposeProject(project);
 }
 
@@ -107,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RuntimeErrorsAside([&] { CheckRoundTrip(project); });
   RuntimeErrorsAside([&] { CheckPages(project); });
   RuntimeErrorsAside([&] {
-    const auto other = static_cast<std::int16_t>(kMetric - project.ProjectUnits);
+    const auto other = project.ProjectUnits == kMetric ? kEnglish : kMetric;
     ConvertProjectUnits(project, other);
     CheckRoundTrip(project);
     CheckPages(project);

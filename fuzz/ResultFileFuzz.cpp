@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     const StrondResults results = ReadStrondResults({reinterpret_cast<const char*>(data), size}, "fuzz");
     Project project;
-    project.LoadingCondition = 3;
+    project.LoadingCondition = PanelLoading{3};
     project.ExtentActiveGob = 1;
     project.NumberEntries = 10;
     const StrondPages pages = StrondReport(results, project, kEnglish);

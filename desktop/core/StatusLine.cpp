@@ -14,11 +14,6 @@ QString Capitalized(std::string_view word) {
   return text;
 }
 
-std::string_view ModelName(std::int16_t calcMode) {
-  const auto index = static_cast<std::size_t>(calcMode);
-  return kModelNames[index < kModelNames.size() ? index : 1];
-}
-
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
@@ -45,7 +40,7 @@ void StatusLine::Show(const Korva& korva) {
   const QString remark = FromUtf8(ProjectRemark(korva));
   remark_->ShowPath(remark);
   remark_->setVisible(!remark.isEmpty());
-  units_->setText(Capitalized(kUnitSystemNames[korva.Stored.ProjectUnits == kMetric ? 1 : 0]));
+  units_->setText(Capitalized(UnitSystemName(korva.Stored.ProjectUnits)));
   model_->setText(Capitalized(ModelName(korva.Stored.ProjectInput.CalcMode)) + QStringLiteral(" model"));
   saved_->setText(korva.ProjectSaved ? QStringLiteral("Saved") : QStringLiteral("Not saved"));
 }

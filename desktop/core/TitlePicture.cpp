@@ -42,7 +42,8 @@ void TitlePicture::paintEvent(QPaintEvent*) {
 
   painter.setOpacity(kQuiet);
   const QRect below = rect().adjusted(2 * unit, words.bottom() + 2 * unit, -2 * unit, -2 * unit);
-  PaintDrawing(painter, below, PanelSchematic({3, false, false, true, true}), {palette(), font(), false});
+  PaintDrawing(painter, below, PanelSchematic({PanelLoading::kWithBothSideGobs, false, false, true, true}),
+               {palette(), font(), false});
 }
 
 }  // namespace korva::desktop

@@ -131,7 +131,7 @@ void frmMain::BuildBody() {
 }
 
 bool frmMain::AcceptDisclaimer() {
-  if (korva_.Preferences.ShowDisclaim != 1) {
+  if (!korva_.Preferences.ShowDisclaim) {
     return true;
   }
   frmDisclaimer disclaimer(session_);
@@ -150,7 +150,7 @@ void frmMain::Begin(const std::string& file) {
   bool restored = false;
   Run([this, &restored] { restored = recovery_.OfferCopies(ports_.Messages); });
   const RecentFiles& recent = korva_.Preferences.FileMenu;
-  if (!restored && korva_.Preferences.LoadLastInputFile == 1 && !recent.LastFileLong[1].empty()) {
+  if (!restored && korva_.Preferences.LoadLastInputFile && !recent.LastFileLong[1].empty()) {
     Run([this] { AfterOpening(fileMenu_.OpenRecent(1)); });
   }
   if (!file.empty()) {
@@ -202,16 +202,16 @@ void frmMain::ApplyHistoryFont() {
 void frmMain::ApplyDisplaySettings() {
   const Settings& settings = korva_.Preferences;
   ApplyHistoryFont();
-  const bool history = settings.DisplayHistoryWin == 1;
+  const bool history = settings.DisplayHistoryWin;
   txtMain_->setVisible(history);
   for (const int item : {kClearHistory, kToggleHistory, kCopyHistory}) {
     menus_.Item("mnuUtilItem", item).setEnabled(history);
   }
   menus_.Item("mnuUtilItem", kToggleHistory).setText(QStringLiteral("Close History &Window"));
-  if (settings.MaxMainMenu == 1) {
+  if (settings.MaxMainMenu) {
     setWindowState(windowState() | Qt::WindowMaximized);
   }
-  menus_.ToolBar().setVisible(settings.EnableMainMenuToolbar == 1);
+  menus_.ToolBar().setVisible(settings.EnableMainMenuToolbar);
 }
 
 void frmMain::SetInputEnabled(bool enabled) {

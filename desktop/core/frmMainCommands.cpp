@@ -43,7 +43,7 @@ void frmMain::FileItem(int index) {
     case kNew:
       fileMenu_.New();
       Refresh();
-      if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+      if (korva_.Preferences.Options.ShowInputScreenOnLoad) {
         EditItem(0);
       }
       break;
@@ -106,7 +106,7 @@ void frmMain::AfterOpening(bool opened) {
   for (const std::string& notice : NoticeTexts(korva_.FileNotices)) {
     HistoryLog(korva_.SessionHistory, korva_.Preferences, notice);
   }
-  if (korva_.Preferences.Options.ShowInputScreenOnLoad == 1) {
+  if (korva_.Preferences.Options.ShowInputScreenOnLoad) {
     EditParameters();
   }
 }

@@ -27,7 +27,7 @@ struct CheckRow {
   const char* Name;
   const char* Caption;
   const char* ToolTip;
-  std::int16_t Settings::*Value;
+  bool Settings::*Value;
 };
 constexpr std::array<CheckRow, 9> kChecks = {{
     {"chkDispHist", "Display command history window", "Keeps and shows the history of commands and messages",
@@ -186,14 +186,14 @@ QBoxLayout* frmSet::Buttons() {
 
 void frmSet::Load() {
   const Settings& settings = session_.State.Preferences;
-  SetArrayIndex(units_, settings.DefaultUnits);
+  SetArrayIndex(units_, static_cast<int>(settings.DefaultUnits));
   for (const CheckRow& row : kChecks) {
     checks_[row.Name]->setChecked(settings.*row.Value == 1);
   }
   size_->Fill(std::to_string(settings.MaxDisplaySize));
-  size_->setEnabled(settings.DisplayHistoryWin == 1);
-  font_->setEnabled(settings.DisplayHistoryWin == 1);
-  checks_["chkShortNames"]->setEnabled(settings.KeepFileNames == 1);
+  size_->setEnabled(settings.DisplayHistoryWin);
+  font_->setEnabled(settings.DisplayHistoryWin);
+  checks_["chkShortNames"]->setEnabled(settings.KeepFileNames);
   editor_->Fill(settings.ExternalEditor);
   path_->Fill(settings.DataPath);
   extension_->Fill(settings.FileExtension);
@@ -285,11 +285,11 @@ void frmSet::Check() {
 
 void frmSet::Store() {
   Settings& settings = session_.State.Preferences;
-  settings.DefaultUnits = static_cast<std::int16_t>(GetArrayIndex(units_));
+  settings.DefaultUnits = static_cast<UnitSystem>(GetArrayIndex(units_));
   for (const CheckRow& row : kChecks) {
-    settings.*row.Value = checks_[row.Name]->isChecked() ? 1 : 0;
+    settings.*row.Value = checks_[row.Name]->isChecked();
   }
-  settings.MaxDisplaySize = static_cast<std::int16_t>(RoundHalfEven(FieldNumber(size_->Text()), 0));
+  settings.MaxDisplaySize = static_cast<int>(RoundHalfEven(FieldNumber(size_->Text()), 0));
   settings.ExternalEditor = editor_->Text();
   settings.DataPath = FolderText(path_->Text());
   settings.FileExtension = extension_->Text();

@@ -255,8 +255,8 @@ void frmGraph::ReadBack() {
   settings.GraphTitle = graph1_->Title().toStdString();
   settings.XAxisTitle[index_] = graph1_->xAxis->label().toStdString();
   settings.YAxisTitle[YTitleOf(index_)] = graph1_->yAxis->label().toStdString();
-  settings.GridStyle = static_cast<std::int16_t>((graph1_->yAxis->grid()->visible() ? 1 : 0) +
-                                                 (graph1_->xAxis->grid()->visible() ? 2 : 0));
+  settings.GridStyle =
+      (graph1_->yAxis->grid()->visible() ? 1 : 0) + (graph1_->xAxis->grid()->visible() ? 2 : 0);
 }
 
 void frmGraph::changeEvent(QEvent* event) {

@@ -149,7 +149,7 @@ void frmGraphOpt::InitForm() {
   }
   Combo1_->setCurrentIndex(draft_.GridStyle);
   Combo2_->setCurrentIndex(draft_.GraphStyle - 1);
-  Check1_->setChecked(draft_.CurveLegend == 1);
+  Check1_->setChecked(draft_.CurveLegend);
   HScroll1_->setValue(draft_.SymbolSize);
   txtSS_->setText(QString::number(draft_.SymbolSize));
   ShowSymbolControls();
@@ -192,11 +192,11 @@ void frmGraphOpt::accept() {
   for (int i = 0; i < 2; ++i) {
     draft_.YAxisTitle[i] = Text3_[static_cast<std::size_t>(i)]->text().toStdString();
   }
-  draft_.GridStyle = static_cast<std::int16_t>(Combo1_->currentIndex());
-  draft_.GraphStyle = static_cast<std::int16_t>(Combo2_->currentIndex() + 1);
-  draft_.CurveLegend = Check1_->isChecked() ? 1 : 0;
-  draft_.SymbolSize = static_cast<std::int16_t>(HScroll1_->value());
-  draft_.GraphSetParams = static_cast<std::int16_t>(GetArrayIndex(Option1_));
+  draft_.GridStyle = Combo1_->currentIndex();
+  draft_.GraphStyle = Combo2_->currentIndex() + 1;
+  draft_.CurveLegend = Check1_->isChecked();
+  draft_.SymbolSize = HScroll1_->value();
+  draft_.GraphSetParams = GetArrayIndex(Option1_);
   session_.State.Preferences.Graph = draft_;
   SaveSettings(session_.State, SettingsSection::kGraph);
   graph_.ShowNewFormat();

@@ -92,9 +92,9 @@ void frmKORVADesc::Load() {
   for (QRadioButton* option : units_) {
     option->setEnabled(!korva.ProjectUnitsLocked);
   }
-  if (SetArrayIndex(units_, korva.Stored.ProjectUnits)) {
-    units_[static_cast<std::size_t>(korva.Stored.ProjectUnits)]->setEnabled(true);
-  }
+  const int units = static_cast<int>(korva.Stored.ProjectUnits);
+  SetArrayIndex(units_, units);
+  units_.at(static_cast<std::size_t>(units))->setEnabled(true);
 }
 
 // The text as the record keeps it; an untouched one comes back as it was.
@@ -119,8 +119,7 @@ std::optional<StoredProject> frmKORVADesc::Draft() const {
 void frmKORVADesc::done(int result) {
   Korva& korva = session_.State;
   if (result == Accepted) {
-    AcceptDescription(korva,
-                      {title_->Text(), Description(), static_cast<std::int16_t>(GetArrayIndex(units_))});
+    AcceptDescription(korva, {title_->Text(), Description(), static_cast<UnitSystem>(GetArrayIndex(units_))});
   } else {
     HistoryLog(korva.SessionHistory, korva.Preferences, "Project Description Not Modified");
   }

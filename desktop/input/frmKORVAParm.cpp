@@ -51,8 +51,8 @@ void frmKORVAParm::Load() {
   for (const SingleField& field : kSingleFields) {
     ui_.Box(field.Control).Fill(texts.*field.Text);
   }
-  const bool knownModel = SetArrayIndex(ui_.optLam, texts.CalcMode);
-  const bool knownCondition = SetArrayIndex(ui_.optAnal, texts.LoadingCondition);
+  const bool knownModel = SetArrayIndex(ui_.optLam, static_cast<int>(texts.CalcMode));
+  const bool knownCondition = SetArrayIndex(ui_.optAnal, static_cast<int>(texts.LoadingCondition));
   for (const FlagField& field : kFlagFields) {
     ui_.Check(field.Control).setChecked(texts.*field.Flag == 1);
   }
@@ -97,12 +97,12 @@ ParameterTexts frmKORVAParm::Texts() const {
   }
   texts.NumberEntries = ui_.Box("txtNumberEntries").Text();
   texts.LoadingCondition = Condition();
-  texts.CalcMode = static_cast<std::int16_t>(GetArrayIndex(ui_.optLam));
+  texts.CalcMode = static_cast<OverburdenModel>(GetArrayIndex(ui_.optLam));
   return texts;
 }
 
-std::int16_t frmKORVAParm::Condition() const {
-  return static_cast<std::int16_t>(GetArrayIndex(ui_.optAnal));
+PanelLoading frmKORVAParm::Condition() const {
+  return static_cast<PanelLoading>(GetArrayIndex(ui_.optAnal));
 }
 
 void frmKORVAParm::Run(const std::function<void()>& step) {
@@ -198,7 +198,7 @@ void frmKORVAParm::View() {
     return;
   }
   StoreCalcParameters();
-  if (korva.Preferences.Options.ViewChildWindow == 1) {
+  if (korva.Preferences.Options.ViewChildWindow) {
     if (frmPicture::Open(session_, *this) != nullptr) {
       hide();
     }
@@ -250,7 +250,7 @@ void frmKORVAParm::changeEvent(QEvent* event) {
 void frmKORVAParm::closeEvent(QCloseEvent* event) {
   Korva& korva = session_.State;
   const bool changed = ParametersChanged(Texts(), korva.Stored.ProjectInput);
-  if (changed && !acceptOnClose_ && korva.Preferences.Options.IssueWarningCancel == 1 &&
+  if (changed && !acceptOnClose_ && korva.Preferences.Options.IssueWarningCancel &&
       ShowMessage(korva, session_.Outside.Messages,
                   {"Changes in Input Data will be discarded. Proceed?",
                    MessageButtons::kYesNo,

@@ -70,7 +70,7 @@ class frmKORVAParm final : public QDialog {
   void DrawPlanPreview();
   void ShowPreview();
 
-  std::int16_t Condition() const;
+  PanelLoading Condition() const;
 
   Session& session_;
   frmKORVAParmControls ui_;

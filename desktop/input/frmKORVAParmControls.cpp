@@ -52,7 +52,7 @@ std::string CenterName(int index) {
   return IndexedName("txtXcutCenters", index).toStdString();
 }
 
-frmKORVAParmControls::frmKORVAParmControls(QWidget& form, std::int16_t units) : form_(form), units_(units) {
+frmKORVAParmControls::frmKORVAParmControls(QWidget& form, UnitSystem units) : form_(form), units_(units) {
   SSTab1 = new FormTabs(QStringLiteral("SSTab1"), &form);
   SSTab1->AddPage(StandardTab(), QStringLiteral("Standard"));
   SSTab1->AddPage(DefaultsTab(), QStringLiteral("Defaults"));

@@ -24,7 +24,7 @@ class PlanView;
 std::string CenterName(int index);
 
 struct frmKORVAParmControls {
-  frmKORVAParmControls(QWidget& form, std::int16_t units);
+  frmKORVAParmControls(QWidget& form, UnitSystem units);
 
   FieldBox& Box(const std::string& name) const { return *boxes.at(name); }
   QCheckBox& Check(const std::string& name) const { return *checks.at(name); }
@@ -76,7 +76,7 @@ struct frmKORVAParmControls {
   void SetTabOrder() const;
 
   QWidget& form_;
-  std::int16_t units_;
+  UnitSystem units_;
 };
 
 }  // namespace korva::desktop

@@ -119,7 +119,7 @@ void frmKORVAParm::WireWarnings() {
     connect(&box, &FieldBox::FocusLeft, this,
             [this, &box] { WarnOnLeaving(AbutmentAngleWarning(box.Text())); });
   }
-  const std::int16_t units = session_.State.Stored.ProjectUnits;
+  const UnitSystem units = session_.State.Stored.ProjectUnits;
   connect(&ui_.Box("txtCoalStrength"), &FieldBox::FocusLeft, this,
           [this, units] { WarnOnLeaving(CoalStrengthWarning(ui_.Box("txtCoalStrength").Text(), units)); });
   connect(&ui_.Box("txtUnitWeight"), &FieldBox::FocusLeft, this,
@@ -240,16 +240,18 @@ void frmKORVAParm::UpdateRowState(const char* barrier, const char* check) {
 }
 
 void frmKORVAParm::ShowConditionFields() {
-  const int condition = Condition();
-  if (condition == 3 && !loading_) {
+  const PanelLoading loading = Condition();
+  const bool first = HasFirstSideGob(loading);
+  const bool second = HasSecondSideGob(loading);
+  if (second && !loading_) {
     Say(DeepCoverWarning());
   }
-  ui_.fraActive->setVisible(condition >= 1);
-  ui_.fraBleeder->setVisible(condition >= 1);
-  ui_.fraFirst->setVisible(condition >= 2);
-  ui_.fraSecond->setVisible(condition == 3);
-  ui_.Check("chkRowC").setVisible(condition >= 2);
-  ui_.Check("chkRowD").setVisible(condition == 3);
+  ui_.fraActive->setVisible(HasActiveGob(loading));
+  ui_.fraBleeder->setVisible(HasActiveGob(loading));
+  ui_.fraFirst->setVisible(first);
+  ui_.fraSecond->setVisible(second);
+  ui_.Check("chkRowC").setVisible(first);
+  ui_.Check("chkRowD").setVisible(second);
   UpdateRowWidth("chkRowC", "lblwidRowC", "txtWidthC");
   UpdateRowWidth("chkRowD", "lblwidRowD", "txtWidthD");
 }

@@ -61,15 +61,15 @@ void frmConvert::Build() {
 // Only the other unit system can be chosen, and the original is never kept.
 void frmConvert::Load() {
   const bool metric = session_.State.Stored.ProjectUnits == kMetric;
-  units_[metric ? kMetric : kEnglish]->setEnabled(false);
-  units_[metric ? kEnglish : kMetric]->setChecked(true);
+  units_[metric ? 1 : 0]->setEnabled(false);
+  units_[metric ? 0 : 1]->setChecked(true);
   files_[session_.State.ConvertFileOption == kKeepOriginal ? kKeepOriginal : kLoadConverted]->setChecked(
       true);
   files_[kKeepOriginal]->setEnabled(false);
 }
 
 void frmConvert::Convert() {
-  const auto target = static_cast<std::int16_t>(GetArrayIndex(units_));
+  const auto target = static_cast<UnitSystem>(GetArrayIndex(units_));
   const bool converted = Attempt(session_.State, session_.Outside.Messages,
                                  [&] { ConvertProject(session_.State, target); }) == AttemptResult::kDone;
   ShowMessage(session_.State, session_.Outside.Messages,
@@ -81,7 +81,7 @@ void frmConvert::Convert() {
 }
 
 void frmConvert::done(int result) {
-  session_.State.ConvertFileOption = static_cast<std::int16_t>(GetArrayIndex(files_));
+  session_.State.ConvertFileOption = GetArrayIndex(files_);
   session_.Main.Refresh();
   QDialog::done(result);
   // Message box and form close at one time: a window manager may give the keyboard to this form just when it

@@ -6,6 +6,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <limits>
+#include <type_traits>
+#include <variant>
 
 #include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
@@ -30,7 +32,7 @@ struct CheckRow {
   const char* Name;
   const char* Caption;
   const char* ToolTip;
-  std::int16_t OptionSettings::*Value;
+  bool OptionSettings::*Value;
 };
 constexpr CheckRow kChecks[] = {
     {"Check1", "Load the input form on file open / file new",
@@ -66,7 +68,9 @@ constexpr CheckRow kChecks[] = {
 struct OptionRow {
   const char* Array;
   std::vector<const char*> Captions;
-  std::int16_t OptionSettings::*Value;
+  std::variant<bool OptionSettings::*, StressUnit OptionSettings::*, LoadUnit OptionSettings::*,
+               FactorRounding OptionSettings::*, SolverFolder OptionSettings::*>
+      Value;
 };
 const std::vector<OptionRow>& OptionRows() {
   static const std::vector<OptionRow> rows = {
@@ -241,10 +245,11 @@ void frmKORVAOpts::AddHiddenFrames(QWidget* tab) {
 void frmKORVAOpts::Load() {
   const OptionSettings& options = session_.State.Preferences.Options;
   for (const CheckRow& row : kChecks) {
-    checks_[row.Name]->setChecked(options.*row.Value == 1);
+    checks_[row.Name]->setChecked(options.*row.Value);
   }
   for (const OptionRow& row : OptionRows()) {
-    SetArrayIndex(options_[row.Array], options.*row.Value);
+    std::visit([&](auto member) { SetArrayIndex(options_[row.Array], static_cast<int>(options.*member)); },
+               row.Value);
   }
   checks_["Check7"]->setEnabled(checks_["Check5"]->isChecked());
   boxes_["Text1"]->Fill(GeneralText(options.PlotRangeMin));
@@ -275,16 +280,21 @@ void frmKORVAOpts::Check() {
 void frmKORVAOpts::Store() {
   OptionSettings& options = session_.State.Preferences.Options;
   for (const CheckRow& row : kChecks) {
-    options.*row.Value = checks_[row.Name]->isChecked() ? 1 : 0;
+    options.*row.Value = checks_[row.Name]->isChecked();
   }
   for (const OptionRow& row : OptionRows()) {
-    options.*row.Value = static_cast<std::int16_t>(GetArrayIndex(options_[row.Array]));
+    std::visit(
+        [&](auto member) {
+          using Choice = std::remove_reference_t<decltype(options.*member)>;
+          options.*member = static_cast<Choice>(GetArrayIndex(options_[row.Array]));
+        },
+        row.Value);
   }
   const auto number = [this](const char* box) { return FieldNumber(boxes_[box]->Text()); };
   using Whole = std::numeric_limits<std::int16_t>;
   options.PlotRangeMin = static_cast<float>(number("Text1"));
   options.PlotRangeMax = static_cast<float>(number("Text2"));
-  options.CellSizeEnglish = static_cast<std::int16_t>(
+  options.CellSizeEnglish = static_cast<int>(
       std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), Whole::min(), Whole::max()));
   options.CellSizeMetric = static_cast<float>(number("txtCellSizeMet"));
 }

@@ -134,7 +134,7 @@ void frmPicture::BuildMenus() {
 }
 
 void frmPicture::ChoosePlot(int index) {
-  request_.PlotType = session_.State.PlotType = static_cast<std::int16_t>(index + 1);
+  request_.PlotType = session_.State.PlotType = index + 1;
   view_->Show(request_);
 }
 

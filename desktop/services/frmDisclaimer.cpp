@@ -50,7 +50,7 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
 void frmDisclaimer::AcceptTerms() {
   accepted_ = true;
   if (chkShow_->isChecked()) {
-    session_.State.Preferences.ShowDisclaim = 0;
+    session_.State.Preferences.ShowDisclaim = false;
     SaveSettings(session_.State, SettingsSection::kSettings);
   }
   accept();

@@ -200,7 +200,7 @@ void frmTextBrow::Load() {
   }
   filter_->setText(FromUtf8(settings.BrowseDefaultFilter));
   text_->setFont(FontOf(settings.BrowseFont));
-  external_->setChecked(settings.BrowseUseNotepad == 1);
+  external_->setChecked(settings.BrowseUseNotepad);
   const std::string& start =
       korva.LastBrowseFolder.empty() ? korva.Preferences.DataPath : korva.LastBrowseFolder;
   if (!MoveTo(PlainFolder(start))) {
@@ -280,7 +280,7 @@ void frmTextBrow::done(int result) {
   BrowseSettings& settings = korva.Preferences.TextBrowse;
   loader_->Clear();
   settings.BrowseDefaultFilter = filter_->text().toStdString();
-  settings.BrowseUseNotepad = external_->isChecked() ? 1 : 0;
+  settings.BrowseUseNotepad = external_->isChecked();
   korva.LastBrowseFolder = folder_;
   SaveSettings(korva, SettingsSection::kTextBrowse);
   QDialog::done(result);

@@ -148,7 +148,7 @@ void frmUpdate::ShowView() {
 // The settings are written however the window is closed.
 void frmUpdate::done(int result) {
   if (chkShow_->isChecked()) {
-    session_.State.Preferences.RemindAnnualUpdates = 0;
+    session_.State.Preferences.RemindAnnualUpdates = false;
   }
   SaveSettings(session_.State, SettingsSection::kSettings);
   QDialog::done(result);

@@ -93,7 +93,7 @@ void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project,
 }
 
 // Opens and evaluates the file that `korva` names.
-BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional<std::int16_t> calcMode) {
+BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional<OverburdenModel> calcMode) {
   BatchRow row;
   SilentMessages silent;
   try {
@@ -125,7 +125,7 @@ BatchRow EvaluateNamedFile(Korva& korva, const Settings& settings, std::optional
 }
 
 BatchRow EvaluateFile(const std::string& file, const Settings& settings,
-                      std::optional<std::int16_t> calcMode) {
+                      std::optional<OverburdenModel> calcMode) {
   Korva korva;
   korva.Preferences = settings;
   korva.ProjectFileName = file;
@@ -157,7 +157,8 @@ std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths)
 }
 
 std::vector<BatchRow> RunBatch(const std::vector<std::string>& files, const Settings& settings,
-                               std::optional<std::int16_t> calcMode, unsigned jobs, ProgressPort& progress) {
+                               std::optional<OverburdenModel> calcMode, unsigned jobs,
+                               ProgressPort& progress) {
   std::vector<BatchRow> rows(files.size());
   std::atomic<std::size_t> next = 0;
   std::mutex reporting;

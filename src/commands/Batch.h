@@ -17,8 +17,8 @@ namespace korva {
 struct BatchRow {
   std::string File;
   std::string Title;
-  std::int16_t Units = 0;
-  std::int16_t CalcMode = 0;
+  UnitSystem Units = kEnglish;
+  OverburdenModel CalcMode = kTraditionalModel;
   std::optional<std::string> Refusal;
   std::optional<RuntimeError> Error;
   bool Read = false;                 // the file is a project and was read whole
@@ -29,7 +29,7 @@ struct BatchRow {
   ByCase<BySide<double>> BarrierSF;
   BySide<double> RemnantSF;
   ByCase<std::string> ShownSF;
-  int LoadCond = 0;
+  RunLoading LoadCond = kUnknown;
   int LastCase = kDevelopment;             // the last case that the pages show
   std::vector<int> RuleFlags;              // indices of the flags that are set
   std::optional<StrondResults> Laminated;  // of a laminated run, whose numbers stand above if it ran alone
@@ -41,6 +41,7 @@ std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths)
 
 // Evaluates each file, on `jobs` threads, in the order of `files`. No fault of one file touches another.
 std::vector<BatchRow> RunBatch(const std::vector<std::string>& files, const Settings& settings,
-                               std::optional<std::int16_t> calcMode, unsigned jobs, ProgressPort& progress);
+                               std::optional<OverburdenModel> calcMode, unsigned jobs,
+                               ProgressPort& progress);
 
 }  // namespace korva

@@ -46,7 +46,7 @@ PageSet TraditionalPages(const Korva& korva, const Evaluated& evaluated) {
 
 // The laminated models leave page 5 empty and have no warnings.
 PageSet LaminatedPages(const Korva& korva, const Evaluated& evaluated) {
-  const std::int16_t units = korva.Stored.ProjectUnits;
+  const UnitSystem units = korva.Stored.ProjectUnits;
   const StrondResults& results = evaluated.Laminated.Results;
   const StrondPages pages = evaluated.Model == kComparedModels
                                 ? StrondCompareReport(results, korva.ProjectCalc, units, evaluated.Run,
@@ -78,7 +78,7 @@ FactorLine FactorLineOf(const Evaluated& evaluated, bool laminated, int c, int s
 
 // What the pages were made of, as the input record would have to be for them to hold still.
 RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
-  const int sideGobs = std::max(0, evaluated.Run.Work.LoadCond - kActiveGob);
+  const int sideGobs = SideGobCount(evaluated.Run.Work.LoadCond);
   RunSummary summary{korva.ProjectCalc, korva.Stored.ProjectUnits, evaluated.Model, sideGobs, {}};
   for (const bool laminated : {false, true}) {
     const bool ran = laminated ? evaluated.Model != kTraditionalModel
@@ -123,9 +123,9 @@ void FillPlotCopies(Korva& korva) {
   }
 }
 
-Evaluated EvaluateProject(const Korva& korva, std::int16_t model) {
+Evaluated EvaluateProject(const Korva& korva, OverburdenModel model) {
   const Project& project = korva.ProjectCalc;
-  const std::int16_t units = korva.Stored.ProjectUnits;
+  const UnitSystem units = korva.Stored.ProjectUnits;
   const OptionSettings& options = korva.Preferences.Options;
   Evaluated evaluated;
   evaluated.Model = model;
@@ -165,7 +165,7 @@ PlanValues PillarValuesOf(const Korva& korva, const Evaluated& evaluated) {
                       korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
 }
 
-bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model) {
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel model) {
   korva.OutPageLast = OutputPages::kLast;
   Evaluated evaluated = EvaluateProject(korva, model);
   if (evaluated.Refusal) {
@@ -209,7 +209,7 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
 }
 
 bool CalculateFromForm(Korva& korva, MessagePort& messages) {
-  const std::int16_t model = korva.ProjectCalc.CalcMode;
+  const OverburdenModel model = korva.ProjectCalc.CalcMode;
   if (model != kTraditionalModel) {
     if (IsRefused(korva, messages)) {
       return false;

@@ -15,7 +15,7 @@ namespace korva {
 // What a run yields, before it is put on pages; or the check's refusal. Which parts there are is told by the
 // model: 0 traditional, 2 both, anything else laminated.
 struct Evaluated {
-  std::int16_t Model = kTraditionalModel;
+  OverburdenModel Model = kTraditionalModel;
   Calculation Run;    // of the traditional model
   RuleOutcome Rules;  // only if that ran alone
   StrondRun Laminated;
@@ -28,7 +28,7 @@ struct Evaluated {
 
 // Runs `model` on the working copy. The laminated one writes and reads files where the preferences and the
 // project's name say. Run-time errors of both.
-Evaluated EvaluateProject(const Korva& korva, std::int16_t model);
+Evaluated EvaluateProject(const Korva& korva, OverburdenModel model);
 
 // The stability factors of one of the models that ran, by case, as page 1 has them.
 ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, const OptionSettings& options);
@@ -45,7 +45,7 @@ void FillPlotCopies(Korva& korva);
 // Runs the working copy in `model` and fills all output pages, WarningText and LastRun. False,
 // after a message, for a record that the check refuses. Neither then nor after a run-time error is any page
 // changed. A comparison tells that its traditional numbers come without warnings.
-bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, std::int16_t model);
+bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel model);
 
 // The command "Stability Factors...": copies the project to the working copy and runs that. Of the laminated
 // models it always runs the laminated one alone, after a notice. False, after a message, also for an empty

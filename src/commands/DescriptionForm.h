@@ -12,7 +12,7 @@ namespace korva {
 struct DescriptionTexts {
   std::string Title;
   std::string Description;
-  std::int16_t Units = 0;
+  UnitSystem Units = kEnglish;
 };
 
 // Takes title and description over; line breaks in the title become blanks.

@@ -69,7 +69,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
   for (int page = kFirstResultPage; page <= OutputPages::kLast; ++page) {
     korva.OutBuf[page].clear();
   }
-  const std::int16_t carried = korva.Stored.ProjectInput.LoadingConditionAux;
+  const int carried = korva.Stored.ProjectInput.LoadingConditionAux;
   korva.Stored.ProjectInput = EmptyProject(korva.Stored.ProjectUnits);
   korva.Stored.ProjectInput.LoadingConditionAux = carried;
   korva.Stored.ProjectTitle.clear();
@@ -132,7 +132,7 @@ void FileSave(Korva& korva) {
   korva.FileNotices.clear();
 }
 
-void ConvertProject(Korva& korva, std::int16_t targetUnits) {
+void ConvertProject(Korva& korva, UnitSystem targetUnits) {
   ConvertProjectUnits(korva.Stored, targetUnits);
   korva.ProjectFileName = ConvertedFileName(korva.ProjectFileName, targetUnits);
   TakeFileName(korva);

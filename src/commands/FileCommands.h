@@ -31,6 +31,6 @@ bool FileOpenVOSK(Korva& korva, MessagePort& messages);
 void FileSave(Korva& korva);
 
 // The project in the other unit system, under its new name, unsaved.
-void ConvertProject(Korva& korva, std::int16_t targetUnits);
+void ConvertProject(Korva& korva, UnitSystem targetUnits);
 
 }  // namespace korva

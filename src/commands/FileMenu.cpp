@@ -33,10 +33,10 @@ std::string FolderOfName(const std::string& name) {
 FileMenu::FileMenu(Korva& korva, Ports& ports, Recovery& recovery)
     : korva_(korva), ports_(ports), recovery_(recovery) {
   const Settings& settings = korva.Preferences;
-  for (int n = 1; settings.KeepFileNames == 1 && n <= settings.FileMenu.MaxLastFiles; ++n) {
+  for (int n = 1; settings.KeepFileNames && n <= settings.FileMenu.MaxLastFiles; ++n) {
     if (!settings.FileMenu.LastFile[n].empty()) {
       captions_[n] =
-          settings.ShortRecentFiles == 1 ? settings.FileMenu.LastFile[n] : settings.FileMenu.LastFileLong[n];
+          settings.ShortRecentFiles ? settings.FileMenu.LastFile[n] : settings.FileMenu.LastFileLong[n];
     }
   }
 }
@@ -240,8 +240,8 @@ void FileMenu::AddRecentFile() {
   const Settings& settings = korva_.Preferences;
   RecentFiles& recent = korva_.Preferences.FileMenu;
   const std::string& name = korva_.ProjectFileName;
-  const std::string shown = settings.ShortRecentFiles == 1 ? FileBaseName(name, false) : name;
-  if (settings.KeepFileNames == 0) {
+  const std::string shown = settings.ShortRecentFiles ? FileBaseName(name, false) : name;
+  if (!settings.KeepFileNames) {
     return;
   }
   for (int n = 1; n <= recent.MaxLastFiles; ++n) {
@@ -283,8 +283,8 @@ std::string CaptionFileName(const std::string& fileName) {
 }
 
 BarrierGraphs GraphsOf(const Project& project) {
-  return {project.BarrierFirstGob > 0 && project.LoadingCondition >= 2,
-          project.BarrierSecondGob > 0 && project.LoadingCondition == 3};
+  return {project.BarrierFirstGob > 0 && HasFirstSideGob(project),
+          project.BarrierSecondGob > 0 && project.LoadingCondition == PanelLoading::kWithBothSideGobs};
 }
 
 }  // namespace korva

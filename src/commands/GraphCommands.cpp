@@ -30,7 +30,7 @@ std::string FreeWorkbookName(const std::string& folder, const std::string& proje
 }  // namespace
 
 void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
-  if (korva.Preferences.Options.AskOfficeInstall == 0) {
+  if (!korva.Preferences.Options.AskOfficeInstall) {
     const Message question = {std::string(kNeedsExcel), MessageButtons::kYesNo, MessageIcon::kNone, {}, {},
                               "messages-graphs"};
     if (ShowMessage(korva, ports.Messages, question) != MessageAnswer::kYes) {

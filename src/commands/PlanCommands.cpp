@@ -15,7 +15,7 @@ PlanRequest PlanRequestOf(const Korva& korva, bool full) {
   request.ProjectCalc = korva.ProjectCalc;
   request.Units = korva.Stored.ProjectUnits;
   request.Options = korva.Preferences.Options;
-  request.Geometry = {korva.PlotXcutSpacing, request.Options.PlotGobExtLoose == 1};
+  request.Geometry = {korva.PlotXcutSpacing, request.Options.PlotGobExtLoose};
   request.PlotType = korva.PlotType;
   request.Full = full;
   if (korva.PlotCaller == kPlanFromResults) {
@@ -25,9 +25,8 @@ PlanRequest PlanRequestOf(const Korva& korva, bool full) {
 }
 
 PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now) {
-  const auto model = static_cast<std::size_t>(korva.ProjectCalc.CalcMode);
   return {FileBaseName(korva.ProjectFileName, false), korva.Stored.ProjectTitle,
-          std::string(kModelNames.at(std::min(model, kModelNames.size() - 1))),
+          std::string(ModelName(korva.ProjectCalc.CalcMode)),
           fmt::format("{:04}-{:02}-{:02}", now.tm_year + 1900, now.tm_mon + 1, now.tm_mday)};
 }
 

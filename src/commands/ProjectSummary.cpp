@@ -12,12 +12,12 @@ namespace korva {
 
 namespace {
 
-std::string WithUnit(double value, UnitKind kind, std::int16_t units) {
+std::string WithUnit(double value, UnitKind kind, UnitSystem units) {
   return fmt::format("{} {}", GeneralText(value), BareUnit(UnitLabel(kind, units)));
 }
 
 // The title of a loading condition as a sentence: "One active retreat section".
-std::string ConditionName(std::int16_t condition) {
+std::string ConditionName(PanelLoading condition) {
   const auto index = static_cast<std::size_t>(condition);
   if (index >= LoadingConditionTitles.size()) {
     return {};
@@ -38,7 +38,7 @@ bool SameInputs(const Korva& korva) {
 
 std::vector<SummaryRow> KeyInputs(const StoredProject& stored) {
   const Project& project = stored.ProjectInput;
-  const std::int16_t units = stored.ProjectUnits;
+  const UnitSystem units = stored.ProjectUnits;
   return {{"Depth of cover", WithUnit(project.DepthCover, UnitKind::kLength, units)},
           {"Entry height", WithUnit(project.EntryHeight, UnitKind::kLength, units)},
           {"Entry width", WithUnit(project.EntryWidth, UnitKind::kLength, units)},

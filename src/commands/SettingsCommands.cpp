@@ -56,7 +56,7 @@ void LoadSettings(Korva& korva, const SettingsSurroundings& surroundings) {
   if (reset) {
     SaveSettings(korva, SettingsSection::kOptions);
   }
-  korva.Preferences.Options.RoundKORVASF = 0;
+  korva.Preferences.Options.RoundKORVASF = FactorRounding::kTwoDecimals;
 }
 
 void SaveSettings(Korva& korva, SettingsSection section) {

@@ -98,7 +98,7 @@ void StartUp(Korva& korva, const MachineFolders& machine, const std::function<st
   korva.Places = MakeFolders(machine);
   korva.Updates = BuiltInUpdateSource();
   LoadSettings(korva, {korva.Places.ProductFolder, bestFont});
-  if (korva.Preferences.CopyExampleFiles != 0) {
+  if (korva.Preferences.CopyExampleFiles) {
     CopyExampleProjects(korva.Places);
   }
 }

@@ -9,7 +9,7 @@
 namespace korva {
 
 std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphKind graph,
-                                     std::optional<std::int16_t> calcMode) {
+                                     std::optional<OverburdenModel> calcMode) {
   const OptionSettings& options = korva.Preferences.Options;
   if (options.PlotRangeMin > options.PlotRangeMax) {
     ShowMessage(korva, messages,

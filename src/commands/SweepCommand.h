@@ -18,7 +18,7 @@ struct SweepJob {
   SweepRange Range;
   Calculation Prepared;
   Project ProjectCalc;
-  std::int16_t Units = kEnglish;
+  UnitSystem Units = kEnglish;
   std::string ProjectFileName;
   StrondPlace Place;
   bool Laminated = false;
@@ -28,7 +28,7 @@ struct SweepJob {
 // the sweep of that graph. Nothing, after a message, for a range whose ends are crossed and for a project
 // that the check refuses.
 std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphKind graph,
-                                     std::optional<std::int16_t> calcMode = {});
+                                     std::optional<OverburdenModel> calcMode = {});
 
 // Runs it. `goOn` is asked before each laminated solution.
 SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int step, int capacity)>& goOn);

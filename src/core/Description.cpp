@@ -70,7 +70,7 @@ void NormalizeDescription(StoredProject& project) {
     }
   }
   project.ProjectDescription = std::move(normalized);
-  project.ProjectDescriptionLines = static_cast<std::int16_t>(std::min(lines, 32767));
+  project.ProjectDescriptionLines = std::min(lines, 32767);
 }
 
 }  // namespace korva

@@ -11,7 +11,7 @@
 namespace korva {
 
 // The parametric graphs, by the index of their command.
-enum GraphKind : std::int16_t {
+enum GraphKind : int {
   kEntryHeightGraph = 0,
   kDepthGraph,
   kXcutAngleGraph,
@@ -25,8 +25,8 @@ inline constexpr int kGraphs = 7;
 inline constexpr int kMostCurves = 4;  // development and retreat: traditional, then laminated
 
 struct SweepData {
-  std::int16_t GraphIndex = 0;
-  std::int16_t CurveCount = 2;     // 2, or 4 with the laminated model
+  int GraphIndex = 0;
+  int CurveCount = 2;              // 2, or 4 with the laminated model
   std::int32_t PointCount = 0;     // that are filled
   std::int32_t PointCapacity = 0;  // at least one more than points are filled
   // Column 0 the swept values (degrees for the crosscut angle), 1 to 4 the curves; points from 0 on.

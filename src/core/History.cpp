@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-constexpr std::int16_t kLastNumber = 16384;
+constexpr int kLastNumber = 16384;
 constexpr int kLinesKept = 2;
 
 void CutToLastLines(std::string& text) {
@@ -26,16 +26,14 @@ void AppendLine(History& history, const Settings& settings, std::string_view tex
   if (CharacterCount(history.Text) >= static_cast<std::size_t>(settings.MaxDisplaySize)) {
     CutToLastLines(history.Text);
   }
-  history.HistoryCounter = history.HistoryCounter >= kLastNumber
-                               ? std::int16_t{1}
-                               : static_cast<std::int16_t>(history.HistoryCounter + 1);
+  history.HistoryCounter = history.HistoryCounter >= kLastNumber ? 1 : history.HistoryCounter + 1;
   history.Text += fmt::format("{}. {}{}", history.HistoryCounter, text, kLineEnd);
 }
 
 }  // namespace
 
 void HistoryLog(History& history, const Settings& settings, std::string_view text) {
-  if (settings.DisplayHistoryWin == 1) {
+  if (settings.DisplayHistoryWin) {
     AppendLine(history, settings, text);
   }
   if (history.Changed) {

@@ -12,7 +12,7 @@ namespace korva {
 
 struct History {
   std::string Text;
-  std::int16_t HistoryCounter = 0;
+  int HistoryCounter = 0;
   std::function<void()> Changed;  // called after each call of HistoryLog, if set
 };
 

@@ -46,8 +46,8 @@ struct Korva {
   bool ProjectSaved = true;
   bool ProjectEmpty = true;
   bool ProjectUnitsLocked = false;
-  std::int16_t ProjectFileMode = 0;
-  std::int16_t ProjectFormatVersion = 0;
+  int ProjectFileMode = 0;
+  int ProjectFormatVersion = 0;
   KnownFile OpenFile;
   std::vector<FileNotice> FileNotices;  // what the open file held beyond what was read
 
@@ -58,13 +58,13 @@ struct Korva {
   // parameters form, 2 the results), and what the last run says about the pillars.
   IndexedArray<float, 1, 10> PlotXcutSpacing;
   float PlotXcutAngle = 0;
-  std::int16_t PlotType = 1;
-  std::int16_t PlotCaller = 0;
+  int PlotType = 1;
+  int PlotCaller = 0;
   std::optional<PlanValues> PillarValues;
 
   // The last run's output. An empty WarningText means no popup.
   OutputPages OutBuf;
-  std::int16_t OutPageLast = 5;
+  int OutPageLast = 5;
   std::string WarningText;
   std::optional<RunSummary> LastRun;
 
@@ -75,7 +75,7 @@ struct Korva {
   std::string StrondOutFile;
 
   // What the file conversion dialog was left with.
-  std::int16_t ConvertFileOption = 0;
+  int ConvertFileOption = 0;
 
   // The last parametric sweep.
   SweepData Sweep;

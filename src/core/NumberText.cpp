@@ -68,7 +68,7 @@ std::string ShortestText(double value) {
   return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed).ptr};
 }
 
-std::string PaddedText(std::int16_t value) {
+std::string PaddedText(int value) {
   return Padded(fmt::format("{}", value));
 }
 

@@ -16,7 +16,7 @@ std::string GeneralText(float value);
 std::string ShortestText(double value);
 
 // The form that integers and singles have in a file: a blank or minus sign, the digits, one trailing blank.
-std::string PaddedText(std::int16_t value);
+std::string PaddedText(int value);
 std::string PaddedText(float value);
 
 // `value` rounded to `decimals` (0 to 6) by its exact binary value, ties to even.

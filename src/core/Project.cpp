@@ -1,6 +1,7 @@
 #include "core/Project.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "core/FileNames.h"
@@ -23,7 +24,7 @@ double Converted(double value, double factor, bool toMetric, int decimals) {
 
 }  // namespace
 
-Project EmptyProject(std::int16_t units) {
+Project EmptyProject(UnitSystem units) {
   Project project;
   if (units == kMetric) {
     project.CoalStrength = 900 / kPsiPerMPa;
@@ -32,7 +33,7 @@ Project EmptyProject(std::int16_t units) {
   return project;
 }
 
-void ConvertProjectUnits(StoredProject& project, std::int16_t targetUnits) {
+void ConvertProjectUnits(StoredProject& project, UnitSystem targetUnits) {
   const bool toMetric = targetUnits == kMetric;
   const auto length = [toMetric](double value) {
     return Converted(value, kFeetPerMeter, toMetric, kLengthDecimals);
@@ -63,15 +64,15 @@ void ConvertProjectUnits(StoredProject& project, std::int16_t targetUnits) {
   project.ProjectUnits = targetUnits;
 }
 
-std::string ConvertedFileName(const std::string& fileName, std::int16_t targetUnits) {
+std::string ConvertedFileName(const std::string& fileName, UnitSystem targetUnits) {
   return (targetUnits == kMetric ? "Metric_" : "English_") + FileBaseName(fileName, false);
 }
 
-std::int16_t PillarRows(const Project& project) {
-  if (project.NumberEntries == std::numeric_limits<std::int16_t>::min()) {
+int PillarRows(const Project& project) {
+  if (project.NumberEntries <= std::numeric_limits<std::int16_t>::min()) {
     throw RuntimeError(ErrorNumber::kOverflow, "NumberEntries");
   }
-  return static_cast<std::int16_t>(project.NumberEntries - 1);
+  return project.NumberEntries - 1;
 }
 
 }  // namespace korva

@@ -1,21 +1,14 @@
 // The project record: one retreat panel as the engineer describes it.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "core/IndexedArray.h"
+#include "core/OverburdenModel.h"
+#include "core/PanelLoading.h"
+#include "core/UnitSystem.h"
 
 namespace korva {
-
-// Unit systems, as a project file stores them.
-inline constexpr std::int16_t kEnglish = 0;  // feet, psi, pcf
-inline constexpr std::int16_t kMetric = 1;   // meters, MPa, kN/m3
-
-// Overburden models, as CalcMode stores them.
-inline constexpr std::int16_t kTraditionalModel = 0;
-inline constexpr std::int16_t kLaminatedModel = 1;
-inline constexpr std::int16_t kComparedModels = 2;
 
 inline constexpr int kMaxEntries = 10;
 inline constexpr int kMaxRows = kMaxEntries - 1;
@@ -33,17 +26,17 @@ struct Project {
   double EntryWidth = 0;
   double XcutSpacing = 0;
   double XcutAngle = 90;
-  std::int16_t NumberEntries = 2;
+  int NumberEntries = 2;
   IndexedArray<double, 1, kMaxRows> XcutCenters;  // 1 to NumberEntries - 1 are in use
   double CoalStrength = 900;
   double UnitWeight = 162;
   double BreadthAMZ = 0;
-  std::int16_t LoadingCondition = 0;     // 0 to 3, index into LoadingConditionTitles
-  std::int16_t LoadingConditionAux = 0;  // carried from file to file, without a meaning
-  std::int16_t AMZAuto = 1;
+  PanelLoading LoadingCondition = PanelLoading::kDevelopmentLoad;
+  int LoadingConditionAux = 0;  // carried from file to file, without a meaning
+  int AMZAuto = 1;
   float ArchFactor = 1;
-  std::int16_t ArchAuto = 1;
-  std::int16_t CalcMode = kTraditionalModel;
+  int ArchAuto = 1;
+  OverburdenModel CalcMode = kTraditionalModel;
   double ExtentActiveGob = 0;
   double AbutmentAngleActiveGob = 21;
   double ExtentFirstGob = 0;
@@ -54,10 +47,10 @@ struct Project {
   double AbutmentAngleSecondGob = 21;
   double BarrierSecondGob = 0;
   double SlabcutSecondGob = 0;
-  std::int16_t RowA = 0;
-  std::int16_t RowB = 0;
-  std::int16_t RowC = 0;
-  std::int16_t RowD = 0;
+  int RowA = 0;
+  int RowB = 0;
+  int RowC = 0;
+  int RowD = 0;
   float WidthRowC = 0;
   float WidthRowD = 0;
 
@@ -68,23 +61,33 @@ struct Project {
 struct StoredProject {
   Project ProjectInput;
   std::string ProjectTitle;
-  std::string ProjectDescription;            // lines joined by CR LF
-  std::int16_t ProjectDescriptionLines = 0;  // count kept while the description is read and normalized
-  std::int16_t ProjectUnits = kEnglish;
+  std::string ProjectDescription;   // lines joined by CR LF
+  int ProjectDescriptionLines = 0;  // count kept while the description is read and normalized
+  UnitSystem ProjectUnits = kEnglish;
 };
 
+inline bool HasActiveGob(const Project& project) {
+  return HasActiveGob(project.LoadingCondition);
+}
+inline bool HasFirstSideGob(const Project& project) {
+  return HasFirstSideGob(project.LoadingCondition);
+}
+inline bool HasSecondSideGob(const Project& project) {
+  return HasSecondSideGob(project.LoadingCondition);
+}
+
 // The record of an empty project. LoadingConditionAux is the caller's to carry over.
-Project EmptyProject(std::int16_t units);
+Project EmptyProject(UnitSystem units);
 
 // Changes all values to the unit system `targetUnits`, each rounded to 2 decimals half to even (unit weight
 // in metric units to 3). It does not look at the present units: offering only the other system is the
 // caller's part. Run-time error 6 if a value leaves its range.
-void ConvertProjectUnits(StoredProject& project, std::int16_t targetUnits);
+void ConvertProjectUnits(StoredProject& project, UnitSystem targetUnits);
 
 // The file name after a conversion: "Metric_" or "English_" and the name without its folder.
-std::string ConvertedFileName(const std::string& fileName, std::int16_t targetUnits);
+std::string ConvertedFileName(const std::string& fileName, UnitSystem targetUnits);
 
 // Number of pillar rows across the panel: NumberEntries minus 1. Run-time error 6 below the 16-bit range.
-std::int16_t PillarRows(const Project& project);
+int PillarRows(const Project& project);
 
 }  // namespace korva

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,8 +20,8 @@ struct FactorLine {
 // The record that ran, and what came out of it: a line for each model that ran and each case shown.
 struct RunSummary {
   Project Input;
-  std::int16_t Units = kEnglish;
-  std::int16_t Model = kTraditionalModel;
+  UnitSystem Units = kEnglish;
+  OverburdenModel Model = kTraditionalModel;
   int SideGobs = 0;
   std::vector<FactorLine> Factors;
 };

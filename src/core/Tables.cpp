@@ -1,7 +1,5 @@
 #include "core/Tables.h"
 
-#include "core/IndexedArray.h"
-
 namespace korva {
 
 namespace {
@@ -35,16 +33,18 @@ constexpr std::array<LabelPair, 18> UnitLabels = {{
 
 }  // namespace
 
-std::string_view UnitLabel(UnitKind kind, std::int16_t units) {
+std::string_view UnitLabel(UnitKind kind, UnitSystem units) {
   const LabelPair& labels = UnitLabels[static_cast<std::size_t>(kind)];
-  switch (units) {
-    case 0:
-      return labels.english;
-    case 1:
-      return labels.metric;
-    default:
-      ThrowSubscript(units, 0, 1);
-  }
+  return units == kMetric ? labels.metric : labels.english;
+}
+
+std::string_view ModelName(OverburdenModel model) {
+  const auto index = static_cast<std::size_t>(model);
+  return kModelNames[index < kModelNames.size() ? index : static_cast<std::size_t>(kLaminatedModel)];
+}
+
+std::string_view UnitSystemName(UnitSystem units) {
+  return units == kMetric ? "Metric" : "English";
 }
 
 std::string_view BareUnit(std::string_view label) {

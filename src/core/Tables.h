@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string_view>
+
+#include "core/OverburdenModel.h"
+#include "core/UnitSystem.h"
 
 namespace korva {
 
@@ -16,9 +18,8 @@ enum class UnitKind {
   kMetricLoad = 5,
 };
 
-// The label behind a field's name in unit system `units` (0 or 1), such as " (ft)". Run-time error 9 for
-// another system.
-std::string_view UnitLabel(UnitKind kind, std::int16_t units);
+// The label behind a field's name in unit system `units`, such as " (ft)".
+std::string_view UnitLabel(UnitKind kind, UnitSystem units);
 
 // A label without its leading blank and without its parentheses: "ft".
 std::string_view BareUnit(std::string_view label);
@@ -70,8 +71,9 @@ inline constexpr std::array<std::string_view, 4> SideGobNotes = {
 
 inline constexpr std::array<std::string_view, 2> NoYes = {"no", "yes"};
 
-// Names for people, by unit system and by overburden model.
-inline constexpr std::array<std::string_view, 2> kUnitSystemNames = {"English", "Metric"};
+// Names for people. A model of another number than the three counts as the laminated one.
 inline constexpr std::array<std::string_view, 3> kModelNames = {"traditional", "laminated", "compared"};
+std::string_view ModelName(OverburdenModel model);
+std::string_view UnitSystemName(UnitSystem units);
 
 }  // namespace korva

@@ -94,13 +94,13 @@ float FieldCursor::ReadSingle(std::string_view expected) {
   return static_cast<float>(value);
 }
 
-std::int16_t FieldCursor::ReadInteger(std::string_view expected) {
+int FieldCursor::ReadInteger(std::string_view expected) {
   const double value = std::nearbyint(ReadNumber(expected));
   if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
     Fail(ErrorNumber::kOverflow, fmt::format("{}, an integer from -32768 to 32767", expected),
          fmt::format("{}", value));
   }
-  return static_cast<std::int16_t>(value);
+  return static_cast<int>(value);
 }
 
 void FieldCursor::NoticeRest() {

@@ -27,8 +27,8 @@ class FieldCursor {
   // A number; an empty field is 0.
   double ReadNumber(std::string_view expected);
   float ReadSingle(std::string_view expected);
-  // A number taken to the nearest integer, ties to even.
-  std::int16_t ReadInteger(std::string_view expected);
+  // A number taken to the nearest integer of 16 bits, ties to even.
+  int ReadInteger(std::string_view expected);
 
   bool AtEnd() const { return rest_.empty(); }
 

@@ -23,11 +23,13 @@ class FieldReader {
       p_.XcutCenters[i] = cursor_.ReadNumber(fmt::format("{} {}", line_.name, i));
     }
   }
-  void operator()(std::int16_t Project::*member) const {
-    const std::int16_t value = cursor_.ReadInteger(line_.name);
-    p_.*member = std::min(value, line_.most);
+  void operator()(PanelLoading Project::*member) const { p_.*member = PanelLoading{ReadWhole()}; }
+  void operator()(OverburdenModel Project::*member) const { p_.*member = OverburdenModel{ReadWhole()}; }
+  void operator()(int Project::*member) const {
+    const int value = ReadWhole();
+    p_.*member = value;
     if (member == &Project::NumberEntries) {
-      p_.NumberEntries = value == 0 ? std::int16_t{1} : value;
+      p_.NumberEntries = value == 0 ? 1 : value;
       if (value > kMaxEntries) {
         cursor_.Fail(ErrorNumber::kSubscript, fmt::format("{} of at most {}", line_.name, kMaxEntries),
                      fmt::format("{}", value));
@@ -36,6 +38,8 @@ class FieldReader {
   }
 
  private:
+  int ReadWhole() const { return std::min(cursor_.ReadInteger(line_.name), line_.most); }
+
   FieldCursor& cursor_;
   const FieldLine& line_;
   Project& p_;
@@ -48,7 +52,7 @@ void ReadFieldLine(FieldCursor& cursor, const FieldLine& line, Project& project)
 }
 
 void ReadProjectHead(FieldCursor& cursor, StoredProject& project) {
-  const std::int16_t units = cursor.ReadInteger("ProjectUnits");
+  const UnitSystem units = UnitSystem{cursor.ReadInteger("ProjectUnits")};
   project.ProjectUnits = units == kMetric ? kMetric : kEnglish;
   project.ProjectTitle = cursor.ReadLine("ProjectTitle");
   ReadDescription(cursor, project);
@@ -68,8 +72,7 @@ void ReadDescription(FieldCursor& cursor, StoredProject& project) {
     }
     text = cursor.ReadText(kDescriptionEnd);
   }
-  project.ProjectDescriptionLines =
-      static_cast<std::int16_t>(std::min<int>(lines, std::numeric_limits<std::int16_t>::max()));
+  project.ProjectDescriptionLines = std::min<int>(lines, std::numeric_limits<std::int16_t>::max());
 }
 
 }  // namespace korva

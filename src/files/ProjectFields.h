@@ -18,14 +18,14 @@ struct PaddedSingle {
 // XcutCenters 1 to NumberEntries - 1, a line each.
 struct Centers {};
 
-using FieldMember =
-    std::variant<double Project::*, float Project::*, PaddedSingle, std::int16_t Project::*, Centers>;
+using FieldMember = std::variant<double Project::*, float Project::*, PaddedSingle, int Project::*,
+                                 PanelLoading Project::*, OverburdenModel Project::*, Centers>;
 
 struct FieldLine {
   const char* name;
   FieldMember member;
-  std::int16_t since = 50;                                       // the format from which the line exists
-  std::int16_t most = std::numeric_limits<std::int16_t>::max();  // a larger integer counts as this
+  int since = 50;                                       // the format from which the line exists
+  int most = std::numeric_limits<std::int16_t>::max();  // a larger integer counts as this
 };
 
 inline constexpr std::string_view kDescriptionStart = "##StartDesc##";

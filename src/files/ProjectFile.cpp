@@ -16,14 +16,14 @@ namespace {
 
 struct Magic {
   std::string_view text;
-  std::int16_t format;
+  int format;
 };
 
 // In the order in which they are tried; the first one is written.
 constexpr std::array<Magic, 5> FileMagics = {
     {{"KORVA_603", 54}, {"KORVA_602", 53}, {"KORVA_601", 52}, {"KORVA_501", 51}, {"KORVA_500", 50}}};
 
-constexpr std::int16_t kLastLoadingCondition = 3;
+constexpr int kLastLoadingCondition = static_cast<int>(PanelLoading::kWithBothSideGobs);
 
 // The lines behind the description. Reader and writer both walk this table.
 constexpr auto kFieldLines = std::to_array<FieldLine>({
@@ -68,7 +68,10 @@ class FieldWriter {
   void operator()(double Project::*member) const { Line(GeneralText(p_.*member)); }
   void operator()(float Project::*member) const { Line(GeneralText(p_.*member)); }
   void operator()(PaddedSingle single) const { Line(PaddedText(p_.*single.member)); }
-  void operator()(std::int16_t Project::*member) const { Line(PaddedText(p_.*member)); }
+  template <class Whole>
+  void operator()(Whole Project::*member) const {
+    Line(PaddedText(static_cast<int>(p_.*member)));
+  }
   void operator()(Centers) const {
     for (int i = 1; i < p_.NumberEntries; ++i) {
       Line(GeneralText(p_.XcutCenters[i]));
@@ -97,7 +100,7 @@ bool IsProjectName(std::string_view name) {
   return !name.starts_with('.') && LowerCase(name).ends_with("." + LowerCase(kProjectExtension));
 }
 
-std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std::string& fileName) {
+std::optional<int> DetectProjectFormat(std::string_view text, const std::string& fileName) {
   std::vector<FileNotice> notices;
   const std::string_view first =
       FieldCursor(text, fileName, notices).ReadText("the format of a project file");
@@ -106,8 +109,8 @@ std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std
   return magic == FileMagics.end() ? std::nullopt : std::optional(magic->format);
 }
 
-void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version,
-                 StoredProject& project, std::vector<FileNotice>& notices) {
+void ReadProject(std::string_view text, const std::string& fileName, int version, StoredProject& project,
+                 std::vector<FileNotice>& notices) {
   FieldCursor cursor(text, fileName, notices);
   cursor.ReadText("the format of a project file");
   ReadProjectHead(cursor, project);
@@ -136,7 +139,7 @@ std::string ComposeProject(const StoredProject& project) {
 
   std::string text;
   text.append(FileMagics.front().text).append(kLineEnd);
-  text.append(PaddedText(project.ProjectUnits)).append(kLineEnd);
+  text.append(PaddedText(static_cast<int>(project.ProjectUnits))).append(kLineEnd);
   text.append(project.ProjectTitle).append(kLineEnd);
   text.append(description);
   for (const FieldLine& line : kFieldLines) {

@@ -24,14 +24,14 @@ inline constexpr std::uint64_t kLargestProjectFile = std::uint64_t{16} << 20;
 
 // The format number, 50 to 54, that the magic in the first field of `text` stands for, or nothing. Run-time
 // error 62 for an empty text.
-std::optional<std::int16_t> DetectProjectFormat(std::string_view text, const std::string& fileName);
+std::optional<int> DetectProjectFormat(std::string_view text, const std::string& fileName);
 
 // Reads a project of format `version` off `text` into `project`, which should be an empty one: a field that
 // an older format lacks keeps its value. Values are stored one by one, so after a run-time error (62, 13, 6,
 // or 9 for too many entries) `project` holds those in front of the fault. What was odd, but read, goes to
 // `notices`.
-void ReadProject(std::string_view text, const std::string& fileName, std::int16_t version,
-                 StoredProject& project, std::vector<FileNotice>& notices);
+void ReadProject(std::string_view text, const std::string& fileName, int version, StoredProject& project,
+                 std::vector<FileNotice>& notices);
 
 // The project in the newest format, with CR LF line ends, as text. Its description has to be in its stored
 // form. Run-time error 5 if title or description hold what a reader would take for the end of either.

@@ -3,15 +3,15 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "core/ClampOrReset.h"
 #include "core/NumberParsing.h"
 #include "core/NumberText.h"
+#include "core/Settings.h"
 #include "files/UtilINI.h"
 
 namespace korva {
@@ -19,7 +19,9 @@ namespace korva {
 template <class Record>
 struct Setting {
   std::string_view Key;
-  std::variant<std::int16_t Record::*, float Record::*, std::string Record::*> Member;
+  std::variant<bool Record::*, int Record::*, float Record::*, std::string Record::*, UnitSystem Record::*,
+               StressUnit Record::*, LoadUnit Record::*, FactorRounding Record::*, SolverFolder Record::*>
+      Member;
   std::string_view Missing = "0";  // the value of a missing or empty key
   double Low = 0;
   double High = 1;
@@ -29,14 +31,30 @@ struct Setting {
 // lower bound, and the result is false.
 template <class Record>
 bool StoreNumber(Record& record, const Setting<Record>& setting, double value) {
-  const bool inRange = value >= setting.Low && value <= setting.High;
-  if (const auto* whole = std::get_if<std::int16_t Record::*>(&setting.Member)) {
-    record.** whole =
-        static_cast<std::int16_t>(ClampOrReset(std::nearbyint(value), setting.Low, setting.High));
-  } else if (const auto* single = std::get_if<float Record::*>(&setting.Member)) {
-    record.** single = static_cast<float>(ClampOrReset(value, setting.Low, setting.High));
-  }
-  return inRange;
+  std::visit(
+      [&](auto member) {
+        using Held = std::remove_reference_t<decltype(record.*member)>;
+        if constexpr (std::is_same_v<Held, float>) {
+          record.*member = static_cast<float>(ClampOrReset(value, setting.Low, setting.High));
+        } else if constexpr (!std::is_same_v<Held, std::string>) {
+          const double whole = ClampOrReset(std::nearbyint(value), setting.Low, setting.High);
+          record.*member = static_cast<Held>(static_cast<int>(whole));
+        }
+      },
+      setting.Member);
+  return value >= setting.Low && value <= setting.High;
+}
+
+// A setting as a file holds it.
+inline std::string SettingText(const std::string& words) {
+  return words;
+}
+inline std::string SettingText(float number) {
+  return GeneralText(number);
+}
+template <class Whole>
+std::string SettingText(Whole number) {
+  return std::to_string(static_cast<int>(number));
 }
 
 // Reads each setting of `table` off `section` of the profile `text`. A text that does not begin with a number
@@ -57,13 +75,8 @@ void ReadTable(std::string_view text, std::string_view section, const Table& tab
 template <class Record, class Table>
 void WriteTable(std::string& text, std::string_view section, const Table& table, const Record& record) {
   for (const Setting<Record>& setting : table) {
-    if (const auto* whole = std::get_if<std::int16_t Record::*>(&setting.Member)) {
-      SetIniValue(text, section, setting.Key, std::to_string(record.**whole));
-    } else if (const auto* single = std::get_if<float Record::*>(&setting.Member)) {
-      SetIniValue(text, section, setting.Key, GeneralText(record.**single));
-    } else {
-      SetIniValue(text, section, setting.Key, record.**std::get_if<std::string Record::*>(&setting.Member));
-    }
+    SetIniValue(text, section, setting.Key,
+                std::visit([&](auto member) { return SettingText(record.*member); }, setting.Member));
   }
 }
 

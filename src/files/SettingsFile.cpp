@@ -19,7 +19,7 @@ constexpr std::string_view kFileMenu = "FileMenu";
 constexpr std::string_view kTextBrowse = "TextBrowse";
 constexpr std::string_view kGraph = "Graph";
 
-constexpr std::int16_t kBuiltInDisplaySize = 2048;
+constexpr int kBuiltInDisplaySize = 2048;
 
 constexpr auto kSettingsTable = std::to_array<Setting<Settings>>({
     {"DefaultUnits", &Settings::DefaultUnits},
@@ -107,14 +107,13 @@ std::string DataPathOf(const std::string& value, const SettingsSurroundings& sur
 RecentFiles ReadRecentFiles(std::string_view text) {
   RecentFiles recent;
   const double count = ParseNumberPrefix(GetIniValue(text, kFileMenu, "MaxLastFiles", "0")).value;
-  recent.MaxLastFiles =
-      static_cast<std::int16_t>(ClampOrReset(std::nearbyint(count), 0.0, double{kMostRecentFiles}));
+  recent.MaxLastFiles = static_cast<int>(ClampOrReset(std::nearbyint(count), 0.0, double{kMostRecentFiles}));
   for (int n = 1; n <= recent.MaxLastFiles; ++n) {
     recent.LastFile[n] = GetIniValue(text, kFileMenu, fmt::format("LastFile{}", n), "");
     recent.LastFileLong[n] = GetIniValue(text, kFileMenu, fmt::format("LastFileLong{}", n), "");
     const double mode =
         ParseNumberPrefix(GetIniValue(text, kFileMenu, fmt::format("LastFileMode{}", n), "0")).value;
-    recent.LastFileMode[n] = static_cast<std::int16_t>(ClampOrReset(std::nearbyint(mode), 0.0, 32767.0));
+    recent.LastFileMode[n] = static_cast<int>(ClampOrReset(std::nearbyint(mode), 0.0, 32767.0));
   }
   return recent;
 }

@@ -207,7 +207,7 @@ Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, 
   chart.VerticalGrid = (settings.GridStyle & kVertical) != 0;
   chart.Lines = settings.GraphStyle != kSymbolsOnly;
   chart.Symbols = settings.GraphStyle != kLinesOnly;
-  chart.Legend = settings.CurveLegend == 1;
+  chart.Legend = settings.CurveLegend;
   chart.SymbolSize = settings.SymbolSize;
   if (showReference) {
     chart.Reference = ReferenceFactor(data.GraphIndex);

@@ -6,14 +6,14 @@ namespace korva {
 
 namespace {
 
-std::string DefaultXTitle(int graph, std::int16_t units) {
+std::string DefaultXTitle(int graph, UnitSystem units) {
   std::string title(DefaultXAxisTitles[static_cast<std::size_t>(graph)]);
   return title.append(graph == kXcutAngleGraph ? " (deg)" : UnitLabel(UnitKind::kLength, units));
 }
 
 }  // namespace
 
-void SetDefaultTitles(GraphSettings& graph, std::int16_t units) {
+void SetDefaultTitles(GraphSettings& graph, UnitSystem units) {
   for (int i = 0; i < kGraphs; ++i) {
     graph.XAxisTitle[i] = DefaultXTitle(i, units);
   }
@@ -29,7 +29,7 @@ void SetDefaultTitles(GraphSettings& graph, std::int16_t units) {
   graph.SymbolSize = defaults.SymbolSize;
 }
 
-void PrepareTitles(GraphSettings& graph, int index, std::int16_t units) {
+void PrepareTitles(GraphSettings& graph, int index, UnitSystem units) {
   std::string& title = graph.XAxisTitle[index];
   if (title.empty() || graph.GraphUnits != units) {
     SetDefaultTitles(graph, units);
@@ -39,7 +39,9 @@ void PrepareTitles(GraphSettings& graph, int index, std::int16_t units) {
 }
 
 int DisplayCurves(const Project& project, const SweepData& data) {
-  return project.ExtentActiveGob == 0 || project.LoadingCondition == 0 ? 1 : data.CurveCount;
+  return project.ExtentActiveGob == 0 || project.LoadingCondition == PanelLoading::kDevelopmentLoad
+             ? 1
+             : data.CurveCount;
 }
 
 std::string_view CurveLabel(int curve) {

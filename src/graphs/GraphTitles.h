@@ -22,11 +22,11 @@ constexpr int YTitleOf(int graph) {
 }
 
 // All titles in the unit system `units`, and the default format, over those of `graph`.
-void SetDefaultTitles(GraphSettings& graph, std::int16_t units);
+void SetDefaultTitles(GraphSettings& graph, UnitSystem units);
 
 // Makes titles and format anew if those of graph `index` were never made, or for another unit system. A
 // default X title without its unit gets that: an axis always tells it.
-void PrepareTitles(GraphSettings& graph, int index, std::int16_t units);
+void PrepareTitles(GraphSettings& graph, int index, UnitSystem units);
 
 // The curves of a sweep that are shown: one alone, of the development, for a panel without an active gob.
 int DisplayCurves(const Project& project, const SweepData& data);

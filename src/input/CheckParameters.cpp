@@ -16,9 +16,6 @@ constexpr double kGreatestXcutAngle = 90;
 constexpr double kGreatestAbutmentAngle = 90;
 constexpr double kLeastArchFactor = 0.28;
 
-constexpr int kOneSideGob = 2;
-constexpr int kTwoSideGobs = 3;
-
 double N(const std::string& text) {
   return FieldNumber(text);
 }
@@ -73,7 +70,7 @@ Refusal CheckRows(const ParameterTexts& t) {
   if (t.RowD == 1 && N(t.WidthRowD) <= 0) {
     return RefuseRange(kTab, "txtWidthD", "Invalid Pillar Width for Row D");
   }
-  const bool sideGob = t.LoadingCondition >= kOneSideGob;
+  const bool sideGob = t.LoadingCondition >= PanelLoading::kWithFirstSideGob;
   if (t.RowA == 1 && sideGob && N(t.SlabcutFirstGob) > 0) {
     return ParameterRefusal{"Cannot take slab cut from first side barrier when Row A pillars are left",
                             RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
@@ -125,11 +122,11 @@ Refusal CheckGobs(const ParameterTexts& t) {
   const Gob first{"first", "FirstGob", t.ExtentFirstGob, t.AbutmentAngleFirstGob, RefusalKind::kRange};
   const Gob second{"second", "SecondGob", t.ExtentSecondGob, t.AbutmentAngleSecondGob, RefusalKind::kLogic};
   Refusal refusal = CheckGob(active);
-  if (!refusal && t.LoadingCondition >= kOneSideGob) {
+  if (!refusal && t.LoadingCondition >= PanelLoading::kWithFirstSideGob) {
     refusal = CheckGob(first);
     refusal = refusal ? refusal : CheckBarrier(first, t.BarrierFirstGob, t.SlabcutFirstGob);
   }
-  if (!refusal && t.LoadingCondition == kTwoSideGobs) {
+  if (!refusal && t.LoadingCondition == PanelLoading::kWithBothSideGobs) {
     refusal = CheckGob(second);
     refusal = refusal ? refusal : CheckBarrier(second, t.BarrierSecondGob, t.SlabcutSecondGob);
   }

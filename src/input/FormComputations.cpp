@@ -50,7 +50,7 @@ float ArchOf(float depth, float width, double wideDepth) {
 
 }  // namespace
 
-ParameterFields FieldsOfProject(const Project& project, std::int16_t units) {
+ParameterFields FieldsOfProject(const Project& project, UnitSystem units) {
   ParameterFields fields;
   fields.DepthCover = FieldOf(project.DepthCover);
   fields.XcutAngle = FieldOf(project.XcutAngle);
@@ -66,7 +66,7 @@ ParameterFields FieldsOfProject(const Project& project, std::int16_t units) {
   return fields;
 }
 
-std::int32_t Calc_AMZ(double depth, std::int16_t units) {
+std::int32_t Calc_AMZ(double depth, UnitSystem units) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
   double breadth = 0;
   if (units == kMetric) {

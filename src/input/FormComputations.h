@@ -17,16 +17,16 @@ struct ParameterFields {
   double NumberEntries = 0;
   IndexedArray<double, 1, kMaxRows> XcutCenters;
   double BreadthAMZ = 0;
-  std::int16_t ProjectUnits = kEnglish;
+  UnitSystem ProjectUnits = kEnglish;
 };
 
 // The fields as the form shows a project: numbers through their general text, and centers that are 0 replaced
 // by the first one if that is not 0.
-ParameterFields FieldsOfProject(const Project& project, std::int16_t units);
+ParameterFields FieldsOfProject(const Project& project, UnitSystem units);
 
 // Breadth of the active mining zone, 5 times the square root of the depth in feet, as a whole number of ft or
 // m (ties to even). Run-time error 5 for a negative depth, 6 beyond the 32-bit range.
-std::int32_t Calc_AMZ(double depth, std::int16_t units);
+std::int32_t Calc_AMZ(double depth, UnitSystem units);
 
 // The pressure arch factor, two decimals. Unlike the calculation's own it takes metric depth and width in
 // feet, with 80 m where the English one has 80 ft. Run-time error 5 for a ratio without a logarithm.

@@ -49,9 +49,9 @@ ParameterTexts TextsOfProject(const Project& project) {
   return texts;
 }
 
-std::int16_t EntriesOf(const ParameterTexts& texts) {
+int EntriesOf(const ParameterTexts& texts) {
   const double entries = std::nearbyint(FieldNumber(texts.NumberEntries));
-  return std::fabs(entries) <= 32767 ? static_cast<std::int16_t>(entries) : std::int16_t{0};
+  return std::fabs(entries) <= 32767 ? static_cast<int>(entries) : 0;
 }
 
 void StoreParameters(const ParameterTexts& texts, Project& project) {
@@ -82,7 +82,7 @@ bool ParametersChanged(const ParameterTexts& texts, const Project& project) {
   return !(entered == project);
 }
 
-ParameterFields FieldsOfTexts(const ParameterTexts& texts, std::int16_t units) {
+ParameterFields FieldsOfTexts(const ParameterTexts& texts, UnitSystem units) {
   ParameterFields fields;
   fields.DepthCover = FieldNumber(texts.DepthCover);
   fields.XcutAngle = FieldNumber(texts.XcutAngle);

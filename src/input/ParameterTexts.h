@@ -35,14 +35,14 @@ struct ParameterTexts {
   std::string SlabcutSecondGob;
   std::string WidthRowC;
   std::string WidthRowD;
-  std::int16_t AMZAuto = 0;
-  std::int16_t ArchAuto = 0;
-  std::int16_t RowA = 0;
-  std::int16_t RowB = 0;
-  std::int16_t RowC = 0;
-  std::int16_t RowD = 0;
-  std::int16_t LoadingCondition = 0;
-  std::int16_t CalcMode = 0;
+  int AMZAuto = 0;
+  int ArchAuto = 0;
+  int RowA = 0;
+  int RowB = 0;
+  int RowC = 0;
+  int RowD = 0;
+  PanelLoading LoadingCondition = PanelLoading::kDevelopmentLoad;
+  OverburdenModel CalcMode = kTraditionalModel;
 
   bool operator==(const ParameterTexts&) const = default;
 };
@@ -89,8 +89,8 @@ inline constexpr std::array<SingleField, 3> kSingleFields = {{
 // A check box.
 struct FlagField {
   const char* Control;
-  std::int16_t ParameterTexts::*Flag;
-  std::int16_t Project::*Value;
+  int ParameterTexts::*Flag;
+  int Project::*Value;
 };
 inline constexpr std::array<FlagField, 6> kFlagFields = {{
     {"chkAMZ", &ParameterTexts::AMZAuto, &Project::AMZAuto},
@@ -113,9 +113,9 @@ void StoreParameters(const ParameterTexts& texts, Project& project);
 bool ParametersChanged(const ParameterTexts& texts, const Project& project);
 
 // The number of entries, rounded half to even; 0 for more than a 16-bit number holds.
-std::int16_t EntriesOf(const ParameterTexts& texts);
+int EntriesOf(const ParameterTexts& texts);
 
 // The fields that the form computes with.
-ParameterFields FieldsOfTexts(const ParameterTexts& texts, std::int16_t units);
+ParameterFields FieldsOfTexts(const ParameterTexts& texts, UnitSystem units);
 
 }  // namespace korva

@@ -14,7 +14,7 @@ constexpr double kDataBaseAngle = 21;
 constexpr std::array<double, 2> kDataBaseStrength = {900, 6.21};
 constexpr std::array<double, 2> kDataBaseUnitWeight = {162, 25.45};
 
-double OfUnits(const std::array<double, 2>& values, std::int16_t units) {
+double OfUnits(const std::array<double, 2>& values, UnitSystem units) {
   return values[units == kMetric ? 1 : 0];
 }
 
@@ -30,7 +30,7 @@ std::optional<std::string> AbutmentAngleWarning(std::string_view text) {
          "Parameters.";
 }
 
-std::optional<std::string> CoalStrengthWarning(std::string_view text, std::int16_t units) {
+std::optional<std::string> CoalStrengthWarning(std::string_view text, UnitSystem units) {
   if (FieldNumber(text) == OfUnits(kDataBaseStrength, units)) {
     return std::nullopt;
   }
@@ -42,7 +42,7 @@ std::optional<std::string> CoalStrengthWarning(std::string_view text, std::int16
          "coal.";
 }
 
-std::optional<std::string> UnitWeightWarning(std::string_view text, std::int16_t units) {
+std::optional<std::string> UnitWeightWarning(std::string_view text, UnitSystem units) {
   if (FieldNumber(text) == OfUnits(kDataBaseUnitWeight, units)) {
     return std::nullopt;
   }

@@ -82,12 +82,12 @@ void FrontLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
   }
   const bool narrow = FrontAbutment(w, r, c, watch);
 
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.SlabLoad[c][k] = CornerLoad(w, w.SlabDepth[k] / 2, r.TanAbut) * r.RFront;
     r.AMZLoad[c][kFront] -= r.SlabLoad[c][k];
     watch.Step("SlabLoad", k);
   }
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.LFBAR[c][k] = narrow ? r.AMZLoad[c][kFront] / 2
                            : w.PanelWidth * r.AbutLoad[kFront] * r.RFront / 2 - r.AMZLoad[c][kFront] / 2;
     watch.Step("LFBAR", k);
@@ -95,7 +95,7 @@ void FrontLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
 }
 
 void SideLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.AbutLoad[k] = AbutmentLoad(w, w.GobExtent[k], std::tan(w.GobAngle[k]));
     watch.Step("AbutLoad", k);
     r.RSide[k] =
@@ -113,11 +113,11 @@ void TotalLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
   if (w.LoadCond >= kActiveGob) {
     r.AMZTotalLoad[c][kFront] = fpa * r.AMZLoad[c][kFront] + r.AMZTotalLoad[c][kTributary];
   }
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.AMZTotalLoad[c][k] =
         (r.LTRANSREM[c][k] + r.AMZLoad[c][k]) * fpa + r.AMZTotalLoad[c][k - 1] + r.LTRANSBAR[c][k];
   }
-  watch.Step("AMZTotalLoad", w.LoadCond);
+  watch.Step("AMZTotalLoad", LastStage(w.LoadCond));
 }
 
 }  // namespace
@@ -143,7 +143,7 @@ void CaseLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& wa
     BarrierTransfer(w, r, c, watch);
   }
   TotalLoads(w, r, c, watch);
-  r.SFKorva[c] = (netPanel ? r.NetAMZCapacity : r.AMZCapacity) / r.AMZTotalLoad[c][w.LoadCond];
+  r.SFKorva[c] = (netPanel ? r.NetAMZCapacity : r.AMZCapacity) / r.AMZTotalLoad[c][LastStage(w.LoadCond)];
   watch.Step("SFKorva", c);
 }
 

@@ -78,7 +78,7 @@ void BarrierStrengths(const WorkValues& w, Results& r, const ArithmeticWatch& wa
 }
 
 void Remnants(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.RemnantWidth[k] = w.BarrierWidth[k] - w.SlabDepth[k];
     if (r.RemnantLength != 0 && r.RemnantWidth[k] != 0) {
       r.RemnantLoad[c][k] = r.RemnantLength * r.AbutLoad[k] + r.LFBAR[c][k] +
@@ -98,7 +98,7 @@ void Remnants(const WorkValues& w, Results& r, int c, const ArithmeticWatch& wat
 
 void BarrierLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   const double off = 1 - static_cast<double>(r.Fpa);  // what the pressure arch takes off the AMZ
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     r.BarArchLoad[c][k] =
         (r.DevLoad + r.AMZLoad[c][kFront]) * (off / 2) + (r.LTRANSREM[c][k] + r.AMZLoad[c][k]) * off;
     watch.Step("BarArchLoad", k);
@@ -114,7 +114,7 @@ void BarrierLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch&
 }
 
 void BarrierTransfer(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     const double load = r.BarSideLoad[c][k] + r.BarArchLoad[c][k];
     if (w.BarrierWidth[k] != 0) {
       r.BarrierSF[c][k] = r.BarrierCapacity[k] / r.BarTotalLoad[c][k];
@@ -129,7 +129,7 @@ void BarrierTransfer(const WorkValues& w, Results& r, int c, const ArithmeticWat
 }
 
 void BarrierStresses(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     if (!(w.BarrierWidth[k] > 0)) {
       continue;
     }

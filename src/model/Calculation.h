@@ -1,7 +1,8 @@
 // One run of the traditional loading model: its working values and its results.
 #pragma once
 
-#include <cstdint>
+#include <algorithm>
+#include <ranges>
 
 #include "core/IndexedArray.h"
 #include "core/Project.h"
@@ -30,11 +31,30 @@ using ByStage = IndexedArray<T, kTributary, kSecondSide>;
 template <class T>
 using ByGob = IndexedArray<T, kFront, kSecondSide>;
 
-// The internal loading condition. Each one adds to those before it.
-inline constexpr int kNoGob = 1;        // development load
-inline constexpr int kActiveGob = 2;    // one active retreat section
-inline constexpr int kOneSideGob = 3;   // and one side gob
-inline constexpr int kTwoSideGobs = 4;  // and two side gobs
+// The loading condition as a run takes it: the last stage j whose load it adds up. Each one adds to those
+// before it.
+enum class RunLoading : int {
+  kUnknown = 0,     // of a record whose condition the model does not know
+  kNoGob = 1,       // development load
+  kActiveGob = 2,   // one active retreat section
+  kOneSideGob = 3,  // and one side gob
+  kTwoSideGobs = 4  // and two side gobs
+};
+using enum RunLoading;
+
+RunLoading RunLoadingOf(PanelLoading loading);
+
+constexpr int LastStage(RunLoading loading) {
+  return static_cast<int>(loading);
+}
+
+// How many side gobs take part, and their sides k.
+constexpr int SideGobCount(RunLoading loading) {
+  return std::max(0, LastStage(loading) - kFront);
+}
+constexpr auto SideGobs(RunLoading loading) {
+  return std::views::iota(kFirstSide, kFirstSide + SideGobCount(loading));
+}
 
 // The angle that an abutment angle of 90 degrees or more is calculated with, 89.9 degrees in radians.
 inline constexpr double kSteepestGobAngle = 1.5690509975429008;
@@ -42,7 +62,7 @@ inline constexpr double kSteepestGobAngle = 1.5690509975429008;
 // What the formulas read, derived from the project record. Lengths in ft or m, unit weight in pcf or kN/m3,
 // CoalStress in psf or kPa, angles in radians.
 struct WorkValues {
-  std::int16_t Units = kEnglish;
+  UnitSystem Units = kEnglish;
   double EntryHeight = 0;
   double DepthCover = 0;
   double EntryWidth = 0;
@@ -62,9 +82,9 @@ struct WorkValues {
   BySide<double> SlabDepth;  // 0 in the development case
   ByStage<double> LeaveRow;  // rows A to D; a row is left when the value is exactly 1
   BySide<double> LeaveRowWidth;
-  std::int16_t ArchAuto = 1;
+  int ArchAuto = 1;
   float ArchFactor = 1;
-  int LoadCond = 0;
+  RunLoading LoadCond = kUnknown;
 
   // What the retreat case takes.
   double ExtentActiveGob = 0;

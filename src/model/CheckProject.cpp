@@ -6,10 +6,6 @@ namespace korva {
 
 namespace {
 
-// From this LoadingCondition on the first, and from the next on the second side gob takes part.
-constexpr int kWithFirstGob = 2;
-constexpr int kWithSecondGob = 3;
-
 struct Check {
   bool failed;
   const char* message;
@@ -22,8 +18,8 @@ bool IsAngle(double degrees) {
 }  // namespace
 
 std::optional<std::string> CheckProject(const Project& p) {
-  const bool first = p.LoadingCondition >= kWithFirstGob;
-  const bool second = p.LoadingCondition >= kWithSecondGob;
+  const bool first = HasFirstSideGob(p);
+  const bool second = HasSecondSideGob(p);
 
   // The upper bounds of angles and slab cuts hold even when a gob plays no part, and the slab cut against a
   // left row is refused on both sides from the first side gob on.

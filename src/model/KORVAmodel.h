@@ -22,7 +22,7 @@ struct Prepared {
 
 // Fills the working values from `project` in the unit system `units` and checks the project. Run-time error 6
 // for values whose conversion overflows.
-Prepared PrepareCalculation(const Project& project, std::int16_t units);
+Prepared PrepareCalculation(const Project& project, UnitSystem units);
 
 // Evaluates the Development and the Retreat case, at every loading condition. Results that an earlier run
 // left are cleared. Run-time error 11 or 6, which names the quantity, for a division by zero or an overflow

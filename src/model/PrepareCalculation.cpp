@@ -12,24 +12,6 @@ double GobAngleRadians(double degrees) {
   return degrees < 90 ? degrees * kRadiansPerDegree : kSteepestGobAngle;
 }
 
-// 0 stands for a condition that the model does not know.
-int InternalLoadCondition(std::int16_t loadingCondition) {
-  switch (loadingCondition) {
-    case 0:
-      return kNoGob;
-    case 1:
-      return kActiveGob;
-    case 2:
-      return kOneSideGob;
-    case 3:
-      return kTwoSideGobs;
-    case 4:
-      return kOneSideGob;
-    default:
-      return 0;
-  }
-}
-
 void FillGobs(const Project& p, WorkValues& w) {
   w.ExtentActiveGob = p.ExtentActiveGob;
   w.GobExtent[kFront] = p.ExtentActiveGob;
@@ -56,7 +38,22 @@ void FillLeaveRows(const Project& p, WorkValues& w) {
 
 }  // namespace
 
-Prepared PrepareCalculation(const Project& p, std::int16_t units) {
+RunLoading RunLoadingOf(PanelLoading loading) {
+  switch (loading) {
+    case PanelLoading::kDevelopmentLoad:
+      return kNoGob;
+    case PanelLoading::kActiveSection:
+      return kActiveGob;
+    case PanelLoading::kWithFirstSideGob:
+    case PanelLoading::kWithFirstSideGobToo:
+      return kOneSideGob;
+    case PanelLoading::kWithBothSideGobs:
+      return kTwoSideGobs;
+  }
+  return kUnknown;
+}
+
+Prepared PrepareCalculation(const Project& p, UnitSystem units) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
   Prepared prepared;
   WorkValues& w = prepared.Run.Work;
@@ -85,7 +82,7 @@ Prepared PrepareCalculation(const Project& p, std::int16_t units) {
   w.ArchAuto = p.ArchAuto;
   w.ArchFactor = p.ArchFactor;
   prepared.Run.Out.Fpa = p.ArchFactor;
-  w.LoadCond = InternalLoadCondition(p.LoadingCondition);
+  w.LoadCond = RunLoadingOf(p.LoadingCondition);
 
   prepared.Refusal = CheckProject(p);
   return prepared;

@@ -17,11 +17,11 @@
 namespace korva {
 
 // What stands in the pillars, as PlotType holds it.
-inline constexpr std::int16_t kPlotDimensions = 1;
-inline constexpr std::int16_t kPlotStrength = 2;
-inline constexpr std::int16_t kPlotCapacity = 3;
-inline constexpr std::int16_t kPlotSideStress = 4;
-inline constexpr std::int16_t kPlotTotalStress = 5;
+inline constexpr int kPlotDimensions = 1;
+inline constexpr int kPlotStrength = 2;
+inline constexpr int kPlotCapacity = 3;
+inline constexpr int kPlotSideStress = 4;
+inline constexpr int kPlotTotalStress = 5;
 
 inline constexpr std::string_view kInvalidPillars = "Invalid Pillar Dimensions";
 
@@ -38,10 +38,10 @@ struct PlanTitleBlock {
 
 struct PlanRequest {
   Project ProjectCalc;
-  std::int16_t Units = kEnglish;
+  UnitSystem Units = kEnglish;
   PlanOptions Geometry;
   OptionSettings Options;  // which dimensions are drawn
-  std::int16_t PlotType = kPlotDimensions;
+  int PlotType = kPlotDimensions;
   std::optional<PlanValues> Values;  // of the last run
   bool Full = true;                  // false: outlines alone
   double TextShare = kPlanTextShare;
@@ -107,7 +107,7 @@ std::string PlanHintAt(const PlanRequest& request, const Plan& plan, DrawPoint p
 
 // What the last run says about the pillars, in output units. `run` is a finished traditional calculation, or
 // nothing; `laminated` the results of a laminated run, or nothing, and the strengths come from it then.
-PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, std::int16_t units,
+PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, UnitSystem units,
                         const OutputUnits& output);
 
 }  // namespace korva

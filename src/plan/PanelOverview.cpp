@@ -58,7 +58,7 @@ std::optional<Drawing> PanelOverview(const PlanRequest& request) {
   drawing.Low = box.Low;
   drawing.High = box.High;
   AddLegend(drawing, geometry.ZoneCutOff);
-  if (request.ProjectCalc.LoadingCondition >= 1) {
+  if (HasActiveGob(request.ProjectCalc)) {
     drawing.Note = "Retreat from top to bottom";
   }
   if (Has(drawing, DrawLayer::kGob)) {

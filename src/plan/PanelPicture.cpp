@@ -1,5 +1,7 @@
 #include "plan/PanelPicture.h"
 
+#include <utility>
+
 #include "core/RuntimeError.h"
 
 namespace korva {
@@ -13,21 +15,22 @@ constexpr int kBlock = 4;  // pictures for rows A and B within one choice of row
 
 }  // namespace
 
-int PanelPictureIndex(std::int16_t condition, std::int16_t rowA, std::int16_t rowB, std::int16_t rowC,
-                      std::int16_t rowD) {
+int PanelPictureIndex(PanelLoading condition, int rowA, int rowB, int rowC, int rowD) {
   const int panelRows = (rowA != 0 ? 1 : 0) + (rowB != 0 ? 2 : 0);
   const int c = rowC != 0 ? 1 : 0;
   const int d = rowD != 0 ? 1 : 0;
   switch (condition) {
-    case 1:
+    case PanelLoading::kActiveSection:
       return kActiveGobBlock + panelRows;
-    case 2:
+    case PanelLoading::kWithFirstSideGob:
       return kOneSideGobBlock + kBlock * c + panelRows;
-    case 3:
+    case PanelLoading::kWithBothSideGobs:
       return kTwoSideGobsBlock + kBlock * (c + 2 * d) + panelRows;
-    default:
-      return 0;
+    case PanelLoading::kDevelopmentLoad:
+    case PanelLoading::kWithFirstSideGobToo:
+      break;
   }
+  return 0;
 }
 
 PanelPicture PanelPictureOf(int index) {
@@ -37,8 +40,10 @@ PanelPicture PanelPictureOf(int index) {
   if (index == 0) {
     return {};
   }
-  const int condition = index >= kTwoSideGobsBlock ? 3 : index >= kOneSideGobBlock ? 2 : 1;
-  const int first = condition == 3 ? kTwoSideGobsBlock : condition == 2 ? kOneSideGobBlock : kActiveGobBlock;
+  const auto [condition, first] =
+      index >= kTwoSideGobsBlock  ? std::pair(PanelLoading::kWithBothSideGobs, kTwoSideGobsBlock)
+      : index >= kOneSideGobBlock ? std::pair(PanelLoading::kWithFirstSideGob, kOneSideGobBlock)
+                                  : std::pair(PanelLoading::kActiveSection, kActiveGobBlock);
   const int panelRows = (index - first) % kBlock;
   const int sideRows = (index - first) / kBlock;
   return {condition, panelRows % 2 == 1, panelRows >= 2, sideRows % 2 == 1, sideRows >= 2};

@@ -1,7 +1,7 @@
 // Which schematic picture belongs to a loading condition and the rows left.
 #pragma once
 
-#include <cstdint>
+#include "core/PanelLoading.h"
 
 namespace korva {
 
@@ -9,12 +9,11 @@ inline constexpr int kPanelPictures = 29;
 
 // The index, 0 to 28, of the picture for a loading condition and the rows left (0 or not). A condition that
 // does not exist has picture 0.
-int PanelPictureIndex(std::int16_t condition, std::int16_t rowA, std::int16_t rowB, std::int16_t rowC,
-                      std::int16_t rowD);
+int PanelPictureIndex(PanelLoading condition, int rowA, int rowB, int rowC, int rowD);
 
 // What a picture shows.
 struct PanelPicture {
-  int Condition = 0;  // 0 development, 1 active gob, 2 and 3 also one and two side gobs
+  PanelLoading Condition = PanelLoading::kDevelopmentLoad;
   bool RowA = false;  // pillars left in the active gob, along its first side
   bool RowB = false;  // and along its second side
   bool RowC = false;  // bleeder pillars in the first side gob, along its barrier

@@ -54,7 +54,7 @@ class SideBuilder {
 };
 
 bool IsLeft(const PanelPicture& picture, int column, int row) {
-  if (picture.Condition == 0 || row < kRows - kMinedRows) {
+  if (!HasActiveGob(picture.Condition) || row < kRows - kMinedRows) {
     return true;
   }
   return (column == 0 && picture.RowA) || (column == kColumns - 1 && picture.RowB);
@@ -66,7 +66,7 @@ void AddPillars(Drawing& drawing, const PanelPicture& picture) {
       if (!IsLeft(picture, column, row)) {
         continue;
       }
-      const bool leaveRow = picture.Condition > 0 && row >= kRows - kMinedRows;
+      const bool leaveRow = HasActiveGob(picture.Condition) && row >= kRows - kMinedRows;
       const double left = column * kColumn;
       const double bottom = row * kRow;
       drawing.Polygons.push_back(Rectangle(leaveRow ? DrawLayer::kLeaveRow : DrawLayer::kPillar, left, bottom,
@@ -133,13 +133,13 @@ bool HasRows(const PanelPicture& f) {
 
 void AddLegend(Drawing& drawing, const PanelPicture& picture) {
   drawing.Legend.push_back({DrawLayer::kPillar, "Pillar"});
-  if (picture.Condition == 0) {
+  if (!HasActiveGob(picture.Condition)) {
     return;
   }
   if (HasRows(picture)) {
     drawing.Legend.push_back({DrawLayer::kLeaveRow, "Row left"});
   }
-  if (picture.Condition >= 2) {
+  if (HasFirstSideGob(picture.Condition)) {
     drawing.Legend.push_back({DrawLayer::kBarrier, "Barrier pillar"});
   }
   drawing.Legend.push_back({DrawLayer::kGob, "Gob"});
@@ -153,17 +153,17 @@ Drawing PanelSchematic(const PanelPicture& picture) {
   Drawing drawing;
   drawing.Low = {-kSide, 0};
   drawing.High = {kPanelWidth + kSide, kHeight};
-  if (picture.Condition > 0) {
+  if (HasActiveGob(picture.Condition)) {
     AddActiveGob(drawing, picture);
   }
   AddPillars(drawing, picture);
-  if (picture.Condition >= 2) {
+  if (HasFirstSideGob(picture.Condition)) {
     AddSide(SideBuilder(drawing, false), picture.RowA, picture.RowC, "C", "First side gob");
   }
-  if (picture.Condition >= 3) {
+  if (HasSecondSideGob(picture.Condition)) {
     AddSide(SideBuilder(drawing, true), picture.RowB, picture.RowD, "D", "Second side gob");
   }
-  if (picture.Condition > 0) {
+  if (HasActiveGob(picture.Condition)) {
     AddActiveMiningZone(drawing);
   }
   AddLegend(drawing, picture);

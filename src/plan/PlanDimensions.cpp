@@ -25,7 +25,7 @@ class Dimensions {
   std::string Small(double length) const { return r_.Units == kMetric ? Exact(length) : Whole(length); }
 
   void AddEntryDimensions() {
-    if (r_.Options.PlotEntryDims != 1) {
+    if (!r_.Options.PlotEntryDims) {
       return;
     }
     for (int i = 1; i <= Lines(); ++i) {
@@ -38,15 +38,15 @@ class Dimensions {
   }
 
   double LeftEdge() const {
-    return g_.GobDrawn[kFirstGob] == 1 ? At(g_.Gobs[kFirstGob][0]).X : At(g_.Pillars[1][1][0]).X;
+    return g_.GobDrawn[kFirstGob] ? At(g_.Gobs[kFirstGob][0]).X : At(g_.Pillars[1][1][0]).X;
   }
 
   // Each line has a strip of one entry width.
   void AddCrosscutDimensions() {
-    if (r_.Options.PlotXcutDims != 1) {
+    if (!r_.Options.PlotXcutDims) {
       return;
     }
-    const bool once = r_.Options.PlotSingleXcutDims == 1;
+    const bool once = r_.Options.PlotSingleXcutDims;
     const double crosscut = W() / CrosscutSine(p_);
     const double edge = LeftEdge();
     for (int i = 1; i <= (once ? 1 : Lines()); ++i) {
@@ -65,10 +65,10 @@ class Dimensions {
   }
 
   void AddGobDimensions() {
-    if (r_.Options.PlotGobDims == 1) {
+    if (r_.Options.PlotGobDims) {
       const double y = GobDimensionHeight(p_);
       const auto across = [&](PlanGobIndex gob, double width) {
-        if (g_.GobDrawn[gob] == 1 && width > 0) {
+        if (g_.GobDrawn[gob] && width > 0) {
           const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
           pen_.Across(left, right, y, Whole(width), true);
         }
@@ -88,7 +88,7 @@ class Dimensions {
   // One entry width above the step.
   void AddSlabCut(PlanGobIndex barrier, double width) {
     const std::vector<PlanPoint>& outline = g_.Gobs[barrier];
-    if (g_.GobDrawn[barrier] != 1 || !(width > 0)) {
+    if (!g_.GobDrawn[barrier] || !(width > 0)) {
       return;
     }
     const double edge = At(outline[1]).X;

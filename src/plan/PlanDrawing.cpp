@@ -66,7 +66,7 @@ Points AllMoved(Points points, DrawPoint by) {
 void AddMoved(Plan& plan, const PlanGeometry& geometry, int lines, DrawPoint by) {
   for (int i = 1; i <= lines; ++i) {
     for (int j = 1; j <= kLastRow; ++j) {
-      if (geometry.PillarDrawn[i][j] == 1) {
+      if (geometry.PillarDrawn[i][j]) {
         plan.Pillars.push_back({i, j, AllMoved(geometry.Pillars[i][j], by)});
       }
     }
@@ -75,7 +75,7 @@ void AddMoved(Plan& plan, const PlanGeometry& geometry, int lines, DrawPoint by)
     plan.Bleeders.push_back({bleeder.Side, bleeder.Row, AllMoved(bleeder.Corners, by)});
   }
   for (const PlanGobIndex gob : {kFirstGob, kFirstBarrier, kSecondBarrier, kSecondGob}) {
-    if (geometry.GobDrawn[gob] == 1) {
+    if (geometry.GobDrawn[gob]) {
       plan.Gobs.push_back(
           {kGobNames[static_cast<std::size_t>(gob - kFirstGob)], AllMoved(geometry.Gobs[gob], by)});
     }

@@ -128,7 +128,7 @@ double PlanFrame::Length(const Entry& entry) {
 // Rows A and B are left beside the active gob, rows C and D as bleeder pillars in the side gobs.
 std::string PlanFrame::LeaveRowName() const {
   const Project& p = r_.ProjectCalc;
-  const bool bleeders = (p.LoadingCondition >= 2 && p.RowC == 1) || (p.LoadingCondition >= 3 && p.RowD == 1);
+  const bool bleeders = (HasFirstSideGob(p) && p.RowC == 1) || (HasSecondSideGob(p) && p.RowD == 1);
   const bool leaves = p.RowA == 1 || p.RowB == 1;
   return bleeders && leaves ? "Leave and bleeder pillar" : bleeders ? "Bleeder pillar" : "Leave pillar";
 }
@@ -214,7 +214,7 @@ void PlanFrame::AddScale(Drawing& drawing, double y) const {
     drawing.Lines.push_back({{x, y - end / 2}, {x, y + end / 2}});
   }
   AddText(drawing, {right + kGap * height_, y}, text);
-  if (r_.ProjectCalc.LoadingCondition >= 1) {
+  if (HasActiveGob(r_.ProjectCalc)) {
     AddText(drawing, {margin_, y}, "Retreat from top to bottom");
   }
 }

@@ -38,20 +38,20 @@ class Layout {
     for (int i = 1; i <= Lines(); ++i) {
       for (int j = 1; j <= kLastRow; ++j) {
         g_.Pillars[i][j] = Corners(i, j);
-        g_.PillarDrawn[i][j] = IsDrawn(i, j) ? 1 : 0;
+        g_.PillarDrawn[i][j] = IsDrawn(i, j);
       }
       g_.RowTop = std::max({g_.RowTop, g_.Pillars[i][kLastRow][2].Y, g_.Pillars[i][kLastRow][3].Y});
     }
     g_.GobTop = static_cast<float>(static_cast<double>(g_.RowTop) + kRowsBeyond * p_.XcutSpacing);
     firstInner_ = {{0, g_.GobTop}};
     secondInner_ = {{static_cast<float>(CentersTo(Lines()) + W()), g_.GobTop}};
-    if (p_.LoadingCondition >= 2) {
+    if (HasFirstSideGob(p_)) {
       AddFirstSide();
     }
-    if (p_.LoadingCondition >= 3) {
+    if (HasSecondSideGob(p_)) {
       AddSecondSide();
     }
-    if (p_.LoadingCondition >= 1) {
+    if (HasActiveGob(p_)) {
       if (p_.BreadthAMZ > 0) {
         AddActiveMiningZone();
       }
@@ -179,7 +179,7 @@ class Layout {
     firstInner_ = InnerSide(gobSide, panelSide, p_.SlabcutFirstGob, g_.Pillars[1][kRetreatRow][3]);
     g_.Gobs[kFirstBarrier] = Barrier(gobSide, panelSide, firstInner_);
     g_.Gobs[kFirstGob] = Gob(edge - GobWidth(p_.BarrierFirstGob, p_.ExtentFirstGob), edge);
-    g_.GobDrawn[kFirstBarrier] = g_.GobDrawn[kFirstGob] = 1;
+    g_.GobDrawn[kFirstBarrier] = g_.GobDrawn[kFirstGob] = true;
   }
 
   void AddSecondSide() {
@@ -194,7 +194,7 @@ class Layout {
     secondInner_ = InnerSide(gobSide, panelSide, p_.SlabcutSecondGob, g_.Pillars[Lines()][kRetreatRow][2]);
     g_.Gobs[kSecondBarrier] = Barrier(gobSide, panelSide, secondInner_);
     g_.Gobs[kSecondGob] = Gob(edge, edge + GobWidth(p_.BarrierSecondGob, p_.ExtentSecondGob));
-    g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = 1;
+    g_.GobDrawn[kSecondBarrier] = g_.GobDrawn[kSecondGob] = true;
   }
 
   // The edge of the active gob behind the crosscut of row 4, from pillar to pillar.

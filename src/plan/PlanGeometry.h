@@ -41,10 +41,10 @@ struct PlanBleeder {
 
 struct PlanGeometry {
   IndexedArray<float, 1, kPlanLines> RowStart;
-  ByPlanPillar<std::int16_t> PillarDrawn;
+  ByPlanPillar<bool> PillarDrawn;
   ByPlanPillar<PlanCorners> Pillars;
   std::vector<PlanBleeder> Bleeders;
-  IndexedArray<std::int16_t, kFirstGob, kSecondGob> GobDrawn;
+  IndexedArray<bool, kFirstGob, kSecondGob> GobDrawn;
   // Gobs from the near left corner on, barriers from the near corner at their gob; a slab cut adds the two
   // corners of its step.
   IndexedArray<std::vector<PlanPoint>, kFirstGob, kSecondGob> Gobs;

@@ -28,7 +28,7 @@ class GobTexts {
   double W() const { return p_.EntryWidth; }
 
   void AddSideGob(PlanGobIndex gob, double extent) {
-    if (g_.GobDrawn[gob] != 1) {
+    if (!g_.GobDrawn[gob]) {
       return;
     }
     const DrawBox room = {At(g_.Gobs[gob][0]), At(g_.Gobs[gob][2])};
@@ -39,7 +39,7 @@ class GobTexts {
     std::vector<DrawBox> rooms = {room};
     if (r_.Geometry.SchematicGobs) {
       name += ", " + LengthText(extent, r_.Units) + ", not to scale";
-    } else if (r_.Options.PlotGobDims == 1) {  // above the dimension's text, or in front of it
+    } else if (r_.Options.PlotGobDims) {  // above the dimension's text, or in front of it
       const double line = GobDimensionHeight(p_);
       const double half = (TextLength(Whole(extent)) / 2 + 1) * pen_.Height();
       rooms = {{{room.Low.X, line + 2 * kBesideLine * pen_.Height()}, room.High},

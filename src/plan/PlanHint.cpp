@@ -28,7 +28,7 @@ bool IsInside(const Points& outline, DrawPoint point) {
   return inside;
 }
 
-std::string SizeText(double width, double length, std::int16_t units) {
+std::string SizeText(double width, double length, UnitSystem units) {
   return fmt::format("{} x {}", Exact(width), LengthText(length, units));
 }
 

@@ -16,10 +16,10 @@ namespace {
 void AddRowLengths(const PlanRequest& request, std::vector<double>& lengths) {
   const Project& p = request.ProjectCalc;
   const bool sizes = request.PlotType == kPlotDimensions;
-  const bool widths = sizes || (request.Options.PlotGobDims == 1 && request.Units != kMetric);
+  const bool widths = sizes || (request.Options.PlotGobDims && request.Units != kMetric);
   for (const int side : {kFirstSideLine, kSecondSideLine}) {
     const bool first = side == kFirstSideLine;
-    if (p.LoadingCondition >= (first ? 2 : 3) && (first ? p.RowC : p.RowD) == 1) {
+    if (first ? HasFirstSideGob(p) && p.RowC == 1 : HasSecondSideGob(p) && p.RowD == 1) {
       lengths.insert(lengths.end(),
                      {widths ? BleederWidth(p, side) : 0, sizes ? p.XcutSpacing - p.EntryWidth : 0});
     }
@@ -32,7 +32,7 @@ std::vector<double> WholeLengths(const PlanRequest& request) {
   const OptionSettings& options = request.Options;
   std::vector<double> lengths;
   for (int i = 1; i < p.NumberEntries; ++i) {
-    if (options.PlotEntryDims == 1) {
+    if (options.PlotEntryDims) {
       lengths.push_back(p.XcutCenters[i]);
     }
     if (request.PlotType == kPlotDimensions) {
@@ -40,21 +40,21 @@ std::vector<double> WholeLengths(const PlanRequest& request) {
       lengths.insert(lengths.end(), {size.Width, size.Length});
     }
   }
-  if (options.PlotXcutDims == 1) {
+  if (options.PlotXcutDims) {
     lengths.push_back(p.XcutSpacing);
   }
   const bool toScale = !request.Geometry.SchematicGobs;
   const bool cuts = request.Units != kMetric;  // are whole, too
-  if (options.PlotGobDims == 1 && p.LoadingCondition >= 2) {
+  if (options.PlotGobDims && HasFirstSideGob(p)) {
     lengths.insert(lengths.end(),
                    {p.BarrierFirstGob, toScale ? p.ExtentFirstGob : 0, cuts ? p.SlabcutFirstGob : 0});
   }
-  if (options.PlotGobDims == 1 && p.LoadingCondition >= 3) {
+  if (options.PlotGobDims && HasSecondSideGob(p)) {
     lengths.insert(lengths.end(),
                    {p.BarrierSecondGob, toScale ? p.ExtentSecondGob : 0, cuts ? p.SlabcutSecondGob : 0});
   }
   AddRowLengths(request, lengths);
-  if (p.LoadingCondition >= 1) {
+  if (HasActiveGob(p)) {
     lengths.push_back(p.ExtentActiveGob);
   }
   return lengths;

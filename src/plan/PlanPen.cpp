@@ -66,7 +66,7 @@ std::string Exact(double value) {
   return Format(value, "#.##");
 }
 
-std::string LengthText(double length, std::int16_t units) {
+std::string LengthText(double length, UnitSystem units) {
   return fmt::format("{} {}", Exact(length), BareUnit(UnitLabel(UnitKind::kLength, units)));
 }
 

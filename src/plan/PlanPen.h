@@ -25,7 +25,7 @@ DrawPoint At(const PlanPoint& point);
 std::string Whole(double value);
 
 // A length with at most two decimals and its unit: "18.3 m".
-std::string LengthText(double length, std::int16_t units);
+std::string LengthText(double length, UnitSystem units);
 std::string Exact(double value);
 
 class PlanPen {

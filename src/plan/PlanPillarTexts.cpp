@@ -42,9 +42,7 @@ class PillarTexts {
   int Lines() const { return p_.NumberEntries - 1; }
 
   // Values stand in the last row in front of the active gob, and in the last one of a line that is left.
-  bool ShowsValue(int i, int j) const {
-    return j == kRetreatRow || (j == kLastRow && g_.PillarDrawn[i][j] == 1);
-  }
+  bool ShowsValue(int i, int j) const { return j == kRetreatRow || (j == kLastRow && g_.PillarDrawn[i][j]); }
 
   void AddValue(const PlanCorners& corners, const std::string& text) {
     if (!text.empty()) {
@@ -104,7 +102,7 @@ class PillarTexts {
       const double tributary = r_.PlotType == kPlotTotalStress ? values_.TribStress : 0;
       const std::string text = Whole(values_.SideStress[i] + tributary);
       for (int j = 1; j <= kLastRow && values_.HasSideStress[i]; ++j) {
-        if (g_.PillarDrawn[i][j] == 1) {
+        if (g_.PillarDrawn[i][j]) {
           AddStress(g_.Pillars[i][j], text, i < middle);
         }
       }

@@ -19,7 +19,7 @@ void AddSideStress(PlanValues& values, int line, double stress) {
 void FillSideStress(const OutputResults& output, PlanValues& values) {
   constexpr int kSharedLines = 3;
   const int lines = output.Work.NumRows;
-  const int sides = std::max(0, output.Work.LoadCond - kActiveGob);
+  const int sides = SideGobCount(output.Work.LoadCond);
   for (int i = 1; i <= lines; ++i) {
     if (sides == 0) {
       AddSideStress(values, i, 0);
@@ -48,9 +48,9 @@ void FillTraditional(const OutputResults& output, PlanValues& values) {
 }
 
 // The solver gives psi and Pa.
-void FillLaminated(const StrondResults& results, std::int16_t units, const OutputUnits& output,
+void FillLaminated(const StrondResults& results, UnitSystem units, const OutputUnits& output,
                    PlanValues& values) {
-  const bool psf = units != kMetric && output.OutputStrUnits != 0;
+  const bool psf = units != kMetric && output.OutputStrUnits != StressUnit::kPsi;
   for (int i = 1; i <= kMaxRows; ++i) {
     const auto strength = static_cast<double>(results.StrondPillarStrength[i - 1]);
     values.Strength[i] = units == kMetric ? strength / kPaPerKPa
@@ -63,7 +63,7 @@ void FillLaminated(const StrondResults& results, std::int16_t units, const Outpu
 
 }  // namespace
 
-PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, std::int16_t units,
+PlanValues PlanValuesOf(const Calculation* run, const StrondResults* laminated, UnitSystem units,
                         const OutputUnits& output) {
   PlanValues values;
   Calculation none;

@@ -23,8 +23,8 @@ class EchoPage {
   void Head(const std::string& fileName, const OptionSettings& options) {
     page_.Line("KORVA-STROND module build: ", ProgramVersionText(true));
     page_.Text(WrapText("Project File: " + fileName, kPageWidth));
-    std::string_view stress = options.OutputStrUnits == 0 ? " (psi)" : " (psf)";
-    std::string_view load = options.OutputStrGradUnits == 0 ? " (lbs)" : " (tons)";
+    std::string_view stress = options.OutputStrUnits == StressUnit::kPsi ? " (psi)" : " (psf)";
+    std::string_view load = options.OutputStrGradUnits == LoadUnit::kPounds ? " (lbs)" : " (tons)";
     if (units_ == kMetric) {
       stress = UnitLabel(UnitKind::kMetricStress, units_);
       load = UnitLabel(UnitKind::kMetricLoad, units_);
@@ -92,7 +92,7 @@ class EchoPage {
   void Row(std::string_view label, double value, std::string_view unit) {
     TextRow(label, GeneralText(value), unit);
   }
-  void FlagRow(std::string_view label, std::int16_t flag) { TextRow(label, NoYes[flag == 1 ? 1 : 0]); }
+  void FlagRow(std::string_view label, int flag) { TextRow(label, NoYes[flag == 1 ? 1 : 0]); }
 
   void ActiveGob() {
     page_.Line("[Active Gob]");
@@ -129,7 +129,7 @@ class EchoPage {
 
   const StoredProject& stored_;
   const Project& p_;
-  std::int16_t units_;
+  UnitSystem units_;
   std::string_view length_ = UnitLabel(UnitKind::kLength, units_);
   PageText page_;
 };
@@ -139,7 +139,7 @@ class EchoPage {
 std::string InputEcho(const StoredProject& project, const Project& calc, const std::string& fileName,
                       const OptionSettings& options) {
   EchoPage page(project, calc);
-  if (options.PrintModuleHeader == 1) {
+  if (options.PrintModuleHeader) {
     page.Head(fileName, options);
   }
   page.Texts();

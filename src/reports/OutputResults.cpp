@@ -48,12 +48,12 @@ OutputResults ConvertResultUnits(const Calculation& calculation, const OutputUni
     return output;
   }
   output.LoadLabel = " (lbs)";
-  if (units.OutputStrGradUnits == 1) {
+  if (units.OutputStrGradUnits == LoadUnit::kTons) {
     output.LoadLabel = " (tons)";
     LoadsToTons(output.Out);
   }
   output.StressLabel = " (psf)";
-  if (units.OutputStrUnits == 0) {
+  if (units.OutputStrUnits == StressUnit::kPsi) {
     output.StressLabel = " (psi)";
     StressesToPsi(output.Out);
   }

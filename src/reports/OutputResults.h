@@ -1,17 +1,17 @@
 // The results of a run in output units.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
+#include "core/Settings.h"
 #include "model/Calculation.h"
 
 namespace korva {
 
 // The choice of units for the output of an English project.
 struct OutputUnits {
-  std::int16_t OutputStrUnits = 0;      // stresses: 0 psi, else psf
-  std::int16_t OutputStrGradUnits = 1;  // loads: 1 tons, else lbs
+  StressUnit OutputStrUnits = StressUnit::kPsi;
+  LoadUnit OutputStrGradUnits = LoadUnit::kTons;
 };
 
 // A calculation whose loads and stresses carry these labels.

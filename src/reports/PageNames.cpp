@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "core/Project.h"
-
 namespace korva {
 
 namespace {
@@ -17,12 +15,12 @@ constexpr int kLastLaminatedPage = 4;
 
 }  // namespace
 
-std::string_view PageName(std::int16_t model, int page) {
+std::string_view PageName(OverburdenModel model, int page) {
   return (model == kTraditionalModel ? kTraditionalPages : kLaminatedPages)
       .at(static_cast<std::size_t>(page));
 }
 
-std::string_view EmptyPageReason(std::int16_t model, int sideGobs, int page) {
+std::string_view EmptyPageReason(OverburdenModel model, int sideGobs, int page) {
   const bool laminated = model != kTraditionalModel;
   if (laminated && page > kLastLaminatedPage) {
     return "This page is empty: the laminated model fills pages 1 to 4 only.";

@@ -48,7 +48,7 @@ class AMZPage {
     Row("Tributary Area Load on AMZ", r_.DevLoad, "#.00E+00", output_.LoadLabel);
     static constexpr std::array<std::string_view, 3> kLabels = {
         "Front Abutment Load", "First Side Abutment Load", "Second Side Abutment Load"};
-    for (int j = kFront; j <= w_.LoadCond; ++j) {
+    for (int j = kFront; j <= LastStage(w_.LoadCond); ++j) {
       Row(kLabels[static_cast<std::size_t>(j - kFront)], r_.AbutLoad[j], "##0", output_.LoadLabel, "/",
           bareLength_);
     }
@@ -61,7 +61,7 @@ class AMZPage {
     }
     static constexpr std::array<std::string_view, 2> kLabels = {"R-FACTOR For First Side Abutment",
                                                                 "R-FACTOR For Second Side Abutment"};
-    for (int k = kFirstSide; k <= w_.LoadCond; ++k) {
+    for (const int k : SideGobs(w_.LoadCond)) {
       Row(kLabels[static_cast<std::size_t>(k - kFirstSide)], r_.RSide[k], "##0.000");
     }
     page_.Line();
@@ -77,7 +77,7 @@ class AMZPage {
     if (c == kRetreat) {
       load("Front abutment load*", fpa * r_.AMZLoad[c][kFront]);
     }
-    for (int k = kFirstSide; k <= w_.LoadCond; ++k) {
+    for (const int k : SideGobs(w_.LoadCond)) {
       const std::string side = k == kFirstSide ? "1st Side " : "2nd Side ";
       load(side + "Abutment load*", fpa * r_.AMZLoad[c][k]);
       if (c == kRetreat) {
@@ -85,7 +85,7 @@ class AMZPage {
       }
       load(side + "Barrier LTRANSBAR", r_.LTRANSBAR[c][k]);
     }
-    load("TOTAL " + std::string(name), r_.AMZTotalLoad[c][w_.LoadCond]);
+    load("TOTAL " + std::string(name), r_.AMZTotalLoad[c][LastStage(w_.LoadCond)]);
     page_.Line("*Adjusted by Pressure Arch Factor").Line();
   }
 

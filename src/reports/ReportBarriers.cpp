@@ -35,7 +35,7 @@ std::string_view BleederMark(const Project& project, int k) {
 }
 
 void BleederFootnotes(PageText& page, const WorkValues& w, const Project& project) {
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     if (HasBleeder(project, k)) {
       page.Line(BleederNotes[SideIndex(k)]);
     }
@@ -52,7 +52,7 @@ void BarrierTable(PageText& page, const OutputResults& output, const Project& pr
   page.Line("BARRIER       WIDTH       STRENGTH      LOAD-BEARING");
   page.Line(" PILLAR", PadLeft(length, 12), PadLeft(output.StressLabel, 15),
             PadLeft(fmt::format("CAPACITY{}", output.LoadLabel), 18));
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     page.Line(SideName(k), PadLeft(Format(w.BarrierWidth[k], "0.00"), 12),
               PadLeft(Format(output.Out.BarrierStrength[k], "##0.00"), 15),
               LoadCell(output.Out.BarrierCapacity[k], 18), BleederMark(project, k));
@@ -104,7 +104,7 @@ void RemnantTables(PageText& page, const OutputResults& output, const Project& p
   page.Line("REMNANT       WIDTH      LENGTH        LOAD BEARING");
   page.Line(" PILLAR", PadLeft(length, 12), PadLeft(length, 12),
             PadLeft(fmt::format("CAPACITY{}", output.LoadLabel), 20));
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     page.Line(SideName(k), PadLeft(Format(r.RemnantWidth[k], "###0.0"), 12),
               PadLeft(Format(r.RemnantLength, "#0.00"), 12), LoadCell(r.RemnantCapacity[k], 20),
               BleederMark(project, k));
@@ -115,7 +115,7 @@ void RemnantTables(PageText& page, const OutputResults& output, const Project& p
   page.Line("REMNANT    TOTAL LOAD     STABILITY       LFBAR   LTRANSREM");
   page.Line(" PILLAR", PadLeft(output.LoadLabel, 14), PadLeft("FACTOR", 14), PadLeft(output.LoadLabel, 12),
             PadLeft(output.LoadLabel, 12));
-  for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+  for (const int k : SideGobs(w.LoadCond)) {
     page.Line(SideName(k), LoadCell(r.RemnantLoad[kRetreat][k], 14),
               PadLeft(Format(r.RemnantSF[k], "#0.00"), 14), LoadCell(r.LFBAR[kRetreat][k], 12),
               LoadCell(r.LTRANSREM[kRetreat][k], 12));
@@ -131,7 +131,7 @@ void LeaveRowTable(PageText& page, const OutputResults& output) {
   page.Line("    ROW                  CAPACITY        AREA        LOAD");
   page.Line(std::string(7, ' '), PadLeft(output.StressLabel, 10), PadLeft(output.LoadLabel, 16),
             PadLeft(output.LoadLabel, 12), PadLeft(output.LoadLabel, 12));
-  for (int j = kFirstSide; j <= w.LoadCond; ++j) {
+  for (const int j : SideGobs(w.LoadCond)) {
     if (w.LeaveRow[j] == 1) {
       page.Line(std::string(6, ' '), RowLetters[SideIndex(j)],
                 PadLeft(Format(r.RowStrength[j], "###0.0"), 10), LoadCell(r.RowCapacity[j], 16),

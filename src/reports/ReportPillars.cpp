@@ -38,7 +38,7 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
   page.Line();
   page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, "#.00E+00"),
             output.LoadLabel);
-  if (options.PrintPlotReminder == 1) {
+  if (options.PrintPlotReminder) {
     page.Line();
     page.Line("To view the distribution of Pillar Load Bearing Capacity");
     page.Line("select 'View Plots->Settings->Pillar Load Bearing Capacity'");

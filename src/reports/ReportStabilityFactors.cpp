@@ -19,7 +19,7 @@ std::string FactorRow(std::string_view label, const std::string& factor) {
 
 std::string ReportStabilityFactors(const Calculation& calculation, const Project& project,
                                    const RuleOutcome& outcome, const std::string& warnings) {
-  const int loadCond = calculation.Work.LoadCond;
+  const RunLoading loadCond = calculation.Work.LoadCond;
   const int lastCase = LastCaseShown(project, calculation.Work);
   const bool sideGobs = loadCond >= kOneSideGob;
 
@@ -28,14 +28,14 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
     const auto stage = static_cast<std::size_t>(c - kDevelopment);
     page.Line(FactorRow(ModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
     if (sideGobs) {
-      page.Line(SideGobNotes[2 * stage + static_cast<std::size_t>(loadCond - kOneSideGob)]);
+      page.Line(SideGobNotes[2 * stage + (loadCond == kTwoSideGobs ? 1 : 0)]);
     }
   }
   if (sideGobs) {
     page.Line().Line("[BARRIER PILLAR STABILITY FACTORS]").Line();
     for (int c = kDevelopment; c <= lastCase; ++c) {
       page.Line("[", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
-      for (int k = kFirstSide; k <= loadCond; ++k) {
+      for (const int k : SideGobs(loadCond)) {
         page.Line(FactorRow(BarrierTitles[static_cast<std::size_t>(k - kFirstSide)],
                             Format(calculation.Out.BarrierSF[c][k], "##0.00")));
       }

@@ -20,7 +20,7 @@ constexpr float kSoundBarrierSF = 2.0F;
 constexpr float kSlenderSF = 2.0F;
 constexpr float kSlenderRatio = 4.0F;
 
-RuleFacts CollectFacts(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF) {
+RuleFacts CollectFacts(const Project& project, const Calculation& calculation, FactorRounding roundKORVASF) {
   const WorkValues& w = calculation.Work;
   const Results& r = calculation.Out;
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
@@ -38,7 +38,7 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, s
     facts.SF[c] = RoundSF(r.SFKorva[c], roundKORVASF);
   }
   for (int c = kDevelopment; c <= LastCaseShown(project, w); ++c) {
-    for (int k = kFirstSide; k <= w.LoadCond; ++k) {
+    for (const int k : SideGobs(w.LoadCond)) {
       facts.MinBarrierSF = std::min(facts.MinBarrierSF, static_cast<float>(r.BarrierSF[c][k]));
     }
   }
@@ -48,7 +48,7 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, s
 
 class RuleSet {
  public:
-  RuleSet(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF)
+  RuleSet(const Project& project, const Calculation& calculation, FactorRounding roundKORVASF)
       : project_(project), calculation_(calculation), work_(calculation.Work) {
     outcome_.Facts = CollectFacts(project, calculation, roundKORVASF);
     critSF_ = RoundSF(static_cast<double>(outcome_.Facts.CritSF), roundKORVASF);
@@ -68,14 +68,15 @@ class RuleSet {
 
  private:
   bool Metric() const { return work_.Units == kMetric; }
-  bool SideGobs() const { return work_.LoadCond >= kOneSideGob; }
-  void SetIf(int flag, bool condition) { outcome_.RuleFlags[flag] = outcome_.RuleFlags[flag] || condition; }
+  bool HasSideGobs() const { return work_.LoadCond >= kOneSideGob; }
+  void SetIf(Rule rule, bool condition) { outcome_.Flag(rule) = outcome_.Holds(rule) || condition; }
 
   // A printed barrier factor below 1.5, judged by its 64-bit value.
   void BarrierRule() {
     for (int c = kDevelopment; c <= LastCaseShown(project_, work_); ++c) {
-      for (int k = kFirstSide; k <= work_.LoadCond; ++k) {
-        SetIf(8, outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < 1.5);
+      for (const int k : SideGobs(work_.LoadCond)) {
+        SetIf(Rule::kLowShownBarrierFactor,
+              outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < 1.5);
       }
     }
   }
@@ -85,35 +86,35 @@ class RuleSet {
       return;
     }
     const RuleFacts& f = outcome_.Facts;
-    const bool narrow = f.PanelWidth <= kWidePanel && (!SideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
+    const bool narrow = f.PanelWidth <= kWidePanel && (!HasSideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
     const bool moderate = f.Depth > kModerateDepth && f.Depth <= kDeepCover;
-    SetIf(0, f.Depth <= kModerateDepth);
-    SetIf(1, moderate && !(narrow && sf >= critSF_));
-    SetIf(2, f.Depth > kDeepCover && !(narrow && sf >= kDeepNarrowSF));
+    SetIf(Rule::kLowFactor, f.Depth <= kModerateDepth);
+    SetIf(Rule::kModerateDepth, moderate && !(narrow && sf >= critSF_));
+    SetIf(Rule::kDeepCover, f.Depth > kDeepCover && !(narrow && sf >= kDeepNarrowSF));
   }
 
   void DepthRules(float sf) {
     const RuleFacts& f = outcome_.Facts;
     const bool activeGob = project_.ExtentActiveGob > 0;
-    SetIf(3, f.Depth > kModerateDepth && SideGobs() && f.MinBarrierSF < kSoundSF);
-    SetIf(5, sf < kSlenderSF && f.MeanRatio < kSlenderRatio);
-    SetIf(6, activeGob && f.Depth > kExtremeDepth);
-    SetIf(7, activeGob && f.Depth > kDeepCover);
+    SetIf(Rule::kLowBarrierFactor, f.Depth > kModerateDepth && HasSideGobs() && f.MinBarrierSF < kSoundSF);
+    SetIf(Rule::kSlenderPillars, sf < kSlenderSF && f.MeanRatio < kSlenderRatio);
+    SetIf(Rule::kExtremeDepth, activeGob && f.Depth > kExtremeDepth);
+    SetIf(Rule::kBurst, activeGob && f.Depth > kDeepCover);
   }
 
   // Inputs that differ from those with which the data base was analyzed.
   void SettingsRules() {
     const Project& p = project_;
-    const int lc = work_.LoadCond;
-    SetIf(9, p.AMZAuto != 1);
-    SetIf(10, p.UnitWeight != (Metric() ? 25.45 : 162.0));
-    SetIf(11, p.CoalStrength != (Metric() ? 6.21 : 900.0));
-    SetIf(12, (p.AbutmentAngleActiveGob != 21 && lc >= kActiveGob) ||
-                  (p.AbutmentAngleFirstGob != 21 && lc >= kOneSideGob) ||
-                  (p.AbutmentAngleSecondGob != 21 && lc == kTwoSideGobs));
-    SetIf(13, lc == kTwoSideGobs);
-    SetIf(14, p.ArchAuto != 1);
-    SetIf(15, p.ArchFactor < 1);
+    const RunLoading lc = work_.LoadCond;
+    SetIf(Rule::kEnteredBreadth, p.AMZAuto != 1);
+    SetIf(Rule::kOtherUnitWeight, p.UnitWeight != (Metric() ? 25.45 : 162.0));
+    SetIf(Rule::kOtherCoalStrength, p.CoalStrength != (Metric() ? 6.21 : 900.0));
+    SetIf(Rule::kOtherAbutmentAngles, (p.AbutmentAngleActiveGob != 21 && lc >= kActiveGob) ||
+                                          (p.AbutmentAngleFirstGob != 21 && lc >= kOneSideGob) ||
+                                          (p.AbutmentAngleSecondGob != 21 && lc == kTwoSideGobs));
+    SetIf(Rule::kTwoSideGobsDeep, lc == kTwoSideGobs);
+    SetIf(Rule::kEnteredArchFactor, p.ArchAuto != 1);
+    SetIf(Rule::kArchInUse, p.ArchFactor < 1);
   }
 
   const Project& project_;
@@ -129,7 +130,8 @@ int LastCaseShown(const Project& project, const WorkValues& work) {
   return project.ExtentActiveGob == 0 || work.LoadCond < kActiveGob ? kDevelopment : kRetreat;
 }
 
-RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF) {
+RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation,
+                          FactorRounding roundKORVASF) {
   return RuleSet(project, calculation, roundKORVASF).Evaluate();
 }
 

@@ -5,6 +5,7 @@
 
 #include "core/IndexedArray.h"
 #include "core/Project.h"
+#include "core/Settings.h"
 #include "model/Calculation.h"
 
 namespace korva {
@@ -19,23 +20,46 @@ struct RuleFacts {
   float CritSF = 0;            // factor asked for at this depth in a narrow panel, not yet rounded
 };
 
+// The rules by their numbers in RuleFlags; there is no number 4.
+enum class Rule : int {
+  kLowFactor = 0,
+  kModerateDepth = 1,
+  kDeepCover = 2,
+  kLowBarrierFactor = 3,
+  kSlenderPillars = 5,
+  kExtremeDepth = 6,
+  kBurst = 7,
+  kLowShownBarrierFactor = 8,  // has no text
+  kEnteredBreadth = 9,
+  kOtherUnitWeight = 10,
+  kOtherCoalStrength = 11,
+  kOtherAbutmentAngles = 12,
+  kTwoSideGobsDeep = 13,
+  kEnteredArchFactor = 14,
+  kArchInUse = 15
+};
+
 struct RuleOutcome {
   RuleFacts Facts;
-  IndexedArray<bool, 0, 15> RuleFlags;  // number 4 does not exist, number 8 has no text
+  IndexedArray<bool, 0, static_cast<int>(Rule::kArchInUse)> RuleFlags;
   bool AnyWarning = false;
+
+  bool& Flag(Rule rule) { return RuleFlags[static_cast<int>(rule)]; }
+  bool Holds(Rule rule) const { return RuleFlags[static_cast<int>(rule)]; }
 };
 
 // The last case that the reports show: the development case alone without an active gob.
 int LastCaseShown(const Project& project, const WorkValues& work);
 
 // Run-time error 6 for a value without a 32-bit form.
-RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation, std::int16_t roundKORVASF);
+RuleOutcome EvaluateRules(const Project& project, const Calculation& calculation,
+                          FactorRounding roundKORVASF);
 
 // The texts of the set flags, in their order: for the page, wrapped, and for the warnings popup.
 struct WarningTexts {
   std::string Page;
   std::string Popup;
 };
-WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project, std::int16_t units);
+WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project, UnitSystem units);
 
 }  // namespace korva

@@ -73,7 +73,7 @@ constexpr std::string_view kArchInUse =
 
 // The text for a depth between 650 and 1000 ft, which names the depth and the factor asked for there. Where
 // that factor shows as 1.50 there is no second limit to name.
-std::string ModerateDepthText(const RuleFacts& facts, const Project& project, std::int16_t units,
+std::string ModerateDepthText(const RuleFacts& facts, const Project& project, UnitSystem units,
                               const LimitNames& limits) {
   std::string text = fmt::format(
       "B. Analysis of the KORVA case history data base suggests that when the depth of cover is {} {}, the "
@@ -120,35 +120,35 @@ std::string BurstText(const LimitNames& limits) {
 
 }  // namespace
 
-WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project, std::int16_t units) {
+WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project, UnitSystem units) {
   const LimitNames& limits = units == kMetric ? kMetricLimits : kEnglishLimits;
   WarningTexts texts;
-  const auto onPage = [&](int flag, std::string_view text) {
-    if (outcome.RuleFlags[flag]) {
+  const auto onPage = [&](Rule rule, std::string_view text) {
+    if (outcome.Holds(rule)) {
       texts.Page += WrapText(text, kPageWidth).append(kLineEnd);
     }
   };
-  const auto onBoth = [&](int flag, const std::string& text, std::string_view pageEnd) {
-    if (outcome.RuleFlags[flag]) {
-      onPage(flag, text + std::string(pageEnd));
+  const auto onBoth = [&](Rule rule, const std::string& text, std::string_view pageEnd) {
+    if (outcome.Holds(rule)) {
+      onPage(rule, text + std::string(pageEnd));
       texts.Popup.append(text).append(kLineEnd).append(kLineEnd);
     }
   };
 
-  onBoth(0, std::string(kLowFactor), kMoreOnFactors);
-  onBoth(1, ModerateDepthText(outcome.Facts, project, units, limits), kMoreOnFactors);
-  onBoth(2, DeepCoverText(limits), kMoreOnFactors);
-  onBoth(3, LowBarrierText(limits), kMoreOnFactors);
-  onBoth(5, std::string(kSlenderPillars), kMoreOnFactors);
-  onBoth(6, ExtremeDepthText(limits), fmt::format(".{}", kMoreOnFactors));
-  onBoth(7, BurstText(limits), "");
-  onPage(9, kEnteredBreadth);
-  onPage(10, kOtherUnitWeight);
-  onPage(11, kOtherCoalStrength);
-  onPage(13, kTwoSideGobsDeep);
-  onPage(12, kOtherAbutmentAngles);
-  onPage(14, kEnteredArchFactor);
-  onPage(15, kArchInUse);
+  onBoth(Rule::kLowFactor, std::string(kLowFactor), kMoreOnFactors);
+  onBoth(Rule::kModerateDepth, ModerateDepthText(outcome.Facts, project, units, limits), kMoreOnFactors);
+  onBoth(Rule::kDeepCover, DeepCoverText(limits), kMoreOnFactors);
+  onBoth(Rule::kLowBarrierFactor, LowBarrierText(limits), kMoreOnFactors);
+  onBoth(Rule::kSlenderPillars, std::string(kSlenderPillars), kMoreOnFactors);
+  onBoth(Rule::kExtremeDepth, ExtremeDepthText(limits), fmt::format(".{}", kMoreOnFactors));
+  onBoth(Rule::kBurst, BurstText(limits), "");
+  onPage(Rule::kEnteredBreadth, kEnteredBreadth);
+  onPage(Rule::kOtherUnitWeight, kOtherUnitWeight);
+  onPage(Rule::kOtherCoalStrength, kOtherCoalStrength);
+  onPage(Rule::kTwoSideGobsDeep, kTwoSideGobsDeep);
+  onPage(Rule::kOtherAbutmentAngles, kOtherAbutmentAngles);
+  onPage(Rule::kEnteredArchFactor, kEnteredArchFactor);
+  onPage(Rule::kArchInUse, kArchInUse);
   return texts;
 }
 

@@ -215,7 +215,7 @@ std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const
   return printer.Ended();
 }
 
-PaperSize PaperOfUnits(std::int16_t units) {
+PaperSize PaperOfUnits(UnitSystem units) {
   return units == kMetric ? kA4Paper : kLetterPaper;
 }
 

@@ -1,13 +1,13 @@
 // Lays text out on sheets. All printed text of the program passes through it.
 #pragma once
 
-#include <cstdint>
 #include <ctime>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/PrintedSheet.h"
+#include "core/UnitSystem.h"
 
 namespace korva {
 
@@ -65,7 +65,7 @@ class PagePrinter {
 std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const std::tm& now);
 
 // The paper of a country with those units: A4 for metric ones, else Letter.
-PaperSize PaperOfUnits(std::int16_t units);
+PaperSize PaperOfUnits(UnitSystem units);
 
 // The time now; that of the variable SOURCE_DATE_EPOCH, in UTC, where a build asks for the same bytes each
 // time.

@@ -10,6 +10,7 @@
 #include "core/Folders.h"
 #include "core/Project.h"
 #include "core/RuntimeError.h"
+#include "core/Settings.h"
 #include "core/StrondResults.h"
 #include "model/Calculation.h"
 
@@ -18,14 +19,14 @@ namespace korva {
 // Where the files of a run go: the setting iOptDir chooses between the folder of the program (0), the user's
 // temporary folder (1), the root folder (2) and the documents' temporary folder (3).
 struct StrondPlace {
-  std::int16_t iOptDir = 3;
+  SolverFolder iOptDir = SolverFolder::kDocuments;
   std::string App;    // of the running program, without a separator at its end
   std::string Tmp;    // the user's temporary folder, with one
   std::string Drive;  // what stands in front of the root's separator; empty here
   std::string Docs;   // "MyFolvane/Temp" under the documents folder, with a separator at its end
 };
 
-StrondPlace StrondPlaceOf(const Folders& folders, std::int16_t iOptDir);
+StrondPlace StrondPlaceOf(const Folders& folders, SolverFolder iOptDir);
 
 // The exchange file, the file that the library may write, and the result file of a project; `ext` is ".KVSD",
 // ".OUT" and ".CSV". They differ by their rules, among them two points in the result's name in the program's
@@ -35,7 +36,7 @@ std::string StrondOutputPath(const std::string& projectPath, std::string_view ex
 std::string StrondResultPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place);
 
 // The 52 fields of the exchange file, with its line end. Run-time error 6 for a value that is not finite.
-std::string StrondLine(const Project& project, std::int16_t units);
+std::string StrondLine(const Project& project, UnitSystem units);
 
 // The results that a result file holds: a heading line, nine items that are skipped, then 35 numbers,
 // separated by commas or line ends. Run-time errors name the file, the line and what was expected: 62 for a
@@ -66,7 +67,7 @@ struct StrondRun {
 // Run-time errors: 55 if another run holds the exchange file, those of writing and reading, of the library,
 // and that of its value if it left no result.
 StrondRun RunStrond2D(
-    const Project& project, std::int16_t units, const std::string& projectPath, const StrondPlace& place,
+    const Project& project, UnitSystem units, const std::string& projectPath, const StrondPlace& place,
     const std::function<std::int16_t(const std::string&)>& solver = [](const std::string& path) {
       return CallSolverLibrary(path);
     });
@@ -78,8 +79,8 @@ struct StrondPages {
 
 // The pages of the laminated model alone, and beside the factors of a run of the traditional model, rounded
 // by RoundKORVASF.
-StrondPages StrondReport(const StrondResults& results, const Project& project, std::int16_t units);
-StrondPages StrondCompareReport(const StrondResults& results, const Project& project, std::int16_t units,
-                                const Calculation& traditional, std::int16_t roundKORVASF);
+StrondPages StrondReport(const StrondResults& results, const Project& project, UnitSystem units);
+StrondPages StrondCompareReport(const StrondResults& results, const Project& project, UnitSystem units,
+                                const Calculation& traditional, FactorRounding roundKORVASF);
 
 }  // namespace korva

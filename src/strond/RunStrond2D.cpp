@@ -46,7 +46,7 @@ std::unique_ptr<FileLock> Hold(const std::string& exchange) {
 
 }  // namespace
 
-StrondRun RunStrond2D(const Project& project, std::int16_t units, const std::string& projectPath,
+StrondRun RunStrond2D(const Project& project, UnitSystem units, const std::string& projectPath,
                       const StrondPlace& place,
                       const std::function<std::int16_t(const std::string&)>& solver) {
   const std::string exchange = StrondInputPath(projectPath, ".KVSD", place);

@@ -25,7 +25,7 @@ class LineText {
 
 }  // namespace
 
-std::string StrondLine(const Project& p, std::int16_t units) {
+std::string StrondLine(const Project& p, UnitSystem units) {
   LineText line;
   line.AddText("0,0");
   line.Add(p.EntryHeight).Add(p.DepthCover).Add(p.EntryWidth).Add(p.XcutSpacing).Add(p.XcutAngle);
@@ -33,12 +33,12 @@ std::string StrondLine(const Project& p, std::int16_t units) {
   for (const double center : p.XcutCenters) {
     line.Add(center);
   }
-  line.Add(p.LoadingCondition + 1);
+  line.Add(static_cast<int>(p.LoadingCondition) + 1);
   line.Add(p.ExtentActiveGob).Add(p.ExtentFirstGob).Add(p.ExtentSecondGob);
   line.Add(p.BarrierFirstGob).Add(p.BarrierSecondGob);
   line.Add(p.SlabcutFirstGob).Add(p.SlabcutSecondGob);
   line.AddText(" 0,0,0, 0,0,0, 0,0,0, 0,1,0");
-  line.Add(units);
+  line.Add(static_cast<int>(units));
   line.Add(p.CoalStrength).Add(p.UnitWeight).Add(p.BreadthAMZ);
   line.Add(p.AbutmentAngleActiveGob).Add(p.AbutmentAngleFirstGob).Add(p.AbutmentAngleSecondGob);
   line.Add(p.RowA).Add(p.RowB).Add(p.RowC).Add(p.RowD);

@@ -31,26 +31,10 @@ struct Shown {
   int Sides = 0;
 
   explicit Shown(const Project& project) {
-    switch (project.LoadingCondition) {
-      case 0:
-        Cases = 1;
-        break;
-      case 1:
-        Cases = 2;
-        break;
-      case 2:
-      case 4:
-        Cases = 3;
-        break;
-      case 3:
-        Cases = 4;
-        break;
-      default:
-        break;
-    }
+    Cases = LastStage(RunLoadingOf(project.LoadingCondition));
     const bool noRetreat = project.ExtentActiveGob == 0;
     LastCase = std::min(Cases, noRetreat ? 1 : 2) - 1;
-    Sides = std::max(0, Cases - 2);
+    Sides = SideGobCount(RunLoadingOf(project.LoadingCondition));
   }
 };
 
@@ -83,7 +67,7 @@ void AddSideFactors(PageText& page, std::string_view heading, const Values& valu
   }
 }
 
-std::string PillarPage(const StrondResults& results, const Project& project, std::int16_t units) {
+std::string PillarPage(const StrondResults& results, const Project& project, UnitSystem units) {
   const std::string length(UnitLabel(UnitKind::kLength, units));
   const std::string stress = units == kMetric ? "(Pa)" : "(psi)";
   PageText page("[PILLAR PARAMETERS]");
@@ -102,8 +86,8 @@ std::string PillarPage(const StrondResults& results, const Project& project, std
 
 // Barriers or remnants. The rows have no line end of their own: with two side gobs both stand in one line.
 template <class Data>
-std::string BearingPage(std::string_view title, std::string_view heading, const Data& data,
-                        std::int16_t units, const Shown& shown) {
+std::string BearingPage(std::string_view title, std::string_view heading, const Data& data, UnitSystem units,
+                        const Shown& shown) {
   constexpr double kPoundsPerTon = 2000;
   constexpr double kNewtonsPerKN = 1000;
   const std::string length(UnitLabel(UnitKind::kLength, units));
@@ -126,7 +110,7 @@ std::string BearingPage(std::string_view title, std::string_view heading, const 
   return page.Line().Line().Take();
 }
 
-void AddTables(StrondPages& pages, const StrondResults& results, const Project& project, std::int16_t units,
+void AddTables(StrondPages& pages, const StrondResults& results, const Project& project, UnitSystem units,
                const Shown& shown) {
   pages.Page[2] = PillarPage(results, project, units);
   pages.Page[3] = BearingPage("[BARRIER PILLAR PARAMETERS]",
@@ -139,7 +123,7 @@ void AddTables(StrondPages& pages, const StrondResults& results, const Project& 
 
 }  // namespace
 
-StrondPages StrondReport(const StrondResults& results, const Project& project, std::int16_t units) {
+StrondPages StrondReport(const StrondResults& results, const Project& project, UnitSystem units) {
   const Shown shown(project);
   const auto nothing = [](int, int = 0) { return std::string(); };
   PageText page("[KORVA-STROND STABILITY FACTORS]");
@@ -154,8 +138,8 @@ StrondPages StrondReport(const StrondResults& results, const Project& project, s
   return pages;
 }
 
-StrondPages StrondCompareReport(const StrondResults& results, const Project& project, std::int16_t units,
-                                const Calculation& traditional, std::int16_t roundKORVASF) {
+StrondPages StrondCompareReport(const StrondResults& results, const Project& project, UnitSystem units,
+                                const Calculation& traditional, FactorRounding roundKORVASF) {
   const Shown shown(project);
   const Results& out = traditional.Out;
   PageText page;

@@ -126,12 +126,12 @@ class CaseReader {
     return number->value;
   }
 
-  std::int16_t Integer(int column) const {
+  int Integer(int column) const {
     const double rounded = std::nearbyint(Number(column));
     if (std::abs(rounded) > std::numeric_limits<std::int16_t>::max()) {
       Fail(ErrorNumber::kOverflow, column, fmt::format("{} is out of range", GeneralText(rounded)));
     }
-    return static_cast<std::int16_t>(rounded);
+    return static_cast<int>(rounded);
   }
 
   // A cell in one line, numbers in their general form.
@@ -198,12 +198,12 @@ std::string DescriptionOf(const CaseReader& cells, int row) {
 }
 
 void ReadEntries(const CaseReader& cells, Project& p) {
-  const std::int16_t entries = cells.Integer(kNumberEntries);
+  const int entries = cells.Integer(kNumberEntries);
   if (entries > kMaxEntries) {
     cells.Fail(ErrorNumber::kSubscript, kNumberEntries,
                fmt::format("{} entries, of at most {}", entries, kMaxEntries));
   }
-  p.NumberEntries = entries == 0 ? std::int16_t{1} : entries;
+  p.NumberEntries = entries == 0 ? 1 : entries;
   for (int i = 1; i < p.NumberEntries; ++i) {
     p.XcutCenters[i] = cells.Number(kFirstSpacing + i - 1);
   }
@@ -213,7 +213,7 @@ void ReadLoadingCondition(const CaseReader& cells, Project& p) {
   const double code = cells.Number(kLoadingCode);
   for (int known = 1; known <= kLoadingCodes; ++known) {
     if (code == known) {
-      p.LoadingCondition = static_cast<std::int16_t>(known - 1);
+      p.LoadingCondition = static_cast<PanelLoading>(known - 1);
     }
   }
 }

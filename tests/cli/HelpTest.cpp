@@ -96,11 +96,14 @@ bool SetField(Project& p, const std::string& name, double value) {
       {"BarrierSecondGob", &Project::BarrierSecondGob},
       {"SlabcutSecondGob", &Project::SlabcutSecondGob},
   };
-  static const std::map<std::string, std::int16_t Project::*> kChoices = {
-      {"ArchAuto", &Project::ArchAuto}, {"LoadingCondition", &Project::LoadingCondition},
-      {"RowA", &Project::RowA},         {"RowB", &Project::RowB},
-      {"RowC", &Project::RowC},         {"RowD", &Project::RowD},
-      {"AMZAuto", &Project::AMZAuto},   {"NumberEntries", &Project::NumberEntries},
+  static const std::map<std::string, int Project::*> kChoices = {
+      {"ArchAuto", &Project::ArchAuto},
+      {"RowD", &Project::RowD},
+      {"RowA", &Project::RowA},
+      {"RowB", &Project::RowB},
+      {"RowC", &Project::RowC},
+      {"AMZAuto", &Project::AMZAuto},
+      {"NumberEntries", &Project::NumberEntries},
   };
   static const std::map<std::string, float Project::*> kSingles = {{"ArchFactor", &Project::ArchFactor},
                                                                    {"WidthRowC", &Project::WidthRowC}};
@@ -108,9 +111,11 @@ bool SetField(Project& p, const std::string& name, double value) {
   if (const auto found = kValues.find(name); found != kValues.end()) {
     p.*found->second = value;
   } else if (const auto choice = kChoices.find(name); choice != kChoices.end()) {
-    p.*choice->second = static_cast<std::int16_t>(value);
+    p.*choice->second = static_cast<int>(value);
   } else if (const auto single = kSingles.find(name); single != kSingles.end()) {
     p.*single->second = static_cast<float>(value);
+  } else if (name == "LoadingCondition") {
+    p.LoadingCondition = static_cast<PanelLoading>(value);
   } else if (name.starts_with(kCenters)) {
     p.XcutCenters[std::stoi(name.substr(kCenters.size()))] = value;
   } else {

@@ -313,7 +313,7 @@ TEST_F(KorvaCommand, ASweepSaysOfEachPointWhatIsSaidOfASingleRun) {
   EXPECT_FALSE(json::parse(Call({"sweep", "two.KVL", "3", "--json"}).Out).contains("Notices"));
 
   Project p = test::TwoSideGobs();
-  p.LoadingCondition = 2;
+  p.LoadingCondition = PanelLoading{2};
   p.ExtentSecondGob = p.BarrierSecondGob = p.SlabcutSecondGob = 0;
   folder_.Put("one.KVL", FileOf(p));
   const ProgramResult one = Call({"sweep", "one.KVL", "6", "--json", "--model", "laminated", "--max", "50"});

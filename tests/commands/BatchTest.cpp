@@ -65,7 +65,7 @@ TEST(RunBatch, OneRowEachInTheirOrder) {
   }
   CountedProgress progress;
   Settings settings;
-  settings.Options.RoundKORVASF = 1;
+  settings.Options.RoundKORVASF = FactorRounding{1};
   const std::vector<BatchRow> rows = RunBatch(files, settings, kTraditionalModel, 4, progress);
   ASSERT_EQ(rows.size(), files.size());
   EXPECT_EQ(progress.Total, files.size());

@@ -48,7 +48,7 @@ TEST(CalculateStabilityFactors, FailureLeavesThePages) {
            {nullptr, {}, "Current file is empty"},
            {[](Project& p) { p.EntryHeight = 0; }, {}, "Invalid entry height"},
            {[](Project& p) { p.XcutAngle = 0; }, ErrorNumber::kDivisionByZero, "PillarLength"},
-           {[](Project& p) { p.LoadingCondition = -1; }, ErrorNumber::kSubscript, "condition"},
+           {[](Project& p) { p.LoadingCondition = PanelLoading{-1}; }, ErrorNumber::kSubscript, "condition"},
            // A factor that has no 32-bit form fails in the rules.
            {[](Project& p) { p.UnitWeight = 1e-40; }, ErrorNumber::kOverflow, "factor"},
        }) {
@@ -73,7 +73,7 @@ TEST(CalculateStabilityFactors, FailureLeavesThePages) {
 }
 
 // A project in the mode `calcMode`, whose laminated runs have a folder of their own.
-Korva Laminated(std::int16_t calcMode, const TempFolder& folder) {
+Korva Laminated(OverburdenModel calcMode, const TempFolder& folder) {
   Korva korva = WithProject(TwoSideGobs());
   korva.Stored.ProjectInput.CalcMode = calcMode;
   korva.ProjectCalc = korva.Stored.ProjectInput;
@@ -86,7 +86,7 @@ constexpr const char* kTakesMinutes =
 
 TEST(CalculateStabilityFactors, TreatsBothLaminatedModesAlike) {
   const TempFolder folder;
-  for (const std::int16_t mode : {kLaminatedModel, kComparedModels}) {
+  for (const OverburdenModel mode : {kLaminatedModel, kComparedModels}) {
     Korva korva = Laminated(mode, folder);
     ScriptedMessages messages;
     messages.Expect(kTakesMinutes);

@@ -28,7 +28,7 @@ class FileAssociation : public testing::Test {
     PutIn("opt/korva strond/korva-strond", "");
     korva.Places.DataHome = folder / "data/";
     korva.Places.ConfigHome = folder / "config/";
-    korva.Preferences.DisplayHistoryWin = 1;
+    korva.Preferences.DisplayHistoryWin = true;
     Tool("update-mime-database", "echo mime >> " + (folder / "tools.log"));
     Tool("update-desktop-database", "echo desktop >> " + (folder / "tools.log"));
   }

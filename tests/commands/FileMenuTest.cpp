@@ -228,10 +228,10 @@ TEST_F(FileMenuTest, RecentFilesSwapAndDropTheOldest) {
   ASSERT_TRUE(menu->OpenRecent(3));
   EXPECT_EQ(LongNames(), "c|d|e|b|");
   EXPECT_EQ(menu->RecentCaptions()[1], files[2]);
-  korva.Preferences.KeepFileNames = 0;
+  korva.Preferences.KeepFileNames = false;
   ASSERT_TRUE(menu->OpenPath(files[0]));
   EXPECT_EQ(LongNames(), "c|d|e|b|");
-  korva.Preferences.KeepFileNames = korva.Preferences.ShortRecentFiles = 1;
+  korva.Preferences.KeepFileNames = korva.Preferences.ShortRecentFiles = true;
   ASSERT_TRUE(menu->OpenPath(files[0]));
   EXPECT_EQ(menu->RecentCaptions()[1], "a");
 }
@@ -325,7 +325,7 @@ TEST(CaptionFileName, ShortensFrom51Characters) {
 TEST(GraphsOf, BarrierGraphsNeedTheirBarrierAndCondition) {
   Project panel = test::TwoSideGobs();
   EXPECT_TRUE(GraphsOf(panel).First && GraphsOf(panel).Second);
-  panel.LoadingCondition = 2;
+  panel.LoadingCondition = PanelLoading{2};
   EXPECT_TRUE(GraphsOf(panel).First && !GraphsOf(panel).Second);
   panel.BarrierFirstGob = 0;
   EXPECT_FALSE(GraphsOf(panel).First);

@@ -19,7 +19,7 @@ class PrintCommands : public testing::Test {
     korva.Stored = test::Stored(test::DevelopmentPanel());
     korva.ProjectEmpty = false;
     korva.ProjectFileName = "/mine/panel.KVL";
-    korva.Preferences.DisplayHistoryWin = 1;
+    korva.Preferences.DisplayHistoryWin = true;
     korva.Preferences.DataPath = folder / "";
   }
 

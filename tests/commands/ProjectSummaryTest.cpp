@@ -102,7 +102,7 @@ TEST(LastFactors, ShowNothingThatWasNotComputed) {
   EXPECT_EQ(development[1].find('|'), std::string::npos);
   Project project = TwoSideGobs();
   project.BarrierSecondGob = 0;
-  for (const std::int16_t model : {kTraditionalModel, kLaminatedModel}) {
+  for (const OverburdenModel model : {kTraditionalModel, kLaminatedModel}) {
     project.CalcMode = model;
     const Lines lines = factors.After(project);
     EXPECT_TRUE(lines.at(1).ends_with("|\u2013")) << lines[1];

@@ -93,14 +93,14 @@ TEST_F(StartUpTest, ASettingsFileOfAnotherVersionOrOfRandomBytesIsMadeAnewAndKep
 
 TEST_F(StartUpTest, SettingsOfThisVersionAreTakenAndAnEmptyPlotRangeIsWrittenBack) {
   Korva korva = Start();
-  korva.Preferences.ShowDisclaim = 0;
+  korva.Preferences.ShowDisclaim = false;
   korva.Preferences.Options.PlotRangeMin = korva.Preferences.Options.PlotRangeMax = 70;
-  korva.Preferences.Options.RoundKORVASF = 2;
+  korva.Preferences.Options.RoundKORVASF = FactorRounding{2};
   SaveSettings(korva, SettingsSection::kSettings);
   EXPECT_EQ(Start().Preferences.ShowDisclaim, 0);
   SaveSettings(korva, SettingsSection::kOptions);
   const Korva next = Start();
-  EXPECT_EQ(next.Preferences.Options.RoundKORVASF, 0);
+  EXPECT_EQ(next.Preferences.Options.RoundKORVASF, FactorRounding{0});
   EXPECT_EQ(next.Preferences.Options.PlotRangeMin, 50);
   EXPECT_EQ(FindIniValue(Bytes(korva.Places.IniFile), "KORVAOptions", "PlotRangeMax"), "150");
 }

@@ -22,7 +22,7 @@ class UpdatesTest : public testing::Test {
     korva.Places.DataRoot = folder / "Documents/MyFolvane/";
     korva.Updates = {"https://example.invalid/page/", "https://example.invalid/files/",
                      std::string(test::kSetupKey)};
-    korva.Preferences.DisplayHistoryWin = 1;
+    korva.Preferences.DisplayHistoryWin = true;
   }
 
   std::string File() const { return korva.Places.DataRoot + "../../Downloads/KORVA-STROND1106.exe"; }

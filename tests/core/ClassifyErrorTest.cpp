@@ -10,7 +10,7 @@ namespace {
 class ClassifyErrorTest : public testing::Test {
  protected:
   ClassifyErrorTest() {
-    korva_.Preferences.DisplayHistoryWin = 1;
+    korva_.Preferences.DisplayHistoryWin = true;
     korva_.Titles = MessageTitlesOf(2);
   }
 

@@ -5,9 +5,9 @@
 namespace korva {
 namespace {
 
-Settings Logging(std::int16_t size) {
+Settings Logging(int size) {
   Settings settings;
-  settings.DisplayHistoryWin = 1;
+  settings.DisplayHistoryWin = true;
   settings.MaxDisplaySize = size;
   return settings;
 }

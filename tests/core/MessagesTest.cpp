@@ -10,7 +10,7 @@ namespace {
 
 TEST(ShowMessage, LogsUnderItsTitleAndFallsBackToTheProgramTitle) {
   Korva korva;
-  korva.Preferences.DisplayHistoryWin = 1;
+  korva.Preferences.DisplayHistoryWin = true;
   ScriptedMessages port;
   port.Expect("Save?", MessageButtons::kYesNo, MessageAnswer::kNo).Expect("Too deep");
   EXPECT_EQ(ShowMessage(korva, port, {.text = "Save?", .buttons = MessageButtons::kYesNo, .title = {}}),

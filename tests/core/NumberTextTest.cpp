@@ -49,7 +49,7 @@ TEST(ShortestText, ReadsBackToTheSameValue) {
 }
 
 TEST(PaddedText, HasABlankOrMinusInFrontAndABlankBehind) {
-  EXPECT_EQ(PaddedText(std::int16_t{2}) + PaddedText(std::int16_t{-32768}), " 2 -32768 ");
+  EXPECT_EQ(PaddedText(2) + PaddedText(-32768), " 2 -32768 ");
   EXPECT_EQ(PaddedText(-0.5F) + PaddedText(-0.0F), "-0.5  0 ");
 }
 

@@ -32,7 +32,7 @@ TEST(ConvertProjectUnits, ConvertsLengthsStrengthAndWeightAndNothingElse) {
   std::fill(p.XcutCenters.begin(), p.XcutCenters.end(), 100);
   p.XcutAngle = 61.23;
   p.AbutmentAngleFirstGob = 22.5;
-  p.LoadingCondition = 3;
+  p.LoadingCondition = PanelLoading{3};
   p.RowC = 1;
   Project expected = p;
   const auto set = [](Project& record, double length, double strength, double weight) {

@@ -51,7 +51,7 @@ TEST(ClosedForms, OKOfParametersThatGoMeanwhileDoesNothing) {
   FormBench bench;
   bench.State.Stored = test::Stored(test::DevelopmentPanel());
   bench.State.ProjectEmpty = false;
-  bench.State.Preferences.Options.IssueWarningCancel = 0;
+  bench.State.Preferences.Options.IssueWarningCancel = false;
   const Project before = bench.State.Stored.ProjectInput;
   const QPointer<frmKORVAParm> form = new frmKORVAParm(bench.Forms);
   form->show();

@@ -58,7 +58,7 @@ class KeptPictures final : public PicturePrinter {
 
 // Keeps the history, so that tests can read it.
 struct FormBench {
-  FormBench() { State.Preferences.DisplayHistoryWin = 1; }
+  FormBench() { State.Preferences.DisplayHistoryWin = true; }
 
   Korva State;
   ScriptedPorts Outside;

@@ -111,15 +111,15 @@ void SavePlans(FormBench& bench) {
   save(QStringLiteral("two-sides-capacity"), "two-side-gobs.KVL", asItIs);
   save(QStringLiteral("angled"), "angled-crosscuts.KVL", asItIs);
   save(QStringLiteral("bleeders"), "bleeder-rows-c-d.KVL",
-       [](Korva& korva) { korva.Preferences.Options.PlotGobExtLoose = 0; });
+       [](Korva& korva) { korva.Preferences.Options.PlotGobExtLoose = false; });
   save(QStringLiteral("slab-cuts"), "slab-cuts.KVL", [](Korva& korva) {
-    korva.Preferences.Options.PlotGobExtLoose = 1;
+    korva.Preferences.Options.PlotGobExtLoose = true;
     korva.Stored.ProjectInput.XcutAngle = 70;
   });
   save(QStringLiteral("two-entries"), "development.KVL",
        [](Korva& korva) { korva.Stored.ProjectInput.NumberEntries = 2; });
   save(QStringLiteral("ten-entries"), "two-side-gobs.KVL", [](Korva& korva) {
-    korva.Preferences.Options.PlotSingleXcutDims = 0;
+    korva.Preferences.Options.PlotSingleXcutDims = false;
     Project& p = korva.Stored.ProjectInput;
     p.NumberEntries = 10;
     p.XcutAngle = 60;
@@ -143,7 +143,7 @@ void SaveSchematics() {
   Save(sheet, QStringLiteral("schematics"));
 }
 
-std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph, std::int16_t model) {
+std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph, OverburdenModel model) {
   auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
   KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
   auto window = std::make_unique<frmGraph>(bench.Forms);
@@ -156,7 +156,9 @@ std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph, std::int1
 
 // One, two and four curves, and the windows around them.
 void SaveGraphs(FormBench& bench) {
-  const auto open = [&bench](GraphKind graph, std::int16_t model) { return OpenGraph(bench, graph, model); };
+  const auto open = [&bench](GraphKind graph, OverburdenModel model) {
+    return OpenGraph(bench, graph, model);
+  };
   Save(*open(kDepthGraph, kTraditionalModel), QStringLiteral("frmGraph-two"));
   const auto four = open(kXcutSpacingGraph, kComparedModels);
   The<QAction>(*four, "GraphOptionsItem(0)").trigger();
@@ -167,7 +169,7 @@ void SaveGraphs(FormBench& bench) {
   frmStrondCalc progress(nullptr);
   progress.ShowStep(3, 7);
   Save(progress, QStringLiteral("frmStrondCalc"));
-  bench.State.Stored.ProjectInput.LoadingCondition = 0;
+  bench.State.Stored.ProjectInput.LoadingCondition = PanelLoading{0};
   Save(*open(kEntryHeightGraph, kTraditionalModel), QStringLiteral("frmGraph-one"));
 }
 

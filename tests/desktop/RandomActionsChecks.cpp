@@ -41,7 +41,7 @@ std::optional<std::string> TextOf(StoredProject project) {
 }
 
 // The same of a file's text.
-std::optional<std::string> TextOfFile(const std::string& text, std::int16_t units) {
+std::optional<std::string> TextOfFile(const std::string& text, UnitSystem units) {
   try {
     const auto format = DetectProjectFormat(text, "");
     if (!format) {

@@ -198,7 +198,7 @@ void Drop(World& world) {
 }
 
 // The example under another name, for the other models.
-void PutModel(const std::string& folder, const std::string& example, std::int16_t model,
+void PutModel(const std::string& folder, const std::string& example, OverburdenModel model,
               const std::string& name) {
   const std::string path = folder + example;
   const std::string text = TextFromFileBytes(Read(path));

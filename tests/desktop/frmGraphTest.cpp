@@ -313,7 +313,7 @@ TEST_F(GraphWindow, CopiesExportsAndSavesPictures) {
   Choose("GraphFileItem(2)");
   ASSERT_EQ(bench.Outside.Documents.Opened.size(), 1U);
   EXPECT_EQ(bench.Outside.Documents.Opened[0], folder / "panel graph 1.xlsx");
-  bench.State.Preferences.Options.AskOfficeInstall = 0;
+  bench.State.Preferences.Options.AskOfficeInstall = false;
   bench.Outside.Messages.Expect(
       "This option will only work if Microsoft Excel is installed on this computer. Proceed?",
       MessageButtons::kYesNo, MessageAnswer::kNo);

@@ -54,7 +54,7 @@ class HelpWindow : public testing::Test {
     bench.State.Places.TempRoot = bench.State.Places.ProductFolder = bench.State.Places.LastPath =
         folder / "";
     bench.State.Preferences.DataPath = folder / "";
-    bench.State.Preferences.ShowDisclaim = 0;
+    bench.State.Preferences.ShowDisclaim = false;
   }
   ~HelpWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 

@@ -26,7 +26,7 @@ class OptionsForm : public testing::Test {
   OptionsForm() {
     bench_.State.Places.IniFile = folder_ / "program.ini";
     Start();
-    bench_.State.Preferences.DisplayHistoryWin = 1;
+    bench_.State.Preferences.DisplayHistoryWin = true;
     bench_.State.SessionHistory.Text.clear();
   }
 
@@ -89,7 +89,7 @@ TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
     Click(form, "Command2");
     EXPECT_FALSE(form.isVisible());
   }
-  EXPECT_EQ(Options().RoundKORVASF, 2);
+  EXPECT_EQ(Options().RoundKORVASF, FactorRounding{2});
   EXPECT_NE(bench_.History().find("Options Modified"), std::string::npos);
   Options() = {};
   Start();
@@ -99,13 +99,13 @@ TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
                                   o.PlotGobDims,           o.PlotSingleXcutDims, o.PrintPlotReminder,
                                   o.AskOfficeInstall};
   EXPECT_EQ(flags, std::vector<int>(10, 0));
-  EXPECT_EQ(Options().OutputStrUnits, 1);
-  EXPECT_EQ(Options().OutputStrGradUnits, 0);
+  EXPECT_EQ(Options().OutputStrUnits, StressUnit{1});
+  EXPECT_EQ(Options().OutputStrGradUnits, LoadUnit{0});
   EXPECT_EQ(Options().PlotGobExtLoose, 0);
-  EXPECT_EQ(Options().iOptDir, 1);
+  EXPECT_EQ(Options().iOptDir, SolverFolder{1});
   EXPECT_EQ(Options().PlotRangeMin, 40);
   EXPECT_EQ(Options().PlotRangeMax, 120);
-  EXPECT_EQ(Options().RoundKORVASF, 0) << "each start begins with two decimals";
+  EXPECT_EQ(Options().RoundKORVASF, FactorRounding{0}) << "each start begins with two decimals";
 }
 
 TEST_F(OptionsForm, CancelLeavesTheFileByteByByte) {
@@ -122,7 +122,7 @@ TEST_F(OptionsForm, CancelLeavesTheFileByteByByte) {
 TEST_F(OptionsForm, KeepsWhatItDoesNotShow) {
   Options().CellSizeEnglish = 7;
   Options().CellSizeMetric = 0.25F;
-  Options().Strond2DViewOutput = 1;
+  Options().Strond2DViewOutput = true;
   frmKORVAOpts form(bench_.Forms);
   form.show();
   The<QTabWidget>(form, "SSTab1").setCurrentIndex(3);
@@ -222,7 +222,7 @@ TEST_F(OptionsAct, OnGraphsAndTheSolversFiles) {
   const auto job = PrepareSweep(bench_.State, bench_.Outside.Messages, kDepthGraph);
   EXPECT_EQ(job->Range.Min, 80);
   EXPECT_EQ(job->Range.Max, 90);
-  EXPECT_EQ(job->Place.iOptDir, 0);
+  EXPECT_EQ(job->Place.iOptDir, SolverFolder{0});
 }
 
 class CaseImportInTheForm : public OptionsForm {

@@ -218,7 +218,7 @@ TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
 TEST_F(ParameterForm, ATabThatIsChosenKeepsTheFocus) {
   bench.State.Stored.ProjectInput.CoalStrength = 800;
   bench.State.Stored.ProjectInput.AbutmentAngleActiveGob = 18;
-  bench.State.Stored.ProjectInput.LoadingCondition = 1;
+  bench.State.Stored.ProjectInput.LoadingCondition = PanelLoading{1};
   Open();
   auto& tabs = The<FormTabs>(*form, "SSTab1");
   QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
@@ -269,7 +269,7 @@ TEST_F(ParameterForm, TheWheelChangesNoValue) {
 TEST_F(ParameterForm, ARefusedFieldIsSeenWhateverTheCondition) {
   bench.State.Stored = test::Stored(test::TwoSideGobs());
   Project& input = bench.State.Stored.ProjectInput;
-  input.LoadingCondition = 1;
+  input.LoadingCondition = PanelLoading{1};
   input.SlabcutFirstGob = input.SlabcutSecondGob = 0;
   input.RowC = 1;
   input.WidthRowC = 0;
@@ -289,7 +289,7 @@ TEST_F(ParameterForm, ARefusedFieldIsSeenWhateverTheCondition) {
   Expect("Invalid extent of active gob");
   Click(*form, "cmdOK");
   EXPECT_TRUE(Box("txtExtentActiveGob").isVisible());
-  bench.State.Preferences.Options.IssueWarningCancel = 0;
+  bench.State.Preferences.Options.IssueWarningCancel = false;
 }
 
 TEST_F(ParameterForm, TheHoldEndsByItself) {
@@ -324,7 +324,7 @@ TEST_F(ParameterForm, ARefusalGoesToItsFieldAndStoresNothing) {
                                 MessageAnswer::kNo);
   QTest::keyClick(form, Qt::Key_Escape);
   EXPECT_FALSE(form->isHidden());
-  bench.State.Preferences.Options.IssueWarningCancel = 0;
+  bench.State.Preferences.Options.IssueWarningCancel = false;
   Click(*form, "cmdCancel");
   EXPECT_EQ(Input().DepthCover, 400);
   EXPECT_TRUE(bench.Main.Enabled);

@@ -39,8 +39,8 @@ class MainForm : public testing::Test {
     korva.Places.IniFile = folder / "KORVA-STROND.INI";
     korva.Places.StateFolder = folder / "sessions/";
     korva.Preferences.DataPath = folder / "";
-    korva.Preferences.DisplayHistoryWin = 1;
-    korva.Preferences.ShowDisclaim = 0;
+    korva.Preferences.DisplayHistoryWin = true;
+    korva.Preferences.ShowDisclaim = false;
     std::filesystem::copy(KORVA_EXAMPLES "/development.KVL", folder / "development.KVL");
   }
 
@@ -135,8 +135,8 @@ TEST_F(MainForm, AWholeDay) {
 }
 
 TEST_F(MainForm, BeginsWithTheLastFileAndThenTheOneOfTheCall) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
-  korva.Preferences.LoadLastInputFile = 1;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
+  korva.Preferences.LoadLastInputFile = true;
   korva.Preferences.FileMenu.MaxLastFiles = 1;
   korva.Preferences.FileMenu.LastFile[1] = korva.Preferences.FileMenu.LastFileLong[1] =
       folder / "development.KVL";
@@ -151,7 +151,7 @@ TEST_F(MainForm, BeginsWithTheLastFileAndThenTheOneOfTheCall) {
 }
 
 TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin();
   EXPECT_EQ(Item("mnuFileItem(2)").text(), QStringLiteral("&Save "));
   EXPECT_TRUE(Item("mnuFileItem(10)").isSeparator() && Item("mnuUtilItem(4)").isSeparator());
@@ -183,7 +183,7 @@ TEST_F(MainForm, MenusAndToolbarAreAsTheCommandsExpect) {
 }
 
 TEST_F(MainForm, PrintsTheInputs) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin();
   Choose("mnuFileItem(7)");
   EXPECT_EQ(ports.Printer.Dialogs, std::vector<std::string>{"set-up"});
@@ -197,7 +197,7 @@ TEST_F(MainForm, PrintsTheInputs) {
   EXPECT_TRUE(ports.Printer.Printed.empty());
 
   // The graph menu follows the working copy, but not behind a No.
-  korva.Stored.ProjectInput.LoadingCondition = 3;
+  korva.Stored.ProjectInput.LoadingCondition = PanelLoading{3};
   ports.Messages.Expect("Current file is empty", MessageButtons::kYesNoDefaultNo, MessageAnswer::kNo);
   Choose("mnuFileItem(8)");
   EXPECT_FALSE(Item("mnuCalcGrafItem(4)").isEnabled());
@@ -214,7 +214,7 @@ TEST_F(MainForm, PrintsTheInputs) {
 }
 
 TEST_F(MainForm, ASweepEndsInItsGraph) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   korva.Places.TempRoot = folder / "";
   Begin();
   ports.Messages.Expect("Invalid entry height");
@@ -271,7 +271,7 @@ TEST_F(MainForm, ASweepEndsInItsGraph) {
 
 // As a menu outside of the window starts them, which knows nothing of its state.
 TEST_F(MainForm, NoCommandStartsWhileASweepIsGoingOn) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   korva.Places.TempRoot = folder / "";
   korva.Preferences.FileMenu.LastFileLong[1] = folder / "development.KVL";
   Begin();
@@ -313,7 +313,7 @@ TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {
   Choose("mnuUtilItem(6)");
   Choose("mnuUtilItem(5)");
   EXPECT_EQ(history.toPlainText(), QString());
-  korva.Preferences.DisplayHistoryWin = 0;
+  korva.Preferences.DisplayHistoryWin = false;
   main->ApplyDisplaySettings();
   EXPECT_FALSE(Item("mnuUtilItem(5)").isEnabled());
 }
@@ -321,14 +321,14 @@ TEST_F(MainForm, TheHistoryIsClearedHiddenAndCopied) {
 TEST_F(MainForm, AMaximisedWindowStaysSo) {
   Begin();
   main->showMaximized();
-  korva.Preferences.MaxMainMenu = 0;
+  korva.Preferences.MaxMainMenu = false;
   korva.Preferences.DisplayFont.Size = 14;
   main->ApplyHistoryFont();
   EXPECT_EQ(The<QPlainTextEdit>(*main, "txtMain").font().pointSize(), 14);
   main->ApplyDisplaySettings();
   EXPECT_TRUE(main->isMaximized());
   main->showNormal();
-  korva.Preferences.MaxMainMenu = 1;
+  korva.Preferences.MaxMainMenu = true;
   main->ApplyHistoryFont();
   EXPECT_FALSE(main->isMaximized()) << "the font changes the history alone";
 }
@@ -348,7 +348,7 @@ TEST_F(MainForm, ClosingAsksAndSavesTheRecentFiles) {
 }
 
 TEST_F(MainForm, AMenuCalculationOfWhatTheFormRefusesSaysSo) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin(folder / "development.KVL");
   korva.Stored.ProjectInput.XcutAngle = 25;
   Choose("mnuCalcItem(0)");
@@ -378,7 +378,7 @@ TEST_F(MainForm, AnEmptyStartOffersNewOpenAndTheExamples) {
   EXPECT_TRUE(The<QMenu>(*main, "mnuStartExamples").isEmpty()) << "the start waits for no file";
   PressLater("frmKORVADesc", "Command1");
   Click(*main, "cmdStartNew");
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   ports.Files.Expect(std::nullopt);
   Click(*main, "cmdStartOpen");
   EXPECT_EQ(ports.Files.Asked.size(), 1U);
@@ -392,7 +392,7 @@ TEST_F(MainForm, AnEmptyStartOffersNewOpenAndTheExamples) {
 }
 
 TEST_F(MainForm, TheCardShowsTheFactorsOfTheLastRunBarriersBesideTheZone) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin(KORVA_EXAMPLES "/two-side-gobs.KVL");
   Choose("mnuCalcItem(0)");
   ports.Messages.Expect("C. Analysis");
@@ -414,7 +414,7 @@ TEST_F(MainForm, TheCardShowsTheFactorsOfTheLastRunBarriersBesideTheZone) {
 }
 
 TEST_F(MainForm, LongNamesNeverWidenTheWindow) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin(folder / "development.KVL");
   const int width = main->minimumSizeHint().width();
   korva.Stored.ProjectTitle = "<b>" + std::string(500, 'W');
@@ -426,7 +426,7 @@ TEST_F(MainForm, LongNamesNeverWidenTheWindow) {
 }
 
 TEST_F(MainForm, ALongRecentFileNeverWidensTheMenu) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   const std::string longName = folder / (std::string(240, 'm') + "&.KVL");
   std::filesystem::copy_file(folder / "development.KVL", longName);
   Begin(longName);
@@ -439,7 +439,7 @@ TEST_F(MainForm, ALongRecentFileNeverWidensTheMenu) {
 }
 
 TEST_F(MainForm, ADroppedFileIsOpened) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin();
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder / "development.KVL"))});
@@ -462,7 +462,7 @@ TEST_F(MainForm, ADroppedFileIsOpened) {
 }
 
 TEST_F(MainForm, ACopyOfTypedWorkComesByItselfAndAtTheEndOfTheSession) {
-  korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+  korva.Preferences.Options.ShowInputScreenOnLoad = false;
   Begin(folder / "development.KVL");
   QTimer::singleShot(0, main.get(), [this] {
     QWidget* form = Window("frmKORVADesc");
@@ -487,7 +487,7 @@ TEST_F(MainForm, ASignalEndsTheProgramBehindACopy) {
   for (const int number : {SIGTERM, SIGHUP}) {
     EXPECT_EXIT(
         {
-          korva.Preferences.Options.ShowInputScreenOnLoad = 0;
+          korva.Preferences.Options.ShowInputScreenOnLoad = false;
           Begin(folder / "development.KVL");
           const EndSignals ends([this] {
             main->KeepWork();
@@ -509,7 +509,7 @@ TEST_F(MainForm, ASignalEndsTheProgramBehindACopy) {
 }
 
 TEST_F(MainForm, TheLastFilesFormDoesNotStayOverAFileThatCannotBeOpened) {
-  korva.Preferences.LoadLastInputFile = 1;
+  korva.Preferences.LoadLastInputFile = true;
   korva.Preferences.FileMenu.MaxLastFiles = 1;
   korva.Preferences.FileMenu.LastFile[1] = korva.Preferences.FileMenu.LastFileLong[1] =
       folder / "development.KVL";

@@ -37,7 +37,7 @@ class PlanWindow : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  frmPicture& OpenFor(std::int16_t caller) {
+  frmPicture& OpenFor(int caller) {
     bench_.State.PlotCaller = caller;
     window_ = frmPicture::Open(bench_.Forms, opener_);
     return *window_;
@@ -267,12 +267,12 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("0"));
   EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.HasPlan(); }));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("120"));
-  bench_.State.Preferences.Options.ViewChildWindow = 0;
+  bench_.State.Preferences.Options.ViewChildWindow = false;
   Click(*form, "cmdView");
   EXPECT_TRUE(form->isVisible());
   EXPECT_EQ(bench_.State.ProjectCalc.XcutSpacing, 120) << "the working copy is what is drawn";
   EXPECT_EQ(bench_.State.Stored.ProjectInput.XcutSpacing, 80);
-  bench_.State.Preferences.Options.ViewChildWindow = 1;
+  bench_.State.Preferences.Options.ViewChildWindow = true;
   Click(*form, "cmdView");
   EXPECT_FALSE(form->isVisible());
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -281,7 +281,7 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
     }
   }
   EXPECT_TRUE(form->isVisible());
-  bench_.State.Preferences.Options.IssueWarningCancel = 0;
+  bench_.State.Preferences.Options.IssueWarningCancel = false;
   form->close();
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "files/OptionsFile.h"
 
 namespace korva {
@@ -11,10 +13,16 @@ OptionSettings Read(const std::string& lines) {
   return ReadOptions("[KORVAOptions]\r\n" + lines);
 }
 
-#define SWITCH(key) \
-  { #key, &O::key }
+struct Switch {
+  std::string Key;
+  std::function<int(const O&)> Of;
+};
+#define SWITCH(key)                                          \
+  {                                                          \
+#key, [](const O& o) { return static_cast<int>(o.key); } \
+  }
 // 0 is the value of the first six where the key is missing, 1 that of the others.
-const std::pair<std::string, std::int16_t O::*> kSwitches[] = {
+const Switch kSwitches[] = {
     SWITCH(OutputStrUnits),       SWITCH(OutputStrGradUnits),     SWITCH(ShowInputScreenOnLoad),
     SWITCH(Strond2DViewProgress), SWITCH(Strond2DViewProgOutput), SWITCH(Strond2DViewOutput),
     SWITCH(IssueWarningCancel),   SWITCH(ViewChildWindow),        SWITCH(PrintModuleHeader),
@@ -34,18 +42,18 @@ TEST(ReadOptions, AMissingOrEmptyKeyHasItsOwnValue) {
        {ReadOptions(""), ReadOptions("[Graph]\niOptDir=3\n"),
         Read("OutputStrUnits=\nPlotRangeMin=\nPlotRangeMax=\nCellSizeEnglish=\niOptDir=\n")}) {
     for (std::size_t i = 0; i < std::size(kSwitches); ++i) {
-      EXPECT_EQ(options.*kSwitches[i].second, i < 6 ? 0 : 1) << kSwitches[i].first;
+      EXPECT_EQ(kSwitches[i].Of(options), i < 6 ? 0 : 1) << kSwitches[i].Key;
     }
     EXPECT_EQ(Numbers(options), (std::vector<double>{100, 150, 0, 2, 0.5, 1}));
   }
 }
 
 TEST(ReadOptions, EachKeyReachesItsSetting) {
-  for (const auto& [key, setting] : kSwitches) {
+  for (const auto& [key, unused] : kSwitches) {
     for (const bool on : {false, true}) {
       const O options = Read(key + (on ? "=1" : "=0"));
-      for (const auto& [other, member] : kSwitches) {
-        EXPECT_EQ(options.*member, member == setting ? on : Read("").*member) << key << other;
+      for (const auto& [other, held] : kSwitches) {
+        EXPECT_EQ(held(options), other == key ? on : held(Read(""))) << key << other;
       }
     }
   }

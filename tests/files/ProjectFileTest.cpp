@@ -44,7 +44,7 @@ Project NewestRecord() {
            p.XcutCenters[1], p.CoalStrength, p.UnitWeight, p.BreadthAMZ) =
       std::tuple(7.5, 800, 60, 20.25, 90, 2, 75, 950, 160.5, 140);
   std::tie(p.AMZAuto, p.ArchAuto, p.LoadingCondition, p.LoadingConditionAux, p.ArchFactor, p.CalcMode) =
-      std::tuple(0, 0, 3, 9, 0.85F, 2);
+      std::tuple(0, 0, PanelLoading::kWithBothSideGobs, 9, 0.85F, kComparedModels);
   std::tie(p.ExtentActiveGob, p.AbutmentAngleActiveGob) = std::tuple(1000, 22);
   std::tie(p.ExtentFirstGob, p.AbutmentAngleFirstGob, p.BarrierFirstGob, p.SlabcutFirstGob) =
       std::tuple(1100, 23, 150, 30);
@@ -86,7 +86,7 @@ struct ReadFile {
   std::vector<FileNotice> Notices;
 
   // Reads `text` over a project that came by `aux`; a run-time error leaves what was stored before.
-  ReadFile& From(const std::string& text, std::int16_t aux = 0) {
+  ReadFile& From(const std::string& text, int aux = 0) {
     Stored.ProjectInput.LoadingConditionAux = aux;
     ReadProject(text, "panel.kvl", DetectProjectFormat(text, "panel.kvl").value(), Stored, Notices);
     return *this;
@@ -124,7 +124,7 @@ TEST_P(OldFormats, LeaveWhatTheyLackAsItWas) {
   Project expected = NewestRecord();
   expected.LoadingConditionAux = format >= 51 ? 9 : 7;
   expected.ArchFactor = format >= 52 ? 0.85F : 1;
-  expected.CalcMode = format >= 54 ? 2 : 0;
+  expected.CalcMode = format >= 54 ? kComparedModels : kTraditionalModel;
   if (format < 53) {
     expected.ArchAuto = 1;
     expected.RowA = expected.RowB = expected.RowC = expected.RowD = 0;
@@ -169,7 +169,7 @@ TEST(ProjectFile, NumberEntriesTellsHowManyCentersFollow) {
     for (int i = entries - 1; i >= 1; --i) {
       lines.insert(lines.begin() + 12, std::to_string(70 + i));
     }
-    lines[11] = PaddedText(static_cast<std::int16_t>(entries));
+    lines[11] = PaddedText(entries);
     const ReadFile file = Read(lines);
     EXPECT_EQ(file.Stored.ProjectInput.NumberEntries, entries == 0 ? 1 : entries);
     for (int i = 1; i <= 9; ++i) {
@@ -186,8 +186,8 @@ TEST(ProjectFile, NumberEntriesTellsHowManyCentersFollow) {
 }
 
 TEST(ProjectFile, ValuesBeyondTheirTablesAreReset) {
-  EXPECT_EQ(Read(With(19, {" 7 "})).Stored.ProjectInput.LoadingCondition, 3);
-  EXPECT_EQ(Read(With(19, {"-1 "})).Stored.ProjectInput.LoadingCondition, -1);
+  EXPECT_EQ(Read(With(19, {" 7 "})).Stored.ProjectInput.LoadingCondition, PanelLoading{3});
+  EXPECT_EQ(Read(With(19, {"-1 "})).Stored.ProjectInput.LoadingCondition, PanelLoading{-1});
   for (const char* units : {" 5 ", "-1 ", " 2 "}) {
     EXPECT_EQ(Read(With(2, {units})).Stored.ProjectUnits, kEnglish) << units;
   }

@@ -56,8 +56,10 @@ TEST(Settings, ANewFileReadsBackAsItIsButForTheHistorySize) {
 TEST(Settings, EveryKeyIsWrittenAndRead) {
   const TempFolder folder;
   Settings s = BuiltInSettings(kMachine);
-  s.DefaultUnits = s.DisplayHistoryWin = s.MaxMainMenu = s.ShortRecentFiles = s.LoadLastInputFile = 1;
-  s.KeepFileNames = s.ShowDisclaim = s.EnableMainMenuToolbar = s.RemindAnnualUpdates = s.CopyExampleFiles = 0;
+  s.DefaultUnits = kMetric;
+  s.DisplayHistoryWin = s.MaxMainMenu = s.ShortRecentFiles = s.LoadLastInputFile = true;
+  s.KeepFileNames = s.ShowDisclaim = s.EnableMainMenuToolbar = s.RemindAnnualUpdates = s.CopyExampleFiles =
+      false;
   s.MaxDisplaySize = 9000;
   s.DisplayFont = {"Courier New", 12.5F, -1, -1};
   s.ExternalEditor = "/usr/bin/gedit";
@@ -69,9 +71,10 @@ TEST(Settings, EveryKeyIsWrittenAndRead) {
   s.FileMenu.LastFile[2] = s.FileMenu.LastFileLong[2] = "/mine/b.KVL";
   s.FileMenu.LastFileMode[2] = 1;
   s.TextBrowse = {{"System", 7, 0, -1}, "*.TXT", 1};
-  s.Graph.GraphSetParams = s.Graph.GraphUnits = 1;
+  s.Graph.GraphSetParams = 1;
+  s.Graph.GraphUnits = kMetric;
   s.Graph.GridStyle = s.Graph.GraphStyle = 2;
-  s.Graph.CurveLegend = 0;
+  s.Graph.CurveLegend = false;
   s.Graph.SymbolSize = 20;
   s.Graph.GraphTitle = "Panel 7";
   s.Graph.XAxisTitle[6] = "Cover";

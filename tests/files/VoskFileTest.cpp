@@ -18,7 +18,7 @@ TEST(VoskFile, TakesThePanelAndSkipsTheRest) {
   std::tie(expected.XcutCenters[1], expected.XcutCenters[2]) = std::tuple(81, 82);
   std::tie(expected.CoalStrength, expected.UnitWeight, expected.BreadthAMZ) = std::tuple(910, 161, 143);
   std::tie(expected.AMZAuto, expected.ArchFactor, expected.ArchAuto) = std::tuple(0, 0.87F, 2);
-  expected.LoadingCondition = 5;  // the project file's own reader would make it 3
+  expected.LoadingCondition = PanelLoading{5};  // the project file's own reader would make it 3
   std::tie(expected.ExtentActiveGob, expected.AbutmentAngleActiveGob) = std::tuple(1001, 22);
   std::tie(expected.ExtentFirstGob, expected.AbutmentAngleFirstGob, expected.BarrierFirstGob,
            expected.SlabcutFirstGob) = std::tuple(1002, 23, 151, 31);

@@ -18,7 +18,7 @@ namespace {
 SweepData Line(int curves) {
   SweepData data;
   data.GraphIndex = kDepthGraph;
-  data.CurveCount = static_cast<std::int16_t>(curves);
+  data.CurveCount = curves;
   data.PointCount = 3;
   data.PointCapacity = 4;
   data.LaminatedCount = curves > 2 ? 3 : 0;

@@ -26,7 +26,7 @@ T GoodTexts() {
 std::string Refused(std::initializer_list<std::pair<std::string T::*, const char*>> changes,
                     int condition = 3) {
   T texts = GoodTexts();
-  texts.LoadingCondition = static_cast<std::int16_t>(condition);
+  texts.LoadingCondition = static_cast<PanelLoading>(condition);
   for (const auto& [member, text] : changes) {
     texts.*member = text;
   }
@@ -137,7 +137,7 @@ TEST(ParameterTexts, GoThereAndBackAndTellChanges) {
   }
   for (const FlagField& field : kFlagFields) {
     other = texts;
-    other.*field.Flag = static_cast<std::int16_t>(1 - other.*field.Flag);
+    other.*field.Flag = 1 - other.*field.Flag;
     EXPECT_TRUE(ParametersChanged(other, panel)) << field.Control;
   }
   other = texts;

@@ -18,7 +18,7 @@ TEST(CalcAMZ, WholeNumberTiesToEvenOrNoRoot) {
   ExpectError(ErrorNumber::kOverflow, [] { Calc_AMZ(1e39, kMetric); });    // no single in feet
 }
 
-ParameterFields Fields(double depth, double center, std::int16_t units = kEnglish) {
+ParameterFields Fields(double depth, double center, UnitSystem units = kEnglish) {
   Project p = DevelopmentPanel();
   p.DepthCover = depth;
   test::SetRows(p, 1, center);

@@ -10,7 +10,7 @@
 namespace korva {
 namespace {
 
-Results ResultsOf(const Project& p, std::int16_t units = kEnglish) {
+Results ResultsOf(const Project& p, UnitSystem units = kEnglish) {
   Prepared prepared = PrepareCalculation(p, units);
   EXPECT_EQ(prepared.Refusal.value_or(""), "");
   RunCalculation(prepared.Run);
@@ -34,7 +34,7 @@ class PanelSource {
     p.CoalStrength = Between(500, 1500);
     p.UnitWeight = Between(140, 180);
     p.BreadthAMZ = Between(50, 400);
-    p.LoadingCondition = static_cast<std::int16_t>(Between(0, 3.99));
+    p.LoadingCondition = static_cast<PanelLoading>(Between(0, 3.99));
     p.ArchAuto = 0;
     p.ArchFactor = static_cast<float>(Between(0.28, 1));
     for (double Project::*extent :

@@ -24,14 +24,14 @@ using test::DevelopmentPanel;
 using test::SetRows;
 using test::TwoSideGobs;
 
-Calculation RunOf(const Project& p, std::int16_t units = kEnglish) {
+Calculation RunOf(const Project& p, UnitSystem units = kEnglish) {
   Prepared prepared = PrepareCalculation(p, units);
   EXPECT_EQ(prepared.Refusal, std::nullopt);
   RunCalculation(prepared.Run);
   return prepared.Run;
 }
 
-Results ResultsOf(const Project& p, std::int16_t units = kEnglish) {
+Results ResultsOf(const Project& p, UnitSystem units = kEnglish) {
   return RunOf(p, units).Out;
 }
 
@@ -282,7 +282,7 @@ TEST(RunCalculation, FaultsNameTheQuantity) {
 }
 
 TEST(CalcArchFactor, LimitsAndEnteredFactor) {
-  const auto factor = [](double depth, double center, std::int16_t units, std::int16_t automatic) {
+  const auto factor = [](double depth, double center, UnitSystem units, int automatic) {
     Project p = DevelopmentPanel();
     p.DepthCover = depth;
     SetRows(p, 1, center);

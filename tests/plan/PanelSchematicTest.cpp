@@ -27,15 +27,15 @@ double MeanX(const Drawing& drawing, const std::string& words) {
 }
 
 TEST(PanelPicture, IndexAndMeaningAreEachOthersReverse) {
-  EXPECT_EQ(PanelPictureIndex(0, 1, 1, 1, 1), 0);
-  EXPECT_EQ(PanelPictureIndex(1, 0, 1, 1, 1), 3);
-  EXPECT_EQ(PanelPictureIndex(2, 1, 0, 1, 1), 10);
-  EXPECT_EQ(PanelPictureIndex(3, 1, 1, 0, 1), 24);
-  EXPECT_EQ(PanelPictureIndex(3, 0, 0, 1, 0), 17);
-  EXPECT_EQ(PanelPictureIndex(-1, 0, 0, 0, 0), 0);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{0}, 1, 1, 1, 1), 0);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{1}, 0, 1, 1, 1), 3);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{2}, 1, 0, 1, 1), 10);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{3}, 1, 1, 0, 1), 24);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{3}, 0, 0, 1, 0), 17);
+  EXPECT_EQ(PanelPictureIndex(PanelLoading{-1}, 0, 0, 0, 0), 0);
   for (int i = 0; i < kPanelPictures; ++i) {
     const PanelPicture p = PanelPictureOf(i);
-    EXPECT_EQ(PanelPictureIndex(static_cast<std::int16_t>(p.Condition), p.RowA, p.RowB, p.RowC, p.RowD), i);
+    EXPECT_EQ(PanelPictureIndex(p.Condition, p.RowA, p.RowB, p.RowC, p.RowD), i);
   }
   EXPECT_THROW(PanelPictureOf(29), RuntimeError);
 }
@@ -44,6 +44,7 @@ TEST(PanelSchematic, EachPictureShowsWhatItStandsForOnItsSide) {
   for (int i = 0; i < kPanelPictures; ++i) {
     SCOPED_TRACE(i);
     const PanelPicture p = PanelPictureOf(i);
+    const auto condition = static_cast<int>(p.Condition);
     const Drawing drawing = PanelSchematic(p);
     const double middle = (drawing.Low.X + drawing.High.X) / 2;
     const auto shown = [&](const char* words) { return MeanX(drawing, words) != 0; };
@@ -51,12 +52,12 @@ TEST(PanelSchematic, EachPictureShowsWhatItStandsForOnItsSide) {
     EXPECT_EQ(shown("B"), p.RowB);
     EXPECT_EQ(shown("C"), p.RowC);
     EXPECT_EQ(shown("D"), p.RowD);
-    EXPECT_EQ(shown("Active gob"), p.Condition >= 1);
-    EXPECT_EQ(shown("First side gob"), p.Condition >= 2);
-    EXPECT_EQ(shown("Second side gob"), p.Condition == 3);
-    EXPECT_EQ(Count(drawing, DrawLayer::kBarrier), std::max(0, p.Condition - 1));
-    EXPECT_EQ(Count(drawing, DrawLayer::kActiveMiningZone), p.Condition >= 1 ? 1 : 0);
-    EXPECT_EQ(shown("Slab cut"), (p.Condition >= 2 && !p.RowA) || (p.Condition == 3 && !p.RowB));
+    EXPECT_EQ(shown("Active gob"), condition >= 1);
+    EXPECT_EQ(shown("First side gob"), condition >= 2);
+    EXPECT_EQ(shown("Second side gob"), condition == 3);
+    EXPECT_EQ(Count(drawing, DrawLayer::kBarrier), std::max(0, condition - 1));
+    EXPECT_EQ(Count(drawing, DrawLayer::kActiveMiningZone), condition >= 1 ? 1 : 0);
+    EXPECT_EQ(shown("Slab cut"), (condition >= 2 && !p.RowA) || (condition == 3 && !p.RowB));
     for (const char* left : {"A", "C", "First side gob"}) {
       EXPECT_TRUE(!shown(left) || MeanX(drawing, left) < middle) << left;
     }

@@ -23,7 +23,7 @@ PlanRequest RequestOf(const Project& project) {
 }
 
 // With the values of a traditional run in it.
-PlanRequest AfterRun(const Project& project, std::int16_t plotType, const OutputUnits& units = {}) {
+PlanRequest AfterRun(const Project& project, int plotType, const OutputUnits& units = {}) {
   PlanRequest request = RequestOf(project);
   Calculation run = PrepareCalculation(project, kEnglish).Run;
   RunCalculation(run);
@@ -95,7 +95,7 @@ TEST(PlanDrawing, DimensionsFollowTheOptions) {
   p.XcutSpacing = 83;
   p.XcutCenters[2] = 61.5;
   PlanRequest request = RequestOf(p);
-  request.Options.PlotSingleXcutDims = 0;
+  request.Options.PlotSingleXcutDims = false;
   Plan plan = DrawPlan(request).value();
   EXPECT_EQ(CountOf(plan, "60"), 4 + 1) << "four entries and the first barrier";
   EXPECT_EQ(CountOf(plan, "62"), 1) << "rounded half away from zero";
@@ -103,7 +103,7 @@ TEST(PlanDrawing, DimensionsFollowTheOptions) {
   EXPECT_EQ(CountOf(plan, "20"), 1) << "the slab cut";
   EXPECT_EQ(CountOf(plan, "1000"), 1) << "the active gob";
   EXPECT_TRUE(Says(plan, "First side gob, 1000 ft, not to scale"));
-  request.Options.PlotSingleXcutDims = 1;
+  request.Options.PlotSingleXcutDims = true;
   EXPECT_EQ(CountOf(DrawPlan(request).value(), "83"), 1);
   request.Geometry.SchematicGobs = false;
   plan = DrawPlan(request).value();
@@ -111,7 +111,7 @@ TEST(PlanDrawing, DimensionsFollowTheOptions) {
   EXPECT_EQ(CountOf(plan, "500"), 1);
   EXPECT_FALSE(Says(plan, "First side gob, ")) << "to scale now";
   EXPECT_TRUE(Says(plan, "First side gob"));
-  request.Options.PlotEntryDims = request.Options.PlotXcutDims = request.Options.PlotGobDims = 0;
+  request.Options.PlotEntryDims = request.Options.PlotXcutDims = request.Options.PlotGobDims = false;
   plan = DrawPlan(request).value();
   EXPECT_EQ(CountOf(plan, "60") + CountOf(plan, "83") + CountOf(plan, "20") + CountOf(plan, "500"), 0);
   EXPECT_EQ(CountOf(plan, "1000"), 1) << "the active gob has no option";
@@ -158,7 +158,7 @@ TEST(PlanDrawing, ValuesStandInOutputUnitsWithTheirLabel) {
   plan = DrawPlan(AfterRun(p, kPlotCapacity)).value();
   EXPECT_EQ(ValuesIn(plan, 4), Texts{std::to_string(std::lround(strength * 144 * 2400 / 2000))});
   EXPECT_TRUE(Says(plan, "KORVA: Pillar Load Bearing Capacity (tons)."));
-  plan = DrawPlan(AfterRun(p, kPlotCapacity, {1, 0})).value();
+  plan = DrawPlan(AfterRun(p, kPlotCapacity, {StressUnit::kPsf, LoadUnit::kPounds})).value();
   EXPECT_EQ(ValuesIn(plan, 4), Texts{std::to_string(std::lround(strength * 144 * 2400))});
   EXPECT_TRUE(Says(plan, "(lbs)"));
 }
@@ -185,14 +185,14 @@ TEST(PlanDrawing, ShowsNoNumberThatNoRunComputed) {
   PlanRequest request = RequestOf(test::TwoSideGobs());
   request.ProjectCalc.RowC = 1;
   request.ProjectCalc.WidthRowC = 40;
-  for (const std::int16_t type : {kPlotStrength, kPlotCapacity, kPlotSideStress, kPlotTotalStress}) {
+  for (const int type : {kPlotStrength, kPlotCapacity, kPlotSideStress, kPlotTotalStress}) {
     request.PlotType = type;
     EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 4), Texts{}) << type;
   }
   StrondResults laminated;
   laminated.StrondPillarStrength[0] = 1234;
   request.ProjectCalc.CalcMode = kLaminatedModel;
-  request.Values = PlanValuesOf(nullptr, &laminated, kEnglish, {1, 1});
+  request.Values = PlanValuesOf(nullptr, &laminated, kEnglish, {StressUnit::kPsf, LoadUnit::kTons});
   request.PlotType = kPlotStrength;
   EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 4), Texts{std::to_string(1234 * 144)}) << "psf";
   EXPECT_TRUE(Says(DrawPlan(request).value(), "KORVA-STROND: Unit Pillar Strength (psf)."));
@@ -313,7 +313,7 @@ TEST(PlanDrawing, ValuesStayWithinTheOutlinesOfTheirPillars) {
     Project p = test::AtCondition(test::TwoSideGobs(), 1);
     p.XcutAngle = angle;
     p.XcutSpacing = 70;
-    for (const std::int16_t plot : {kPlotDimensions, kPlotCapacity, kPlotTotalStress}) {
+    for (const int plot : {kPlotDimensions, kPlotCapacity, kPlotTotalStress}) {
       PlanRequest request = AfterRun(p, plot);
       request.TextShare = 1.0 / 30;
       const Plan plan = DrawPlan(request).value();

@@ -30,7 +30,7 @@ void ExpectCorners(const PlanCorners& corners, const std::array<std::pair<float,
 
 int DrawnIn(const PlanGeometry& geometry, int line) {
   return static_cast<int>(
-      std::count(geometry.PillarDrawn[line].begin(), geometry.PillarDrawn[line].end(), 1));
+      std::count(geometry.PillarDrawn[line].begin(), geometry.PillarDrawn[line].end(), true));
 }
 
 TEST(PlanGeometry, StraightCrosscutsLeaveEntriesOfOneWidth) {

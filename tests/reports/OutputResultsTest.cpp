@@ -7,14 +7,16 @@ namespace {
 
 // Ones in each kind of result, behind their conversion.
 TEST(ConvertResultUnits, LoadsAndStressesHaveTheirOwnOption) {
-  for (const std::int16_t units : {kEnglish, kMetric}) {
+  for (const UnitSystem units : {kEnglish, kMetric}) {
     for (const bool tons : {false, true}) {
       Calculation run;
       run.Work.Units = units;
       Results& r = run.Out;
       r.DevLoad = r.RowExcess[4] = r.LTRANSREM[kRetreat][3] = r.PillarCapacity[9] = 1;
       r.PillarStrength[9] = r.SideStressSecond[3] = r.BarTotalStress[4] = r.RowStrength[3] = r.AMZArea = 1;
-      const OutputResults output = ConvertResultUnits(run, tons ? OutputUnits{1, 1} : OutputUnits{0, 0});
+      const OutputResults output =
+          ConvertResultUnits(run, tons ? OutputUnits{StressUnit::kPsf, LoadUnit::kTons}
+                                       : OutputUnits{StressUnit::kPsi, LoadUnit::kPounds});
       const Results& o = output.Out;
       for (const double load : {o.DevLoad, o.RowExcess[4], o.LTRANSREM[kRetreat][3], o.PillarCapacity[9]}) {
         EXPECT_EQ(load, units == kEnglish && tons ? 1 / 2000.0 : 1);

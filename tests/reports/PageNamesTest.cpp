@@ -12,14 +12,14 @@ TEST(PageNames, FollowTheModelThatLaidThePagesOut) {
   EXPECT_EQ(PageName(kTraditionalModel, 1), "Stability factors");
   EXPECT_EQ(PageName(kTraditionalModel, 2), "Active mining zone");
   EXPECT_EQ(PageName(kTraditionalModel, 5), "Remnant and leave pillars");
-  for (const std::int16_t model : {kLaminatedModel, kComparedModels}) {
+  for (const OverburdenModel model : {kLaminatedModel, kComparedModels}) {
     EXPECT_EQ(PageName(model, 2), "Pillars");
     EXPECT_EQ(PageName(model, 4), "Remnant pillars");
   }
 }
 
 TEST(PageNames, AnEmptyPageSaysWhy) {
-  const auto reasons = [](std::int16_t model, int sideGobs) {
+  const auto reasons = [](OverburdenModel model, int sideGobs) {
     std::string pages;
     for (int page = 0; page <= 5; ++page) {
       pages += EmptyPageReason(model, sideGobs, page).empty() ? "" : std::to_string(page);

@@ -17,7 +17,7 @@ using test::TwoSideGobs;
 
 // Page `number` of a panel.
 std::string PageOf(std::size_t number, const Project& p, const OptionSettings& options = {},
-                   std::int16_t units = kEnglish) {
+                   UnitSystem units = kEnglish) {
   Korva korva;
   korva.ProjectCalc = p;
   korva.Stored.ProjectUnits = units;
@@ -74,8 +74,11 @@ TEST(Reports, FollowTheOptions) {
   EXPECT_TRUE(PageOf(3, p, {.PrintPlotReminder = 0}).ends_with(" 2.01E+06 (tons)\r\n\r\n"));
   EXPECT_TRUE(PageOf(0, p, {.PrintModuleHeader = 0}).starts_with("[PROJECT TITLE]\r\n"));
   EXPECT_TRUE(
-      Holds(PageOf(0, p, {.OutputStrUnits = 1, .OutputStrGradUnits = 0}), "Units:  (ft) (psf) (lbs)\r\n"));
-  EXPECT_TRUE(Holds(PageOf(3, p, {.OutputStrUnits = 1, .OutputStrGradUnits = 0}), "(psf)         (lbs)\r\n"));
+      Holds(PageOf(0, p, {.OutputStrUnits = StressUnit::kPsf, .OutputStrGradUnits = LoadUnit::kPounds}),
+            "Units:  (ft) (psf) (lbs)\r\n"));
+  EXPECT_TRUE(
+      Holds(PageOf(3, p, {.OutputStrUnits = StressUnit::kPsf, .OutputStrGradUnits = LoadUnit::kPounds}),
+            "(psf)         (lbs)\r\n"));
   // Condition 4 runs like 2, but has no name.
   EXPECT_TRUE(PageOf(0, AtCondition(p, 4)).ends_with("Loading Condition..................\r\n\r\n\r\n\r\n"));
   EXPECT_TRUE(Holds(PageOf(0, p, {}, kMetric), "Units:  (m) (kPa) (kN)\r\n"));

@@ -9,7 +9,7 @@
 namespace korva {
 namespace {
 
-WarningTexts TextsOf(const std::vector<int>& flags, std::int16_t units = kEnglish, double depth = 900,
+WarningTexts TextsOf(const std::vector<int>& flags, UnitSystem units = kEnglish, double depth = 900,
                      float crit = 1.36F) {
   RuleOutcome outcome;
   for (const int flag : flags) {

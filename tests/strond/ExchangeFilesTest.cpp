@@ -12,13 +12,13 @@
 namespace korva {
 namespace {
 
-StrondPlace Place(std::int16_t iOptDir) {
-  return {iOptDir, "/opt/korva/bin", "/tmp/", "", "/home/u/Documents/MyFolvane/Temp/"};
+StrondPlace Place(int iOptDir) {
+  return {SolverFolder{iOptDir}, "/opt/korva/bin", "/tmp/", "", "/home/u/Documents/MyFolvane/Temp/"};
 }
 
 TEST(StrondPaths, FollowTheChoiceOfTheFolder) {
   struct Row {
-    std::int16_t choice;
+    int choice;
     std::string input, output, result;
   };
   const std::string docs = "/home/u/Documents/MyFolvane/Temp/";
@@ -46,7 +46,7 @@ TEST(StrondPaths, ComeFromTheProgramsFolders) {
   folders.AppPath = "/usr/bin/";
   folders.SystemTempFolder = "/var/tmp/";
   folders.TempRoot = "/home/u/MyFolvane/Temp/";
-  const StrondPlace place = StrondPlaceOf(folders, 0);
+  const StrondPlace place = StrondPlaceOf(folders, SolverFolder::kApplication);
   EXPECT_EQ(place.App, "/usr/bin");
   EXPECT_EQ(place.Tmp, "/var/tmp/");
   EXPECT_EQ(place.Docs, "/home/u/MyFolvane/Temp/");
@@ -63,7 +63,7 @@ TEST(StrondLine, HasItsFiftyTwoFieldsInOrder) {
   for (int i = 1; i <= kMaxRows; ++i) {
     p.XcutCenters[i] = 70 + i;  // all nine, whatever the number of entries is
   }
-  p.LoadingCondition = 3;
+  p.LoadingCondition = PanelLoading{3};
   p.ExtentActiveGob = 900;
   p.ExtentFirstGob = 800;
   p.ExtentSecondGob = 700;

@@ -20,7 +20,7 @@ const std::string kResult =
 
 struct Bench {
   TempFolder Folder;
-  StrondPlace Place{1, "", Folder / "", "", ""};
+  StrondPlace Place{SolverFolder::kUserTemporary, "", Folder / "", "", ""};
   std::string Exchange = Folder / "panel/panel.KVSD";
   std::string Result = Folder / "panel_KVSD.CSV";
 
@@ -111,7 +111,7 @@ TEST(SolverLibrary, IsFoundByItsName) {
   // A project of the documents' temporary folder's own name, at the choice of that folder.
   const std::string docs = bench.Folder / "MyFolvane/Temp/";
   fs::create_directories(docs);
-  const StrondPlace place{3, "", "", "", docs};
+  const StrondPlace place{SolverFolder::kDocuments, "", "", "", docs};
   EXPECT_EQ(RunStrond2D(test::TwoSideGobs(), kEnglish, "Temp.KVL", place).Results.StrondSF,
             run.Results.StrondSF);
 }

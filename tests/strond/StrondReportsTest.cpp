@@ -31,9 +31,9 @@ StrondResults Results() {
   return r;
 }
 
-Project Panel(std::int16_t condition) {
+Project Panel(int condition) {
   Project p = test::TwoSideGobs();
-  p.LoadingCondition = condition;
+  p.LoadingCondition = PanelLoading{condition};
   return p;
 }
 
@@ -88,7 +88,7 @@ TEST(StrondReport, ShowsTheCasesAndSidesThatThereAre) {
   noRetreat.ExtentActiveGob = 0;
   EXPECT_EQ(StrondReport(Results(), noRetreat, kEnglish).Page[1].find("Retreat"), std::string::npos);
   EXPECT_NE(StrondReport(Results(), Panel(1), kEnglish).Page[1].find("Retreat"), std::string::npos);
-  for (const auto oneSide : {std::int16_t{2}, std::int16_t{4}}) {
+  for (const auto oneSide : {2, 4}) {
     const std::string page = StrondReport(Results(), Panel(oneSide), kMetric).Page[1];
     EXPECT_NE(page.find("one side gob."), std::string::npos);
     EXPECT_EQ(page.find("SECOND"), std::string::npos);
@@ -120,7 +120,8 @@ TEST(StrondCompareReport, PutsBothModelsSideBySide) {
   traditional.Out.BarrierSF[kDevelopment][kFirstSide] = 3.129;
   traditional.Out.BarrierSF[kRetreat][kFirstSide] = 2.5;
   traditional.Out.RemnantSF[kFirstSide] = 12.5;
-  const StrondPages pages = StrondCompareReport(Results(), Panel(2), kEnglish, traditional, 2);
+  const StrondPages pages =
+      StrondCompareReport(Results(), Panel(2), kEnglish, traditional, FactorRounding::kTruncated);
   EXPECT_EQ(pages.Page[1], "[KORVA STABILITY FACTORS]\r\n" + std::string(45, ' ') +
                                "KORVA-STROND   KORVA-TRADITIONAL\r\n"
                                "Development (KORVA)..........................  2.35            2.00\r\n"

@@ -7,7 +7,7 @@ namespace korva::test {
 
 // Centers of `center`, `rows` times.
 inline void SetRows(Project& p, int rows, double center) {
-  p.NumberEntries = static_cast<std::int16_t>(rows + 1);
+  p.NumberEntries = rows + 1;
   for (int i = 1; i <= rows; ++i) {
     p.XcutCenters[i] = center;
   }
@@ -31,7 +31,7 @@ inline Project TwoSideGobs() {
   p.DepthCover = 900;
   SetRows(p, 5, 60);
   p.BreadthAMZ = 150;
-  p.LoadingCondition = 3;
+  p.LoadingCondition = PanelLoading{3};
   p.ExtentActiveGob = 1000;
   p.ExtentFirstGob = 1000;
   p.BarrierFirstGob = 60;
@@ -43,11 +43,11 @@ inline Project TwoSideGobs() {
 
 // The same panel at loading condition `condition`, 0 to 3.
 inline Project AtCondition(Project p, int condition) {
-  p.LoadingCondition = static_cast<std::int16_t>(condition);
+  p.LoadingCondition = static_cast<PanelLoading>(condition);
   return p;
 }
 
-inline StoredProject Stored(const Project& project, std::int16_t units = kEnglish) {
+inline StoredProject Stored(const Project& project, UnitSystem units = kEnglish) {
   StoredProject stored;
   stored.ProjectInput = project;
   stored.ProjectTitle = "Sample panel";

@@ -48,7 +48,7 @@ TEST(ReadCase, TakesEveryColumn) {
   std::tie(expected.EntryHeight, expected.DepthCover, expected.EntryWidth, expected.XcutSpacing,
            expected.XcutAngle, expected.NumberEntries) = std::tuple(104, 105, 106, 107, 108, 3);
   std::tie(expected.XcutCenters[1], expected.XcutCenters[2]) = std::tuple(110, 111);
-  std::tie(expected.BreadthAMZ, expected.LoadingCondition) = std::tuple(120, 3);
+  std::tie(expected.BreadthAMZ, expected.LoadingCondition) = std::tuple(120, PanelLoading::kWithBothSideGobs);
   std::tie(expected.ExtentActiveGob, expected.ExtentFirstGob, expected.ExtentSecondGob) =
       std::tuple(122, 123, 124);
   std::tie(expected.BarrierFirstGob, expected.BarrierSecondGob) = std::tuple(125, 126);
@@ -82,14 +82,14 @@ TEST(ReadCase, CellsOfOtherKinds) {
   EXPECT_EQ(nothing.Number, "000");
   EXPECT_EQ(nothing.Stored.ProjectInput.NumberEntries, 1);
   EXPECT_EQ(nothing.Stored.ProjectInput.XcutCenters[1], 0);
-  EXPECT_EQ(nothing.Stored.ProjectInput.LoadingCondition, 0);
+  EXPECT_EQ(nothing.Stored.ProjectInput.LoadingCondition, PanelLoading{0});
   EXPECT_FALSE(HoldsCase(sheet, 8));
   sheet.Set(8, 48, {CellKind::kText, 0, "a note"});
   EXPECT_FALSE(HoldsCase(sheet, 8));
   EXPECT_TRUE(HoldsCase(sheet, 7));
 
   Number(sheet, 21, 2.5);  // no code
-  EXPECT_EQ(Panel(sheet).LoadingCondition, 0);
+  EXPECT_EQ(Panel(sheet).LoadingCondition, PanelLoading{0});
 }
 
 TEST(ReadCase, ACellThatCannotBeTakenIsNamed) {
