@@ -2,8 +2,8 @@
 #pragma once
 
 #include <algorithm>
-#include <ranges>
 
+#include "core/IndexRange.h"
 #include "core/IndexedArray.h"
 #include "core/Project.h"
 
@@ -52,8 +52,8 @@ constexpr int LastStage(RunLoading loading) {
 constexpr int SideGobCount(RunLoading loading) {
   return std::max(0, LastStage(loading) - kFront);
 }
-constexpr auto SideGobs(RunLoading loading) {
-  return std::views::iota(kFirstSide, kFirstSide + SideGobCount(loading));
+constexpr IndexRange SideGobs(RunLoading loading) {
+  return {kFirstSide, LastStage(loading)};
 }
 
 // The angle that an abutment angle of 90 degrees or more is calculated with, 89.9 degrees in radians.
