@@ -6,19 +6,12 @@
 #include "Commands.h"
 #include "ValueJson.h"
 #include "commands/Calculate.h"
-#include "commands/PrivateFiles.h"
 #include "core/NumberText.h"
 #include "input/FormComputations.h"
 
 namespace korva::cli {
 
 namespace {
-
-struct CalcCall {
-  std::string File;
-  std::string Model;
-  bool AsJson = false;
-};
 
 // What the input form would compute. A value that has none is null and told; the calculation stands without
 // it.
@@ -70,12 +63,7 @@ std::string CalcText(const Json& json, const std::string& prefix = {}) {
   return text;
 }
 
-int Calc(Korva& korva, const CalcCall& call) {
-  if (!OpenProject(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
-  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  const auto files = PrivateFilesOf(korva);
+int Calc(Korva& korva, const ProjectCall& call) {
   const Evaluated evaluated = EvaluateProject(korva, korva.ProjectCalc.CalcMode);
   if (evaluated.Refusal) {
     TerminalMessages messages(call.File);
@@ -97,15 +85,14 @@ int Calc(Korva& korva, const CalcCall& call) {
 }  // namespace
 
 Command AddCalc(CLI::App& app, const CommonOptions& common) {
-  auto call = std::make_shared<CalcCall>();
+  auto call = std::make_shared<ProjectCall>();
   CLI::App* parser = app.add_subcommand("calc", "Print every number of a calculation");
   parser->add_option("FILE", call->File, "project file")->required();
   AddModelOption(*parser, call->Model);
   parser->add_flag("--json", call->AsJson, "as JSON, arrays index by index");
   parser->footer("Example:\n  korva calc examples/two-side-gobs.KVL --json");
   return {parser, [call, &common] {
-            return RunGuarded(common, call->File, call->AsJson,
-                              [&](Korva& korva) { return Calc(korva, *call); });
+            return RunOnProject(common, *call, [&](Korva& korva) { return Calc(korva, *call); });
           }};
 }
 

@@ -6,10 +6,7 @@
 #include "Commands.h"
 #include "commands/Calculate.h"
 #include "commands/PlanCommands.h"
-#include "commands/PrivateFiles.h"
 #include "core/Tables.h"
-#include "files/PlatformFile.h"
-#include "files/SafeWriter.h"
 #include "model/KORVAmodel.h"
 #include "pictures/DrawingPicture.h"
 #include "services/PagePrinter.h"
@@ -18,12 +15,8 @@ namespace korva::cli {
 
 namespace {
 
-struct PlanCall {
-  std::string File;
+struct PlanCall : ProjectCall {
   int Plot = kPlotDimensions;
-  std::string Model;
-  bool AsJson = false;
-  std::string Out;
 };
 
 template <class Points>
@@ -88,18 +81,7 @@ void Evaluate(Korva& korva) {
       PillarValuesOf(korva, EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel));
 }
 
-int DrawPlanOf(Korva& korva, const PlanCall& call) {
-  const auto kind = call.Out.empty() ? PictureKind::kSvg : PictureKindOf(call.Out);
-  if (!kind) {
-    throw UsageError{fmt::format("-o {}: expected a name that ends in .svg, .pdf or .png", call.Out)};
-  }
-  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
-    throw UsageError{"the picture would replace the project file itself"};
-  }
-  if (!OpenProject(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
-  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
   korva.PlotType = call.Plot;
   korva.PlotCaller = kPlanFromResults;
   FillPlotCopies(korva);
@@ -110,7 +92,6 @@ int DrawPlanOf(Korva& korva, const PlanCall& call) {
     return Refuse(call, "the laminated model alone gives no load bearing capacity and no pillar stresses");
   }
   TellFormNotices(korva, call.File);
-  const auto files = PrivateFilesOf(korva);
   Evaluate(korva);
   PlanRequest request = PlanRequestOf(korva, true);
   request.Title = TitleBlockOf(korva, LocalTimeNow());
@@ -122,13 +103,8 @@ int DrawPlanOf(Korva& korva, const PlanCall& call) {
     Print(JsonText(PlanJson(*plan)));
     return kDone;
   }
-  const std::string picture =
-      DrawingPicture(PictureOf(*plan), static_cast<double>(plan->PlanHeight) * kPlanTextShare, *kind);
-  if (call.Out.empty()) {
-    Print(picture);
-  } else {
-    WriteFileSafely(call.Out, picture);
-  }
+  WriteOrPrint(
+      call, DrawingPicture(PictureOf(*plan), static_cast<double>(plan->PlanHeight) * kPlanTextShare, kind));
   return kDone;
 }
 
@@ -152,8 +128,8 @@ Command AddPlan(CLI::App& app, const CommonOptions& common) {
       ->excludes(json);
   parser->footer("Example:\n  korva plan examples/two-side-gobs.KVL -o plan.svg");
   return {parser, [call, &common] {
-            return RunGuarded(common, call->File, call->AsJson,
-                              [&](Korva& korva) { return DrawPlanOf(korva, *call); });
+            const PictureKind kind = PictureKindFor(*call);
+            return RunOnProject(common, *call, [&](Korva& korva) { return DrawPlanOf(korva, *call, kind); });
           }};
 }
 

@@ -6,9 +6,6 @@
 #include "Commands.h"
 #include "commands/Calculate.h"
 #include "commands/PrintCommands.h"
-#include "commands/PrivateFiles.h"
-#include "files/PlatformFile.h"
-#include "files/SafeWriter.h"
 #include "pictures/PictureKind.h"
 #include "services/PagePrinter.h"
 #include "services/PagesPdf.h"
@@ -17,12 +14,8 @@ namespace korva::cli {
 
 namespace {
 
-struct ReportCall {
-  std::string File;
+struct ReportCall : ProjectCall {
   std::vector<int> Pages;
-  std::string Model;
-  bool AsJson = false;
-  std::string Out;
   std::string Paper;  // of a PDF; empty for that of the project's units
 };
 
@@ -59,9 +52,7 @@ std::string ReportPdf(const Korva& korva, const ReportCall& call) {
 }
 
 void CheckCall(const ReportCall& call) {
-  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
-    throw UsageError{"the report would replace the project file itself"};
-  }
+  RefuseOwnFile(call, "report");
   if (call.AsJson && IsPdf(call)) {
     throw UsageError{"JSON does not go into a PDF; leave out --json or give -o another ending"};
   }
@@ -71,33 +62,21 @@ void CheckCall(const ReportCall& call) {
 }
 
 int Report(Korva& korva, const ReportCall& call) {
-  const auto output = [&call](const std::string& text) {
-    if (call.Out.empty()) {
-      Print(text);
-    } else {
-      WriteFileSafely(call.Out, text);
-    }
-  };
-  CheckCall(call);
-  if (!OpenProject(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
-  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  const auto files = PrivateFilesOf(korva);
   RefusalMessages messages(call.File);
   if (!CalculateWorkingCopy(korva, messages, korva.ProjectCalc.CalcMode)) {
     if (call.AsJson) {
-      output(JsonText(ReportJson(call.File, messages.Text, Json::array(), "")));
+      WriteOrPrint(call, JsonText(ReportJson(call.File, messages.Text, Json::array(), "")));
     }
     return kRefused;
   }
   TellFormNotices(korva, call.File);
   if (call.AsJson) {
     const Json pages(std::vector<std::string>(korva.OutBuf.begin(), korva.OutBuf.end()));
-    output(JsonText(ReportJson(call.File, nullptr, pages, korva.WarningText)));
+    WriteOrPrint(call, JsonText(ReportJson(call.File, nullptr, pages, korva.WarningText)));
     return kDone;
   }
-  output(IsPdf(call) ? ReportPdf(korva, call) : PlatformLines(PagesText(korva, call.Pages, "\f\r\n")));
+  WriteOrPrint(call,
+               IsPdf(call) ? ReportPdf(korva, call) : PlatformLines(PagesText(korva, call.Pages, "\f\r\n")));
   if (!korva.WarningText.empty()) {
     PrintBeside("KORVA Warnings\n" + PlatformLines(korva.WarningText));
   }
@@ -128,8 +107,8 @@ Command AddReport(CLI::App& app, const CommonOptions& common) {
       ->check(CLI::IsMember({"a4", "letter"}));
   parser->footer("Example:\n  korva report examples/two-side-gobs.KVL --page 1");
   return {parser, [call, &common] {
-            return RunGuarded(common, call->File, call->AsJson,
-                              [&](Korva& korva) { return Report(korva, *call); });
+            CheckCall(*call);
+            return RunOnProject(common, *call, [&](Korva& korva) { return Report(korva, *call); });
           }};
 }
 

@@ -5,12 +5,14 @@
 #include <algorithm>
 
 #include "commands/FileCommands.h"
+#include "commands/PrivateFiles.h"
 #include "core/ClassifyError.h"
 #include "core/Encoding.h"
 #include "core/Tables.h"
 #include "files/OptionsFile.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
+#include "files/SafeWriter.h"
 #include "input/FormNotices.h"
 
 namespace korva::cli {
@@ -94,6 +96,46 @@ bool OpenProject(Korva& korva, const std::string& file, bool asJson) {
     Print(JsonText({{"file", file}, {"error", PlainErrorJson(kInvalidFormat)}}));
   }
   return opened;
+}
+
+int RunOnProject(const CommonOptions& common, const ProjectCall& call,
+                 const std::function<int(Korva&)>& action) {
+  CommonOptions options = common;
+  options.Changes.insert(options.Changes.end(), call.Changes.begin(), call.Changes.end());
+  return RunGuarded(options, call.File, call.AsJson, [&](Korva& korva) {
+    if (!OpenProject(korva, call.File, call.AsJson)) {
+      return kFailed;
+    }
+    korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
+    const auto files = PrivateFilesOf(korva);
+    return action(korva);
+  });
+}
+
+PictureKind PictureKindFor(const ProjectCall& call) {
+  if (call.Out.empty()) {
+    return PictureKind::kSvg;
+  }
+  const auto kind = PictureKindOf(call.Out);
+  if (!kind) {
+    throw UsageError{fmt::format("-o {}: expected a name that ends in .svg, .pdf or .png", call.Out)};
+  }
+  RefuseOwnFile(call, "picture");
+  return *kind;
+}
+
+void RefuseOwnFile(const ProjectCall& call, std::string_view what) {
+  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
+    throw UsageError{fmt::format("the {} would replace the project file itself", what)};
+  }
+}
+
+void WriteOrPrint(const ProjectCall& call, const std::string& result) {
+  if (call.Out.empty()) {
+    Print(result);
+  } else {
+    WriteFileSafely(call.Out, result);
+  }
 }
 
 void TellFormNotices(const Korva& korva, const std::string& file) {

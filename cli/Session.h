@@ -14,6 +14,7 @@
 #include "Terminal.h"
 #include "core/Korva.h"
 #include "core/RuntimeError.h"
+#include "pictures/PictureKind.h"
 
 namespace korva::cli {
 
@@ -56,6 +57,29 @@ bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, Messag
 // Opens the project `file` into `korva`, telling what was odd in it. False for a file of no project format,
 // which has been told.
 bool OpenProject(Korva& korva, const std::string& file, bool asJson);
+
+// A call about one project, to be calculated by the model asked for or by its own.
+struct ProjectCall {
+  std::string File;
+  std::string Model;
+  bool AsJson = false;
+  std::string Out;                   // the file that gets the result; empty for the terminal
+  std::vector<std::string> Changes;  // KEY=VALUE, behind the common ones
+};
+
+// Opens the project of `call` and gives a laminated run a folder of its own, then runs `action`.
+int RunOnProject(const CommonOptions& common, const ProjectCall& call,
+                 const std::function<int(Korva&)>& action);
+
+// The kind of picture that -o asks for, SVG without it. Throws UsageError for another file and for the
+// project itself.
+PictureKind PictureKindFor(const ProjectCall& call);
+
+// Throws UsageError if `what` would replace the project itself.
+void RefuseOwnFile(const ProjectCall& call, std::string_view what);
+
+// Writes a result into the file of the call, or prints it.
+void WriteOrPrint(const ProjectCall& call, const std::string& result);
 
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);

@@ -6,11 +6,9 @@
 
 #include "Commands.h"
 #include "commands/FileMenu.h"
-#include "commands/PrivateFiles.h"
 #include "commands/SweepCommand.h"
 #include "core/ClassifyError.h"
 #include "core/Tables.h"
-#include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
@@ -20,15 +18,9 @@ namespace korva::cli {
 
 namespace {
 
-struct SweepCall {
-  std::string File;
+struct SweepCall : ProjectCall {
   int Graph = 0;
-  std::string Min;
-  std::string Max;
-  std::string Model;
   bool AsCsv = false;
-  bool AsJson = false;
-  std::string Out;
 };
 
 using Rows = std::vector<std::vector<std::string>>;
@@ -172,15 +164,15 @@ void TellNotes(const Korva& korva, const SweepCall& call) {
 }
 
 // With `failure`, which ended the sweep, JSON tells that and the points in front of it.
-void PrintSweep(Korva& korva, const SweepCall& call, std::optional<PictureKind> kind,
+void PrintSweep(Korva& korva, const SweepCall& call, PictureKind kind,
                 const std::optional<RuntimeError>& failure) {
   const SweepData& sweep = korva.Sweep;
   GraphSettings& settings = korva.Preferences.Graph;
   PrepareTitles(settings, sweep.GraphIndex, korva.Stored.ProjectUnits);
   const std::string& xTitle = settings.XAxisTitle[sweep.GraphIndex];
-  if (kind) {
+  if (!call.Out.empty()) {
     const int curves = DisplayCurves(korva.ProjectCalc, sweep);
-    WriteFileSafely(call.Out, ChartPicture(ChartOf(sweep, curves, settings, true), *kind));
+    WriteFileSafely(call.Out, ChartPicture(ChartOf(sweep, curves, settings, true), kind));
   } else if (call.AsJson && failure) {
     TerminalMessages messages(call.File);
     ClassifyError(korva, messages, *failure, true);
@@ -192,19 +184,7 @@ void PrintSweep(Korva& korva, const SweepCall& call, std::optional<PictureKind> 
   }
 }
 
-int Sweep(Korva& korva, const SweepCall& call) {
-  const auto kind = PictureKindOf(call.Out);
-  if (!call.Out.empty() && !kind) {
-    throw UsageError{fmt::format("-o {}: expected a name that ends in .svg, .pdf or .png", call.Out)};
-  }
-  if (!call.Out.empty() && IsSameFile(call.File, call.Out)) {
-    throw UsageError{"the picture would replace the project file itself"};
-  }
-  if (!OpenProject(korva, call.File, call.AsJson)) {
-    return kFailed;
-  }
-  korva.ProjectCalc.CalcMode = ModelOf(call.Model).value_or(korva.ProjectCalc.CalcMode);
-  const auto files = PrivateFilesOf(korva);
+int Sweep(Korva& korva, const SweepCall& call, PictureKind kind) {
   RefusalMessages messages(call.File);
   const auto graph = static_cast<GraphKind>(call.Graph);
   auto job = PrepareSweep(korva, messages, graph, korva.ProjectCalc.CalcMode);
@@ -240,8 +220,18 @@ Command AddSweep(CLI::App& app, const CommonOptions& common) {
           "4 first, 5 second barrier width, 6 depth of cover")
       ->required()
       ->check(CLI::Range(0, kGraphs - 1));
-  parser->add_option("--min", call->Min, "least value in percent of the project's, 0 to 150")->type_name("P");
-  parser->add_option("--max", call->Max, "greatest value, 0 to 150")->type_name("P");
+  const auto bound = [&](const char* name, const char* key, const char* what) {
+    parser
+        ->add_option_function<std::string>(
+            name,
+            [call, key](const std::string& value) {
+              call->Changes.push_back(fmt::format("{}={}", key, value));
+            },
+            what)
+        ->type_name("P");
+  };
+  bound("--min", "PlotRangeMin", "least value in percent of the project's, 0 to 150");
+  bound("--max", "PlotRangeMax", "greatest value, 0 to 150");
   AddModelOption(*parser, call->Model);
   auto* csv = parser->add_flag("--csv", call->AsCsv, "all digits, separated by commas");
   auto* json = parser->add_flag("--json", call->AsJson, "the points as JSON")->excludes(csv);
@@ -250,17 +240,10 @@ Command AddSweep(CLI::App& app, const CommonOptions& common) {
       ->excludes(csv)
       ->excludes(json);
   parser->footer("Example:\n  korva sweep examples/two-side-gobs.KVL 1 --min 80 --max 120");
-  return {
-      parser, [call, &common] {
-        CommonOptions options = common;
-        for (const auto& [key, value] : {std::pair{"PlotRangeMin", call->Min}, {"PlotRangeMax", call->Max}}) {
-          if (!value.empty()) {
-            options.Changes.push_back(fmt::format("{}={}", key, value));
-          }
-        }
-        return RunGuarded(options, call->File, call->AsJson,
-                          [&](Korva& korva) { return Sweep(korva, *call); });
-      }};
+  return {parser, [call, &common] {
+            const PictureKind kind = PictureKindFor(*call);
+            return RunOnProject(common, *call, [&](Korva& korva) { return Sweep(korva, *call, kind); });
+          }};
 }
 
 }  // namespace korva::cli
