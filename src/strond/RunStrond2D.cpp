@@ -15,10 +15,16 @@ namespace fs = std::filesystem;
 
 constexpr std::uint64_t kLargestResult = 1 << 20;
 
-void MakeFolderOf(const std::string& path) {
+// A temporary folder in which it stands is there, or just being removed with all that it holds, and is not
+// made again.
+void MakeFolderOf(const std::string& path, SolverFolder place) {
   std::error_code failure;
   const fs::path folder = fs::path(path).parent_path();
-  fs::create_directories(folder, failure);
+  if (place == SolverFolder::kUserTemporary) {
+    fs::create_directory(folder, failure);
+  } else {
+    fs::create_directories(folder, failure);
+  }
   if (failure) {
     ThrowSystemError(failure.value(), folder.string(), "the folder cannot be made");
   }
@@ -53,7 +59,7 @@ StrondRun RunStrond2D(const Project& project, UnitSystem units, const std::strin
   StrondRun run = {
       StrondOutputPath(projectPath, ".OUT", place), StrondResultPath(projectPath, ".CSV", place), {}};
   const std::string line = StrondLine(project, units);
-  MakeFolderOf(exchange);
+  MakeFolderOf(exchange, place.iOptDir);
   const auto held = Hold(exchange);
   SetAside(run.StrondResultFile);
   WriteFileSafely(exchange, line);
