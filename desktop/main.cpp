@@ -17,6 +17,7 @@
 #include "desktop/services/QtFetch.h"
 #include "desktop/services/QtPorts.h"
 #include "desktop/services/QtPrinter.h"
+#include "desktop/services/QtValues.h"
 #include "desktop/support/EndSignals.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Icons.h"
@@ -149,7 +150,8 @@ int RunProgram(Application& application) {
   QtDocuments documents;
   QtPrinter printer;
   QtFetch fetches;
-  Ports ports{messages, files, clipboard, programs, busy, documents, printer, fetches};
+  QtValues values;
+  Ports ports{messages, files, clipboard, programs, busy, documents, printer, fetches, values};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };
 
   const std::string file = FileOfCall(QCoreApplication::arguments());

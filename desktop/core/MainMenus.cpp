@@ -165,10 +165,6 @@ QAction& MainMenus::Item(const char* array, int index) const {
   return *items_.at(IndexedName(array, index));
 }
 
-std::string MainMenus::CaptionOf(const char* array, int index) const {
-  return Item(array, index).text().toStdString();
-}
-
 void MainMenus::ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions) {
   bool any = false;
   for (int i = 1; i <= kMostRecentFiles; ++i) {

@@ -66,7 +66,6 @@ class MainMenus {
   // The item `index` of the group `array`, such as "mnuFileItem".
   QAction& Item(const char* array, int index) const;
   // The caption of an item as the menu shows it.
-  std::string CaptionOf(const char* array, int index) const;
 
   void ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions);
 

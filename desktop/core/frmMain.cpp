@@ -23,7 +23,7 @@
 #include "desktop/graphs/frmStrondCalc.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
-#include "desktop/services/FontChoice.h"
+#include "desktop/services/QtValues.h"
 #include "desktop/services/frmDisclaimer.h"
 #include "desktop/services/frmHelp.h"
 #include "desktop/support/FormTools.h"

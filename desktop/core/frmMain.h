@@ -81,7 +81,6 @@ class frmMain final : public QMainWindow, public MainWindow {
   void HelpItem(int index);
   // The help window, made when it is first asked for; nothing, after a message, if there is no help file.
   frmHelp* Help();
-  void SayNotBuilt(const char* array, int index);
 
   void RunSweep(SweepJob job);
   void AfterSweep();

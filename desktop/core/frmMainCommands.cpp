@@ -75,9 +75,6 @@ void frmMain::FileItem(int index) {
       close();
       return;
     default:
-      if (!menus_.Item("mnuFileItem", index).isSeparator()) {
-        SayNotBuilt("mnuFileItem", index);
-      }
       break;
   }
   menus_.ShowRecentFiles(fileMenu_.RecentCaptions());
@@ -350,11 +347,6 @@ void frmMain::SetGraphMenu() {
     menus_.Item("mnuCalcGrafItem", item).setEnabled(graphs.First);
   }
   menus_.Item("mnuCalcGrafItem", kSecondBarrierGraph).setEnabled(graphs.Second);
-}
-
-void frmMain::SayNotBuilt(const char* array, int index) {
-  ShowMessage(korva_, ports_.Messages,
-              {.text = NotBuiltText(menus_.CaptionOf(array, index)), .title = {}, .topic = "messages-other"});
 }
 
 }  // namespace korva::desktop

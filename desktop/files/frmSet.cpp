@@ -9,7 +9,6 @@
 #include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
-#include "desktop/services/FontChoice.h"
 #include "desktop/services/frmPath.h"
 #include "files/PlatformFile.h"
 #include "input/FieldNumber.h"
@@ -236,9 +235,9 @@ void frmSet::ExtensionTyped(const QString& text) {
 }
 
 void frmSet::ChooseFont() {
-  if (ChooseScreenFont(session_.State.Preferences.DisplayFont, *this)) {
-    session_.Main.ApplyHistoryFont();
-  }
+  FontSettings& font = session_.State.Preferences.DisplayFont;
+  font = session_.Outside.Values.ChooseFont(font).value_or(font);
+  session_.Main.ApplyHistoryFont();
 }
 
 // The extension of project files stays that of programs if the dialog is then closed with Cancel.

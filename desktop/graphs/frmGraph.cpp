@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
@@ -243,10 +242,9 @@ void frmGraph::OptionsItem(int index) {
 }
 
 QString frmGraph::Edited(const QString& title, const QString& what) {
-  bool accepted = false;
-  const QString edited =
-      QInputDialog::getText(this, windowTitle(), what, QLineEdit::Normal, title, &accepted);
-  return accepted ? edited : title;
+  const auto edited = session_.Outside.Values.EnterText(
+      {windowTitle().toStdString(), what.toStdString(), title.toStdString()});
+  return edited ? FromUtf8(*edited) : title;
 }
 
 // What was edited in the chart itself stays.

@@ -1,6 +1,8 @@
-#include "desktop/services/FontChoice.h"
+#include "desktop/services/QtValues.h"
 
+#include <QApplication>
 #include <QFontDialog>
+#include <QInputDialog>
 #include <algorithm>
 
 #include "desktop/support/FormTools.h"
@@ -22,19 +24,30 @@ QFont FontOf(const FontSettings& settings) {
   return font;
 }
 
-bool ChooseScreenFont(FontSettings& settings, QWidget& parent) {
-  QFontDialog dialog(FontOf(settings), &parent);
+std::optional<FontSettings> QtValues::ChooseFont(const FontSettings& font) {
+  QFontDialog dialog(FontOf(font), QApplication::activeWindow());
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   DropButtonIcons(dialog);
   if (dialog.exec() != QDialog::Accepted) {
-    return false;
+    return std::nullopt;
   }
-  const QFont font = dialog.selectedFont();
-  settings.Name = font.family().toStdString();
-  settings.Size = std::clamp(static_cast<float>(font.pointSizeF()), kLeastSize, kGreatestSize);
-  settings.Bold = font.bold() ? -1 : 0;
-  settings.Italic = font.italic() ? -1 : 0;
-  return true;
+  const QFont chosen = dialog.selectedFont();
+  return FontSettings{chosen.family().toStdString(),
+                      std::clamp(static_cast<float>(chosen.pointSizeF()), kLeastSize, kGreatestSize),
+                      chosen.bold() ? -1 : 0, chosen.italic() ? -1 : 0};
+}
+
+std::optional<std::string> QtValues::EnterText(const TextQuestion& question) {
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setObjectName(QStringLiteral("TextDialog"));
+  dialog.setWindowTitle(FromUtf8(question.Title));
+  dialog.setLabelText(FromUtf8(question.What));
+  dialog.setTextValue(FromUtf8(question.Text));
+  DropButtonIcons(dialog);
+  if (dialog.exec() != QDialog::Accepted) {
+    return std::nullopt;
+  }
+  return dialog.textValue().toStdString();
 }
 
 }  // namespace korva::desktop

@@ -1,16 +1,19 @@
-// The font dialog.
+// The dialogs that ask for a value: a font, a line of text.
 #pragma once
 
-#include <QWidget>
+#include <QFont>
 
-#include "core/Settings.h"
+#include "core/Ports.h"
 
 namespace korva::desktop {
 
 // The font that settings describe.
 QFont FontOf(const FontSettings& settings);
 
-// Asks a person for a font and stores the choice. False, and nothing changes, after Cancel.
-bool ChooseScreenFont(FontSettings& settings, QWidget& parent);
+class QtValues final : public ValuePort {
+ public:
+  std::optional<FontSettings> ChooseFont(const FontSettings& font) override;
+  std::optional<std::string> EnterText(const TextQuestion& question) override;
+};
 
 }  // namespace korva::desktop

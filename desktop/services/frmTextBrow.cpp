@@ -15,7 +15,7 @@
 #include "commands/SettingsCommands.h"
 #include "desktop/reports/PageView.h"
 #include "desktop/services/DriveBox.h"
-#include "desktop/services/FontChoice.h"
+#include "desktop/services/QtValues.h"
 #include "desktop/services/TextLoader.h"
 #include "desktop/support/PathLabel.h"
 #include "files/FolderContent.h"
@@ -262,9 +262,8 @@ void frmTextBrow::ShowFile() {
 
 void frmTextBrow::ChooseFont() {
   FontSettings& font = session_.State.Preferences.TextBrowse.BrowseFont;
-  if (ChooseScreenFont(font, *this)) {
-    text_->setFont(FontOf(font));
-  }
+  font = session_.Outside.Values.ChooseFont(font).value_or(font);
+  text_->setFont(FontOf(font));
 }
 
 bool frmTextBrow::eventFilter(QObject* watched, QEvent* event) {

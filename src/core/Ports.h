@@ -13,6 +13,7 @@
 
 #include "core/Messages.h"
 #include "core/PrintedSheet.h"
+#include "core/Settings.h"
 
 namespace korva {
 
@@ -32,6 +33,22 @@ class FileChoicePort {
   virtual ~FileChoicePort() = default;
   // The full name chosen, or nothing if the person cancelled.
   virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+};
+
+struct TextQuestion {
+  std::string Title;  // of the window
+  std::string What;   // the text is
+  std::string Text;   // proposed
+};
+
+// Asks a person for a value. Nothing if the person cancelled.
+class ValuePort {
+ public:
+  virtual ~ValuePort() = default;
+  // A font for the screen, of a size that the settings file takes; `font` is proposed.
+  virtual std::optional<FontSettings> ChooseFont(const FontSettings& font) = 0;
+  // A line of text.
+  virtual std::optional<std::string> EnterText(const TextQuestion& question) = 0;
 };
 
 class ClipboardPort {
@@ -120,6 +137,7 @@ struct Ports {
   DocumentPort& Documents;
   PrinterPort& Printer;
   FetchPort& Fetches;
+  ValuePort& Values;
 };
 
 // Shows the busy pointer while it lives.

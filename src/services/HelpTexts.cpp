@@ -49,10 +49,4 @@ std::string DisclaimerText() {
   return text;
 }
 
-std::string NotBuiltText(std::string_view command) {
-  std::string name(command.substr(0, command.find("...")));
-  std::erase(name, '&');
-  return fmt::format("\"{}\" is not built into this version of the program yet.", Trimmed(name));
-}
-
 }  // namespace korva

@@ -1,5 +1,5 @@
 // Texts about the program: the hint behind the buttons "Help", the documents that come with it, its About
-// message, the disclaimer, what is not built yet.
+// message, the disclaimer.
 #pragma once
 
 #include <array>
@@ -31,8 +31,5 @@ std::string AboutTitle();
 
 // The disclaimer, its lines as the window wraps them.
 std::string DisclaimerText();
-
-// What a command says that is not built yet; `command` is its caption, whose mnemonic and dots are dropped.
-std::string NotBuiltText(std::string_view command);
 
 }  // namespace korva

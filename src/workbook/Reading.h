@@ -13,7 +13,6 @@ class Reading {
   Reading(std::string file, std::function<bool()> goOn) : file_(std::move(file)), goOn_(std::move(goOn)) {}
 
   const std::string& File() const { return file_; }
-  const std::function<bool()>& GoesOn() const { return goOn_; }
 
   // Asks whether to go on, and ends the reading with the run-time error for a cancelled dialog if not. An
   // empty function always goes on.

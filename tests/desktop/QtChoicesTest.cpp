@@ -3,13 +3,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFontDialog>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <functional>
 
 #include "desktop/FormBench.h"
 #include "desktop/services/QtPorts.h"
+#include "desktop/services/QtValues.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -44,6 +48,41 @@ TEST(QtFileChoice, ANameWithoutAnEndingGetsThatOfTheFilter) {
   EXPECT_EQ(Chosen(folder, "graph", 1), folder + "graph.pdf");
   EXPECT_EQ(Chosen(folder, "graph.svg", 1), folder + "graph.svg") << "what was typed counts";
   EXPECT_EQ(Chosen(folder, "graph", 2), folder + "graph.pdf") << "the last one that has an ending";
+}
+
+// What is chosen while `answer` has the open dialog of that class.
+template <class Dialog>
+void Answer(const std::function<void(Dialog&)>& answer) {
+  QTimer::singleShot(0, qApp, [answer] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    answer(*dialog);
+  });
+}
+
+TEST(QtValues, DialogsGiveWhatWasChosenOrNothing) {
+  QtValues values;
+  Answer<QFontDialog>([](QFontDialog& dialog) {
+    EXPECT_EQ(dialog.currentFont().pointSize(), 12);
+    dialog.setCurrentFont(QFont(QStringLiteral("Liberation Mono"), 72, QFont::Bold));
+    dialog.accept();
+  });
+  const auto font = values.ChooseFont({"Liberation Sans", 12, 0, 0});
+  ASSERT_TRUE(font);
+  EXPECT_EQ(font->Name, "Liberation Mono");
+  EXPECT_EQ(font->Size, 24) << "the largest that the settings take";
+  EXPECT_EQ(font->Bold, -1);
+  Answer<QFontDialog>([](QFontDialog& dialog) { dialog.reject(); });
+  EXPECT_FALSE(values.ChooseFont({"Liberation Sans", 12, 0, 0}));
+
+  Answer<QInputDialog>([](QInputDialog& dialog) {
+    EXPECT_EQ(dialog.labelText(), QLatin1String("Axis title"));
+    dialog.setTextValue(dialog.textValue() + QStringLiteral(" \u00b0"));
+    dialog.accept();
+  });
+  EXPECT_EQ(values.EnterText({"Graph", "Axis title", "Angle"}), "Angle \u00b0");
+  Answer<QInputDialog>([](QInputDialog& dialog) { dialog.reject(); });
+  EXPECT_FALSE(values.EnterText({"Graph", "Axis title", "Angle"}));
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include "desktop/RandomActionsPorts.h"
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/services/QtPorts.h"
+#include "desktop/services/QtValues.h"
 #include "desktop/support/Icons.h"
 #include "support/TempFolder.h"
 
@@ -196,7 +197,8 @@ class Program {
   SomeDocuments documents_;
   SomePrograms programs_;
   SomeFetches fetches_;
-  Ports ports_{messages_, files_, clipboard_, programs_, busy_, documents_, printer_, fetches_};
+  QtValues values_;
+  Ports ports_{messages_, files_, clipboard_, programs_, busy_, documents_, printer_, fetches_, values_};
 };
 
 void TakeMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {

@@ -48,6 +48,32 @@ class ScriptedFiles final : public FileChoicePort {
   std::deque<std::optional<std::string>> answers_;
 };
 
+// Gives the next scripted answers, in their order.
+class ScriptedValues final : public ValuePort {
+ public:
+  ~ScriptedValues() override { EXPECT_TRUE(Fonts.empty() && Texts.empty()) << "an answer was not asked for"; }
+  std::optional<FontSettings> ChooseFont(const FontSettings&) override { return Next(Fonts); }
+  std::optional<std::string> EnterText(const TextQuestion& question) override {
+    Asked = question;
+    return Next(Texts);
+  }
+  std::deque<std::optional<FontSettings>> Fonts;
+  std::deque<std::optional<std::string>> Texts;
+  TextQuestion Asked;
+
+ private:
+  template <class Answer>
+  static std::optional<Answer> Next(std::deque<std::optional<Answer>>& answers) {
+    if (answers.empty()) {
+      ADD_FAILURE() << "nobody expected to be asked for a value";
+      return std::nullopt;
+    }
+    auto answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+  }
+};
+
 class KeptClipboard final : public ClipboardPort {
  public:
   void SetText(std::string_view text) override { Text = text; }
@@ -166,7 +192,8 @@ struct ScriptedPorts {
   KeptDocuments Documents;
   KeptPrinter Printer;
   ScriptedFetches Fetches;
-  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer, Fetches};
+  ScriptedValues Values;
+  Ports All{Messages, Files, Clipboard, Programs, Busy, Documents, Printer, Fetches, Values};
 };
 
 }  // namespace korva
