@@ -48,7 +48,7 @@ class frmKORVAParm final : public QDialog {
   void CenterChanged(int index);
   void EntriesChosen();
   void ApplyEqual();
-  void AutomaticClicked(const char* check, const char* box, const std::string& warning);
+  void AutomaticClicked(const char* check, const char* box, std::string_view warning);
   void RowClicked(const char* check, const char* slabCut, std::string_view message);
   void UpdateRowWidth(const char* check, const char* label, const char* box);
   void UpdateRowState(const char* barrier, const char* check);

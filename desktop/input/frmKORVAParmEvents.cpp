@@ -69,9 +69,9 @@ void frmKORVAParm::WireChecks() {
   connect(ui_.Combo1, &QComboBox::currentIndexChanged, this, &frmKORVAParm::EntriesChosen);
   connect(&ui_.Check("chkEqual"), &QCheckBox::toggled, this, &frmKORVAParm::ApplyEqual);
   connect(&ui_.Check("chkAMZ"), &QCheckBox::toggled, this,
-          [this] { AutomaticClicked("chkAMZ", "txtBreadthAMZ", AutomaticAMZWarning()); });
+          [this] { AutomaticClicked("chkAMZ", "txtBreadthAMZ", kBreadthWarning); });
   connect(&ui_.Check("chkArch"), &QCheckBox::toggled, this,
-          [this] { AutomaticClicked("chkArch", "txtArchFactor", AutomaticArchWarning()); });
+          [this] { AutomaticClicked("chkArch", "txtArchFactor", kArchFactorWarning); });
   connect(&ui_.Check("chkRowA"), &QCheckBox::toggled, this,
           [this] { RowClicked("chkRowA", "txtSlabcutFirstGob", kRowAWithSlabCut); });
   connect(&ui_.Check("chkRowB"), &QCheckBox::toggled, this,
@@ -113,17 +113,16 @@ void frmKORVAParm::WirePreview() {
 }
 
 void frmKORVAParm::WireWarnings() {
-  for (const char* name :
-       {"txtAbutmentAngleActiveGob", "txtAbutmentAngleFirstGob", "txtAbutmentAngleSecondGob"}) {
-    FieldBox& box = ui_.Box(name);
-    connect(&box, &FieldBox::FocusLeft, this,
-            [this, &box] { WarnOnLeaving(AbutmentAngleWarning(box.Text())); });
-  }
   const UnitSystem units = session_.State.Stored.ProjectUnits;
-  connect(&ui_.Box("txtCoalStrength"), &FieldBox::FocusLeft, this,
-          [this, units] { WarnOnLeaving(CoalStrengthWarning(ui_.Box("txtCoalStrength").Text(), units)); });
-  connect(&ui_.Box("txtUnitWeight"), &FieldBox::FocusLeft, this,
-          [this, units] { WarnOnLeaving(UnitWeightWarning(ui_.Box("txtUnitWeight").Text(), units)); });
+  for (const auto& [name, usual] : {std::pair{"txtAbutmentAngleActiveGob", &kDataBaseAngle},
+                                    {"txtAbutmentAngleFirstGob", &kDataBaseAngle},
+                                    {"txtAbutmentAngleSecondGob", &kDataBaseAngle},
+                                    {"txtCoalStrength", &kDataBaseStrength},
+                                    {"txtUnitWeight", &kDataBaseUnitWeight}}) {
+    const FieldBox& box = ui_.Box(name);
+    connect(&box, &FieldBox::FocusLeft, this,
+            [this, &box, units, usual = usual] { WarnOnLeaving(WarningOn(box.Text(), *usual, units)); });
+  }
 }
 
 void frmKORVAParm::UpdateArch() {
@@ -202,10 +201,10 @@ void frmKORVAParm::ShowEntryFields(int entries) {
   }
 }
 
-void frmKORVAParm::AutomaticClicked(const char* check, const char* box, const std::string& warning) {
+void frmKORVAParm::AutomaticClicked(const char* check, const char* box, std::string_view warning) {
   const bool automatic = ui_.Check(check).isChecked();
   if (!loading_ && !automatic) {
-    Say(warning);
+    Say(FormWarning(warning));
   }
   ui_.Box(box).setEnabled(!automatic);
   if (automatic && box == std::string("txtBreadthAMZ")) {
@@ -244,7 +243,7 @@ void frmKORVAParm::ShowConditionFields() {
   const bool first = HasFirstSideGob(loading);
   const bool second = HasSecondSideGob(loading);
   if (second && !loading_) {
-    Say(DeepCoverWarning());
+    Say(FormWarning(kTwoSideGobsWarning));
   }
   ui_.fraActive->setVisible(HasActiveGob(loading));
   ui_.fraBleeder->setVisible(HasActiveGob(loading));

@@ -27,8 +27,8 @@ double Converted(double value, double factor, bool toMetric, int decimals) {
 Project EmptyProject(UnitSystem units) {
   Project project;
   if (units == kMetric) {
-    project.CoalStrength = 900 / kPsiPerMPa;
-    project.UnitWeight = 162 / kPcfPerKNm3;
+    project.CoalStrength = kDataBaseStrength.English / kPsiPerMPa;
+    project.UnitWeight = kDataBaseUnitWeight.English / kPcfPerKNm3;
   }
   return project;
 }

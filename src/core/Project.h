@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/DataBase.h"
 #include "core/IndexedArray.h"
 #include "core/OverburdenModel.h"
 #include "core/PanelLoading.h"
@@ -28,8 +29,8 @@ struct Project {
   double XcutAngle = 90;
   int NumberEntries = 2;
   IndexedArray<double, 1, kMaxRows> XcutCenters;  // 1 to NumberEntries - 1 are in use
-  double CoalStrength = 900;
-  double UnitWeight = 162;
+  double CoalStrength = kDataBaseStrength.English;
+  double UnitWeight = kDataBaseUnitWeight.English;
   double BreadthAMZ = 0;
   PanelLoading LoadingCondition = PanelLoading::kDevelopmentLoad;
   int LoadingConditionAux = 0;  // carried from file to file, without a meaning
@@ -38,13 +39,13 @@ struct Project {
   int ArchAuto = 1;
   OverburdenModel CalcMode = kTraditionalModel;
   double ExtentActiveGob = 0;
-  double AbutmentAngleActiveGob = 21;
+  double AbutmentAngleActiveGob = kDataBaseAngle.English;
   double ExtentFirstGob = 0;
-  double AbutmentAngleFirstGob = 21;
+  double AbutmentAngleFirstGob = kDataBaseAngle.English;
   double BarrierFirstGob = 0;
   double SlabcutFirstGob = 0;
   double ExtentSecondGob = 0;
-  double AbutmentAngleSecondGob = 21;
+  double AbutmentAngleSecondGob = kDataBaseAngle.English;
   double BarrierSecondGob = 0;
   double SlabcutSecondGob = 0;
   int RowA = 0;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/Limits.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/SweepNotes.h"
 
@@ -189,9 +190,7 @@ std::optional<ChartCorner> FreeCorner(const Chart& chart, const ChartBox& box) {
 }
 
 double ReferenceFactor(int graph) {
-  constexpr double kPillars = 1.5;
-  constexpr double kBarriers = 2.0;
-  return YTitleOf(graph) == 0 ? kPillars : kBarriers;
+  return YTitleOf(graph) == 0 ? kSoundSF : kSoundBarrierSF;
 }
 
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference) {

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "core/Limits.h"
+#include "core/Refusals.h"
 #include "input/CheckFieldRange.h"
 #include "input/FieldNumber.h"
 
@@ -11,35 +13,30 @@ namespace {
 
 using Refusal = std::optional<ParameterRefusal>;
 
-constexpr double kLeastXcutAngle = 30;
-constexpr double kGreatestXcutAngle = 90;
-constexpr double kGreatestAbutmentAngle = 90;
-constexpr double kLeastArchFactor = 0.28;
-
 double N(const std::string& text) {
   return FieldNumber(text);
 }
 
-Refusal RefuseRange(ParameterTab tab, const char* control, const char* text) {
-  return ParameterRefusal{text, RefusalKind::kRange, tab, control};
+Refusal RefuseRange(ParameterTab tab, const char* control, std::string_view text) {
+  return ParameterRefusal{std::string(text), RefusalKind::kRange, tab, control};
 }
 
 Refusal CheckStandard(const ParameterTexts& t) {
   constexpr auto kTab = ParameterTab::kStandardTab;
   if (N(t.EntryHeight) <= 0) {
-    return RefuseRange(kTab, "txtEntryHeight", "Invalid entry height");
+    return RefuseRange(kTab, "txtEntryHeight", kInvalidEntryHeight);
   }
   if (N(t.DepthCover) <= 0) {
-    return RefuseRange(kTab, "txtDepthCover", "Invalid depth of cover");
+    return RefuseRange(kTab, "txtDepthCover", kInvalidDepthCover);
   }
   if (const auto fault = CheckFieldRange(t.XcutAngle, kLeastXcutAngle, kGreatestXcutAngle, "")) {
-    return RefuseRange(kTab, "txtXcutAngle", fault->c_str());
+    return RefuseRange(kTab, "txtXcutAngle", *fault);
   }
   if (N(t.EntryWidth) <= 0) {
-    return RefuseRange(kTab, "txtEntryWidth", "Invalid entry width");
+    return RefuseRange(kTab, "txtEntryWidth", kInvalidEntryWidth);
   }
   if (N(t.XcutSpacing) <= 0 || N(t.EntryWidth) >= N(t.XcutSpacing)) {
-    return RefuseRange(kTab, "txtXcutSpacing", "Invalid crosscut spacing");
+    return RefuseRange(kTab, "txtXcutSpacing", kInvalidXcutSpacing);
   }
   return std::nullopt;
 }
@@ -47,16 +44,16 @@ Refusal CheckStandard(const ParameterTexts& t) {
 Refusal CheckDefaults(const ParameterTexts& t) {
   constexpr auto kTab = ParameterTab::kDefaultsTab;
   if (N(t.CoalStrength) <= 0) {
-    return RefuseRange(kTab, "txtCoalStrength", "Invalid in situ coal strength");
+    return RefuseRange(kTab, "txtCoalStrength", kInvalidInSituStrength);
   }
   if (N(t.UnitWeight) <= 0) {
-    return RefuseRange(kTab, "txtUnitWeight", "Invalid overburden unit weight");
+    return RefuseRange(kTab, "txtUnitWeight", kInvalidOverburdenWeight);
   }
   if (N(t.BreadthAMZ) <= 0) {
-    return RefuseRange(kTab, "txtBreadthAMZ", "Invalid breadth of AMZ");
+    return RefuseRange(kTab, "txtBreadthAMZ", kInvalidBreadthAMZ);
   }
-  if (N(t.ArchFactor) < kLeastArchFactor || N(t.ArchFactor) > 1) {
-    return RefuseRange(kTab, "txtArchFactor", "Invalid Arch Factor");
+  if (N(t.ArchFactor) < kLeastArchFactor || N(t.ArchFactor) > kGreatestArchFactor) {
+    return RefuseRange(kTab, "txtArchFactor", kInvalidArchFactor);
   }
   return std::nullopt;
 }
@@ -65,19 +62,17 @@ Refusal CheckDefaults(const ParameterTexts& t) {
 Refusal CheckRows(const ParameterTexts& t) {
   constexpr auto kTab = ParameterTab::kRetreatTab;
   if (t.RowC == 1 && N(t.WidthRowC) <= 0) {
-    return RefuseRange(kTab, "txtWidthC", "Invalid Pillar Width for Row C");
+    return RefuseRange(kTab, "txtWidthC", kInvalidWidthRowC);
   }
   if (t.RowD == 1 && N(t.WidthRowD) <= 0) {
-    return RefuseRange(kTab, "txtWidthD", "Invalid Pillar Width for Row D");
+    return RefuseRange(kTab, "txtWidthD", kInvalidWidthRowD);
   }
   const bool sideGob = t.LoadingCondition >= PanelLoading::kWithFirstSideGob;
   if (t.RowA == 1 && sideGob && N(t.SlabcutFirstGob) > 0) {
-    return ParameterRefusal{"Cannot take slab cut from first side barrier when Row A pillars are left",
-                            RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
+    return ParameterRefusal{std::string(kSlabCutAtRowA), RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
   }
   if (t.RowB == 1 && sideGob && N(t.SlabcutSecondGob) > 0) {
-    return ParameterRefusal{"Cannot take slab cut from second side barrier when Row B pillars are left",
-                            RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
+    return ParameterRefusal{std::string(kSlabCutAtRowB), RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
   }
   return std::nullopt;
 }

@@ -5,6 +5,7 @@
 
 #include "core/ArithmeticWatch.h"
 #include "core/Format.h"
+#include "core/Limits.h"
 #include "core/NumberText.h"
 #include "input/FieldNumber.h"
 
@@ -12,10 +13,7 @@ namespace korva {
 
 namespace {
 
-constexpr double kLeastArchDepth = 25;  // feet in both systems
-constexpr double kEnglishWidePanelDepth = 80;
-constexpr double kMetricWidePanelDepth = 262.4671916010498;
-constexpr float kLeastArchFactor = 0.28F;
+constexpr double kMetricWidePanelDepth = 262.4671916010498;  // 80 m in feet
 
 double FieldOf(double value) {
   return FieldNumber(GeneralText(value));
@@ -40,12 +38,12 @@ float ArchOf(float depth, float width, double wideDepth) {
   const auto w = static_cast<double>(width);
   float factor = 0;
   if (h > kLeastArchDepth) {
-    factor = static_cast<float>(1 - 0.28 * NaturalLog(h / w, "Calc_Arch"));
+    factor = static_cast<float>(1 - kArchSlope * NaturalLog(h / w, "Calc_Arch"));
   }
   if (h - wideDepth < w) {
     factor = 1;
   }
-  return factor < kLeastArchFactor ? kLeastArchFactor : factor;
+  return factor < kLeastArchFactorSingle ? kLeastArchFactorSingle : factor;
 }
 
 }  // namespace
@@ -91,7 +89,7 @@ float Calc_Arch(const ParameterFields& fields) {
   if (width == 0) {
     return 1;
   }
-  double wideDepth = kEnglishWidePanelDepth;
+  double wideDepth = kWidePanelDepth;
   if (fields.ProjectUnits == kMetric) {
     depth = static_cast<float>(static_cast<double>(depth) * kFeetPerMeter);
     width = static_cast<float>(static_cast<double>(width) * kFeetPerMeter);
@@ -114,7 +112,7 @@ float UnroundedArch(const Project& project) {
   if (width == 0) {
     return 1;
   }
-  const float factor = ArchOf(depth, width, kEnglishWidePanelDepth);
+  const float factor = ArchOf(depth, width, kWidePanelDepth);
   watch.Step("Calc_Arch");
   return factor;
 }

@@ -5,19 +5,16 @@
 #include <string>
 #include <string_view>
 
+#include "core/DataBase.h"
 #include "core/UnitSystem.h"
 
 namespace korva {
 
-// The warning for a field that has been left, or nothing for the value that the data base was analyzed with.
-std::optional<std::string> AbutmentAngleWarning(std::string_view text);
-std::optional<std::string> CoalStrengthWarning(std::string_view text, UnitSystem units);
-std::optional<std::string> UnitWeightWarning(std::string_view text, UnitSystem units);
+// A warning of the data base as the form shows it.
+std::string FormWarning(std::string_view text);
 
-// The warnings for what a person clicks.
-std::string AutomaticAMZWarning();
-std::string AutomaticArchWarning();
-std::string DeepCoverWarning();
+// The warning for a field that has been left, or nothing for the value that the data base was analyzed with.
+std::optional<std::string> WarningOn(std::string_view text, const DataBaseValue& usual, UnitSystem units);
 
 inline constexpr std::string_view kRowAWithSlabCut =
     "Cannot leave Row A pillars when a slab cut is taken from the first side barrier";

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/Limits.h"
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
 #include "model/KORVAmodel.h"
@@ -10,10 +11,6 @@
 namespace korva {
 
 namespace {
-
-constexpr float kLeastArchFactor = 0.28F;
-constexpr double kLeastArchDepth = 25;  // taken as it stands in both unit systems, like the next
-constexpr double kWidePanelDepth = 80;
 
 void EvaluateCase(WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   const bool retreat = c == kRetreat;
@@ -71,13 +68,13 @@ float CalcArchFactor(const WorkValues& w) {
   const auto panelWidth = static_cast<double>(width);
   float factor = 0;
   if (w.DepthCover > kLeastArchDepth) {
-    factor = static_cast<float>(1 - 0.28 * NaturalLog(w.DepthCover / panelWidth, "Fpa"));
+    factor = static_cast<float>(1 - kArchSlope * NaturalLog(w.DepthCover / panelWidth, "Fpa"));
   }
   if (w.DepthCover - kWidePanelDepth < panelWidth) {
     factor = 1;
   }
-  if (factor < kLeastArchFactor) {
-    factor = kLeastArchFactor;
+  if (factor < kLeastArchFactorSingle) {
+    factor = kLeastArchFactorSingle;
   }
   return static_cast<float>(RoundHalfEven(static_cast<double>(factor), 2));
 }

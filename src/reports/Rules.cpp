@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ArithmeticWatch.h"
+#include "core/Limits.h"
 #include "reports/RoundSF.h"
 
 namespace korva {
@@ -14,9 +15,7 @@ constexpr float kWidePanel = 425;
 constexpr float kModerateDepth = 650;
 constexpr float kDeepCover = 1000;
 constexpr float kExtremeDepth = 2000;
-constexpr float kSoundSF = 1.5F;
 constexpr float kDeepNarrowSF = 1.3F;
-constexpr float kSoundBarrierSF = 2.0F;
 constexpr float kSlenderSF = 2.0F;
 constexpr float kSlenderRatio = 4.0F;
 
@@ -33,7 +32,7 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, F
   facts.MeanRatio =
       static_cast<float>((w.PanelWidth - w.NumRows * w.EntryWidth) / (w.NumRows * w.EntryHeight));
   watch.Step("the mean width-to-height ratio");
-  facts.CritSF = static_cast<float>(1.5 - (static_cast<double>(facts.Depth) - 650) * 0.2 / 350);
+  facts.CritSF = static_cast<float>(kSoundSF - (static_cast<double>(facts.Depth) - 650) * 0.2 / 350);
   for (int c = kDevelopment; c <= kRetreat; ++c) {
     facts.SF[c] = RoundSF(r.SFKorva[c], roundKORVASF);
   }
@@ -67,7 +66,7 @@ class RuleSet {
   }
 
  private:
-  bool Metric() const { return work_.Units == kMetric; }
+  bool Differs(double value, const DataBaseValue& usual) const { return value != usual.In(work_.Units); }
   bool HasSideGobs() const { return work_.LoadCond >= kOneSideGob; }
   void SetIf(Rule rule, bool condition) { outcome_.Flag(rule) = outcome_.Holds(rule) || condition; }
 
@@ -76,7 +75,7 @@ class RuleSet {
     for (int c = kDevelopment; c <= LastCaseShown(project_, work_); ++c) {
       for (const int k : SideGobs(work_.LoadCond)) {
         SetIf(Rule::kLowShownBarrierFactor,
-              outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < 1.5);
+              outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < kSoundSF);
       }
     }
   }
@@ -107,11 +106,12 @@ class RuleSet {
     const Project& p = project_;
     const RunLoading lc = work_.LoadCond;
     SetIf(Rule::kEnteredBreadth, p.AMZAuto != 1);
-    SetIf(Rule::kOtherUnitWeight, p.UnitWeight != (Metric() ? 25.45 : 162.0));
-    SetIf(Rule::kOtherCoalStrength, p.CoalStrength != (Metric() ? 6.21 : 900.0));
-    SetIf(Rule::kOtherAbutmentAngles, (p.AbutmentAngleActiveGob != 21 && lc >= kActiveGob) ||
-                                          (p.AbutmentAngleFirstGob != 21 && lc >= kOneSideGob) ||
-                                          (p.AbutmentAngleSecondGob != 21 && lc == kTwoSideGobs));
+    SetIf(Rule::kOtherUnitWeight, Differs(p.UnitWeight, kDataBaseUnitWeight));
+    SetIf(Rule::kOtherCoalStrength, Differs(p.CoalStrength, kDataBaseStrength));
+    SetIf(Rule::kOtherAbutmentAngles,
+          (Differs(p.AbutmentAngleActiveGob, kDataBaseAngle) && lc >= kActiveGob) ||
+              (Differs(p.AbutmentAngleFirstGob, kDataBaseAngle) && lc >= kOneSideGob) ||
+              (Differs(p.AbutmentAngleSecondGob, kDataBaseAngle) && lc == kTwoSideGobs));
     SetIf(Rule::kTwoSideGobsDeep, lc == kTwoSideGobs);
     SetIf(Rule::kEnteredArchFactor, p.ArchAuto != 1);
     SetIf(Rule::kArchInUse, p.ArchFactor < 1);

@@ -1,6 +1,7 @@
 // The words of the interpretive warnings.
 #include <fmt/format.h>
 
+#include "core/DataBase.h"
 #include "core/Format.h"
 #include "core/Tables.h"
 #include "core/Text.h"
@@ -29,41 +30,6 @@ constexpr std::string_view kSlenderPillars =
     "width-to-height ratios of less than 4.0, may collapse suddenly.  To minimize this potentially severe "
     "hazard, an KORVA SF of at least 2.0 is recommended when such slender pillars are used.  An "
     "alternative is to minimize the size of the area supported by slender pillars.";
-
-constexpr std::string_view kEnteredBreadth =
-    "The KORVA case history data base was analyzed with the breadth of the Active Mining Zone (AMZ) "
-    "calculated automatically (AMZ = 5 times the square root of the depth of cover).  Stability Factors "
-    "(SF) obtained with a different AMZ may not be comparable to the suggested SF values obtained from "
-    "BRANTEL's analysis of the data base.  For more information, see Help/Project Input Parameters.";
-
-constexpr std::string_view kOtherUnitWeight =
-    "The KORVA case history data base was analyzed with an overburden unit weight of 162 pcf.  Stability "
-    "Factors (SF) obtained with a different overburden unit weight may not be comparable to the suggested "
-    "SF values obtained from BRANTEL's analysis of the data base.";
-
-constexpr std::string_view kOtherCoalStrength =
-    "The KORVA case history data base was analyzed with an in situ coal strength of 900 psi.  Stability "
-    "Factors (SF) obtained with a different in situ coal strength may not be comparable to the suggested "
-    "SF values obtained from BRANTEL's analysis of the data base.  Also, BRANTEL research has shown that "
-    "the reliability of the KORVA design method decreases substantially when laboratory coal strengths "
-    "were used in place of the default value.  For more information, see Help/Resources/In situ strength "
-    "of coal.";
-
-constexpr std::string_view kTwoSideGobsDeep =
-    "In the KORVA data base, of the 19 case histories of Active Retreat and Two Side Gobs under deep "
-    "cover, only 7 were successful.  This extraction sequence should be avoided if possible.";
-
-constexpr std::string_view kOtherAbutmentAngles =
-    "The KORVA case history data base was analyzed with abutment angles of 21 degrees.  Stability Factors "
-    "(SF) obtained with different abutment angles may not be comparable to the suggested SF values "
-    "obtained from BRANTEL's analysis of the data base.  For more information, see Help/Project Input "
-    "Parameters.";
-
-constexpr std::string_view kEnteredArchFactor =
-    "The KORVA case history data base was analyzed with the Pressure Arch Factor (Fpa) calculated "
-    "automatically (Fpa = 0.28 times the natural log of the depth-to-panel-width ratio).  Stability "
-    "Factors (SF) obtained with a different Fpa may not be comparable to the suggested SF values obtained "
-    "from BRANTEL's analysis of the data base.  For more information, see Help/Project Input Parameters.";
 
 constexpr std::string_view kArchInUse =
     "The Pressure Arch loading model used in KORVA v6 was derived from analysis of case history data from "
@@ -142,12 +108,12 @@ WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project,
   onBoth(Rule::kSlenderPillars, std::string(kSlenderPillars), kMoreOnFactors);
   onBoth(Rule::kExtremeDepth, ExtremeDepthText(limits), fmt::format(".{}", kMoreOnFactors));
   onBoth(Rule::kBurst, BurstText(limits), "");
-  onPage(Rule::kEnteredBreadth, kEnteredBreadth);
-  onPage(Rule::kOtherUnitWeight, kOtherUnitWeight);
-  onPage(Rule::kOtherCoalStrength, kOtherCoalStrength);
-  onPage(Rule::kTwoSideGobsDeep, kTwoSideGobsDeep);
-  onPage(Rule::kOtherAbutmentAngles, kOtherAbutmentAngles);
-  onPage(Rule::kEnteredArchFactor, kEnteredArchFactor);
+  onPage(Rule::kEnteredBreadth, kBreadthWarning);
+  onPage(Rule::kOtherUnitWeight, kDataBaseUnitWeight.Warning);
+  onPage(Rule::kOtherCoalStrength, kDataBaseStrength.Warning);
+  onPage(Rule::kTwoSideGobsDeep, kTwoSideGobsWarning);
+  onPage(Rule::kOtherAbutmentAngles, kDataBaseAngle.Warning);
+  onPage(Rule::kEnteredArchFactor, kArchFactorWarning);
   onPage(Rule::kArchInUse, kArchInUse);
   return texts;
 }

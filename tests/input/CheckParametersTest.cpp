@@ -148,13 +148,13 @@ TEST(ParameterTexts, GoThereAndBackAndTellChanges) {
 }
 
 TEST(ParameterWarnings, ComeForOtherValuesThanTheDataBases) {
-  EXPECT_FALSE(AbutmentAngleWarning("21.0"));
-  EXPECT_TRUE(AbutmentAngleWarning(""));
-  EXPECT_FALSE(CoalStrengthWarning("900", kEnglish));
-  EXPECT_FALSE(CoalStrengthWarning("6.21", kMetric));
-  EXPECT_TRUE(CoalStrengthWarning("900", kMetric));
-  EXPECT_FALSE(UnitWeightWarning("25.45 kN", kMetric));
-  EXPECT_TRUE(UnitWeightWarning("25.45", kEnglish));
+  EXPECT_FALSE(WarningOn("21.0", kDataBaseAngle, kMetric));
+  EXPECT_TRUE(WarningOn("", kDataBaseAngle, kEnglish));
+  EXPECT_FALSE(WarningOn("900", kDataBaseStrength, kEnglish));
+  EXPECT_FALSE(WarningOn("6.21", kDataBaseStrength, kMetric));
+  EXPECT_TRUE(WarningOn("900", kDataBaseStrength, kMetric));
+  EXPECT_FALSE(WarningOn("25.45 kN", kDataBaseUnitWeight, kMetric));
+  EXPECT_TRUE(WarningOn("25.45", kDataBaseUnitWeight, kEnglish));
 }
 
 TEST(CheckSettings, RefusesInItsOrder) {

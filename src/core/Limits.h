@@ -1,0 +1,26 @@
+// The limits that checks, computations and warnings share. Lengths are in feet and angles in degrees.
+#pragma once
+
+namespace korva {
+
+// What the input form takes. The check before a calculation takes less steep crosscuts and smaller arch
+// factors, too.
+inline constexpr double kLeastXcutAngle = 30;
+inline constexpr double kGreatestXcutAngle = 90;
+inline constexpr double kGreatestAbutmentAngle = 90;
+inline constexpr double kLeastArchFactor = 0.28;
+inline constexpr double kGreatestArchFactor = 1;
+
+// The pressure arch factor that is computed: 1 - kArchSlope ln(depth / width) for a depth beyond
+// kLeastArchDepth, 1 for a panel wider than depth less kWidePanelDepth, at least kLeastArchFactorSingle.
+// Depths are taken as they stand in both unit systems.
+inline constexpr double kArchSlope = 0.28;
+inline constexpr double kLeastArchDepth = 25;
+inline constexpr double kWidePanelDepth = 80;
+inline constexpr float kLeastArchFactorSingle = 0.28F;
+
+// Stability factors that the case data base asks for: of pillars, and of barriers.
+inline constexpr double kSoundSF = 1.5;
+inline constexpr double kSoundBarrierSF = 2;
+
+}  // namespace korva
