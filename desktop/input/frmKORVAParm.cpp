@@ -35,7 +35,7 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   Load();
   session_.State.PlotCaller = kPlanFromForm;
   ShowPreview();
-  ui_.Box("txtEntryHeight").setFocus();
+  ui_.Box(&Project::EntryHeight).setFocus();
   CenterForm(*this);
 }
 
@@ -43,20 +43,17 @@ void frmKORVAParm::Load() {
   Korva& korva = session_.State;
   const ParameterTexts texts = TextsOfProject(korva.Stored.ProjectInput);
   for (int i = 1; i <= kMaxRows; ++i) {
-    ui_.Box(CenterName(i)).Fill(texts.XcutCenters[i]);
+    ui_.txtXcutCenters[i]->Fill(texts.XcutCenters[i]);
   }
-  for (const ValueField& field : kValueFields) {
-    ui_.Box(field.Control).Fill(texts.*field.Text);
-  }
-  for (const SingleField& field : kSingleFields) {
-    ui_.Box(field.Control).Fill(texts.*field.Text);
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    ui_.boxes[i]->Fill(texts.Numbers[i]);
   }
   const bool knownModel = SetArrayIndex(ui_.optLam, static_cast<int>(texts.CalcMode));
   const bool knownCondition = SetArrayIndex(ui_.optAnal, static_cast<int>(texts.LoadingCondition));
-  for (const FlagField& field : kFlagFields) {
-    ui_.Check(field.Control).setChecked(texts.*field.Flag == 1);
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    ui_.checks[i]->setChecked(texts.Flags[i] == 1);
   }
-  ui_.Box("txtNumberEntries").Fill(texts.NumberEntries);
+  ui_.txtNumberEntries->Fill(texts.NumberEntries);
   const int entries = EntriesOf(texts);
   ui_.Combo1->setPlaceholderText(FromUtf8(texts.NumberEntries));
   ui_.Combo1->setCurrentIndex(ui_.Combo1->findText(FromUtf8(texts.NumberEntries)));
@@ -74,28 +71,25 @@ void frmKORVAParm::Load() {
   loading_ = false;
   UpdateArch();
   UpdateAMZ();
-  ui_.Box("txtArchFactor").setEnabled(texts.ArchAuto == 0);
-  ui_.Box("txtBreadthAMZ").setEnabled(texts.AMZAuto == 0);
-  UpdateRowState("txtBarrierFirstGob", "chkRowC");
-  UpdateRowState("txtBarrierSecondGob", "chkRowD");
+  ui_.Box(&Project::ArchFactor).setEnabled(texts[&Project::ArchAuto] == 0);
+  ui_.Box(&Project::BreadthAMZ).setEnabled(texts[&Project::AMZAuto] == 0);
+  UpdateRowState(&Project::BarrierFirstGob, &Project::RowC);
+  UpdateRowState(&Project::BarrierSecondGob, &Project::RowD);
   opened_ = Texts();
 }
 
 ParameterTexts frmKORVAParm::Texts() const {
   ParameterTexts texts;
-  for (const ValueField& field : kValueFields) {
-    texts.*field.Text = ui_.Box(field.Control).Text();
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    texts.Numbers[i] = ui_.boxes[i]->Text();
   }
-  for (const SingleField& field : kSingleFields) {
-    texts.*field.Text = ui_.Box(field.Control).Text();
-  }
-  for (const FlagField& field : kFlagFields) {
-    texts.*field.Flag = ui_.Check(field.Control).isChecked() ? 1 : 0;
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    texts.Flags[i] = ui_.checks[i]->isChecked() ? 1 : 0;
   }
   for (int i = 1; i <= kMaxRows; ++i) {
-    texts.XcutCenters[i] = ui_.Box(CenterName(i)).Text();
+    texts.XcutCenters[i] = ui_.txtXcutCenters[i]->Text();
   }
-  texts.NumberEntries = ui_.Box("txtNumberEntries").Text();
+  texts.NumberEntries = ui_.txtNumberEntries->Text();
   texts.LoadingCondition = Condition();
   texts.CalcMode = static_cast<OverburdenModel>(GetArrayIndex(ui_.optLam));
   return texts;
@@ -127,7 +121,7 @@ bool frmKORVAParm::CheckAndShow() {
                refusal->Kind == RefusalKind::kLogic ? titles.TitleLogicError : titles.TitleRangeError,
                {},
                "warnings-refusals"});
-  FieldBox& box = ui_.Box(refusal->Control);
+  auto& box = *findChild<FieldBox*>(FromUtf8(refusal->Control));
   ui_.SSTab1->Choose(static_cast<int>(refusal->Tab));
   ShowHidden(box);
   box.ShowRefused(FromUtf8(refusal->Text));
@@ -137,9 +131,10 @@ bool frmKORVAParm::CheckAndShow() {
 // Shows a box that the loading condition hides, with what it stands in and belongs to, until another
 // condition is chosen.
 void frmKORVAParm::ShowHidden(FieldBox& box) {
-  const QString name = box.objectName();
-  if (name == QLatin1String("txtWidthC") || name == QLatin1String("txtWidthD")) {
-    ui_.Check(name.endsWith(QLatin1Char('C')) ? "chkRowC" : "chkRowD").show();
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    if (ui_.boxes[i] == &box && kNumberFields[i].OnlyWith) {
+      ui_.Check(*kNumberFields[i].OnlyWith).show();
+    }
   }
   for (QLabel* label : findChildren<QLabel*>()) {
     if (label->buddy() == &box) {

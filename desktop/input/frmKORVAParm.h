@@ -48,10 +48,10 @@ class frmKORVAParm final : public QDialog {
   void CenterChanged(int index);
   void EntriesChosen();
   void ApplyEqual();
-  void AutomaticClicked(const char* check, const char* box, std::string_view warning);
-  void RowClicked(const char* check, const char* slabCut, std::string_view message);
-  void UpdateRowWidth(const char* check, const char* label, const char* box);
-  void UpdateRowState(const char* barrier, const char* check);
+  void AutomaticClicked(FlagIndex check, NumberIndex box, std::string_view warning);
+  void RowClicked(FlagIndex check, NumberIndex slabCut, std::string_view message);
+  void UpdateRowWidth(NumberIndex width);
+  void UpdateRowState(NumberIndex barrier, FlagIndex check);
   void ShowEntryFields(int entries);
   void ShowConditionFields();
   void ShowPanelPicture();

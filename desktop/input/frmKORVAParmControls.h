@@ -1,4 +1,5 @@
-// The controls of the parameters form, built and laid out. What they do is the form's part.
+// The controls of the parameters form, built and laid out by the rows of their table. What they do is the
+// form's part.
 #pragma once
 
 #include <QComboBox>
@@ -7,38 +8,39 @@
 #include <QLabel>
 #include <QStackedWidget>
 #include <array>
-#include <map>
-#include <string>
 #include <vector>
 
-#include "core/Project.h"
+#include "core/IndexedArray.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/FormTabs.h"
 #include "desktop/support/FormTools.h"
+#include "input/ParameterTable.h"
 
 namespace korva::desktop {
 
 class PlanView;
 
-// "txtXcutCenters(3)" for 3.
-std::string CenterName(int index);
-
 struct frmKORVAParmControls {
   frmKORVAParmControls(QWidget& form, UnitSystem units);
 
-  FieldBox& Box(const std::string& name) const { return *boxes.at(name); }
-  QCheckBox& Check(const std::string& name) const { return *checks.at(name); }
+  // By the record's member.
+  FieldBox& Box(NumberIndex field) const { return *boxes[field.At]; }
+  QLabel& Label(NumberIndex field) const { return *labels[field.At]; }
+  QCheckBox& Check(FlagIndex field) const { return *checks[field.At]; }
 
   FormTabs* SSTab1 = nullptr;
-  std::map<std::string, FieldBox*> boxes;    // every value box by its name
-  std::map<std::string, QCheckBox*> checks;  // and every check box
-  std::map<std::string, QLabel*> labels;     // those that are shown and hidden
+  std::array<FieldBox*, kNumberFields.size()> boxes{};  // by the rows of their tables
+  std::array<QLabel*, kNumberFields.size()> labels{};
+  std::array<QCheckBox*, kFlagFields.size()> checks{};
+  IndexedArray<FieldBox*, 1, kMaxRows> txtXcutCenters;
+  IndexedArray<QLabel*, 1, kMaxRows> Label23;
+  IndexedArray<FieldBox*, 1, kMaxEntries> Text15;
+  IndexedArray<QFrame*, 1, kMaxEntries> Line1;
 
   QComboBox* Combo1 = nullptr;
+  FieldBox* txtNumberEntries = nullptr;
   FieldBox* Text10 = nullptr;
-  std::array<FieldBox*, kMaxEntries> Text15{};
-  std::array<QFrame*, kMaxEntries> Line1{};
-  std::array<QLabel*, kMaxRows> Label23{};
+  QCheckBox* chkEqual = nullptr;
   std::array<QRadioButton*, 3> optLam{};
   std::array<QRadioButton*, 4> optAnal{};
   QGroupBox* fraActive = nullptr;
@@ -56,27 +58,29 @@ struct frmKORVAParmControls {
   QPushButton* cmdHelp = nullptr;
 
  private:
-  struct Row;
-  FieldBox* NewBox(const Row& row, const QString& caption);
-  void AddRow(QGridLayout& grid, const Row& row);
   QGroupBox* NewFrame(const char* name, const char* title);
-  QGroupBox* NewValueFrame(const char* name, const char* title, const std::vector<Row>& rows);
-  QWidget* StandardTab();
-  QWidget* DefaultsTab();
-  QWidget* RetreatTab();
+  FieldBox* NewBox(const NumberField& field, const QString& name, const QString& caption);
+  void AddBox(QGridLayout& grid, std::size_t field, int line, int column);
+  QCheckBox* NewCheck(std::size_t field);
+  QGroupBox* FieldsFrame(ParameterFrame which);
   QGroupBox* GeometryFrame();
   QGroupBox* RatioFrame();
   QGroupBox* EntriesFrame();
+  void AddEntry(QGridLayout& grid, int number);
+  void AddCenter(QGridLayout& grid, int number);
   QGroupBox* BleederFrame();
   template <std::size_t Count>
   QGroupBox* OptionFrame(const char* name, const char* title, const char* array,
                          const std::array<const char*, Count>& captions,
                          std::array<QRadioButton*, Count>& options);
+  QWidget* StandardTab();
+  QWidget* DefaultsTab();
+  QWidget* RetreatTab();
   void AddButtons(QBoxLayout& layout);
-  void SetTabOrder() const;
 
   QWidget& form_;
   UnitSystem units_;
+  std::vector<QWidget*> order_;  // of the tab key: as the controls are made, which is as a person reads
 };
 
 }  // namespace korva::desktop

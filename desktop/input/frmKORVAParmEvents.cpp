@@ -38,48 +38,53 @@ void frmKORVAParm::Wire() {
 }
 
 void frmKORVAParm::WireBoxes() {
-  const auto changed = [this](const char* box, auto rule) {
-    connect(&ui_.Box(box), &QLineEdit::textChanged, this, [this, rule] {
+  const auto changed = [this](const FieldBox& box, auto rule) {
+    connect(&box, &QLineEdit::textChanged, this, [this, rule] {
       if (!loading_) {
         rule();
       }
     });
   };
-  changed("txtDepthCover", [this] {
+  changed(ui_.Box(&Project::DepthCover), [this] {
     UpdateAMZ();
     UpdateArch();
   });
-  for (const char* box : {"txtXcutAngle", "txtEntryWidth", "txtXcutSpacing"}) {
-    changed(box, [this] {
+  for (const NumberIndex box : {NumberIndex(&Project::XcutAngle), NumberIndex(&Project::EntryWidth),
+                                NumberIndex(&Project::XcutSpacing)}) {
+    changed(ui_.Box(box), [this] {
       UpdateRatio();
       UpdateArch();
     });
   }
   for (int i = 1; i <= kMaxRows; ++i) {
-    changed(CenterName(i).c_str(), [this, i] { CenterChanged(i); });
+    changed(*ui_.txtXcutCenters[i], [this, i] { CenterChanged(i); });
   }
-  for (const auto& [barrier, check] :
-       {std::pair{"txtBarrierFirstGob", "chkRowC"}, {"txtBarrierSecondGob", "chkRowD"}}) {
-    connect(&ui_.Box(barrier), &QLineEdit::textChanged, this,
-            [this, barrier = barrier, check = check] { UpdateRowState(barrier, check); });
-  }
+  connect(&ui_.Box(&Project::BarrierFirstGob), &QLineEdit::textChanged, this,
+          [this] { UpdateRowState(&Project::BarrierFirstGob, &Project::RowC); });
+  connect(&ui_.Box(&Project::BarrierSecondGob), &QLineEdit::textChanged, this,
+          [this] { UpdateRowState(&Project::BarrierSecondGob, &Project::RowD); });
 }
 
 void frmKORVAParm::WireChecks() {
+  const auto toggled = [this](const QCheckBox& check, auto rule) {
+    connect(&check, &QCheckBox::toggled, this, rule);
+  };
   connect(ui_.Combo1, &QComboBox::currentIndexChanged, this, &frmKORVAParm::EntriesChosen);
-  connect(&ui_.Check("chkEqual"), &QCheckBox::toggled, this, &frmKORVAParm::ApplyEqual);
-  connect(&ui_.Check("chkAMZ"), &QCheckBox::toggled, this,
-          [this] { AutomaticClicked("chkAMZ", "txtBreadthAMZ", kBreadthWarning); });
-  connect(&ui_.Check("chkArch"), &QCheckBox::toggled, this,
-          [this] { AutomaticClicked("chkArch", "txtArchFactor", kArchFactorWarning); });
-  connect(&ui_.Check("chkRowA"), &QCheckBox::toggled, this,
-          [this] { RowClicked("chkRowA", "txtSlabcutFirstGob", kRowAWithSlabCut); });
-  connect(&ui_.Check("chkRowB"), &QCheckBox::toggled, this,
-          [this] { RowClicked("chkRowB", "txtSlabcutSecondGob", kRowBWithSlabCut); });
-  connect(&ui_.Check("chkRowC"), &QCheckBox::toggled, this,
-          [this] { UpdateRowWidth("chkRowC", "lblwidRowC", "txtWidthC"); });
-  connect(&ui_.Check("chkRowD"), &QCheckBox::toggled, this,
-          [this] { UpdateRowWidth("chkRowD", "lblwidRowD", "txtWidthD"); });
+  toggled(*ui_.chkEqual, [this] { ApplyEqual(); });
+  toggled(ui_.Check(&Project::AMZAuto), [this] {
+    AutomaticClicked(&Project::AMZAuto, &Project::BreadthAMZ, kBreadthWarning);
+    UpdateAMZ();
+  });
+  toggled(ui_.Check(&Project::ArchAuto), [this] {
+    AutomaticClicked(&Project::ArchAuto, &Project::ArchFactor, kArchFactorWarning);
+    UpdateArch();
+  });
+  toggled(ui_.Check(&Project::RowA),
+          [this] { RowClicked(&Project::RowA, &Project::SlabcutFirstGob, kRowAWithSlabCut); });
+  toggled(ui_.Check(&Project::RowB),
+          [this] { RowClicked(&Project::RowB, &Project::SlabcutSecondGob, kRowBWithSlabCut); });
+  toggled(ui_.Check(&Project::RowC), [this] { UpdateRowWidth(&Project::WidthRowC); });
+  toggled(ui_.Check(&Project::RowD), [this] { UpdateRowWidth(&Project::WidthRowD); });
 }
 
 void frmKORVAParm::WireConditions() {
@@ -114,32 +119,30 @@ void frmKORVAParm::WirePreview() {
 
 void frmKORVAParm::WireWarnings() {
   const UnitSystem units = session_.State.Stored.ProjectUnits;
-  for (const auto& [name, usual] : {std::pair{"txtAbutmentAngleActiveGob", &kDataBaseAngle},
-                                    {"txtAbutmentAngleFirstGob", &kDataBaseAngle},
-                                    {"txtAbutmentAngleSecondGob", &kDataBaseAngle},
-                                    {"txtCoalStrength", &kDataBaseStrength},
-                                    {"txtUnitWeight", &kDataBaseUnitWeight}}) {
-    const FieldBox& box = ui_.Box(name);
-    connect(&box, &FieldBox::FocusLeft, this,
-            [this, &box, units, usual = usual] { WarnOnLeaving(WarningOn(box.Text(), *usual, units)); });
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    if (const DataBaseValue* usual = kNumberFields[i].Usual) {
+      const FieldBox& box = *ui_.boxes[i];
+      connect(&box, &FieldBox::FocusLeft, this,
+              [this, &box, units, usual] { WarnOnLeaving(WarningOn(box.Text(), *usual, units)); });
+    }
   }
 }
 
 void frmKORVAParm::UpdateArch() {
-  if (ui_.Check("chkArch").isChecked()) {
+  if (ui_.Check(&Project::ArchAuto).isChecked()) {
     Run([this] {
       const float factor = Calc_Arch(FieldsOfTexts(Texts(), session_.State.Stored.ProjectUnits));
-      ui_.Box("txtArchFactor").Fill(GeneralText(factor));
+      ui_.Box(&Project::ArchFactor).Fill(GeneralText(factor));
     });
   }
 }
 
 void frmKORVAParm::UpdateAMZ() {
-  if (ui_.Check("chkAMZ").isChecked()) {
+  if (ui_.Check(&Project::AMZAuto).isChecked()) {
     Run([this] {
       const auto breadth =
-          Calc_AMZ(FieldNumber(ui_.Box("txtDepthCover").Text()), session_.State.Stored.ProjectUnits);
-      ui_.Box("txtBreadthAMZ").Fill(std::to_string(breadth));
+          Calc_AMZ(FieldNumber(ui_.Box(&Project::DepthCover).Text()), session_.State.Stored.ProjectUnits);
+      ui_.Box(&Project::BreadthAMZ).Fill(std::to_string(breadth));
     });
   }
 }
@@ -152,18 +155,18 @@ void frmKORVAParm::UpdateRatio() {
 
 void frmKORVAParm::CenterChanged(int index) {
   UpdateRatio();
-  if (index == 1 && ui_.Check("chkEqual").isChecked()) {
+  if (index == 1 && ui_.chkEqual->isChecked()) {
     ApplyEqual();
   }
   UpdateArch();
 }
 
 void frmKORVAParm::ApplyEqual() {
-  const bool equal = ui_.Check("chkEqual").isChecked();
+  const bool equal = ui_.chkEqual->isChecked();
   for (int i = 2; i < EntriesOf(Texts()); ++i) {
-    FieldBox& box = ui_.Box(CenterName(i));
+    FieldBox& box = *ui_.txtXcutCenters[i];
     if (equal) {
-      box.Fill(ui_.Box(CenterName(1)).Text());
+      box.Fill(ui_.txtXcutCenters[1]->Text());
     }
     box.setEnabled(!equal);
   }
@@ -173,7 +176,7 @@ void frmKORVAParm::EntriesChosen() {
   if (ui_.Combo1->currentIndex() < 0) {
     return;
   }
-  ui_.Box("txtNumberEntries").setText(ui_.Combo1->currentText());
+  ui_.txtNumberEntries->setText(ui_.Combo1->currentText());
   ShowEntryFields(EntriesOf(Texts()));
   ApplyEqual();
   if (!loading_) {
@@ -184,37 +187,31 @@ void frmKORVAParm::EntriesChosen() {
 
 void frmKORVAParm::ShowEntryFields(int entries) {
   for (int i = 1; i <= kMaxEntries; ++i) {
-    const auto at = static_cast<std::size_t>(i - 1);
-    ui_.Text15[at]->setVisible(i <= entries);
-    ui_.Line1[at]->setVisible(i <= entries);
+    ui_.Text15[i]->setVisible(i <= entries);
+    ui_.Line1[i]->setVisible(i <= entries);
   }
   for (int i = 1; i <= kMaxRows; ++i) {
-    ui_.Box(CenterName(i)).setVisible(i < entries);
-    ui_.Label23[static_cast<std::size_t>(i - 1)]->setVisible(i < entries);
+    ui_.txtXcutCenters[i]->setVisible(i < entries);
+    ui_.Label23[i]->setVisible(i < entries);
   }
-  const std::string first = ui_.Box(CenterName(1)).Text();
+  const std::string first = ui_.txtXcutCenters[1]->Text();
   for (int i = kSecondCenter; i < std::min(entries, kMaxEntries) && FieldNumber(first) != 0; ++i) {
-    FieldBox& box = ui_.Box(CenterName(i));
+    FieldBox& box = *ui_.txtXcutCenters[i];
     if (FieldNumber(box.Text()) == 0) {
       box.Fill(first);
     }
   }
 }
 
-void frmKORVAParm::AutomaticClicked(const char* check, const char* box, std::string_view warning) {
+void frmKORVAParm::AutomaticClicked(FlagIndex check, NumberIndex box, std::string_view warning) {
   const bool automatic = ui_.Check(check).isChecked();
   if (!loading_ && !automatic) {
     Say(FormWarning(warning));
   }
   ui_.Box(box).setEnabled(!automatic);
-  if (automatic && box == std::string("txtBreadthAMZ")) {
-    UpdateAMZ();
-  } else if (automatic) {
-    UpdateArch();
-  }
 }
 
-void frmKORVAParm::RowClicked(const char* check, const char* slabCut, std::string_view message) {
+void frmKORVAParm::RowClicked(FlagIndex check, NumberIndex slabCut, std::string_view message) {
   QCheckBox& row = ui_.Check(check);
   if (row.isChecked() && FieldNumber(ui_.Box(slabCut).Text()) > 0) {
     Say(std::string(message));
@@ -223,14 +220,15 @@ void frmKORVAParm::RowClicked(const char* check, const char* slabCut, std::strin
   ShowPanelPicture();
 }
 
-void frmKORVAParm::UpdateRowWidth(const char* check, const char* label, const char* box) {
-  const bool left = ui_.Check(check).isChecked() && !ui_.Check(check).isHidden();
-  ui_.labels.at(label)->setVisible(left);
-  ui_.Box(box).setVisible(left);
+void frmKORVAParm::UpdateRowWidth(NumberIndex width) {
+  const QCheckBox& check = ui_.Check(*RowOf(width).OnlyWith);
+  const bool left = check.isChecked() && !check.isHidden();
+  ui_.Label(width).setVisible(left);
+  ui_.Box(width).setVisible(left);
   ShowPanelPicture();
 }
 
-void frmKORVAParm::UpdateRowState(const char* barrier, const char* check) {
+void frmKORVAParm::UpdateRowState(NumberIndex barrier, FlagIndex check) {
   const bool there = FieldNumber(ui_.Box(barrier).Text()) != 0;
   if (!there) {
     ui_.Check(check).setChecked(false);
@@ -249,16 +247,17 @@ void frmKORVAParm::ShowConditionFields() {
   ui_.fraBleeder->setVisible(HasActiveGob(loading));
   ui_.fraFirst->setVisible(first);
   ui_.fraSecond->setVisible(second);
-  ui_.Check("chkRowC").setVisible(first);
-  ui_.Check("chkRowD").setVisible(second);
-  UpdateRowWidth("chkRowC", "lblwidRowC", "txtWidthC");
-  UpdateRowWidth("chkRowD", "lblwidRowD", "txtWidthD");
+  ui_.Check(&Project::RowC).setVisible(first);
+  ui_.Check(&Project::RowD).setVisible(second);
+  UpdateRowWidth(&Project::WidthRowC);
+  UpdateRowWidth(&Project::WidthRowD);
 }
 
 void frmKORVAParm::ShowPanelPicture() {
   const ParameterTexts texts = Texts();
-  ui_.pictures->setCurrentIndex(
-      PanelPictureIndex(texts.LoadingCondition, texts.RowA, texts.RowB, texts.RowC, texts.RowD));
+  ui_.pictures->setCurrentIndex(PanelPictureIndex(texts.LoadingCondition, texts[&Project::RowA],
+                                                  texts[&Project::RowB], texts[&Project::RowC],
+                                                  texts[&Project::RowD]));
 }
 
 void frmKORVAParm::WarnOnLeaving(const std::optional<std::string>& warning) {

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "core/Limits.h"
-#include "core/Refusals.h"
 #include "input/CheckFieldRange.h"
 #include "input/FieldNumber.h"
 
@@ -13,130 +11,80 @@ namespace {
 
 using Refusal = std::optional<ParameterRefusal>;
 
-double N(const std::string& text) {
-  return FieldNumber(text);
+double Number(const ParameterTexts& texts, NumberIndex field) {
+  return FieldNumber(texts[field]);
 }
 
-Refusal RefuseRange(ParameterTab tab, const char* control, std::string_view text) {
-  return ParameterRefusal{std::string(text), RefusalKind::kRange, tab, control};
+ParameterRefusal Refused(const NumberField& field, std::string_view text, RefusalKind kind) {
+  return {std::string(text), kind, RowOf(field.Frame).Tab, field.Control};
 }
 
-Refusal CheckStandard(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kStandardTab;
-  if (N(t.EntryHeight) <= 0) {
-    return RefuseRange(kTab, "txtEntryHeight", kInvalidEntryHeight);
-  }
-  if (N(t.DepthCover) <= 0) {
-    return RefuseRange(kTab, "txtDepthCover", kInvalidDepthCover);
-  }
-  if (const auto fault = CheckFieldRange(t.XcutAngle, kLeastXcutAngle, kGreatestXcutAngle, "")) {
-    return RefuseRange(kTab, "txtXcutAngle", *fault);
-  }
-  if (N(t.EntryWidth) <= 0) {
-    return RefuseRange(kTab, "txtEntryWidth", kInvalidEntryWidth);
-  }
-  if (N(t.XcutSpacing) <= 0 || N(t.EntryWidth) >= N(t.XcutSpacing)) {
-    return RefuseRange(kTab, "txtXcutSpacing", kInvalidXcutSpacing);
-  }
-  return std::nullopt;
+bool Takes(const Accepted& range, double value) {
+  return (range.LeastToo ? value >= range.Least : value > range.Least) && value <= range.Greatest;
 }
 
-Refusal CheckDefaults(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kDefaultsTab;
-  if (N(t.CoalStrength) <= 0) {
-    return RefuseRange(kTab, "txtCoalStrength", kInvalidInSituStrength);
+// Whether the bound holds that another field sets.
+bool FitsTheOther(const ParameterTexts& t, std::size_t field) {
+  constexpr NumberIndex kSpacing(&Project::XcutSpacing);
+  constexpr NumberIndex kFirstSlabCut(&Project::SlabcutFirstGob);
+  constexpr NumberIndex kSecondSlabCut(&Project::SlabcutSecondGob);
+  return (field != kSpacing.At || Number(t, &Project::EntryWidth) < Number(t, kSpacing)) &&
+         (field != kFirstSlabCut.At || Number(t, kFirstSlabCut) <= Number(t, &Project::BarrierFirstGob)) &&
+         (field != kSecondSlabCut.At || Number(t, kSecondSlabCut) <= Number(t, &Project::BarrierSecondGob));
+}
+
+// Why a field's text is refused, or nothing.
+std::optional<std::string> FaultOf(const ParameterTexts& texts, std::size_t field) {
+  const NumberField& row = kNumberFields[field];
+  const std::string& text = texts.Numbers[field];
+  if (row.Refusal.empty()) {
+    return CheckFieldRange(text, row.Range.Least, row.Range.Greatest, "");
   }
-  if (N(t.UnitWeight) <= 0) {
-    return RefuseRange(kTab, "txtUnitWeight", kInvalidOverburdenWeight);
+  if (Takes(row.Range, FieldNumber(text)) && FitsTheOther(texts, field)) {
+    return std::nullopt;
   }
-  if (N(t.BreadthAMZ) <= 0) {
-    return RefuseRange(kTab, "txtBreadthAMZ", kInvalidBreadthAMZ);
-  }
-  if (N(t.ArchFactor) < kLeastArchFactor || N(t.ArchFactor) > kGreatestArchFactor) {
-    return RefuseRange(kTab, "txtArchFactor", kInvalidArchFactor);
+  return std::string(row.Refusal);
+}
+
+Refusal CheckFrame(const ParameterTexts& texts, ParameterFrame frame) {
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    const NumberField& field = kNumberFields[i];
+    if (field.Frame != frame || (field.OnlyWith && texts[*field.OnlyWith] != 1)) {
+      continue;
+    }
+    if (const auto fault = FaultOf(texts, i)) {
+      return Refused(field, *fault, field.Kind);
+    }
   }
   return std::nullopt;
 }
 
 // Rows A and B are tested from one side gob on, and both send the person to the first slab cut.
-Refusal CheckRows(const ParameterTexts& t) {
-  constexpr auto kTab = ParameterTab::kRetreatTab;
-  if (t.RowC == 1 && N(t.WidthRowC) <= 0) {
-    return RefuseRange(kTab, "txtWidthC", kInvalidWidthRowC);
+Refusal CheckSlabCuts(const ParameterTexts& t) {
+  if (!HasFirstSideGob(t.LoadingCondition)) {
+    return std::nullopt;
   }
-  if (t.RowD == 1 && N(t.WidthRowD) <= 0) {
-    return RefuseRange(kTab, "txtWidthD", kInvalidWidthRowD);
+  if (t[&Project::RowA] == 1 && Number(t, &Project::SlabcutFirstGob) > 0) {
+    return Refused(RowOf(&Project::SlabcutFirstGob), kSlabCutAtRowA, RefusalKind::kLogic);
   }
-  const bool sideGob = t.LoadingCondition >= PanelLoading::kWithFirstSideGob;
-  if (t.RowA == 1 && sideGob && N(t.SlabcutFirstGob) > 0) {
-    return ParameterRefusal{std::string(kSlabCutAtRowA), RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
-  }
-  if (t.RowB == 1 && sideGob && N(t.SlabcutSecondGob) > 0) {
-    return ParameterRefusal{std::string(kSlabCutAtRowB), RefusalKind::kLogic, kTab, "txtSlabcutFirstGob"};
+  if (t[&Project::RowB] == 1 && Number(t, &Project::SlabcutSecondGob) > 0) {
+    return Refused(RowOf(&Project::SlabcutFirstGob), kSlabCutAtRowB, RefusalKind::kLogic);
   }
   return std::nullopt;
-}
-
-// One gob's boxes and words.
-struct Gob {
-  const char* Word;
-  const char* Suffix;  // of the controls' names
-  const std::string& Extent;
-  const std::string& Angle;
-  RefusalKind ExtentKind;
-};
-
-Refusal CheckGob(const Gob& gob) {
-  constexpr auto kTab = ParameterTab::kRetreatTab;
-  if (N(gob.Extent) < 0) {
-    return ParameterRefusal{fmt::format("Invalid extent of {} gob", gob.Word), gob.ExtentKind, kTab,
-                            fmt::format("txtExtent{}", gob.Suffix)};
-  }
-  if (N(gob.Angle) < 0 || N(gob.Angle) > kGreatestAbutmentAngle) {
-    return ParameterRefusal{fmt::format("Invalid abutment angle of {} gob", gob.Word), RefusalKind::kRange,
-                            kTab, fmt::format("txtAbutmentAngle{}", gob.Suffix)};
-  }
-  return std::nullopt;
-}
-
-Refusal CheckBarrier(const Gob& gob, const std::string& barrier, const std::string& slabCut) {
-  constexpr auto kTab = ParameterTab::kRetreatTab;
-  if (N(barrier) < 0) {
-    return ParameterRefusal{fmt::format("Invalid extent of barrier of {} gob", gob.Word), RefusalKind::kRange,
-                            kTab, fmt::format("txtBarrier{}", gob.Suffix)};
-  }
-  if (N(slabCut) < 0 || N(slabCut) > N(barrier)) {
-    return ParameterRefusal{fmt::format("Invalid extent of slab cut in barrier of {} gob", gob.Word),
-                            RefusalKind::kRange, kTab, fmt::format("txtSlabcut{}", gob.Suffix)};
-  }
-  return std::nullopt;
-}
-
-Refusal CheckGobs(const ParameterTexts& t) {
-  const Gob active{"active", "ActiveGob", t.ExtentActiveGob, t.AbutmentAngleActiveGob, RefusalKind::kRange};
-  const Gob first{"first", "FirstGob", t.ExtentFirstGob, t.AbutmentAngleFirstGob, RefusalKind::kRange};
-  const Gob second{"second", "SecondGob", t.ExtentSecondGob, t.AbutmentAngleSecondGob, RefusalKind::kLogic};
-  Refusal refusal = CheckGob(active);
-  if (!refusal && t.LoadingCondition >= PanelLoading::kWithFirstSideGob) {
-    refusal = CheckGob(first);
-    refusal = refusal ? refusal : CheckBarrier(first, t.BarrierFirstGob, t.SlabcutFirstGob);
-  }
-  if (!refusal && t.LoadingCondition == PanelLoading::kWithBothSideGobs) {
-    refusal = CheckGob(second);
-    refusal = refusal ? refusal : CheckBarrier(second, t.BarrierSecondGob, t.SlabcutSecondGob);
-  }
-  return refusal;
 }
 
 Refusal CheckEntries(const ParameterTexts& t) {
   for (int i = 1; i < EntriesOf(t); ++i) {
-    const std::string control = fmt::format("txtXcutCenters({})", i);
-    if (N(t.XcutCenters[i]) <= 0) {
-      return RefuseRange(ParameterTab::kStandardTab, control.c_str(), "Invalid entry spacing");
+    const double center = FieldNumber(t.XcutCenters[i]);
+    const auto refuse = [i](std::string_view text) {
+      return ParameterRefusal{std::string(text), RefusalKind::kRange, RowOf(kCenterField.Frame).Tab,
+                              fmt::format("{}({})", kCenterField.Control, i)};
+    };
+    if (!Takes(kCenterField.Range, center)) {
+      return refuse(kCenterField.Refusal);
     }
-    if (N(t.EntryWidth) >= N(t.XcutCenters[i])) {
-      return RefuseRange(ParameterTab::kStandardTab, control.c_str(),
-                         "Entry spacing should be more than Entry Width");
+    if (Number(t, &Project::EntryWidth) >= center) {
+      return refuse("Entry spacing should be more than Entry Width");
     }
   }
   return std::nullopt;
@@ -145,12 +93,21 @@ Refusal CheckEntries(const ParameterTexts& t) {
 }  // namespace
 
 std::optional<ParameterRefusal> CheckParameters(const ParameterTexts& texts) {
-  for (const auto check : {CheckStandard, CheckDefaults, CheckRows, CheckGobs, CheckEntries}) {
-    if (auto refusal = check(texts)) {
-      return refusal;
+  using Frame = ParameterFrame;
+  Refusal refusal;
+  const auto check = [&](Frame frame, bool counts = true) {
+    if (!refusal && counts) {
+      refusal = CheckFrame(texts, frame);
     }
+  };
+  for (const Frame frame : {Frame::kGeometry, Frame::kLoading, Frame::kZone, Frame::kArch, Frame::kBleeder}) {
+    check(frame);
   }
-  return std::nullopt;
+  refusal = refusal ? refusal : CheckSlabCuts(texts);
+  check(Frame::kActiveGob);
+  check(Frame::kFirstGob, HasFirstSideGob(texts.LoadingCondition));
+  check(Frame::kSecondGob, texts.LoadingCondition == PanelLoading::kWithBothSideGobs);
+  return refusal ? refusal : CheckEntries(texts);
 }
 
 }  // namespace korva

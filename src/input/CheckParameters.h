@@ -8,11 +8,6 @@
 
 namespace korva {
 
-// The tabs of the parameters form.
-enum class ParameterTab { kStandardTab, kDefaultsTab, kRetreatTab };
-
-enum class RefusalKind { kRange, kLogic };
-
 struct ParameterRefusal {
   std::string Text;
   RefusalKind Kind = RefusalKind::kRange;

@@ -12,12 +12,19 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kShortNumber = "#.##";
-
 // As FieldNumber: what lies beyond the range of the number gives the largest one.
 float SingleOf(const std::string& text) {
   constexpr auto kMost = static_cast<double>(std::numeric_limits<float>::max());
   return static_cast<float>(std::clamp(FieldNumber(text), -kMost, kMost));
+}
+
+std::string ShownText(const NumberField& field, const Project& project) {
+  return std::visit(
+      [&](auto member) {
+        const auto value = project.*member;
+        return field.Pattern.empty() ? GeneralText(value) : Format(static_cast<double>(value), field.Pattern);
+      },
+      field.Member);
 }
 
 // Indices of the centers between `entries` entries that the form has boxes for.
@@ -29,17 +36,12 @@ int LastCenter(int entries) {
 
 ParameterTexts TextsOfProject(const Project& project) {
   ParameterTexts texts;
-  for (const ValueField& field : kValueFields) {
-    texts.*field.Text = GeneralText(project.*field.Value);
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    texts.Numbers[i] = ShownText(kNumberFields[i], project);
   }
-  for (const SingleField& field : kSingleFields) {
-    texts.*field.Text = GeneralText(project.*field.Value);
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    texts.Flags[i] = project.*kFlagFields[i].Member != 0 ? 1 : 0;
   }
-  for (const FlagField& field : kFlagFields) {
-    texts.*field.Flag = project.*field.Value != 0 ? 1 : 0;
-  }
-  texts.CoalStrength = Format(project.CoalStrength, kShortNumber);
-  texts.UnitWeight = Format(project.UnitWeight, kShortNumber);
   texts.NumberEntries = std::to_string(project.NumberEntries);
   for (int i = 1; i <= kMaxRows; ++i) {
     texts.XcutCenters[i] = GeneralText(project.XcutCenters[i]);
@@ -55,14 +57,15 @@ int EntriesOf(const ParameterTexts& texts) {
 }
 
 void StoreParameters(const ParameterTexts& texts, Project& project) {
-  for (const ValueField& field : kValueFields) {
-    project.*field.Value = FieldNumber(texts.*field.Text);
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
+    if (const auto* value = std::get_if<double Project::*>(&kNumberFields[i].Member)) {
+      project.** value = FieldNumber(texts.Numbers[i]);
+    } else {
+      project.*std::get<float Project::*>(kNumberFields[i].Member) = SingleOf(texts.Numbers[i]);
+    }
   }
-  for (const SingleField& field : kSingleFields) {
-    project.*field.Value = SingleOf(texts.*field.Text);
-  }
-  for (const FlagField& field : kFlagFields) {
-    project.*field.Value = texts.*field.Flag;
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    project.*kFlagFields[i].Member = texts.Flags[i];
   }
   project.NumberEntries = EntriesOf(texts);
   for (int i = 1; i <= LastCenter(project.NumberEntries); ++i) {
@@ -84,12 +87,12 @@ bool ParametersChanged(const ParameterTexts& texts, const Project& project) {
 
 ParameterFields FieldsOfTexts(const ParameterTexts& texts, UnitSystem units) {
   ParameterFields fields;
-  fields.DepthCover = FieldNumber(texts.DepthCover);
-  fields.XcutAngle = FieldNumber(texts.XcutAngle);
-  fields.EntryWidth = FieldNumber(texts.EntryWidth);
-  fields.XcutSpacing = FieldNumber(texts.XcutSpacing);
+  fields.DepthCover = FieldNumber(texts[&Project::DepthCover]);
+  fields.XcutAngle = FieldNumber(texts[&Project::XcutAngle]);
+  fields.EntryWidth = FieldNumber(texts[&Project::EntryWidth]);
+  fields.XcutSpacing = FieldNumber(texts[&Project::XcutSpacing]);
   fields.NumberEntries = EntriesOf(texts);
-  fields.BreadthAMZ = FieldNumber(texts.BreadthAMZ);
+  fields.BreadthAMZ = FieldNumber(texts[&Project::BreadthAMZ]);
   fields.ProjectUnits = units;
   for (int i = 1; i <= kMaxRows; ++i) {
     fields.XcutCenters[i] = FieldNumber(texts.XcutCenters[i]);

@@ -22,13 +22,17 @@ T GoodTexts() {
   return TextsOfProject(panel);
 }
 
+struct Change {
+  NumberIndex Field;
+  const char* Text;
+};
+
 // Applies the changes and gives the refusal as "text|title|tab|control".
-std::string Refused(std::initializer_list<std::pair<std::string T::*, const char*>> changes,
-                    int condition = 3) {
+std::string Refused(std::initializer_list<Change> changes, int condition = 3) {
   T texts = GoodTexts();
   texts.LoadingCondition = static_cast<PanelLoading>(condition);
   for (const auto& [member, text] : changes) {
-    texts.*member = text;
+    texts[member] = text;
   }
   const auto refusal = CheckParameters(texts);
   if (!refusal) {
@@ -40,63 +44,67 @@ std::string Refused(std::initializer_list<std::pair<std::string T::*, const char
 
 TEST(CheckParameters, EachRowRefusesWithItsOwnWords) {
   EXPECT_EQ(Refused({}), "taken");
-  EXPECT_EQ(Refused({{&T::EntryHeight, ""}}), "Invalid entry height|Range|0|txtEntryHeight");
-  EXPECT_EQ(Refused({{&T::DepthCover, "-1"}}), "Invalid depth of cover|Range|0|txtDepthCover");
-  EXPECT_EQ(Refused({{&T::XcutAngle, ""}}), "Blank field not allowed|Range|0|txtXcutAngle");
-  EXPECT_EQ(Refused({{&T::XcutAngle, " 29.99 "}}),
+  EXPECT_EQ(Refused({{&Project::EntryHeight, ""}}), "Invalid entry height|Range|0|txtEntryHeight");
+  EXPECT_EQ(Refused({{&Project::DepthCover, "-1"}}), "Invalid depth of cover|Range|0|txtDepthCover");
+  EXPECT_EQ(Refused({{&Project::XcutAngle, ""}}), "Blank field not allowed|Range|0|txtXcutAngle");
+  EXPECT_EQ(Refused({{&Project::XcutAngle, " 29.99 "}}),
             "Value '29.99' is outside input range\r\nValid range is: 30-90|Range|0|txtXcutAngle");
-  EXPECT_EQ(Refused({{&T::EntryWidth, "x"}}), "Invalid entry width|Range|0|txtEntryWidth");
-  EXPECT_EQ(Refused({{&T::XcutSpacing, "20"}}), "Invalid crosscut spacing|Range|0|txtXcutSpacing");
-  EXPECT_EQ(Refused({{&T::CoalStrength, "0"}}), "Invalid in situ coal strength|Range|1|txtCoalStrength");
-  EXPECT_EQ(Refused({{&T::UnitWeight, "0"}, {&T::BreadthAMZ, "0"}}),
+  EXPECT_EQ(Refused({{&Project::EntryWidth, "x"}}), "Invalid entry width|Range|0|txtEntryWidth");
+  EXPECT_EQ(Refused({{&Project::XcutSpacing, "20"}}), "Invalid crosscut spacing|Range|0|txtXcutSpacing");
+  EXPECT_EQ(Refused({{&Project::CoalStrength, "0"}}),
+            "Invalid in situ coal strength|Range|1|txtCoalStrength");
+  EXPECT_EQ(Refused({{&Project::UnitWeight, "0"}, {&Project::BreadthAMZ, "0"}}),
             "Invalid overburden unit weight|Range|1|txtUnitWeight");
-  EXPECT_EQ(Refused({{&T::BreadthAMZ, "0"}}), "Invalid breadth of AMZ|Range|1|txtBreadthAMZ");
-  EXPECT_EQ(Refused({{&T::ArchFactor, "0.279"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
-  EXPECT_EQ(Refused({{&T::ArchFactor, "1.01"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
-  EXPECT_EQ(Refused({{&T::WidthRowC, "0"}}, 0), "Invalid Pillar Width for Row C|Range|2|txtWidthC");
-  EXPECT_EQ(Refused({{&T::WidthRowD, ""}}), "Invalid Pillar Width for Row D|Range|2|txtWidthD");
+  EXPECT_EQ(Refused({{&Project::BreadthAMZ, "0"}}), "Invalid breadth of AMZ|Range|1|txtBreadthAMZ");
+  EXPECT_EQ(Refused({{&Project::ArchFactor, "0.279"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
+  EXPECT_EQ(Refused({{&Project::ArchFactor, "1.01"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
+  EXPECT_EQ(Refused({{&Project::WidthRowC, "0"}}, 0), "Invalid Pillar Width for Row C|Range|2|txtWidthC");
+  EXPECT_EQ(Refused({{&Project::WidthRowD, ""}}), "Invalid Pillar Width for Row D|Range|2|txtWidthD");
   EXPECT_EQ(
-      Refused({{&T::SlabcutFirstGob, "5"}}, 2),
+      Refused({{&Project::SlabcutFirstGob, "5"}}, 2),
       "Cannot take slab cut from first side barrier when Row A pillars are left|Logic|2|txtSlabcutFirstGob");
   EXPECT_EQ(
-      Refused({{&T::SlabcutSecondGob, "5"}}, 2),
+      Refused({{&Project::SlabcutSecondGob, "5"}}, 2),
       "Cannot take slab cut from second side barrier when Row B pillars are left|Logic|2|txtSlabcutFirstGob");
-  EXPECT_EQ(Refused({{&T::ExtentActiveGob, "-1"}}, 0),
+  EXPECT_EQ(Refused({{&Project::ExtentActiveGob, "-1"}}, 0),
             "Invalid extent of active gob|Range|2|txtExtentActiveGob");
-  EXPECT_EQ(Refused({{&T::AbutmentAngleActiveGob, "91"}}, 0),
+  EXPECT_EQ(Refused({{&Project::AbutmentAngleActiveGob, "91"}}, 0),
             "Invalid abutment angle of active gob|Range|2|txtAbutmentAngleActiveGob");
-  EXPECT_EQ(Refused({{&T::ExtentFirstGob, "-1"}}, 2),
+  EXPECT_EQ(Refused({{&Project::ExtentFirstGob, "-1"}}, 2),
             "Invalid extent of first gob|Range|2|txtExtentFirstGob");
-  EXPECT_EQ(Refused({{&T::AbutmentAngleFirstGob, "-1"}}, 2),
+  EXPECT_EQ(Refused({{&Project::AbutmentAngleFirstGob, "-1"}}, 2),
             "Invalid abutment angle of first gob|Range|2|txtAbutmentAngleFirstGob");
-  EXPECT_EQ(Refused({{&T::BarrierFirstGob, "-1"}}, 2),
+  EXPECT_EQ(Refused({{&Project::BarrierFirstGob, "-1"}}, 2),
             "Invalid extent of barrier of first gob|Range|2|txtBarrierFirstGob");
-  EXPECT_EQ(Refused({{&T::SlabcutFirstGob, "-1"}}, 2),
+  EXPECT_EQ(Refused({{&Project::SlabcutFirstGob, "-1"}}, 2),
             "Invalid extent of slab cut in barrier of first gob|Range|2|txtSlabcutFirstGob");
-  EXPECT_EQ(Refused({{&T::ExtentSecondGob, "-1"}}),
+  EXPECT_EQ(Refused({{&Project::ExtentSecondGob, "-1"}}),
             "Invalid extent of second gob|Logic|2|txtExtentSecondGob");
-  EXPECT_EQ(Refused({{&T::AbutmentAngleSecondGob, "91"}}),
+  EXPECT_EQ(Refused({{&Project::AbutmentAngleSecondGob, "91"}}),
             "Invalid abutment angle of second gob|Range|2|txtAbutmentAngleSecondGob");
-  EXPECT_EQ(Refused({{&T::BarrierSecondGob, "-1"}}),
+  EXPECT_EQ(Refused({{&Project::BarrierSecondGob, "-1"}}),
             "Invalid extent of barrier of second gob|Range|2|txtBarrierSecondGob");
-  EXPECT_EQ(Refused({{&T::SlabcutSecondGob, "-1"}}),
+  EXPECT_EQ(Refused({{&Project::SlabcutSecondGob, "-1"}}),
             "Invalid extent of slab cut in barrier of second gob|Range|2|txtSlabcutSecondGob");
 }
 
 TEST(CheckParameters, BoundsPassAndGobsOfOtherConditionsAreLeftAlone) {
   for (const char* angle : {"30", "90"}) {
-    EXPECT_EQ(Refused({{&T::XcutAngle, angle}}), "taken");
+    EXPECT_EQ(Refused({{&Project::XcutAngle, angle}}), "taken");
   }
   for (const char* factor : {"0.28", "1"}) {
-    EXPECT_EQ(Refused({{&T::ArchFactor, factor}}), "taken");
+    EXPECT_EQ(Refused({{&Project::ArchFactor, factor}}), "taken");
   }
-  EXPECT_EQ(
-      Refused({{&T::ExtentFirstGob, "-1"}, {&T::BarrierFirstGob, "-1"}, {&T::SlabcutSecondGob, "9"}}, 1),
-      "taken");
-  EXPECT_EQ(Refused({{&T::ExtentSecondGob, "-1"}, {&T::AbutmentAngleSecondGob, "99"}}, 2), "taken");
+  EXPECT_EQ(Refused({{&Project::ExtentFirstGob, "-1"},
+                     {&Project::BarrierFirstGob, "-1"},
+                     {&Project::SlabcutSecondGob, "9"}},
+                    1),
+            "taken");
+  EXPECT_EQ(Refused({{&Project::ExtentSecondGob, "-1"}, {&Project::AbutmentAngleSecondGob, "99"}}, 2),
+            "taken");
   T texts = GoodTexts();
-  texts.RowA = 0;
-  texts.SlabcutFirstGob = texts.BarrierFirstGob;
+  texts[&Project::RowA] = 0;
+  texts[&Project::SlabcutFirstGob] = texts[&Project::BarrierFirstGob];
   EXPECT_FALSE(CheckParameters(texts));
 }
 
@@ -118,30 +126,27 @@ TEST(CheckParameters, EntrySpacingsAreTestedUpToTheNumberOfEntries) {
 TEST(ParameterTexts, GoThereAndBackAndTellChanges) {
   const Project panel = test::TwoSideGobs();
   const T texts = TextsOfProject(panel);
-  EXPECT_EQ(texts.CoalStrength, "900");
+  EXPECT_EQ(texts[&Project::CoalStrength], "900");
   EXPECT_FALSE(ParametersChanged(texts, panel));
   Project back = panel;
   StoreParameters(texts, back);
   EXPECT_EQ(back, panel);
 
   T other = texts;
-  other.ArchFactor = "0.5";
-  EXPECT_FALSE(ParametersChanged(other, panel));
-  other = texts;
   other.XcutCenters[9] = "1";  // beyond the entries
   EXPECT_FALSE(ParametersChanged(other, panel));
-  for (const ValueField& field : kValueFields) {
+  for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
     other = texts;
-    other.*field.Text = "7.5";
-    EXPECT_TRUE(ParametersChanged(other, panel)) << field.Control;
+    other.Numbers[i] = "7.5";
+    EXPECT_EQ(ParametersChanged(other, panel), i != NumberIndex(&Project::ArchFactor).At) << i;
   }
-  for (const FlagField& field : kFlagFields) {
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
     other = texts;
-    other.*field.Flag = 1 - other.*field.Flag;
-    EXPECT_TRUE(ParametersChanged(other, panel)) << field.Control;
+    other.Flags[i] = 1 - other.Flags[i];
+    EXPECT_TRUE(ParametersChanged(other, panel)) << i;
   }
   other = texts;
-  other.XcutCenters[5] = other.WidthRowD = "61";
+  other.XcutCenters[5] = other[&Project::WidthRowD] = "61";
   StoreParameters(other, back);
   EXPECT_EQ(back.XcutCenters[5], 61);
   EXPECT_EQ(back.WidthRowD, 61);
@@ -175,9 +180,9 @@ TEST(CheckSettings, RefusesInItsOrder) {
 
 TEST(ParameterTexts, ANumberBeyondTheRecordsRangeIsTheLargestOne) {
   T texts = GoodTexts();
-  texts.WidthRowC = "1e39";
-  texts.WidthRowD = "-1e300";
-  texts.DepthCover = "1e999";
+  texts[&Project::WidthRowC] = "1e39";
+  texts[&Project::WidthRowD] = "-1e300";
+  texts[&Project::DepthCover] = "1e999";
   Project project;
   StoreParameters(texts, project);
   EXPECT_EQ(project.WidthRowC, std::numeric_limits<float>::max());
