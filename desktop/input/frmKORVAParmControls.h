@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QStackedWidget>
 #include <array>
+#include <span>
 #include <vector>
 
 #include "core/IndexedArray.h"
@@ -58,6 +59,8 @@ struct frmKORVAParmControls {
   QPushButton* cmdHelp = nullptr;
 
  private:
+  // Keeps the place of a hidden widget, so that nothing jumps.
+  static void KeepPlace(QWidget& widget);
   QGroupBox* NewFrame(const char* name, const char* title);
   FieldBox* NewBox(const NumberField& field, const QString& name, const QString& caption);
   void AddBox(QGridLayout& grid, std::size_t field, int line, int column);
@@ -69,10 +72,8 @@ struct frmKORVAParmControls {
   void AddEntry(QGridLayout& grid, int number);
   void AddCenter(QGridLayout& grid, int number);
   QGroupBox* BleederFrame();
-  template <std::size_t Count>
   QGroupBox* OptionFrame(const char* name, const char* title, const char* array,
-                         const std::array<const char*, Count>& captions,
-                         std::array<QRadioButton*, Count>& options);
+                         std::span<const char* const> captions, std::span<QRadioButton*> options);
   QWidget* StandardTab();
   QWidget* DefaultsTab();
   QWidget* RetreatTab();
