@@ -14,6 +14,7 @@
 #include "core/RuntimeError.h"
 #include "files/ProjectFile.h"
 #include "files/VoskFile.h"
+#include "input/ConvertProjectUnits.h"
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
 #include "files/VoskFile.h"
+#include "input/ConvertProjectUnits.h"
 
 namespace korva {
 

@@ -80,11 +80,6 @@ inline bool HasSecondSideGob(const Project& project) {
 // The record of an empty project. LoadingConditionAux is the caller's to carry over.
 Project EmptyProject(UnitSystem units);
 
-// Changes all values to the unit system `targetUnits`, each rounded to 2 decimals half to even (unit weight
-// in metric units to 3). It does not look at the present units: offering only the other system is the
-// caller's part. Run-time error 6 if a value leaves its range.
-void ConvertProjectUnits(StoredProject& project, UnitSystem targetUnits);
-
 // The file name after a conversion: "Metric_" or "English_" and the name without its folder.
 std::string ConvertedFileName(const std::string& fileName, UnitSystem targetUnits);
 

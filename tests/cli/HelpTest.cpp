@@ -26,6 +26,7 @@
 
 #include "core/Project.h"
 #include "files/ProjectFile.h"
+#include "input/ConvertProjectUnits.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
