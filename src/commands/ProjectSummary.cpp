@@ -7,6 +7,7 @@
 #include "core/Tables.h"
 #include "core/Text.h"
 #include "input/FormNotices.h"
+#include "input/ParameterTable.h"
 
 namespace korva {
 
@@ -38,15 +39,15 @@ bool SameInputs(const Korva& korva) {
 
 std::vector<SummaryRow> KeyInputs(const StoredProject& stored) {
   const Project& project = stored.ProjectInput;
-  const UnitSystem units = stored.ProjectUnits;
-  return {{"Depth of cover", WithUnit(project.DepthCover, UnitKind::kLength, units)},
-          {"Entry height", WithUnit(project.EntryHeight, UnitKind::kLength, units)},
-          {"Entry width", WithUnit(project.EntryWidth, UnitKind::kLength, units)},
-          {"Number of entries", std::to_string(project.NumberEntries)},
-          {"Crosscut spacing", WithUnit(project.XcutSpacing, UnitKind::kLength, units)},
-          {"Crosscut angle", GeneralText(project.XcutAngle) + " deg"},
-          {"In situ coal strength", WithUnit(project.CoalStrength, UnitKind::kStrength, units)},
-          {"Loading condition", ConditionName(project.LoadingCondition)}};
+  const auto row = [&](NumberIndex field) {
+    const NumberField& known = RowOf(field);
+    return SummaryRow{known.Caption, WithUnit(project.*std::get<double Project::*>(known.Member), *known.Unit,
+                                              stored.ProjectUnits)};
+  };
+  return {row(&Project::DepthCover),   row(&Project::EntryHeight),
+          row(&Project::EntryWidth),   {"Number of entries", std::to_string(project.NumberEntries)},
+          row(&Project::XcutSpacing),  {"Crosscut angle", GeneralText(project.XcutAngle) + " deg"},
+          row(&Project::CoalStrength), {"Loading condition", ConditionName(project.LoadingCondition)}};
 }
 
 FactorSummary LastFactors(const Korva& korva) {
