@@ -276,18 +276,9 @@ TEST_F(Forms, WarningsTooLongForABoxHaveAWindow) {
 }
 
 TEST_F(Forms, EverySettingIsStoredAndSaved) {
-  bench.State.Preferences.KeepFileNames = false;
-  const Settings before = bench.State.Preferences;
   frmSet form(bench.Forms);
   EXPECT_EQ(The<QRadioButton>(form, "optUnits(1)").text(), QStringLiteral("m, cm, kN, MPa, kN/m3"));
-  EXPECT_FALSE(The<QCheckBox>(form, "chkShortNames").isEnabled());
   The<QRadioButton>(form, "optUnits(1)").setChecked(true);
-  The<QCheckBox>(form, "chkKeepRecentFL").toggle();
-  bench.Outside.Messages.Expect("Option will take effect upon restarting this program");
-  for (const char* name : {"chkShortNames", "chkMaxMenu", "chkEnableTB", "chkShowDiscl",
-                           "chkLoadLastInputFile", "chkUpdate", "chkCopyExamples"}) {
-    The<QCheckBox>(form, name).toggle();
-  }
   auto& extension = The<FieldBox>(form, "Text1");
   extension.selectAll();
   QTest::keyClicks(&extension, QStringLiteral("abc"));
@@ -296,15 +287,44 @@ TEST_F(Forms, EverySettingIsStoredAndSaved) {
   The<FieldBox>(form, "Text4").setText(QStringLiteral("gedit"));
   Click(form, "cmdOK");
   const Settings& now = bench.State.Preferences;
-  EXPECT_EQ((now.DefaultUnits == kMetric ? 1 : 0) + now.KeepFileNames + now.ShortRecentFiles +
-                now.MaxMainMenu + now.LoadLastInputFile,
-            5);
-  EXPECT_EQ(now.EnableMainMenuToolbar + now.ShowDisclaim + now.RemindAnnualUpdates + now.CopyExampleFiles, 0);
+  EXPECT_EQ(now.DefaultUnits, kMetric);
   EXPECT_EQ(now.FileExtension + now.DataPath + now.ExternalEditor, "ABC/tmp/gedit");
   EXPECT_EQ(now.MaxDisplaySize, 5000);
-  EXPECT_EQ(before.MaxDisplaySize, 4096);
   EXPECT_EQ(bench.Main.Applied, 1);
   EXPECT_EQ(SavedSetting("MaxDisplaySize") + SavedSetting("FileExtension"), "5000ABC");
+}
+
+TEST_F(Forms, EachCheckBoxIsOfItsOwnSetting) {
+  const std::pair<const char*, decltype(&Settings::MaxMainMenu)> boxes[] = {
+      {"chkDispHist", &Settings::DisplayHistoryWin},
+      {"chkMaxMenu", &Settings::MaxMainMenu},
+      {"chkEnableTB", &Settings::EnableMainMenuToolbar},
+      {"chkShowDiscl", &Settings::ShowDisclaim},
+      {"chkKeepRecentFL", &Settings::KeepFileNames},
+      {"chkShortNames", &Settings::ShortRecentFiles},
+      {"chkLoadLastInputFile", &Settings::LoadLastInputFile},
+      {"chkCopyExamples", &Settings::CopyExampleFiles},
+      {"chkUpdate", &Settings::RemindAnnualUpdates}};
+  Settings& now = bench.State.Preferences;
+  now.MaxDisplaySize = 4096;
+  for (const auto& [name, setting] : boxes) {
+    for (const auto& box : boxes) {
+      now.*box.second = box.second == setting;
+    }
+    frmSet form(bench.Forms);
+    for (const auto& box : boxes) {
+      EXPECT_EQ(The<QCheckBox>(form, box.first).isChecked(), box.second == setting) << box.first;
+      now.*box.second = false;
+    }
+    EXPECT_EQ(The<QCheckBox>(form, "chkShortNames").isEnabled(), setting == &Settings::KeepFileNames);
+    Click(form, "cmdOK");
+    for (const auto& box : boxes) {
+      EXPECT_EQ(now.*box.second, box.second == setting) << name << " stored as " << box.first;
+    }
+  }
+  frmSet form(bench.Forms);
+  bench.Outside.Messages.Expect("Option will take effect upon restarting this program");
+  The<QCheckBox>(form, "chkShortNames").toggle();
 }
 
 TEST_F(Forms, SettingsRefuseAndCancelLeavesAllButTheExtensionForEditors) {

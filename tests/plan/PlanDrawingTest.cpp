@@ -251,6 +251,58 @@ TEST(PlanDrawing, TellsWhichPillarSizeTheStrengthIsOf) {
   EXPECT_FALSE(Says(DrawPlan(AfterRun(p, kPlotDimensions)).value(), "page 3")) << "they are the same";
 }
 
+template <class Points>
+DrawPoint MiddleOf(const Points& points) {
+  DrawPoint middle;
+  for (const PlanPoint& point : points) {
+    middle.X += static_cast<double>(point.X) / static_cast<double>(points.size());
+    middle.Y += static_cast<double>(point.Y) / static_cast<double>(points.size());
+  }
+  return middle;
+}
+
+TEST(PlanDrawing, EachHintIsOfItsOwnSide) {
+  Project p = test::TwoSideGobs();
+  p.SlabcutFirstGob = 0;
+  p.RowA = p.RowB = p.RowC = p.RowD = 1;
+  p.WidthRowC = 40;
+  p.WidthRowD = 50;
+  p.XcutCenters[1] = 70;
+  PlanRequest request = AfterRun(p, kPlotDimensions);
+  PlanValues& values = request.Values.value();
+  values.HasRowStrength = true;
+  values.RowStrength[0] = 111;
+  values.RowStrength[1] = 222;
+  values.RowCapacity[0] = 333;
+  values.RowCapacity[1] = 444;
+  const Plan plan = DrawPlan(request).value();
+  const auto hint = [&](const auto& outline) { return PlanHintAt(request, plan, MiddleOf(outline)); };
+  std::set<std::string> gobs;
+  for (const PlanGob& gob : plan.Gobs) {
+    gobs.insert(hint(gob.Outline));
+  }
+  EXPECT_EQ(gobs, (std::set<std::string>{"First side gob\n1000 ft", "First side barrier\n60 ft",
+                                         "Second side barrier\n25 ft", "Second side gob\n500 ft"}));
+  std::set<std::string> bleeders;
+  for (const PlanBleeder& bleeder : plan.Bleeders) {
+    bleeders.insert(hint(bleeder.Corners));
+  }
+  EXPECT_EQ(bleeders,
+            (std::set<std::string>{
+                "Bleeder pillar, row C\n40 x 60 ft\nStrength 111.0 psi\nLoad bearing capacity 333 tons",
+                "Bleeder pillar, row D\n50 x 60 ft\nStrength 222.0 psi\nLoad bearing capacity 444 tons"}));
+  std::set<std::string> left;
+  for (const PlanPillar& pillar : plan.Pillars) {
+    const std::string text = hint(pillar.Corners);
+    if (text.find("left as") != std::string::npos) {
+      left.insert(text.substr(0, 8) +
+                  text.substr(text.find(", left"), text.find(" ft") - text.find(", left")));
+    }
+  }
+  EXPECT_EQ(left,
+            (std::set<std::string>{"Pillar 1, left as row A\n50 x 60", "Pillar 5, left as row B\n40 x 60"}));
+}
+
 TEST(PlanDrawing, StrengthSizesAreThoseOfTheRun) {
   for (const double angle : {90.0, 75.0, 60.0, 45.0, 30.0}) {
     for (const double center : {40.0, 60.0, 75.0, 90.0, 120.0}) {
