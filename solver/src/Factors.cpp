@@ -17,7 +17,6 @@ constexpr double kNewtonsPerKN = 1000;
 
 constexpr double kLeastKept = 0.001;
 constexpr double kYieldSettled = 5e-4;
-constexpr int kMostYieldSteps = 60;
 
 std::size_t Index(int i) {
   return static_cast<std::size_t>(i);
@@ -202,7 +201,7 @@ class Run {
   void LetYield(int c, CaseRun& run) {
     const std::vector<Part> parts = Parts(c, run.Kept);
     std::vector<double> next(parts.size());
-    for (int step = 0; step < kMostYieldSteps; ++step) {
+    for (int step = 0; step < rule_.MostYieldSteps; ++step) {
       double change = 0;
       for (std::size_t i = 0; i < parts.size(); ++i) {
         const double kept = *parts[i].Kept;

@@ -43,6 +43,7 @@ struct FactorRule {
   GridRule Cells{};
   SolveRule Solution{};
   bool Yields = true;  // overloaded barriers, remnants and bleeder rows give way
+  int MostYieldSteps = 60;
 };
 
 // Strength over strength of coal: of a pillar with least and greatest width w and l, and of a long one, both

@@ -356,13 +356,20 @@ TEST_F(KorvaCommand, OnlyTheLaminatedModelNeedsATemporaryFolder) {
 }
 
 // Another library of the same interface takes the solver's place by its name.
-TEST_F(KorvaCommand, TheSolverLibraryCanBeReplaced) {
-  const ProgramResult report =
-      Call({"report", "laminated.KVL"}, {{"LD_LIBRARY_PATH", KORVA_REPLACED_SOLVER}});
-  EXPECT_EQ(report.Status, 3);
-  EXPECT_EQ(report.Out, "");
-  EXPECT_TRUE(Holds(report.Err, "laminated_KVSD.CSV")) << report.Err;
-  EXPECT_TRUE(Holds(report.Err, "it gave back -7")) << report.Err;
+TEST_F(KorvaCommand, TheSolverLibraryCanBeReplacedAndItsFailuresAreTold) {
+  for (const auto& [status, reason] : {std::pair{"-7", "it gave back -7"},
+                                       {"3", "the stresses did not settle"},
+                                       {"4", "the overloaded barriers did not settle"},
+                                       {"6", "it ran out of memory"},
+                                       {"7", "it met an error of its own"}}) {
+    const ProgramResult report =
+        Call({"report", "laminated.KVL"},
+             {{"LD_LIBRARY_PATH", KORVA_REPLACED_SOLVER}, {"KORVA_TEST_STATUS", status}});
+    EXPECT_EQ(report.Status, 3);
+    EXPECT_EQ(report.Out, "");
+    EXPECT_TRUE(Holds(report.Err, "laminated_KVSD.CSV")) << report.Err;
+    EXPECT_TRUE(Holds(report.Err, reason)) << report.Err;
+  }
 }
 
 TEST_F(KorvaCommand, SaveAndConvertRoundTrips) {

@@ -4,6 +4,8 @@
 
 #include "Factors.h"
 #include "Ground.h"
+#include "Status.h"
+#include "korvastrond.h"
 
 namespace korva::laminated {
 namespace {
@@ -158,6 +160,22 @@ TEST(Factors, AnOverloadedBarrierSendsItsLoadBack) {
   EXPECT_EQ(narrow.Barrier[0].Strength, 0);
   EXPECT_EQ(narrow.BarrierFactor[0][0], 0);
   EXPECT_GT(narrow.Barrier[0].Load[0], 0);
+}
+
+TEST(Factors, WhatDoesNotSettleIsAFailureAndNoFactor) {
+  const auto codeOf = [](const FactorRule& rule) {
+    Panel panel = TestPanel(1000, 60, 80, 6, kOneSideGob);
+    panel.Sides[0].Barrier = 20;
+    try {
+      ComputeFactors(panel, rule);
+    } catch (const Failure& failure) {
+      return failure.Code;
+    }
+    return std::int16_t{KORVASTROND_DONE};
+  };
+  EXPECT_EQ(codeOf({.Cells = kCoarse}), KORVASTROND_DONE);
+  EXPECT_EQ(codeOf({.Cells = kCoarse, .Solution = {.MostIterations = 2}}), KORVASTROND_NO_CONVERGENCE);
+  EXPECT_EQ(codeOf({.Cells = kCoarse, .MostYieldSteps = 2}), KORVASTROND_NO_YIELD_BALANCE);
 }
 
 TEST(Factors, TheDirectionsOfTheEngineersExperience) {

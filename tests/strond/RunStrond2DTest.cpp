@@ -57,6 +57,7 @@ TEST(RunStrond2D, AnEarlierResultIsNeverTakenForThisRuns) {
 TEST(RunStrond2D, ARefusalIsNotOfferedAgain) {
   const Bench bench;
   for (const auto& [status, error] : {std::pair{3, ErrorNumber::kInvalidCall},
+                                      {4, ErrorNumber::kInvalidCall},
                                       {107, ErrorNumber::kInvalidCall},
                                       {-5, ErrorNumber::kInvalidCall},
                                       {5, ErrorNumber::kDeviceIo},  // a disk may be free the next time
