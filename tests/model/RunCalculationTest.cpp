@@ -96,6 +96,9 @@ TEST(RunCalculation, TwoSideGobsByHand) {
   EXPECT_VALUE(r.SFKorva[kRetreat], 0.608567498752849);
   EXPECT_VALUE(r.SideStressFirst[1], 465727.6020449317);
   EXPECT_VALUE(r.SideStressSecond[3], 184706.2071800653);
+  EXPECT_VALUE(r.BarTribStress[3], 1530900000.0 / 9000);
+  EXPECT_VALUE(r.BarFrontStress[3], 1005925348.7182137 / 9000);
+  EXPECT_VALUE(r.BarSideStress[3], 2189744985.292036 / 9000);
   EXPECT_VALUE(r.BarTotalStress[3],
                (1530900000 + 1005925348.7182137 + 2189744985.292036) / 9000);  // no arch load
 }
@@ -150,6 +153,7 @@ TEST(RunCalculation, BarriersCutAwayMissingOrThin) {
   r = ResultsOf(p);
   EXPECT_VALUE(r.AMZLoad[kRetreat][3], 150 * 25185319.3386736);
   EXPECT_EQ(r.BarTotalLoad[kRetreat][3], 0);
+  EXPECT_EQ(r.BarFrontLoad[kRetreat][3], 0);
   EXPECT_EQ(r.LTRANSBAR[kRetreat][3], r.BarArchLoad[kRetreat][3]);
 
   p.BarrierFirstGob = 6;
@@ -279,6 +283,40 @@ TEST(RunCalculation, FaultsNameTheQuantity) {
   Project p = DevelopmentPanel();
   p.XcutCenters[2] = 20;  // a center as wide as the entry is no fault without side gob
   EXPECT_EQ(ResultsOf(p).PillarCapacity[2], 0);
+}
+
+// One value at a time beyond what a quantity can bear; what was computed before it is still a number.
+TEST(RunCalculation, TheFirstQuantityThatFailsIsTheOneThatIsNamed) {
+  for (const auto& [condition, member, value, quantity] :
+       std::vector<std::tuple<int, double Project::*, double, std::string>>{
+           {0, &Project::BreadthAMZ, 1e306, "AMZArea"},
+           {0, &Project::EntryHeight, 1e-297, "AMZCapacity"},
+           {2, &Project::BarrierFirstGob, 1e106, "AMZLoad[3]"},
+           {3, &Project::BarrierSecondGob, 1e106, "AMZLoad[4]"},
+           {0, &Project::XcutAngle, 1e-302, "AMZPillarArea"},
+           {3, &Project::DepthCover, 1e301, "AMZTotalLoad[4]"},
+           {2, &Project::BarrierFirstGob, 1e-309, "BarTotalStress[3]"},
+           {0, &Project::BarrierFirstGob, 1e152, "BarrierCapacity[3]"},
+           {0, &Project::BarrierSecondGob, 1e152, "BarrierCapacity[4]"},
+           {0, &Project::CoalStrength, 1e307, "CoalStress"},
+           {0, &Project::DepthCover, 1e302, "DevLoad"},
+           {0, &Project::XcutAngle, 1e-304, "PillarArea[1]"},
+           {0, &Project::EntryHeight, 1e-301, "PillarCapacity[1]"},
+           {0, &Project::XcutAngle, 1e-305, "PillarSide[1]"},
+           {0, &Project::CoalStrength, 1e302, "PillarStrength[3]"},
+           {2, &Project::DepthCover, 1e303, "RowExcess[3]"},
+           {2, &Project::DepthCover, 1e-203, "SideStress[2]"},
+           {2, &Project::AbutmentAngleActiveGob, 1e-309, "SlabLoad[3]"},
+           {0, &Project::DepthCover, 1e37, "TribStress"},
+       }) {
+    Project p = AtCondition(TwoSideGobs(), condition);
+    p.RowC = p.RowD = condition >= 2 ? 1 : 0;
+    p.WidthRowC = p.WidthRowD = 40;
+    p.SlabcutFirstGob = member == &Project::BarrierFirstGob ? 0 : p.SlabcutFirstGob;
+    p.*member = value;
+    EXPECT_EQ(ExpectError(ErrorNumber::kOverflow, [&p = p] { RunOf(p); }),
+              "in the calculation of " + quantity);
+  }
 }
 
 TEST(CalcArchFactor, LimitsAndEnteredFactor) {
