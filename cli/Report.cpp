@@ -78,7 +78,7 @@ int Report(Korva& korva, const ReportCall& call) {
   WriteOrPrint(call,
                IsPdf(call) ? ReportPdf(korva, call) : PlatformLines(PagesText(korva, call.Pages, "\f\r\n")));
   if (!korva.WarningText.empty()) {
-    PrintBeside("KORVA Warnings\n" + PlatformLines(korva.WarningText));
+    PrintToStandardError("KORVA Warnings\n" + PlatformLines(korva.WarningText));
   }
   return kDone;
 }

@@ -33,10 +33,10 @@ void Complain(std::string_view text) {
   std::string shown = PlatformLines(text);
   std::replace_if(
       shown.begin(), shown.end(), [](char c) { return IsControl(c) && c != '\n' && c != '\t'; }, '?');
-  PrintBeside(fmt::format("korva: {}\n", shown));
+  PrintToStandardError(fmt::format("korva: {}\n", shown));
 }
 
-void PrintBeside(std::string_view text) {
+void PrintToStandardError(std::string_view text) {
   static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
@@ -74,7 +74,7 @@ TerminalProgress::TerminalProgress() : terminal_(ShowsErrorsOnTerminal()) {}
 
 TerminalProgress::~TerminalProgress() {
   if (shown_) {
-    PrintBeside(fmt::format("\r{:{}}\r", "", kBarWidth + 30));
+    PrintToStandardError(fmt::format("\r{:{}}\r", "", kBarWidth + 30));
   }
 }
 
@@ -86,7 +86,8 @@ void TerminalProgress::Advance(std::size_t done, std::size_t total) {
   last_ = now;
   shown_ = true;
   const std::size_t filled = kBarWidth * done / total;
-  PrintBeside(fmt::format("\r[{:#<{}}{:{}}] {} of {}", "", filled, "", kBarWidth - filled, done, total));
+  PrintToStandardError(
+      fmt::format("\r[{:#<{}}{:{}}] {} of {}", "", filled, "", kBarWidth - filled, done, total));
 }
 
 }  // namespace korva::cli

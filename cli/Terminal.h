@@ -25,7 +25,7 @@ void Print(std::string_view text);
 // A line on standard error behind the program's name, in which "?" stands for control characters, since words
 // out of files may be told; and text on standard error as it is.
 void Complain(std::string_view text);
-void PrintBeside(std::string_view text);
+void PrintToStandardError(std::string_view text);
 
 // The text with the line ends of this platform.
 std::string PlatformLines(std::string_view text);

@@ -151,7 +151,7 @@ void frmMain::GraphItem(int index) {
   }
 }
 
-// The traditional model takes no time; the laminated one runs beside the windows.
+// The traditional model takes no time; the laminated one runs in the background.
 void frmMain::RunSweep(SweepJob job) {
   sweep_ = std::make_unique<SweepRunner>(std::move(job), nullptr);
   connect(sweep_.get(), &SweepRunner::Ended, this, &frmMain::AfterSweep);

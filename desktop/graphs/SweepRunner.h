@@ -1,4 +1,4 @@
-// Runs a sweep beside the windows.
+// Runs a sweep in the background.
 #pragma once
 
 #include <QObject>

@@ -4,7 +4,7 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
-#include "commands/DescriptionForm.h"
+#include "commands/AcceptForms.h"
 #include "core/Tables.h"
 #include "core/Text.h"
 

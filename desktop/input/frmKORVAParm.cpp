@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QPointer>
 
+#include "commands/AcceptForms.h"
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
 #include "commands/PlanCommands.h"
@@ -160,7 +161,8 @@ void frmKORVAParm::TakeAndClose() {
     warningShown_ = false;  // the person may want to look at the field again
     return;
   }
-  acceptOnClose_ = true;
+  AcceptParameters(session_.State, Texts());
+  accepted_ = true;
   close();
 }
 
@@ -242,30 +244,27 @@ void frmKORVAParm::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
 }
 
-void frmKORVAParm::closeEvent(QCloseEvent* event) {
+bool frmKORVAParm::MayDiscard() {
   Korva& korva = session_.State;
-  const bool changed = ParametersChanged(Texts(), korva.Stored.ProjectInput);
-  if (changed && !acceptOnClose_ && korva.Preferences.Options.IssueWarningCancel &&
-      ShowMessage(korva, session_.Outside.Messages,
-                  {"Changes in Input Data will be discarded. Proceed?",
-                   MessageButtons::kYesNo,
-                   MessageIcon::kNone,
-                   {},
-                   {},
-                   "messages-forms"}) != MessageAnswer::kYes) {
+  return !korva.Preferences.Options.IssueWarningCancel ||
+         !ParametersChanged(Texts(), korva.Stored.ProjectInput) ||
+         ShowMessage(korva, session_.Outside.Messages,
+                     {"Changes in Input Data will be discarded. Proceed?",
+                      MessageButtons::kYesNo,
+                      MessageIcon::kNone,
+                      {},
+                      {},
+                      "messages-forms"}) == MessageAnswer::kYes;
+}
+
+void frmKORVAParm::closeEvent(QCloseEvent* event) {
+  if (!accepted_ && !MayDiscard()) {
     event->ignore();
     return;
   }
-  if (acceptOnClose_ && changed) {
-    StoreParameters(Texts(), korva.Stored.ProjectInput);
-    korva.ProjectSaved = false;
-    korva.ProjectEmpty = false;
+  if (!accepted_) {
+    DiscardParameters(session_.State);
   }
-  if (acceptOnClose_) {
-    korva.ProjectUnitsLocked = true;
-  }
-  HistoryLog(korva.SessionHistory, korva.Preferences,
-             acceptOnClose_ && changed ? "Project Parameters Modified" : "Project Parameters Not Modified");
   session_.Main.SetInputEnabled(true);
   session_.Main.Refresh();
   event->accept();

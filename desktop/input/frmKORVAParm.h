@@ -61,6 +61,7 @@ class frmKORVAParm final : public QDialog {
   void Say(const std::string& text);
   void Run(const std::function<void()>& step);
   bool CheckAndShow();
+  bool MayDiscard();
   void ShowHidden(FieldBox& box);
   void StoreCalcParameters();
 
@@ -78,7 +79,7 @@ class frmKORVAParm final : public QDialog {
   QTimer timer_;
   QTimer previewTimer_;  // runs out when a change has gone through all fields
   bool loading_ = true;
-  bool acceptOnClose_ = false;
+  bool accepted_ = false;
   bool warningShown_ = false;
   bool chosenAgain_ = false;  // the condition that is being clicked
 };

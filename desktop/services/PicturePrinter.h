@@ -14,8 +14,8 @@ class PicturePrinter {
   using Paint = std::function<void(QPaintDevice& sheet, const QRectF& room)>;
 
   virtual ~PicturePrinter() = default;
-  // Asks for the printer and prints one sheet, broadside unless the person wants it otherwise. False if that
-  // was cancelled. Run-time error 482 if there is no printer or it fails.
+  // Asks for the printer and prints one sheet, in landscape unless the person wants it otherwise. False if
+  // that was cancelled. Run-time error 482 if there is no printer or it fails.
   virtual bool PrintPicture(const QString& title, const Paint& paint) = 0;
 };
 

@@ -26,7 +26,8 @@ std::string SchemeOf(const QUrl& url) {
 }
 
 bool IsTrusted(const QUrl& url) {
-  return url.isValid() && url.userInfo().isEmpty() && IsTrustedRoad(SchemeOf(url), url.host().toStdString());
+  return url.isValid() && url.userInfo().isEmpty() &&
+         IsTrustedConnection(SchemeOf(url), url.host().toStdString());
 }
 
 class QtRunning final : public QObject, public FetchPort::Running {
@@ -46,7 +47,7 @@ class QtRunning final : public QObject, public FetchPort::Running {
           &timer, &QTimer::timeout, this, [this, fault] { End(QLatin1String(fault)); }, Qt::QueuedConnection);
     };
     ends(limit_, "it took too long");
-    ends(silence_, "the server has fallen silent");
+    ends(silence_, "the server stopped responding");
     limit_.start(question.Limit);
     const QUrl address(FromUtf8(question.Address), QUrl::StrictMode);
     if (!IsTrusted(address)) {
@@ -124,16 +125,16 @@ class QtRunning final : public QObject, public FetchPort::Running {
     if (!answer_.Fault().empty() || answer_.Location().empty()) {
       End(FromUtf8(answer_.Fault()));
     } else {
-      SendOn(location.isValid() ? address_.resolved(location) : location);
+      Redirect(location.isValid() ? address_.resolved(location) : location);
     }
   }
 
-  void SendOn(const QUrl& target) {
+  void Redirect(const QUrl& target) {
     if (!IsTrusted(target) ||
         !MayRedirect(SchemeOf(address_), SchemeOf(target), target.host().toStdString())) {
-      End(QStringLiteral("the server sends on to an address that is not a safe one"));
+      End(QStringLiteral("the server redirects to an address that is not safe"));
     } else if (++redirects_ > kMostRedirects) {
-      End(QStringLiteral("the server sends on and on"));
+      End(QStringLiteral("too many redirects"));
     } else {
       HangUp();
       Ask(target);

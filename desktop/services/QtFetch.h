@@ -9,9 +9,9 @@
 namespace korva::desktop {
 
 // Asks the server directly, without proxy, cookies, cache or compression. A status other than 200, a length
-// that is not the announced one, a redirect to a less safe road and a certificate that does not hold are
-// failures. The toolkit's own web client is not used: it reads a head without end for as long as it comes,
-// and asks servers twice that send on more than once.
+// that is not the announced one, a redirect to a less safe connection and a certificate that does not hold
+// are failures. The toolkit's own web client is not used: it reads a head without end for as long as it
+// comes, and asks servers twice that send on more than once.
 class QtFetch final : public FetchPort {
  public:
   // Without `security` that of the system, which takes milliseconds to read and is read when it is needed.

@@ -137,41 +137,43 @@ std::array<int, 2> PitchesIn(const Layout& layout, const Grid& grid) {
           static_cast<int>(std::ceil((grid.Y0 + grid.Ny * grid.Cy - layout.Line.Lowest()) / pitch)) + 1};
 }
 
-// Adds pieces of ground to the stiffness of the cells.
-struct Painter {
-  const Layout& Of;
-  const Grid& On;
+// Adds up the stiffness of the cells of a grid, one piece of ground after the other.
+struct StiffnessMap {
+  const Layout& Panel;
+  const Grid& Seam;
   std::vector<double> Cells;
 
-  void Add(const Ground& ground, double stiffness) { AddStiffness(Cells, On, Of.Line, ground, stiffness); }
+  void Add(const Ground& ground, double stiffness) {
+    AddStiffness(Cells, Seam, Panel.Line, ground, stiffness);
+  }
 };
 
 // Side gobs and the solid ground behind them, or beside a panel without; alike in both cases.
-void PaintSideGround(Painter& painter) {
-  const Layout& layout = painter.Of;
+void AddSideGround(StiffnessMap& map) {
+  const Layout& layout = map.Panel;
   for (int side = 0; side < kSides; ++side) {
     const auto s = static_cast<std::size_t>(side);
     const double far = Layout::Outward(side) * kEndless;
     if (side >= layout.Given.GobSides()) {
-      painter.Add(Between(layout.Rib.at(s), far, -kEndless, kEndless), 1);
+      map.Add(Between(layout.Rib.at(s), far, -kEndless, kEndless), 1);
       continue;
     }
     const double gob = layout.BeyondBarrier(side).Gob;
     const double end = gob + Layout::Outward(side) * layout.Given.Sides.at(s).Extent;
-    painter.Add(Between(gob, end, -kEndless, kEndless), layout.SideStiffness.at(s));
-    painter.Add(Between(end, far, -kEndless, kEndless), 1);
+    map.Add(Between(gob, end, -kEndless, kEndless), layout.SideStiffness.at(s));
+    map.Add(Between(end, far, -kEndless, kEndless), 1);
   }
 }
 
-void PaintBleeders(Painter& painter, int side, double y0, double y1, double stiffness) {
-  const Layout& layout = painter.Of;
+void AddBleeders(StiffnessMap& map, int side, double y0, double y1, double stiffness) {
+  const Layout& layout = map.Panel;
   if (!layout.Given.Sides.at(static_cast<std::size_t>(side)).BleederRow) {
     return;
   }
   const double shift = layout.Line.At(layout.Rib.at(static_cast<std::size_t>(side)));
-  const auto [first, last] = PitchesIn(layout, painter.On);
+  const auto [first, last] = PitchesIn(layout, map.Seam);
   for (int along = first; along <= last; ++along) {
-    painter.Add(Clipped(layout.BleederPillar(side, along), y0 + shift, y1 + shift), stiffness);
+    map.Add(Clipped(layout.BleederPillar(side, along), y0 + shift, y1 + shift), stiffness);
   }
 }
 
@@ -264,48 +266,47 @@ Grid GridFor(const Layout& layout, const GridRule& rule) {
 }
 
 std::vector<double> DevelopmentStiffness(const Layout& layout, const Grid& grid, const Yield& yield) {
-  Painter painter{layout, grid, std::vector<double>(grid.Cells())};
-  PaintSideGround(painter);
+  StiffnessMap map{layout, grid, std::vector<double>(grid.Cells())};
+  AddSideGround(map);
   for (int side = 0; side < layout.Given.GobSides(); ++side) {
     const auto s = static_cast<std::size_t>(side);
-    painter.Add(layout.BarrierBetween(side, -kEndless, kEndless), yield.Barrier.at(s));
-    PaintBleeders(painter, side, -kEndless, kEndless, yield.Bleeder.at(s));
+    map.Add(layout.BarrierBetween(side, -kEndless, kEndless), yield.Barrier.at(s));
+    AddBleeders(map, side, -kEndless, kEndless, yield.Bleeder.at(s));
   }
   const auto [first, last] = PitchesIn(layout, grid);
   for (int row = 0; row < layout.Given.Rows(); ++row) {
     for (int along = first; along <= last; ++along) {
-      painter.Add(layout.Pillar(row, along), 1);
+      map.Add(layout.Pillar(row, along), 1);
     }
   }
-  return std::move(painter.Cells);
+  return std::move(map.Cells);
 }
 
 std::vector<double> RetreatStiffness(const Layout& layout, const Grid& grid, const Yield& yield) {
-  Painter painter{layout, grid, std::vector<double>(grid.Cells())};
-  PaintSideGround(painter);
+  StiffnessMap map{layout, grid, std::vector<double>(grid.Cells())};
+  AddSideGround(map);
   for (int side = 0; side < layout.Given.GobSides(); ++side) {
     const auto s = static_cast<std::size_t>(side);
-    painter.Add(layout.BarrierBetween(side, 0, kEndless), yield.Barrier.at(s));
-    painter.Add(layout.BarrierBetween(side, layout.GobStart, 0), yield.BesideGob.at(s));
-    painter.Add(layout.BarrierBetween(side, layout.GobEnd, layout.GobStart, layout.Given.Sides.at(s).SlabCut),
-                yield.BesideGob.at(s));
-    painter.Add(layout.BarrierBetween(side, -kEndless, layout.GobEnd), 1);
-    PaintBleeders(painter, side, 0, kEndless, yield.Bleeder.at(s));
-    PaintBleeders(painter, side, layout.GobEnd, 0, yield.BleederBesideGob.at(s));
-    PaintBleeders(painter, side, -kEndless, layout.GobEnd, 1);
+    map.Add(layout.BarrierBetween(side, 0, kEndless), yield.Barrier.at(s));
+    map.Add(layout.BarrierBetween(side, layout.GobStart, 0), yield.BesideGob.at(s));
+    map.Add(layout.BarrierBetween(side, layout.GobEnd, layout.GobStart, layout.Given.Sides.at(s).SlabCut),
+            yield.BesideGob.at(s));
+    map.Add(layout.BarrierBetween(side, -kEndless, layout.GobEnd), 1);
+    AddBleeders(map, side, 0, kEndless, yield.Bleeder.at(s));
+    AddBleeders(map, side, layout.GobEnd, 0, yield.BleederBesideGob.at(s));
+    AddBleeders(map, side, -kEndless, layout.GobEnd, 1);
   }
   const int lastRow = layout.Given.Rows() - 1;
   const auto [first, last] = PitchesIn(layout, grid);
   for (int row = 0; row <= lastRow; ++row) {
     const bool stays = (row == 0 && layout.Given.RowA) || (row == lastRow && layout.Given.RowB);
     for (int along = stays ? first : 0; along <= last; ++along) {
-      painter.Add(Clipped(layout.Pillar(row, along), layout.GobEnd, kEndless), 1);
+      map.Add(Clipped(layout.Pillar(row, along), layout.GobEnd, kEndless), 1);
     }
   }
-  painter.Add(Between(layout.GobLeft, layout.GobRight, layout.GobEnd, layout.GobStart),
-              layout.ActiveStiffness);
-  painter.Add(Between(layout.Rib[0], layout.Rib[1], -kEndless, layout.GobEnd), 1);
-  return std::move(painter.Cells);
+  map.Add(Between(layout.GobLeft, layout.GobRight, layout.GobEnd, layout.GobStart), layout.ActiveStiffness);
+  map.Add(Between(layout.Rib[0], layout.Rib[1], -kEndless, layout.GobEnd), 1);
+  return std::move(map.Cells);
 }
 
 }  // namespace korva::laminated

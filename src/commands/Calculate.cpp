@@ -76,7 +76,7 @@ FactorLine FactorLineOf(const Evaluated& evaluated, bool laminated, int c, int s
   return line;
 }
 
-// What the pages were made of, as the input record would have to be for them to hold still.
+// What the pages were made of, which tells whether they are out of date.
 RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
   const int sideGobs = SideGobCount(evaluated.Run.Work.LoadCond);
   RunSummary summary{korva.ProjectCalc, korva.Stored.ProjectUnits, evaluated.Model, sideGobs, {}};

@@ -36,7 +36,7 @@ struct CaseImportSteps {
   std::function<bool(const CaseImportState&)> GoOn;
 };
 
-// The whole road of the options dialog: question, file dialog, workbook, rows. `rowText` is 0 for the first
+// The whole import of the options dialog: question, file dialog, workbook, rows. `rowText` is 0 for the first
 // case, 999 for all rows that the data base has; any other number imports nothing. Returns the last state; a
 // failure shows there and nowhere else but in the history.
 CaseImportState ImportCases(Korva& korva, Ports& ports, std::string_view rowText,

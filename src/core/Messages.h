@@ -1,4 +1,4 @@
-// The one road to a person: messages and questions, with their titles.
+// The one way to a person: messages and questions, with their titles.
 #pragma once
 
 #include <string>

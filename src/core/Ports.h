@@ -103,7 +103,7 @@ struct FetchAnswer {
   std::string Reason;  // if it is not, in a few words
 };
 
-// Fetches files from a server, over trusted roads only.
+// Fetches files from a server, over trusted connections only.
 class FetchPort {
  public:
   // A fetch that is going on; its end is the end of the fetch, too.

@@ -209,7 +209,7 @@ std::size_t HttpAnswer::TakeFileBytes(std::string_view bytes) {
 
 void HttpAnswer::Close() {
   if (phase_ == Phase::kStatus || phase_ == Phase::kHeaders) {
-    Fail(lineBytes_ == 0 ? "the server has hung up" : kNotHttp);
+    Fail(lineBytes_ == 0 ? "the server closed the connection" : kNotHttp);
   } else if (phase_ != Phase::kEnd && (phase_ != Phase::kFile || length_)) {
     Fail(kOtherLength);
   }

@@ -29,7 +29,7 @@ class HttpAnswer {
   bool HasEnded() const { return phase_ == Phase::kEnd; }
   // Why there is no file; empty if nothing is wrong yet.
   const std::string& Fault() const { return fault_; }
-  // Where the server sends on to, as it says so; empty if it does not.
+  // The target of a redirect; empty if there is none.
   const std::string& Location() const { return location_; }
   // As much of the file as has come.
   const std::string& File() const { return file_; }

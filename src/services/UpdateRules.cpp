@@ -35,7 +35,7 @@ UpdateSource BuiltInUpdateSource() {
           std::string(kPublicKey)};
 }
 
-bool IsTrustedRoad(std::string_view scheme, std::string_view host) {
+bool IsTrustedConnection(std::string_view scheme, std::string_view host) {
   if (scheme == "https") {
     return !host.empty();
   }
@@ -50,7 +50,7 @@ bool CanExist(std::string_view host) {
 }
 
 bool MayRedirect(std::string_view scheme, std::string_view newScheme, std::string_view newHost) {
-  return IsTrustedRoad(newScheme, newHost) && (scheme != "https" || newScheme == "https");
+  return IsTrustedConnection(newScheme, newHost) && (scheme != "https" || newScheme == "https");
 }
 
 std::string ReadServerVersion(std::string_view versionFile) {

@@ -22,11 +22,11 @@ UpdateSource BuiltInUpdateSource();
 
 // Whether a file may be fetched from `host` by `scheme`, both in small letters: https, and plain http from
 // this machine itself.
-bool IsTrustedRoad(std::string_view scheme, std::string_view host);
+bool IsTrustedConnection(std::string_view scheme, std::string_view host);
 // Whether a server of that name can exist at all: names in ".invalid" are set aside so that none does.
 bool CanExist(std::string_view host);
-// Whether a server may send a fetch by `scheme` on to `newScheme` and `newHost`: a trusted road that is no
-// less safe.
+// Whether a server may send a fetch by `scheme` on to `newScheme` and `newHost`: a trusted connection that is
+// no less safe.
 bool MayRedirect(std::string_view scheme, std::string_view newScheme, std::string_view newHost);
 
 // The server's version out of the version file: its first text field, whose line end is cut. Empty if that is

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <set>
 
-#include "commands/DescriptionForm.h"
+#include "commands/AcceptForms.h"
 #include "commands/FileCommands.h"
 #include "commands/FileMenu.h"
 #include "files/PlatformFile.h"

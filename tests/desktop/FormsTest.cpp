@@ -248,7 +248,7 @@ TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
   printer.Cancels = true;
   Click(form, "Command3");
   EXPECT_EQ(printer.Printed.size(), 1U);
-  EXPECT_LT(sheets.widget()->height(), high) << "broadside now";
+  EXPECT_LT(sheets.widget()->height(), high) << "landscape now";
   bench.Outside.Files.Expect(folder / "inputs.pdf");
   Click(form, "cmdSavePdf");
   EXPECT_TRUE(TempFolder::Bytes(folder / "inputs.pdf").starts_with("%PDF"));

@@ -119,7 +119,7 @@ TEST(QtFetch, RefusesWhatIsNotTheWholeFile) {
       << "without an announced length";
   EXPECT_NE(ReasonOf(Page("1106", "Content-Encoding: gzip\r\n")), "");
   EXPECT_EQ(ReasonOf("not a web server\r\n\r\n"), "the server does not answer as a web server does");
-  EXPECT_EQ(ReasonOf(""), "the server has hung up");
+  EXPECT_EQ(ReasonOf(""), "the server closed the connection");
 }
 
 TEST(QtFetch, DoesNotWaitForEver) {
@@ -136,7 +136,7 @@ TEST(QtFetch, DoesNotWaitForEver) {
   EXPECT_FALSE(done) << "a fetch that was ended has no answer";
 }
 
-QByteArray SendOn(const std::string& target) {
+QByteArray Redirect(const std::string& target) {
   return QByteArray("HTTP/1.1 302 Found\r\nContent-Length: 4\r\nLocation: ") + target.c_str() +
          "\r\n\r\n9999";
 }
@@ -146,7 +146,7 @@ TEST(QtFetch, FollowsOnlySafeRedirects) {
   for (const char* target :
        {"http://www.example.invalid/", "file:///etc/hostname", "data:,1106", "http://127.0.0.1:99999/",
         "http://127.0.0.1@www.example.invalid/", "http://user@127.0.0.1/", "ht tp://127.0.0.1/"}) {
-    EXPECT_EQ(ReasonOf(SendOn(target)), "the server sends on to an address that is not a safe one") << target;
+    EXPECT_EQ(ReasonOf(Redirect(target)), "the server redirects to an address that is not safe") << target;
   }
   for (const char* address : {"http://www.example.invalid/file", "ftp://127.0.0.1/file",
                               "file:///etc/hostname", "", "http://127.0.0.1@www.example.invalid/"}) {
@@ -162,17 +162,17 @@ TEST(QtFetch, FollowsFiveRedirectsAndAsksOnceForEach) {
   chain.push_back(std::make_unique<PlainServer>(Page("1106")));
   for (int hop = 1; hop <= 6; ++hop) {
     chain.push_back(
-        std::make_unique<PlainServer>(SendOn(chain.back()->Address() + "?from=" + std::to_string(hop))));
+        std::make_unique<PlainServer>(Redirect(chain.back()->Address() + "?from=" + std::to_string(hop))));
     const FetchAnswer answer = Fetched(port, chain.back()->Address());
     EXPECT_EQ(answer.Bytes, hop <= 5 ? "1106" : "") << hop;
-    EXPECT_EQ(answer.Reason, hop <= 5 ? "" : "the server sends on and on") << hop;
+    EXPECT_EQ(answer.Reason, hop <= 5 ? "" : "too many redirects") << hop;
   }
   EXPECT_EQ(chain[0]->Requests, 5);
   EXPECT_EQ(chain[1]->Requests, 6);
   EXPECT_TRUE(chain[0]->Request.startsWith("GET /file?from=1 HTTP/1.1\r\nHost: 127.0.0.1:"));
   PlainServer circle("");
-  circle.Answer = SendOn("/file");  // of the same server
-  EXPECT_EQ(Fetched(port, circle.Address()).Reason, "the server sends on and on");
+  circle.Answer = Redirect("/file");  // of the same server
+  EXPECT_EQ(Fetched(port, circle.Address()).Reason, "too many redirects");
   EXPECT_EQ(circle.Requests, 6);
 }
 
@@ -221,7 +221,7 @@ TEST_F(QtFetchTls, NeverGoesBackToPlainHttp) {
   server.Socket.setSslConfiguration(own);
   QtFetch knowing(trusting);
   EXPECT_EQ(Fetched(knowing, server.Address("https")).Reason,
-            "the server sends on to an address that is not a safe one");
+            "the server redirects to an address that is not safe");
   EXPECT_EQ(plain.Requests, 0);
 }
 

@@ -94,9 +94,10 @@ TEST(UpdateForm, KeysNeverReachCloseWhileSomethingIsFetched) {
   press(Qt::Key_Space);
   press(Qt::Key_Space);
   EXPECT_TRUE(form.isVisible());
-  bench.Outside.Fetches.Fail("the server has hung up");
+  bench.Outside.Fetches.Fail("the server closed the connection");
   EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus());
-  EXPECT_EQ(TextOf(form, "lblbytes"), "Download failed: its signature did not come: the server has hung up");
+  EXPECT_EQ(TextOf(form, "lblbytes"),
+            "Download failed: its signature did not come: the server closed the connection");
 }
 
 TEST(UpdateForm, KeepsKeysWaitingAlsoBeforeItIsShownAndBehindOthers) {

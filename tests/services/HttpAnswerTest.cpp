@@ -105,7 +105,7 @@ TEST(HttpAnswer, RefusesWhatIsNotTheWholeFile) {
         "HTTP/1.1 099 OK\r\n\r\n", "\r\n", "HTTP/1.1 200 OK\r\nno colon\r\n\r\n", "HTTP/1.1 200 OK\r\n"}) {
     EXPECT_EQ(FaultOf(other), "the server does not answer as a web server does") << other;
   }
-  EXPECT_EQ(FaultOf(""), "the server has hung up");
+  EXPECT_EQ(FaultOf(""), "the server closed the connection");
 }
 
 TEST(HttpAnswer, HasBounds) {

@@ -36,14 +36,14 @@ TEST(UpdateRules, ComparesVersionsAsTexts) {
 }
 
 TEST(UpdateRules, TrustsHttpsAndThisMachine) {
-  EXPECT_TRUE(IsTrustedRoad("https", "www.example.org"));
-  EXPECT_TRUE(IsTrustedRoad("http", "127.0.0.1"));
-  EXPECT_TRUE(IsTrustedRoad("http", "::1"));
-  EXPECT_FALSE(IsTrustedRoad("http", "www.example.org"));
-  EXPECT_FALSE(IsTrustedRoad("http", "127.0.0.1.example.org"));
-  EXPECT_FALSE(IsTrustedRoad("file", ""));
-  EXPECT_FALSE(IsTrustedRoad("ftp", "127.0.0.1"));
-  EXPECT_FALSE(IsTrustedRoad("https", ""));
+  EXPECT_TRUE(IsTrustedConnection("https", "www.example.org"));
+  EXPECT_TRUE(IsTrustedConnection("http", "127.0.0.1"));
+  EXPECT_TRUE(IsTrustedConnection("http", "::1"));
+  EXPECT_FALSE(IsTrustedConnection("http", "www.example.org"));
+  EXPECT_FALSE(IsTrustedConnection("http", "127.0.0.1.example.org"));
+  EXPECT_FALSE(IsTrustedConnection("file", ""));
+  EXPECT_FALSE(IsTrustedConnection("ftp", "127.0.0.1"));
+  EXPECT_FALSE(IsTrustedConnection("https", ""));
   EXPECT_FALSE(CanExist("www.korva-strond.invalid") || CanExist("invalid") || CanExist("a.invalid."));
   EXPECT_TRUE(CanExist("www.example.org") && CanExist("notinvalid"));
   EXPECT_TRUE(MayRedirect("https", "https", "mirror.example.org"));

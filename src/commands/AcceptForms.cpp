@@ -1,4 +1,4 @@
-#include "commands/DescriptionForm.h"
+#include "commands/AcceptForms.h"
 
 #include "commands/FileCommands.h"
 
@@ -24,6 +24,22 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
   korva.ProjectSaved = false;
   korva.ProjectEmpty = false;
   korva.ProjectUnitsLocked = true;
+}
+
+void AcceptParameters(Korva& korva, const ParameterTexts& texts) {
+  korva.ProjectUnitsLocked = true;
+  if (!ParametersChanged(texts, korva.Stored.ProjectInput)) {
+    DiscardParameters(korva);
+    return;
+  }
+  StoreParameters(texts, korva.Stored.ProjectInput);
+  korva.ProjectSaved = false;
+  korva.ProjectEmpty = false;
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Modified");
+}
+
+void DiscardParameters(Korva& korva) {
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Not Modified");
 }
 
 }  // namespace korva

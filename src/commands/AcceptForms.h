@@ -1,10 +1,10 @@
-// What the description form changes in the project.
+// What OK of the description form and of the parameters form changes in the project.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "core/Korva.h"
+#include "input/ParameterTexts.h"
 
 namespace korva {
 
@@ -22,5 +22,12 @@ void TakeTexts(const std::string& title, const std::string& description, StoredP
 // the defaults of the new system, its title and description with it. The project counts as changed even if
 // nothing was typed.
 void AcceptDescription(Korva& korva, const DescriptionTexts& texts);
+
+// Takes the texts over. A change of the arch factor alone counts as none and is not taken; the unit system
+// can be changed no more either way.
+void AcceptParameters(Korva& korva, const ParameterTexts& texts);
+
+// Leaves the project as it is.
+void DiscardParameters(Korva& korva);
 
 }  // namespace korva
