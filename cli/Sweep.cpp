@@ -5,14 +5,16 @@
 #include <memory>
 
 #include "Commands.h"
+#include "charts/LayOutChart.h"
 #include "commands/FileMenu.h"
 #include "commands/SweepCommand.h"
 #include "core/ClassifyError.h"
 #include "core/Tables.h"
 #include "files/SafeWriter.h"
-#include "graphs/ChartPicture.h"
 #include "graphs/GraphTitles.h"
+#include "graphs/SweepChart.h"
 #include "graphs/SweepNotes.h"
+#include "pictures/PaintPicture.h"
 
 namespace korva::cli {
 
@@ -172,7 +174,8 @@ void PrintSweep(Korva& korva, const SweepCall& call, PictureKind kind,
   const std::string& xTitle = settings.XAxisTitle[sweep.GraphIndex];
   if (!call.Out.empty()) {
     const int curves = DisplayCurves(korva.ProjectCalc, sweep);
-    WriteFileSafely(call.Out, ChartPicture(ChartOf(sweep, curves, settings, true), kind));
+    const ChartLayout laidOut = LayOutChart(ChartOf(sweep, curves, settings, true), kChartSheet, TextWidth);
+    WriteFileSafely(call.Out, PictureBytes(kind, laidOut.Drawn));
   } else if (call.AsJson && failure) {
     TerminalMessages messages(call.File);
     ClassifyError(korva, messages, *failure, true);

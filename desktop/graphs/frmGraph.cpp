@@ -13,12 +13,14 @@
 #include "commands/GraphCommands.h"
 #include "commands/SavePicture.h"
 #include "core/Format.h"
-#include "desktop/graphs/ChartPlot.h"
+#include "desktop/graphs/ChartView.h"
 #include "desktop/graphs/frmGraphOpt.h"
 #include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
-#include "graphs/ChartPicture.h"
+#include "desktop/support/PaintPicture.h"
 #include "graphs/GraphTitles.h"
+#include "graphs/SweepChart.h"
+#include "pictures/PaintPicture.h"
 
 namespace korva::desktop {
 
@@ -60,11 +62,11 @@ QSize frmGraph::sizeHint() const {
 
 void frmGraph::BuildBody() {
   auto* body = new QWidget(this);
-  graph1_ = new ChartPlot(body);
+  graph1_ = new ChartView(body);
   graph1_->setObjectName(QStringLiteral("graph1"));
   graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
   graph1_->Edit = [this](const QString& title, const QString& what) { return Edited(title, what); };
-  connect(graph1_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) { TrackPoint(*event); });
+  connect(graph1_, &ChartView::PointerMoved, this, &frmGraph::TrackPoint);
   BuildPointFrame(body);
   auto* all = new QVBoxLayout(body);
   ApplySpacing(*all, *this);
@@ -138,7 +140,7 @@ void frmGraph::GraphInit(int index) {
   index_ = index;
   PrepareTitles(korva.Preferences.Graph, index, korva.Stored.ProjectUnits);
   DisplayCurves_ = korva::DisplayCurves(korva.ProjectCalc, korva.Sweep);
-  graph1_->ShowTitles(TheChart());
+  DrawCurve();
 }
 
 Chart frmGraph::TheChart() const {
@@ -147,7 +149,7 @@ Chart frmGraph::TheChart() const {
 }
 
 void frmGraph::DrawCurve() {
-  graph1_->ShowCurves(TheChart());
+  graph1_->Show(TheChart());
 }
 
 void frmGraph::ClearGraph() {
@@ -155,23 +157,19 @@ void frmGraph::ClearGraph() {
   DrawCurve();
 }
 
-void frmGraph::ShowNewFormat() {
-  graph1_->ShowTitles(TheChart());
-  DrawCurve();
-}
-
-void frmGraph::TrackPoint(const QMouseEvent& event) {
+void frmGraph::TrackPoint(QPointF position) {
   if (!pointId_->isChecked()) {
     return;
   }
-  const auto point = graph1_->PointAt(event.position());
+  const auto point = graph1_->PointAt(position);
   if (!point) {
     graph1_->unsetCursor();
     return;
   }
   lblSF_->setText(FromUtf8(Format(point->Y, kPointPattern)));
   lblX_->setText(FromUtf8(Format(point->X, kPointPattern)));
-  lblCurve_->setText(point->Curve);
+  const Chart& shown = graph1_->Shown();
+  lblCurve_->setText(shown.Legend ? FromUtf8(shown.Curves[point->Curve].Label) : QString());
   graph1_->setCursor(Qt::CrossCursor);
 }
 
@@ -186,7 +184,7 @@ void frmGraph::FileItem(int index) {
       break;
     case kPictureIndex:
       SavePicture(session_.State, session_.Outside, "Graph",
-                  [this](PictureKind kind) { return ChartPicture(TheChart(), kind); });
+                  [this](PictureKind kind) { return PictureBytes(kind, graph1_->Sheet()); });
       break;
     default:
       close();
@@ -194,23 +192,29 @@ void frmGraph::FileItem(int index) {
   }
 }
 
+// In the proportions of the screen, as large as the sheet allows.
 void frmGraph::Print() {
-  session_.Pictures.PrintPicture(graph1_->Title(), [this](QPaintDevice& sheet, const QRectF& room) {
+  const QString title = FromUtf8(graph1_->Shown().Title);
+  session_.Pictures.PrintPicture(title, [this](QPaintDevice& sheet, const QRectF& room) {
     HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Graph");
-    QCPPainter painter;
+    const Picture picture = graph1_->Sheet();
+    QPainter painter;
     BeginPainting(painter, sheet);
-    // In the proportions of the screen, as large as the sheet allows.
-    const double scale = std::min(room.width() / graph1_->width(), room.height() / graph1_->height());
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setMode(QCPPainter::pmNoCaching);
+    const double scale = std::min(room.width() / picture.Size.Width, room.height() / picture.Size.Height);
     painter.scale(scale, scale);
-    graph1_->toPainter(&painter, graph1_->width(), graph1_->height());
+    PaintPicture(painter, picture);
   });
 }
 
 void frmGraph::Copy() {
-  constexpr double kSharp = 2;
-  QGuiApplication::clipboard()->setPixmap(graph1_->toPixmap(graph1_->width(), graph1_->height(), kSharp));
+  constexpr int kSharp = 2;
+  const Picture picture = graph1_->Sheet();
+  QImage image(QSizeF(picture.Size.Width, picture.Size.Height).toSize() * kSharp, QImage::Format_RGB32);
+  image.setDevicePixelRatio(kSharp);
+  QPainter painter(&image);
+  PaintPicture(painter, picture);
+  painter.end();
+  QGuiApplication::clipboard()->setImage(image);
 }
 
 // The window keeps the room of the graph and of all that the frame says.
@@ -235,6 +239,7 @@ void frmGraph::OptionsItem(int index) {
       break;
     }
     default:
+      ReadBack();
       showReference_ = !showReference_;
       DrawCurve();
       break;
@@ -250,11 +255,11 @@ QString frmGraph::Edited(const QString& title, const QString& what) {
 // What was edited in the chart itself stays.
 void frmGraph::ReadBack() {
   GraphSettings& settings = session_.State.Preferences.Graph;
-  settings.GraphTitle = graph1_->Title().toStdString();
-  settings.XAxisTitle[index_] = graph1_->xAxis->label().toStdString();
-  settings.YAxisTitle[YTitleOf(index_)] = graph1_->yAxis->label().toStdString();
-  settings.GridStyle =
-      (graph1_->yAxis->grid()->visible() ? 1 : 0) + (graph1_->xAxis->grid()->visible() ? 2 : 0);
+  const Chart& shown = graph1_->Shown();
+  settings.GraphTitle = shown.Title;
+  settings.XAxisTitle[index_] = shown.XAxis.Title;
+  settings.YAxisTitle[YTitleOf(index_)] = shown.YAxis.Title;
+  settings.GridStyle = (shown.YAxis.Grid ? 1 : 0) + (shown.XAxis.Grid ? 2 : 0);
 }
 
 void frmGraph::changeEvent(QEvent* event) {

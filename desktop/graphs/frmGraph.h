@@ -4,17 +4,16 @@
 #include <QMainWindow>
 #include <vector>
 
+#include "charts/Chart.h"
 #include "desktop/support/Session.h"
-#include "graphs/Chart.h"
 
 class QAction;
 class QGroupBox;
 class QLabel;
-class QMouseEvent;
 
 namespace korva::desktop {
 
-class ChartPlot;
+class ChartView;
 
 class frmGraph final : public QMainWindow {
   Q_OBJECT
@@ -23,14 +22,12 @@ class frmGraph final : public QMainWindow {
   // Deletes itself when it is closed, and then enables the main window.
   explicit frmGraph(Session& session);
 
-  // Titles, grid and the number of curves of graph `index`.
+  // Shows graph `index`, with titles made for it.
   void GraphInit(int index);
-  // Moves the points into the chart.
+  // Shows the points of the sweep by the settings as they are now.
   void DrawCurve();
   // Empties it.
   void ClearGraph();
-  // Shows titles, grid and curves by settings that have changed.
-  void ShowNewFormat();
 
   int ShownGraph() const { return index_; }
 
@@ -50,7 +47,7 @@ class frmGraph final : public QMainWindow {
   void Print();
   void Copy();
   void ReadBack();
-  void TrackPoint(const QMouseEvent& event);
+  void TrackPoint(QPointF position);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);
   Chart TheChart() const;
@@ -62,7 +59,7 @@ class frmGraph final : public QMainWindow {
   int index_ = 0;
   int DisplayCurves_ = 0;
   bool showReference_ = true;
-  ChartPlot* graph1_ = nullptr;
+  ChartView* graph1_ = nullptr;
   QGroupBox* pointFrame_ = nullptr;
   QLabel* lblCurve_ = nullptr;
   QLabel* lblSF_ = nullptr;

@@ -199,7 +199,7 @@ void frmGraphOpt::accept() {
   draft_.GraphSetParams = GetArrayIndex(Option1_);
   session_.State.Preferences.Graph = draft_;
   SaveSettings(session_.State, SettingsSection::kGraph);
-  graph_.ShowNewFormat();
+  graph_.DrawCurve();
   QDialog::accept();
 }
 

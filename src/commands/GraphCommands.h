@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "charts/Chart.h"
 #include "core/Korva.h"
 #include "core/Ports.h"
-#include "graphs/Chart.h"
 
 namespace korva {
 

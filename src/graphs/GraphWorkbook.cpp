@@ -73,7 +73,7 @@ void WriteCells(lxw_worksheet* sheet, const Chart& chart) {
 }
 
 // Points about which something is to be known have a hollow symbol.
-void MarkPoints(lxw_chart_series* series, const Chart& chart, std::size_t points, lxw_color_t colour) {
+void MarkPoints(lxw_chart_series* series, const ChartCurve& curve, lxw_color_t colour) {
   lxw_chart_fill paper = {};
   paper.color = LXW_COLOR_WHITE;
   lxw_chart_line outline = {};
@@ -81,16 +81,18 @@ void MarkPoints(lxw_chart_series* series, const Chart& chart, std::size_t points
   lxw_chart_point hollow = {&outline, &paper, nullptr};
   lxw_chart_point plain = {};
   std::vector<lxw_chart_point*> list;
-  for (std::size_t i = 0; i < points; ++i) {
-    list.push_back(IsHollow(chart, i) ? &hollow : &plain);
+  for (std::size_t i = 0; i < curve.X.size(); ++i) {
+    list.push_back(IsHollow(curve, i) ? &hollow : &plain);
   }
   list.push_back(nullptr);
   Check(chart_series_set_points(series, list.data()));
 }
 
+// By the shapes of the symbols.
+constexpr std::array<std::uint8_t, 4> kMarkers = {LXW_CHART_MARKER_CIRCLE, LXW_CHART_MARKER_SQUARE,
+                                                  LXW_CHART_MARKER_TRIANGLE, LXW_CHART_MARKER_DIAMOND};
+
 void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
-  constexpr std::array<std::uint8_t, kMostCurves> kMarkers = {
-      LXW_CHART_MARKER_CIRCLE, LXW_CHART_MARKER_SQUARE, LXW_CHART_MARKER_TRIANGLE, LXW_CHART_MARKER_DIAMOND};
   const ChartCurve& curve = chart.Curves[i];
   const auto last = static_cast<lxw_row_t>(curve.X.size());
   lxw_chart_series* series = chart_add_series(drawn, nullptr, nullptr);
@@ -99,17 +101,18 @@ void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
   chart_series_set_name_range(series, kSheet, 0, Column(i, 1));
   lxw_chart_line line = {};
   line.color = curve.Colour == 0 ? lxw_color_t{LXW_COLOR_BLACK} : curve.Colour;
-  line.none = chart.Lines ? LXW_FALSE : LXW_TRUE;
+  line.none = curve.Line ? LXW_FALSE : LXW_TRUE;
   line.width = 2;
   chart_series_set_line(series, &line);
-  chart_series_set_marker_type(series, chart.Symbols ? kMarkers.at(i) : std::uint8_t{LXW_CHART_MARKER_NONE});
-  if (chart.Symbols) {
+  chart_series_set_marker_type(series, curve.Symbol ? kMarkers.at(static_cast<std::size_t>(*curve.Symbol))
+                                                    : std::uint8_t{LXW_CHART_MARKER_NONE});
+  if (curve.Symbol) {
     lxw_chart_fill fill = {};
     fill.color = line.color;
     chart_series_set_marker_fill(series, &fill);
     chart_series_set_marker_size(series, static_cast<std::uint8_t>(chart.SymbolSize));
-    if (!chart.PointNotices.empty()) {
-      MarkPoints(series, chart, curve.X.size(), line.color);
+    if (!curve.Hollow.empty()) {
+      MarkPoints(series, curve, line.color);
     }
   }
 }
@@ -125,12 +128,12 @@ void AddChart(lxw_workbook* book, lxw_worksheet* sheet, const Chart& chart) {
     }
   }
   chart_title_set_name(drawn, chart.Title.c_str());
-  chart_axis_set_name(drawn->x_axis, chart.XTitle.c_str());
-  chart_axis_set_name(drawn->y_axis, chart.YTitle.c_str());
-  chart_axis_set_min(drawn->x_axis, chart.XScale.Low);
-  chart_axis_set_max(drawn->x_axis, chart.XScale.High);
-  chart_axis_major_gridlines_set_visible(drawn->x_axis, chart.VerticalGrid ? LXW_TRUE : LXW_FALSE);
-  chart_axis_major_gridlines_set_visible(drawn->y_axis, chart.HorizontalGrid ? LXW_TRUE : LXW_FALSE);
+  chart_axis_set_name(drawn->x_axis, chart.XAxis.Title.c_str());
+  chart_axis_set_name(drawn->y_axis, chart.YAxis.Title.c_str());
+  chart_axis_set_min(drawn->x_axis, chart.XAxis.Scale.Low);
+  chart_axis_set_max(drawn->x_axis, chart.XAxis.Scale.High);
+  chart_axis_major_gridlines_set_visible(drawn->x_axis, chart.XAxis.Grid ? LXW_TRUE : LXW_FALSE);
+  chart_axis_major_gridlines_set_visible(drawn->y_axis, chart.YAxis.Grid ? LXW_TRUE : LXW_FALSE);
   if (!chart.Legend) {
     chart_legend_set_position(drawn, LXW_CHART_LEGEND_NONE);
   }

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "graphs/Chart.h"
+#include "charts/Chart.h"
 
 namespace korva {
 

@@ -7,6 +7,7 @@
 #include <numbers>
 #include <vector>
 
+#include "pictures/CairoTools.h"
 #include "pictures/PictureFile.h"
 
 namespace korva {
@@ -69,7 +70,7 @@ class Painter {
     for (const DrawPolygon& polygon : drawing_.Polygons) {
       PaintPolygon(polygon);
     }
-    Colour(0);
+    SetColour(cairo_, 0);
     cairo_set_line_width(cairo_, kThin);
     for (const DrawLine& line : drawing_.Lines) {
       cairo_move_to(cairo_, X(line.From), Y(line.From));
@@ -85,11 +86,6 @@ class Painter {
   double X(const DrawPoint& point) const { return (point.X - drawing_.Low.X) * scale_; }
   double Y(const DrawPoint& point) const { return (drawing_.High.Y - point.Y) * scale_; }
 
-  void Colour(std::uint32_t rgb, double alpha = 1) {
-    const auto part = [rgb](unsigned shift) { return static_cast<double>((rgb >> shift) & 0xff) / 255; };
-    cairo_set_source_rgba(cairo_, part(16), part(8), part(0), alpha);
-  }
-
   void PaintPolygon(const DrawPolygon& polygon) {
     const Look look = LookOf(polygon.Layer);
     cairo_new_path(cairo_);
@@ -98,13 +94,13 @@ class Painter {
     }
     cairo_close_path(cairo_);
     if (!look.Dashed) {
-      Colour(look.Fill);
+      SetColour(cairo_, look.Fill);
       cairo_fill_preserve(cairo_);
     }
     if (look.Over != Pattern::kNone) {
       PaintPattern(look);
     }
-    Colour(look.Line);
+    SetColour(cairo_, look.Line);
     cairo_set_line_width(cairo_, look.Width);
     cairo_set_dash(cairo_, kDashes.data(), look.Dashed ? static_cast<int>(kDashes.size()) : 0, 0);
     cairo_stroke(cairo_);
@@ -121,7 +117,7 @@ class Painter {
     cairo_path_extents(cairo_, &left, &top, &right, &bottom);
     cairo_save(cairo_);
     cairo_clip(cairo_);
-    Colour(look.Line);
+    SetColour(cairo_, look.Line);
     if (look.Over == Pattern::kHatch) {
       Hatch(left, top, right, bottom);
     } else {
@@ -193,11 +189,11 @@ class Painter {
       const double width = Advance(line);
       const double x = -text.Along * width;
       if (text.Plate) {
-        Colour(0xffffff, kPlate);
+        SetColour(cairo_, 0xffffff, kPlate);
         cairo_rectangle(cairo_, x - 1, y, width + 2, height);
         cairo_fill(cairo_);
       }
-      Colour(0);
+      SetColour(cairo_, 0);
       cairo_move_to(cairo_, x, y + 0.8 * height);
       cairo_show_text(cairo_, line.c_str());
       y += height;

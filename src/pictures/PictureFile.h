@@ -7,18 +7,13 @@
 #include <string>
 #include <string_view>
 
+#include "core/Picture.h"
 #include "pictures/PictureKind.h"
 
 namespace korva {
 
-// In points.
-struct PictureSize {
-  double Width = 0;
-  double Height = 0;
-};
-
-// The bytes of a picture that `paint` draws in points from the upper left corner. Run-time error 7 if there
-// is no memory for it.
+// The bytes of a picture of that size in points that `paint` draws in points from the upper left corner.
+// Run-time error 7 if there is no memory for it.
 std::string PictureBytes(PictureKind kind, PictureSize size, const std::function<void(cairo_t*)>& paint);
 
 // The same for a PDF of `pages` pages, each drawn by a call with its number from 0 on.

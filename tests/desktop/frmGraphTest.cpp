@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <qcustomplot.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -15,9 +14,11 @@
 
 #include "commands/SweepCommand.h"
 #include "desktop/FormBench.h"
+#include "desktop/graphs/ChartView.h"
 #include "desktop/graphs/frmGraph.h"
 #include "desktop/graphs/frmGraphOpt.h"
 #include "graphs/GraphTitles.h"
+#include "pictures/PaintPicture.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
@@ -46,7 +47,17 @@ class GraphWindow : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(window));
     return *window;
   }
-  QCustomPlot& Plot() { return The<QCustomPlot>(*window, "graph1"); }
+  ChartView& Plot() { return The<ChartView>(*window, "graph1"); }
+  const Chart& Shown() { return Plot().Shown(); }
+  // Where a point of a curve stands.
+  QPointF PlaceOf(std::size_t curve, std::size_t index) {
+    const DrawPoint at =
+        Plot().Layout().Place(Shown().Curves[curve].X[index], Shown().Curves[curve].Y[index]);
+    return {at.X, at.Y};
+  }
+  void DoubleClick(const PictureBox& box) {
+    QTest::mouseDClick(&Plot(), Qt::LeftButton, {}, QPointF(box.Across(), box.Down()).toPoint());
+  }
   void Choose(const char* item) { The<QAction>(*window, item).trigger(); }
   GraphSettings& Settings() { return bench.State.Preferences.Graph; }
   // Runs `act` on the options dialog that the menu opens.
@@ -69,124 +80,77 @@ class GraphWindow : public testing::Test {
 
 TEST_F(GraphWindow, ShowsTheCurvesOfTheSweep) {
   Open();
-  ASSERT_EQ(Plot().graphCount(), 2);
-  EXPECT_EQ(Plot().graph(1)->name(), QStringLiteral("Retreat (KORVA)"));
-  const SweepData& sweep = bench.State.Sweep;
-  ASSERT_EQ(Plot().graph(0)->dataCount(), sweep.PointCount);
-  EXPECT_EQ(Plot().graph(1)->dataMainKey(3), static_cast<double>(sweep.GraphData[0][3]));
-  EXPECT_EQ(Plot().graph(1)->dataMainValue(3), static_cast<double>(sweep.GraphData[2][3]));
-  EXPECT_EQ(Plot().xAxis->label(), QStringLiteral("Depth of Cover (ft)"));
-  EXPECT_EQ(Plot().yAxis->label(), QStringLiteral("Stability Factor"));
-  EXPECT_EQ(Plot().graph(0)->pen().color(), QColor(0, 0, 255));
-  EXPECT_TRUE(Plot().legend->visible());
-  EXPECT_FALSE(Plot().xAxis->grid()->visible());
-  EXPECT_EQ(Plot().itemCount(), 2) << "line and value of the reference";
+  ASSERT_EQ(Shown().Curves.size(), 2U);
+  EXPECT_EQ(Shown().XAxis.Title, "Depth of Cover (ft)");
+  EXPECT_EQ(Shown().Curves[1].Y[3], static_cast<double>(bench.State.Sweep.GraphData[2][3]));
+  EXPECT_EQ(Shown().References.size(), 1U);
   Choose("GraphOptionsItem(2)");
-  EXPECT_EQ(Plot().itemCount(), 0);
+  EXPECT_TRUE(Shown().References.empty());
   EXPECT_LE(window->minimumWidth(), 267);
 
   window->close();
   EXPECT_TRUE(bench.Main.Enabled);
 }
 
-TEST_F(GraphWindow, MarksPointsThatTheFormWouldRefuse) {
+TEST_F(GraphWindow, OneCurveWithoutAnActiveGob) {
+  bench.State.Stored.ProjectInput = test::DevelopmentPanel();
+  Open(kEntryHeightGraph);
+  ASSERT_EQ(Shown().Curves.size(), 1U);
+  EXPECT_EQ(Shown().Curves[0].Label, "Development (KORVA)");
+}
+
+TEST_F(GraphWindow, TellsPointsThatTheFormWouldRefuse) {
   bench.State.Preferences.Options.PlotRangeMin = 5;
   Open(kXcutSpacingGraph);
-  ASSERT_EQ(Plot().graphCount(), 4) << "hollow symbols over each curve";
-  EXPECT_EQ(Plot().legend->itemCount(), 2);
-  const auto& hollow = *Plot().graph(3);
-  EXPECT_EQ(hollow.scatterStyle().brush().color(), QColor(Qt::white));
-  EXPECT_EQ(hollow.name(), QStringLiteral("Retreat (KORVA)"));
-  const auto marked = std::count_if(bench.State.Sweep.Notices.begin(), bench.State.Sweep.Notices.end(),
-                                    [](const auto& notices) { return !notices.empty(); });
-  EXPECT_GT(marked, 0);
-  EXPECT_EQ(hollow.dataCount(), marked);
-  EXPECT_EQ(Plot().itemCount(), 3) << "a band beside the reference line";
   EXPECT_TRUE(Plot().toolTip().startsWith(QStringLiteral("Hollow, shaded: pillars without length")));
+  EXPECT_EQ(Plot().accessibleDescription(), Plot().toolTip());
+  Plot().resize(220, 140);
+  EXPECT_TRUE(Plot().toolTip().endsWith(QStringLiteral("\nA larger window shows the legend")));
 }
 
-// Curves are never mirrored, and labels neither meet nor leave the plot, in any size.
-TEST_F(GraphWindow, FitsEverySize) {
-  bench.State.Stored.ProjectInput.CalcMode = kLaminatedModel;
-  Open(kXcutSpacingGraph);
-  ASSERT_EQ(Plot().graphCount(), 4);
-  const QFontMetrics font(Plot().xAxis->tickLabelFont());
-  for (const QSize size :
-       {QSize(300, 250), QSize(340, 420), QSize(500, 350), QSize(620, 400), QSize(1200, 700)}) {
-    window->resize(size);
-    QCoreApplication::processEvents();
-    const QCPAxisRect& plot = *Plot().axisRect();
-    EXPECT_GT(plot.width(), 100);
-    EXPECT_GT(plot.height(), 50);
-    EXPECT_LT(Plot().xAxis->coordToPixel(50), Plot().xAxis->coordToPixel(150));
-    EXPECT_GT(Plot().yAxis->coordToPixel(1), Plot().yAxis->coordToPixel(2));
-    const auto ticker = Plot().xAxis->ticker().staticCast<QCPAxisTickerFixed>();
-    const double apart = Plot().xAxis->coordToPixel(ticker->tickStep()) - Plot().xAxis->coordToPixel(0);
-    EXPECT_GT(apart, font.horizontalAdvance(QStringLiteral("160"))) << size.width();
-    const QCPLegend& legend = *Plot().legend;
-    EXPECT_TRUE(!legend.visible() || Plot().rect().contains(legend.outerRect())) << size.width();
-    for (int i = 0; legend.visible() && i < 4; ++i) {
-      for (const QCPGraphData& at : *Plot().graph(i)->data()) {
-        EXPECT_FALSE(legend.outerRect().contains(
-            QPointF(Plot().xAxis->coordToPixel(at.key), Plot().yAxis->coordToPixel(at.value)).toPoint()));
-      }
-    }
-  }
-  EXPECT_TRUE(Plot().legend->visible());
-  Settings().GraphTitle = "A heading that is far too long for a window of this size, and stays as it is";
-  window->ShowNewFormat();
-  window->resize(300, 280);
-  QCoreApplication::processEvents();
-  window->close();
-  EXPECT_TRUE(Settings().GraphTitle.ends_with("stays as it is")) << "what is cut off on the screen alone";
-}
-
-TEST_F(GraphWindow, PointIdAndTitlesKeepTheirRoomInASmallWindow) {
+TEST_F(GraphWindow, PointIdKeepsItsRoomInASmallWindow) {
   Open(kFirstBarrierGraph);
   window->resize(window->minimumSize());
   QCoreApplication::processEvents();
-  const auto titleFits = [this] {
-    const QCPAxis& axis = *Plot().yAxis;
-    return QFontMetrics(axis.labelFont()).horizontalAdvance(axis.label()) <= Plot().axisRect()->height() + 8;
-  };
-  EXPECT_TRUE(titleFits());
   const int height = Plot().height();
   Choose("GraphOptionsItem(0)");
   QCoreApplication::processEvents();
   EXPECT_GE(Plot().height(), height);
-  EXPECT_TRUE(titleFits());
-  for (const QLabel* label : The<QGroupBox>(*window, "Frame1").findChildren<QLabel*>()) {
+  const auto& frame = The<QGroupBox>(*window, "Frame1");
+  for (const QLabel* label : frame.findChildren<QLabel*>()) {
     EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
   }
-  EXPECT_TRUE(The<QGroupBox>(*window, "Frame1")
-                  .parentWidget()
-                  ->rect()
-                  .contains(The<QGroupBox>(*window, "Frame1").geometry()));
+  EXPECT_TRUE(frame.parentWidget()->rect().contains(frame.geometry()));
   Choose("GraphOptionsItem(0)");
   EXPECT_EQ(window->minimumHeight(), 267);
 }
 
-TEST_F(GraphWindow, TheReferenceIsLabelledWhereItShows) {
+TEST_F(GraphWindow, TheWheelZoomsAndDraggingMoves) {
   Open();
-  const auto* label = Plot().findChild<QCPItemText*>(QStringLiteral("ReferenceValue"));
-  ASSERT_NE(label, nullptr);
-  EXPECT_TRUE(label->visible());
-  Plot().yAxis->setRange(2, 3);
-  EXPECT_FALSE(label->visible());
-  Plot().yAxis->setRange(1, 3);
-  EXPECT_TRUE(label->visible());
-  for (const double span : {1e-9, 0.037, 12345.0, 1e30}) {
-    Plot().xAxis->setRange(500, 500 + span);
-    const double ticks = span / Plot().xAxis->ticker().staticCast<QCPAxisTickerFixed>()->tickStep();
-    EXPECT_LE(ticks, 8) << span;
-  }
-}
-
-TEST_F(GraphWindow, OneCurveWithoutAnActiveGob) {
-  bench.State.Stored.ProjectInput = test::DevelopmentPanel();
-  Open(kEntryHeightGraph);
-  ASSERT_EQ(Plot().graphCount(), 1);
-  EXPECT_EQ(Plot().graph(0)->name(), QStringLiteral("Development (KORVA)"));
+  const ChartWindow whole = Plot().Layout().Seen;
+  const QPointF point = PlaceOf(1, 9);
+  const auto roll = [&](int notches) {
+    QWheelEvent event(point, Plot().mapToGlobal(point), {}, {0, 120 * notches}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Plot(), &event);
+  };
+  roll(3);
+  const ChartWindow zoomed = Plot().Layout().Seen;
+  EXPECT_NEAR(zoomed.X.High - zoomed.X.Low, (whole.X.High - whole.X.Low) * std::pow(0.85, 3), 1e-6);
+  EXPECT_NEAR(PlaceOf(1, 9).y(), point.y(), 1) << "what is under the pointer stays there";
+  QTest::mousePress(&Plot(), Qt::LeftButton, {}, point.toPoint());
+  QTest::mouseMove(&Plot(), point.toPoint() + QPoint(40, -30));
+  QTest::mouseRelease(&Plot(), Qt::LeftButton, {}, point.toPoint() + QPoint(40, -30));
+  EXPECT_NEAR(PlaceOf(1, 9).x(), point.x() + 40, 2);
+  EXPECT_NEAR(PlaceOf(1, 9).y(), point.y() - 30, 2);
+  EXPECT_LT(Plot().Layout().Seen.X.Low, zoomed.X.Low);
+  roll(200);
+  EXPECT_GT(Plot().Layout().Seen.X.High, Plot().Layout().Seen.X.Low);
+  roll(-400);
+  EXPECT_LE(Plot().Layout().Seen.X.High - Plot().Layout().Seen.X.Low, 10.001 * (whole.X.High - whole.X.Low));
+  DoubleClick(Plot().Layout().Plot);
+  EXPECT_EQ(Plot().Layout().Seen.X.High, whole.X.High);
+  EXPECT_EQ(Plot().Layout().Seen.Y.Low, whole.Y.Low);
 }
 
 TEST_F(GraphWindow, PointIdTellsThePointUnderThePointer) {
@@ -196,36 +160,42 @@ TEST_F(GraphWindow, PointIdTellsThePointUnderThePointer) {
                       Qt::NoModifier);
     QApplication::sendEvent(&Plot(), &event);
   };
-  const QCPGraph& retreat = *Plot().graph(1);
-  const QPointF point(Plot().xAxis->coordToPixel(retreat.dataMainKey(9)),
-                      Plot().yAxis->coordToPixel(retreat.dataMainValue(9)));
-  move(point.toPoint());
+  move(PlaceOf(1, 9).toPoint());
   EXPECT_EQ(The<QLabel>(*window, "lblSF").text(), QString()) << "Point ID is off";
   Choose("GraphOptionsItem(0)");
   EXPECT_TRUE(The<QGroupBox>(*window, "Frame1").isVisible());
   QCoreApplication::processEvents();
-  const QPointF moved(Plot().xAxis->coordToPixel(retreat.dataMainKey(9)),
-                      Plot().yAxis->coordToPixel(retreat.dataMainValue(9)));
-  move(moved.toPoint());
+  const QPoint point = PlaceOf(1, 9).toPoint();
+  move(point);
   EXPECT_EQ(The<QLabel>(*window, "lblCurve").text(), QStringLiteral("Retreat (KORVA)"));
-  EXPECT_NEAR(The<QLabel>(*window, "lblSF").text().toDouble(), retreat.dataMainValue(9), 0.0051);
-  EXPECT_NEAR(The<QLabel>(*window, "lblX").text().toDouble(), retreat.dataMainKey(9), 0.0051);
+  EXPECT_NEAR(The<QLabel>(*window, "lblSF").text().toDouble(), Shown().Curves[1].Y[9], 0.0051);
+  EXPECT_NEAR(The<QLabel>(*window, "lblX").text().toDouble(), Shown().Curves[1].X[9], 0.0051);
   EXPECT_EQ(Plot().cursor().shape(), Qt::CrossCursor);
-  move(moved.toPoint() + QPointF(0, 6));
+  move(point + QPointF(0, 6));
   EXPECT_EQ(Plot().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(GraphWindow, EditsInTheChartAreReadBack) {
   Open(kFirstBarrierGraph);
-  Plot().yAxis->setLabel(QStringLiteral("SF of the barrier"));
-  Plot().yAxis->grid()->setVisible(true);
+  Settings().GridStyle = 1;
+  window->DrawCurve();
+  Plot().Edit = [](const QString& title, const QString& what) {
+    return what + QStringLiteral(" of ") + title;
+  };
+  DoubleClick(Plot().Layout().Title);
+  DoubleClick(Plot().Layout().XTitle);
+  DoubleClick(Plot().Layout().YTitle);
   QWidget other;
   other.show();
   other.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
-  EXPECT_EQ(Settings().YAxisTitle[1], "SF of the barrier");
+  EXPECT_EQ(Settings().GraphTitle, "Graph title of Korva Panel Review - Strondel");
+  EXPECT_EQ(Settings().XAxisTitle[kFirstBarrierGraph], "Axis title of Width of First Barrier (ft)");
+  EXPECT_EQ(Settings().YAxisTitle[1], "Axis title of Barrier Stability Factor");
   EXPECT_EQ(Settings().YAxisTitle[0], "Stability Factor");
   EXPECT_EQ(Settings().GridStyle, 1);
+  Choose("GraphOptionsItem(2)");
+  EXPECT_TRUE(Shown().Title.starts_with("Graph title of"));
 }
 
 TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
@@ -262,10 +232,9 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
   EXPECT_EQ(Settings().GraphTitle, "North panel");
   EXPECT_EQ(Settings().GraphStyle, 2);
   EXPECT_EQ(Settings().SymbolSize, 12);
-  EXPECT_TRUE(Plot().xAxis->grid()->visible());
-  EXPECT_EQ(Plot().graph(0)->lineStyle(), QCPGraph::lsNone);
-  EXPECT_FALSE(Plot().legend->visible());
-  EXPECT_EQ(Plot().graph(0)->name(), QString()) << "no legend, no labels";
+  EXPECT_TRUE(Shown().XAxis.Grid);
+  EXPECT_FALSE(Shown().Curves[0].Line);
+  EXPECT_FALSE(Plot().Layout().Legend);
   const std::string saved = TempFolder::Bytes(bench.State.Places.IniFile);
   EXPECT_NE(saved.find("GraphTitle=North panel"), std::string::npos) << saved;
 
@@ -277,7 +246,7 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
     Click(options, "Command3");
     Click(options, "Command1");
   });
-  EXPECT_EQ(Plot().graphCount(), 0);
+  EXPECT_TRUE(Shown().Curves.empty());
 }
 
 TEST_F(GraphWindow, PrintsItselfInItsProportions) {
@@ -320,11 +289,18 @@ TEST_F(GraphWindow, CopiesExportsAndSavesPictures) {
   Choose("GraphFileItem(2)");
   EXPECT_EQ(bench.Outside.Documents.Opened.size(), 1U);
 
-  Plot().xAxis->setLabel(QStringLiteral("Cover"));  // as an edit in the chart leaves it
+  Plot().Edit = [](const QString&, const QString&) { return QStringLiteral("Cover"); };
+  DoubleClick(Plot().Layout().XTitle);
   bench.Outside.Files.Expect(folder / "graph.pdf");
   Choose("GraphFileItem(5)");
   EXPECT_EQ(TempFolder::Bytes(folder / "graph.pdf").find("%PDF"), 0U);
   EXPECT_EQ(Settings().XAxisTitle[kDepthGraph], "Cover");
+  // The file holds what the screen shows, zoomed or not.
+  Plot().ZoomBy(2, PlaceOf(0, 9));
+  bench.Outside.Files.Expect(folder / "graph.png");
+  Choose("GraphFileItem(5)");
+  EXPECT_TRUE(TempFolder::Bytes(folder / "graph.png") ==
+              PictureBytes(PictureKind::kPng, Plot().Layout().Drawn));
   bench.Outside.Files.Expect(folder / "none/graph.pdf");
   bench.Outside.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
   Choose("GraphFileItem(5)");

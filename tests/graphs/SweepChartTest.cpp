@@ -4,11 +4,12 @@
 #include <fstream>
 #include <pugixml.hpp>
 
-#include "graphs/Chart.h"
-#include "graphs/ChartPicture.h"
+#include "charts/LayOutChart.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/GraphWorkbook.h"
+#include "graphs/SweepChart.h"
 #include "graphs/SweepNotes.h"
+#include "pictures/PaintPicture.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
@@ -27,6 +28,10 @@ SweepData Line(int curves) {
     data.GraphData[curve] = {3, 2.25F, 0.1F, 0};
   }
   return data;
+}
+
+std::string Drawn(const Chart& chart, PictureKind kind) {
+  return PictureBytes(kind, LayOutChart(chart, kChartSheet, TextWidth).Drawn);
 }
 
 GraphSettings Titles() {
@@ -65,29 +70,7 @@ TEST(GraphTitles, OneCurveAloneWithoutAnActiveGob) {
   EXPECT_EQ(DisplayCurves(test::DevelopmentPanel(), Line(2)), 1);
 }
 
-TEST(AxisScale, HasRoundNumbersAndAtMostEightLabels) {
-  for (const auto& [low, high] : {std::pair{0.1, 3.0},
-                                  {39.99, 90.0},
-                                  {550.0, 1650.0},
-                                  {-3.0, 12.0},
-                                  {1e-4, 2e-4},
-                                  {1.0, 1e6},
-                                  {5.0, 5.0},
-                                  {0.0, 0.0}}) {
-    const AxisScale scale = ScaleFor(low, high);
-    EXPECT_LE(scale.Low, low);
-    EXPECT_GE(scale.High, high);
-    EXPECT_LE(scale.Labels(), 8) << low << " " << high;
-    EXPECT_GE(scale.Labels(), 3) << low << " " << high;
-    for (int label = 0; label < scale.Labels(); ++label) {
-      EXPECT_NEAR(std::stod(scale.Text(label)), scale.Value(label), 1e-9 * (1 + std::abs(high)));
-    }
-  }
-  EXPECT_EQ(ScaleFor(0.1, 3).Text(1), "0.5");
-  EXPECT_EQ(ScaleFor(0, 1.5).Text(1), "0.25");
-}
-
-TEST(Chart, TakesWhatIsFilledInTheFormatOfTheSettings) {
+TEST(SweepChart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   GraphSettings settings = Titles();
   settings.GridStyle = 2;
   settings.GraphStyle = 2;
@@ -96,30 +79,16 @@ TEST(Chart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   EXPECT_EQ(chart.Curves[1].Label, "Retreat (KORVA)");
   EXPECT_EQ(chart.Curves[1].Colour, 0xCD5C5CU);
   EXPECT_EQ(chart.Curves[0].Y, (std::vector<double>{3, 2.25, static_cast<double>(0.1F)}));
-  EXPECT_FALSE(chart.HorizontalGrid);
-  EXPECT_TRUE(chart.VerticalGrid);
-  EXPECT_FALSE(chart.Lines);
-  EXPECT_TRUE(chart.Symbols);
-  EXPECT_EQ(chart.Reference, 1.5);
+  EXPECT_FALSE(chart.YAxis.Grid);
+  EXPECT_TRUE(chart.XAxis.Grid);
+  EXPECT_FALSE(chart.Curves[0].Line);
+  EXPECT_EQ(chart.Curves[1].Symbol, SymbolShape::kSquare);
+  ASSERT_EQ(chart.References.size(), 1U);
+  EXPECT_EQ(chart.References[0].Text, "1.5");
   SweepData barriers = Line(2);
   barriers.GraphIndex = kFirstBarrierGraph;
-  EXPECT_EQ(ChartOf(barriers, 2, settings, true).Reference, 2);
-  EXPECT_FALSE(ChartOf(barriers, 2, settings, false).Reference);
-  // The curve falls from the top left to the bottom right.
-  EXPECT_EQ(FreeCorner(chart, {0.3, 0.2, 0.01, 0.01}), ChartCorner::kTopRight);
-  EXPECT_FALSE(FreeCorner(chart, {0.9, 0.9, 0.01, 0.01}));
-}
-
-TEST(AxisScale, LeavesRoomBetweenItsLabels) {
-  const auto width = [](const std::string& label) { return 7.0 * static_cast<double>(label.size()); };
-  EXPECT_EQ(ScaleThatFits(550, 1650, 1000, 6, width).Step, ScaleFor(550, 1650).Step);
-  for (const double length : {400.0, 200.0, 130.0}) {
-    const AxisScale scale = ScaleThatFits(550, 1650, length, 6, width);
-    for (int label = 0; label < scale.Labels(); ++label) {
-      EXPECT_LE(width(scale.Text(label)) + 6, length * scale.Step / (scale.High - scale.Low));
-    }
-  }
-  EXPECT_EQ(ScaleThatFits(-3, 12, 0, 6, width).Labels(), 3) << "never fewer";
+  EXPECT_EQ(ChartOf(barriers, 2, settings, true).References[0].At, 2);
+  EXPECT_TRUE(ChartOf(barriers, 2, settings, false).References.empty());
 }
 
 // The first and the last point without length, a laminated model that came to the second point.
@@ -132,7 +101,7 @@ SweepData Doubtful() {
   return data;
 }
 
-TEST(Chart, TellsWhatIsToBeKnownOfItsPoints) {
+TEST(SweepChart, TellsWhatIsToBeKnownOfItsPoints) {
   const Chart chart = ChartOf(Doubtful(), 4, Titles(), true);
   EXPECT_EQ(chart.Curves[1].X.size(), 3U);
   EXPECT_EQ(chart.Curves[2].X.size(), 2U) << "no point that was not computed";
@@ -140,23 +109,23 @@ TEST(Chart, TellsWhatIsToBeKnownOfItsPoints) {
             (std::vector<std::string>{"the pillars have no length; the arch factor of 0.2", "",
                                       "the pillars have no length"}));
   ASSERT_EQ(chart.Bands.size(), 2U);
-  EXPECT_EQ(chart.Bands[0].From, chart.XScale.Low);
+  EXPECT_EQ(chart.Bands[0].From, chart.XAxis.Scale.Low);
   EXPECT_EQ(chart.Bands[0].To, 125);
   EXPECT_EQ(chart.Bands[1].From, 175);
-  EXPECT_TRUE(IsHollow(chart, 2) && !IsHollow(chart, 1));
+  EXPECT_TRUE(IsHollow(chart.Curves[1], 2) && !IsHollow(chart.Curves[1], 1));
   EXPECT_EQ(chart.Notes,
             (std::vector<std::string>{"Hollow, shaded: pillars without length (100.00, 200.00)",
                                       "Hollow, shaded: arch factor below 0.28 (100.00)",
                                       "Partial: 2 of 3 points of the laminated model; cancelled"}));
-  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
+  const std::string drawn = Drawn(chart, PictureKind::kSvg);
   const std::string shade = "91.764706%,89.019608%,83.529412%";
   EXPECT_NE(drawn.find(shade), std::string::npos);
   const Chart plain = ChartOf(Line(4), 4, Titles(), true);
   EXPECT_TRUE(plain.Bands.empty() && plain.Notes.empty() && plain.PointNotices.empty());
-  EXPECT_EQ(ChartPicture(plain, PictureKind::kSvg).find(shade), std::string::npos);
+  EXPECT_EQ(Drawn(plain, PictureKind::kSvg).find(shade), std::string::npos);
 }
 
-TEST(Chart, ACurveWithoutABarrierIsNotDrawnAtZero) {
+TEST(SweepChart, ACurveWithoutABarrierIsNotDrawnAtZero) {
   SweepData data = Line(4);
   data.GraphIndex = kBarrierDepthGraph;
   data.GraphData[3] = data.GraphData[4] = {0, 0, 0, 0};
@@ -168,30 +137,20 @@ TEST(Chart, ACurveWithoutABarrierIsNotDrawnAtZero) {
   EXPECT_EQ(chart.Notes,
             std::vector<std::string>{
                 "No second barrier, so no factor: Development (KORVA-STROND), Retreat (KORVA-STROND)"});
-  EXPECT_LT(chart.YScale.High, 10);
-  EXPECT_TRUE(FreeCorner(chart, {0.3, 0.2, 0.01, 0.01}));
-  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
+  EXPECT_LT(chart.YAxis.Scale.High, 10);
+  const std::string drawn = Drawn(chart, PictureKind::kSvg);
   EXPECT_EQ(drawn.find("e+"), std::string::npos) << "nothing far away";
   data.GraphIndex = kDepthGraph;
   EXPECT_TRUE(CurvesWithoutFactor(data).empty()) << "the zone always has a factor";
 }
 
-TEST(Chart, NotesAreBrokenIntoLines) {
-  const auto size = [](const std::string& text) { return static_cast<double>(text.size()); };
-  EXPECT_EQ(NoteLines({"one two three", "four"}, 8, size),
-            (std::vector<std::string>{"one two", "three", "four"}));
-  EXPECT_EQ(NoteLines({"a /long/path"}, 5, size), (std::vector<std::string>{"a", "/long", "/path"}));
-  EXPECT_EQ(NoteLines({"\xC3\xA4\xC3\xA4"}, 1, size), (std::vector<std::string>{"\xC3\xA4", "\xC3\xA4"}))
-      << "characters stay whole";
-}
-
-TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
+TEST(SweepChart, IsAFileOfTheKindAskedFor) {
   const Chart chart = ChartOf(Line(4), 4, Titles(), true);
   EXPECT_EQ(PictureKindOf("a.b.PDF"), PictureKind::kPdf);
   EXPECT_FALSE(PictureKindOf("graph"));
-  EXPECT_EQ(ChartPicture(chart, PictureKind::kPdf).find("%PDF"), 0U);
-  EXPECT_EQ(ChartPicture(chart, PictureKind::kPng).find("\x89PNG"), 0U);
-  const std::string drawn = ChartPicture(chart, PictureKind::kSvg);
+  EXPECT_EQ(Drawn(chart, PictureKind::kPdf).find("%PDF"), 0U);
+  EXPECT_EQ(Drawn(chart, PictureKind::kPng).find("\x89PNG"), 0U);
+  const std::string drawn = Drawn(chart, PictureKind::kSvg);
   pugi::xml_document svg;
   EXPECT_TRUE(svg.load_string(drawn.c_str()));
   for (const char* colour : {"0%,0%,100%", "80.392157%,36.078431%,36.078431%", "0%,39.215686%,0%"}) {
@@ -200,8 +159,8 @@ TEST(ChartPicture, IsAFileOfTheKindAskedFor) {
   const std::string dashes = "stroke-dasharray";
   EXPECT_NE(drawn.find(dashes), std::string::npos) << "the reference line";
   const Chart plain = ChartOf(Line(1), 1, Titles(), false);
-  EXPECT_EQ(ChartPicture(plain, PictureKind::kSvg).find(dashes), std::string::npos);
-  EXPECT_FALSE(ChartPicture(Chart{}, PictureKind::kSvg).empty()) << "nothing to show is no error";
+  EXPECT_EQ(Drawn(plain, PictureKind::kSvg).find(dashes), std::string::npos);
+  EXPECT_FALSE(Drawn(Chart{}, PictureKind::kSvg).empty()) << "nothing to show is no error";
 }
 
 std::string Entry(const std::string& workbook, const char* name) {

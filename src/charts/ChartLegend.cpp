@@ -1,0 +1,179 @@
+#include <algorithm>
+#include <cmath>
+
+#include "charts/ChartWork.h"
+
+namespace korva {
+
+namespace {
+
+constexpr double kPad = 7;
+constexpr double kSample = 30;
+constexpr double kRowHeight = 20;
+constexpr double kInset = 10;            // from the frame of the plot
+constexpr double kLeastPlotWidth = 160;  // that is left where the legend stands beside
+constexpr double kLeastPlotHeight = 56;
+
+std::vector<const ChartCurve*> Entries(const Chart& chart) {
+  std::vector<const ChartCurve*> entries;
+  for (const ChartCurve& curve : chart.Curves) {
+    if (chart.Legend && !curve.Label.empty()) {
+      entries.push_back(&curve);
+    }
+  }
+  return entries;
+}
+
+double ColumnWidth(const ChartWork& work) {
+  double width = 0;
+  for (const ChartCurve* curve : Entries(work.Of)) {
+    width = std::max(width, work.Width(curve->Label));
+  }
+  return kSample + kPad + width + kPad;
+}
+
+// With so many rows in a column.
+PictureSize SizeOf(const ChartWork& work, std::size_t rows) {
+  const std::size_t columns = (Entries(work.Of).size() + rows - 1) / rows;
+  return {static_cast<double>(columns) * ColumnWidth(work) + kPad,
+          static_cast<double>(rows) * kRowHeight + 2 * kPad - 4};
+}
+
+// Whether any of the straight line between two points lies in the box.
+bool Crosses(const PictureBox& box, const DrawPoint& from, const DrawPoint& to) {
+  double enters = 0;
+  double leaves = 1;
+  const auto cut = [&](double start, double step, double low, double high) {
+    if (step == 0) {
+      return start >= low && start <= high;
+    }
+    const double a = (low - start) / step;
+    const double b = (high - start) / step;
+    enters = std::max(enters, std::min(a, b));
+    leaves = std::min(leaves, std::max(a, b));
+    return enters <= leaves;
+  };
+  return cut(from.X, to.X - from.X, box.Left, box.Right) && cut(from.Y, to.Y - from.Y, box.Top, box.Bottom);
+}
+
+bool CurveCrosses(const ChartWork& work, const ChartCurve& curve, const PictureBox& box) {
+  const ChartLayout& out = work.Out;
+  const auto isThere = [&curve](std::size_t i) { return curve.Y[i] != kChartHole; };
+  for (std::size_t i = 0; i < curve.X.size(); ++i) {
+    const std::size_t last = curve.Line && i > 0 && isThere(i - 1) ? i - 1 : i;
+    if (isThere(i) &&
+        Crosses(box, out.Place(curve.X[last], curve.Y[last]), out.Place(curve.X[i], curve.Y[i]))) {
+      return true;
+    }
+    // An interval is filled from one end to the other, and to the next one.
+    if (i < curve.Low.size() && i > 0) {
+      const DrawPoint low = out.Place(curve.X[i - 1], std::min(curve.Low[i - 1], curve.Low[i]));
+      const DrawPoint high = out.Place(curve.X[i], std::max(curve.High[i - 1], curve.High[i]));
+      if (box.Meets({low.X, high.Y, high.X, low.Y})) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+bool IsFree(const ChartWork& work, const PictureBox& box) {
+  const ChartLayout& out = work.Out;
+  const auto holds = [&](const auto& filled) {
+    const DrawPoint low = out.Place(filled.Left, filled.Low);
+    const DrawPoint high = out.Place(filled.Right, filled.High);
+    return box.Meets({low.X, high.Y, high.X, low.Y});
+  };
+  const auto crossed = [&](const ChartReference& line) {
+    const DrawPoint at = out.Place(line.At, line.At);
+    return line.Upright ? at.X > box.Left && at.X < box.Right : at.Y > box.Top && at.Y < box.Bottom;
+  };
+  const Chart& chart = work.Of;
+  return std::none_of(chart.Cells.begin(), chart.Cells.end(), holds) &&
+         std::none_of(chart.Bars.begin(), chart.Bars.end(), holds) &&
+         std::none_of(chart.References.begin(), chart.References.end(), crossed) &&
+         std::none_of(chart.Curves.begin(), chart.Curves.end(),
+                      [&](const ChartCurve& curve) { return CurveCrosses(work, curve, box); });
+}
+
+std::optional<PictureBox> FreeCorner(const ChartWork& work, const PictureSize& size) {
+  const PictureBox inside = work.Out.Plot.Grown(-kInset);
+  const double clear = kInset - 2 + work.SymbolRadius();
+  if (size.Width + kLegendGap > inside.Width() || size.Height + kLegendGap > inside.Height()) {
+    return std::nullopt;
+  }
+  for (const double top : {inside.Top, inside.Bottom - size.Height}) {
+    for (const double left : {inside.Right - size.Width, inside.Left}) {
+      const PictureBox box = {left, top, left + size.Width, top + size.Height};
+      if (IsFree(work, box.Grown(clear))) {
+        return box;
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+bool PutBeside(ChartWork& work, const PictureSize& size) {
+  const PictureBox& plot = work.Out.Plot;
+  if (plot.Width() - size.Width - kLegendGap < kLeastPlotWidth ||
+      plot.Top + size.Height > work.NotesTop - kEdge) {
+    return false;
+  }
+  PlaceFrame(work, size.Width + kLegendGap);
+  const double left = Snapped(plot.Right + work.RightRoom + kLegendGap);
+  work.Out.Legend = {left, plot.Top, left + size.Width, plot.Top + size.Height};
+  return true;
+}
+
+bool PutBelow(ChartWork& work, const PictureSize& size) {
+  const PictureBox& plot = work.Out.Plot;
+  const double below = size.Height + kLegendGap / 2;
+  if (size.Width + 2 * kEdge > work.Size.Width || plot.Height() - below < kLeastPlotHeight) {
+    return false;
+  }
+  PlaceFrame(work, 0, below);
+  const double left =
+      Snapped(std::clamp(plot.Across() - size.Width / 2, kEdge, work.Size.Width - kEdge - size.Width));
+  const double top = plot.Bottom + kAxisRoom - kEdge / 2;
+  work.Out.Legend = {left, top, left + size.Width, top + size.Height};
+  return true;
+}
+
+}  // namespace
+
+void PlaceLegend(ChartWork& work) {
+  const std::size_t entries = Entries(work.Of).size();
+  if (entries == 0) {
+    return;
+  }
+  const PictureSize column = SizeOf(work, entries);
+  work.Out.Legend = FreeCorner(work, column);
+  bool placed = work.Out.Legend || PutBeside(work, column);
+  for (std::size_t rows = 1; !placed && rows <= entries; ++rows) {
+    placed = PutBelow(work, SizeOf(work, rows));
+  }
+  work.Out.LegendLeftOut = !placed;
+}
+
+void DrawLegend(ChartWork& work) {
+  if (!work.Out.Legend) {
+    return;
+  }
+  const PictureBox& box = *work.Out.Legend;
+  work.AddBox(box, kPaper, {kGridColour, 1});
+  const auto rows = static_cast<int>(std::lround((box.Height() - 2 * kPad + 4) / kRowHeight));
+  int entry = 0;
+  for (const ChartCurve* curve : Entries(work.Of)) {
+    const double left = box.Left + kPad + entry / rows * ColumnWidth(work);
+    const double y = box.Top + kPad - 2 + (entry % rows + 0.5) * kRowHeight;
+    if (curve->Line) {
+      work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, kCurveWidth});
+    }
+    DrawSymbol(work, *curve, {left + kSample / 2, y}, false, false);
+    work.AddText({curve->Label, {left + kSample + kPad, y + kMiddleLine * kTextPixels}, kTextPixels});
+    ++entry;
+  }
+  work.Taken.push_back(box);
+}
+
+}  // namespace korva

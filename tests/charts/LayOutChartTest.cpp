@@ -1,0 +1,273 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <random>
+
+#include "charts/FitText.h"
+#include "charts/LayOutChart.h"
+#include "pictures/PaintPicture.h"
+
+namespace korva {
+namespace {
+
+// A chart of all kinds of parts, by chance.
+class ChartMaker {
+ public:
+  explicit ChartMaker(unsigned seed) : random_(seed) {}
+
+  Chart Make() {
+    chart_ = {};
+    low_ = std::pow(10, Real(-2, 4)) * Real(-1, 1);
+    span_ = std::pow(10, Real(-2, 4));
+    chart_.Title = Words(12);
+    chart_.XAxis.Title = Words(6);
+    chart_.YAxis.Title = Words(6);
+    chart_.XAxis.Grid = Coin();
+    chart_.YAxis.Grid = Coin();
+    chart_.SymbolSize = Real(3, 20);
+    chart_.Legend = Count(4) > 0;
+    for (int i = Count(5); i > 0; --i) {
+      AddCurve();
+    }
+    AddBoxes();
+    for (int i = Count(3); i > 0; --i) {
+      chart_.References.push_back({Y(), Words(2), Coin()});
+    }
+    for (int i = Count(6); i > 0; --i) {
+      chart_.Labels.push_back({X(), Y(), Words(2)});
+    }
+    for (int i = Count(3); i > 0; --i) {
+      chart_.Notes.push_back(Words(25));
+    }
+    FitScales(chart_);
+    return chart_;
+  }
+
+  PictureSize Size() { return {std::round(Real(267, 1600)), std::round(Real(200, 1000))}; }
+  std::optional<ChartWindow> Window(const Chart& chart) {
+    if (Coin()) {
+      return std::nullopt;
+    }
+    ChartWindow seen = WholeOf(chart);
+    for (AxisRange* range : {&seen.X, &seen.Y}) {
+      const double all = range->High - range->Low;
+      range->Low += Real(-0.3, 0.8) * all;
+      range->High = range->Low + Real(0.01, 1.5) * all;
+    }
+    return seen;
+  }
+
+ private:
+  double Real(double from, double to) { return std::uniform_real_distribution(from, to)(random_); }
+  int Count(int most) { return std::uniform_int_distribution(0, most)(random_); }
+  bool Coin() { return Count(1) == 1; }
+  double X() { return low_ + Real(0, span_); }
+  double Y() { return span_ * Real(-1, 3); }
+  std::string Words(int most) {
+    static constexpr std::array kWords = {"pillar",         "of",           "depth (ft)",
+                                          "St\xC3\xB6rung", "KORVA-STROND", "1.50"};
+    std::string text;
+    for (int i = Count(most); i > 0; --i) {
+      text += (text.empty() ? "" : " ") + std::string(kWords.at(static_cast<std::size_t>(Count(5))));
+    }
+    return text;
+  }
+
+  void AddCurve() {
+    ChartCurve curve = {.Label = Words(2), .Colour = 0x0000FF, .X = {}, .Y = {}, .Line = Coin()};
+    if (!curve.Line || Coin()) {
+      curve.Symbol = static_cast<SymbolShape>(Count(3));
+    }
+    const int points = Count(40);
+    const bool interval = Coin();
+    for (int i = 0; i < points; ++i) {
+      curve.X.push_back(low_ + span_ * i / points);
+      curve.Y.push_back(Count(9) == 0 ? kChartHole : Y());
+      curve.Hollow.push_back(Coin());
+      if (interval) {
+        curve.Low.push_back(Y() - span_);
+        curve.High.push_back(curve.Low.back() + Real(0, span_));
+      }
+    }
+    chart_.Curves.push_back(curve);
+  }
+
+  void AddBoxes() {
+    const int parts = Count(12);
+    const int kind = Count(3);
+    for (int i = 0; i < parts; ++i) {
+      const double left = low_ + span_ * i / parts;
+      const double right = low_ + span_ * (i + 1) / parts;
+      if (kind == 0) {
+        chart_.Bars.push_back({left, right, 0, std::abs(Y()), 0x2F6F9F});
+      } else if (kind == 1) {
+        chart_.Cells.push_back({left, right, 0, span_, Y()});
+        chart_.CellTitle = "Stress (psi)";
+      } else if (kind == 2 && Coin()) {
+        chart_.Bands.push_back({left, right});
+      }
+    }
+  }
+
+  std::mt19937 random_;
+  Chart chart_;
+  double low_ = 0;
+  double span_ = 1;
+};
+
+void ExpectNoneOverAnother(const Picture& picture) {
+  const PictureBox sheet = {0, 0, picture.Size.Width, picture.Size.Height};
+  std::vector<std::pair<std::string, PictureBox>> texts;
+  for (const auto& record : picture.Records) {
+    if (const auto* text = std::get_if<PictureText>(&record)) {
+      const PictureBox box = BoxOf(*text, TextWidth);
+      EXPECT_TRUE(sheet.Contains(box)) << text->Text;
+      for (const auto& [other, place] : texts) {
+        EXPECT_FALSE(place.Meets(box)) << "\"" << text->Text << "\" over \"" << other << "\"";
+      }
+      texts.emplace_back(text->Text, box);
+    } else if (const auto* path = std::get_if<PicturePath>(&record)) {
+      for (const DrawPoint& point : path->Points) {
+        EXPECT_TRUE((path->Clipped ? sheet.Grown(1e9) : sheet).Contains(point)) << point.X << " " << point.Y;
+      }
+    }
+  }
+  EXPECT_TRUE(sheet.Contains(picture.Clip.Grown(-12)));
+}
+
+// The legend covers nothing that is drawn in the plot: whether it stands inside, beside or below.
+void ExpectLegendClear(const Chart& chart, const ChartLayout& layout) {
+  if (!layout.Legend) {
+    return;
+  }
+  const PictureBox& legend = *layout.Legend;
+  const auto expectAway = [&](const auto& filled) {
+    const DrawPoint low = layout.Place(filled.Left, filled.Low);
+    const DrawPoint high = layout.Place(filled.Right, filled.High);
+    EXPECT_FALSE(legend.Meets({low.X, high.Y, high.X, low.Y}) && legend.Meets(layout.Plot));
+  };
+  std::for_each(chart.Bars.begin(), chart.Bars.end(), expectAway);
+  std::for_each(chart.Cells.begin(), chart.Cells.end(), expectAway);
+  for (const auto& record : layout.Drawn.Records) {
+    if (const auto* symbol = std::get_if<PictureSymbol>(&record); symbol != nullptr && symbol->Clipped) {
+      EXPECT_FALSE(legend.Contains(symbol->At) && layout.Plot.Contains(symbol->At));
+    }
+    const auto* path = std::get_if<PicturePath>(&record);
+    if (path == nullptr || !path->Clipped || path->Closed) {
+      continue;
+    }
+    for (std::size_t i = 1; i < path->Points.size(); ++i) {
+      for (double t = 0; t <= 1; t += 1.0 / 64) {
+        const DrawPoint& a = path->Points[i - 1];
+        const DrawPoint& b = path->Points[i];
+        const DrawPoint at = {a.X + t * (b.X - a.X), a.Y + t * (b.Y - a.Y)};
+        ASSERT_FALSE(legend.Contains(at) && layout.Plot.Contains(at));
+      }
+    }
+  }
+}
+
+TEST(LayOutChart, KeepsItsRulesInEverySize) {
+  int legends = 0;
+  for (unsigned seed = 1; seed <= 1000 && !testing::Test::HasFailure(); ++seed) {
+    ChartMaker maker(seed);
+    const Chart chart = maker.Make();
+    const PictureSize size = maker.Size();
+    const ChartLayout layout = LayOutChart(chart, size, TextWidth, maker.Window(chart));
+    SCOPED_TRACE(testing::Message() << "seed " << seed << ", " << size.Width << " x " << size.Height);
+    ExpectNoneOverAnother(layout.Drawn);
+    ExpectLegendClear(chart, layout);
+    EXPECT_GE(layout.Plot.Width(), 60);
+    EXPECT_GE(layout.Plot.Height(), 50);
+    EXPECT_FALSE(layout.LegendLeftOut && size.Width > 900 && size.Height > 500) << "there is room for it";
+    legends += layout.Legend ? 1 : 0;
+    for (const PlacedPoint& point : layout.Points) {
+      const DrawPoint value = layout.ValueAt(point.At);
+      const ChartCurve& curve = chart.Curves[point.Curve];
+      const double slack = 1e-6 * (layout.Seen.Y.High - layout.Seen.Y.Low);
+      EXPECT_NEAR(value.Y, curve.Y[point.Index], slack);
+    }
+  }
+  EXPECT_GT(legends, 500);
+}
+
+Chart Falling() {
+  Chart chart;
+  chart.Title = "A heading that is far too long for a small picture, and is cut off there";
+  chart.XAxis.Title = "Depth of Cover (ft)";
+  chart.YAxis.Title = "Stability Factor";
+  for (const char* label : {"Development (KORVA)", "Retreat (KORVA)"}) {
+    chart.Curves.push_back({.Label = label, .Colour = 0xFF, .X = {100, 150, 200}, .Y = {3, kChartHole, 0.1}});
+  }
+  chart.References.push_back({1.5, "1.5"});
+  FitScales(chart);
+  return chart;
+}
+
+std::vector<std::string> TextsOf(const Picture& picture) {
+  std::vector<std::string> texts;
+  for (const auto& record : picture.Records) {
+    if (const auto* text = std::get_if<PictureText>(&record)) {
+      texts.push_back(text->Text);
+    }
+  }
+  return texts;
+}
+
+bool Has(const std::vector<std::string>& texts, const std::string& text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+TEST(LayOutChart, TellsWhatAPointerIsOver) {
+  const ChartLayout layout = LayOutChart(Falling(), {700, 400}, TextWidth);
+  EXPECT_EQ(layout.Points.size(), 4U) << "a hole is no point";
+  ASSERT_TRUE(layout.Legend);
+  EXPECT_TRUE(layout.Plot.Contains(*layout.Legend));
+  EXPECT_GT(layout.Legend->Left, layout.Plot.Across()) << "the curves leave the upper right corner";
+  EXPECT_LT(layout.Title.Bottom, layout.Plot.Top);
+  EXPECT_GT(layout.XTitle.Top, layout.Plot.Bottom);
+  EXPECT_LT(layout.YTitle.Right, layout.Plot.Left);
+  EXPECT_TRUE(Has(TextsOf(layout.Drawn), Falling().Title));
+
+  const ChartLayout zoomed = LayOutChart(Falling(), {700, 400}, TextWidth, ChartWindow{{140, 160}, {2, 3}});
+  EXPECT_FALSE(Has(TextsOf(zoomed.Drawn), "1.5")) << "the reference is not in sight";
+  EXPECT_EQ(zoomed.Drawn.Clip.Left, zoomed.Plot.Left) << "nothing runs out of the plot";
+}
+
+TEST(LayOutChart, GivesUpTheLegendLast) {
+  Chart chart = Falling();
+  for (ChartCurve& curve : chart.Curves) {
+    curve.X = {100, 125, 150, 175, 200};
+    curve.Y = {3, 0.1, 3, 0.1, 3};
+  }
+  const ChartLayout small = LayOutChart(chart, {267, 180}, TextWidth);
+  EXPECT_TRUE(small.LegendLeftOut);
+  const std::vector<std::string> texts = TextsOf(small.Drawn);
+  EXPECT_TRUE(texts.front().starts_with("A heading that") && texts.front().ends_with("\xE2\x80\xA6"))
+      << texts.front();
+  EXPECT_TRUE(Has(texts, "1.5"));
+  const ChartLayout below = LayOutChart(chart, {300, 300}, TextWidth);
+  EXPECT_TRUE(below.Legend && below.Legend->Top > below.XTitle.Bottom);
+  const ChartLayout beside = LayOutChart(chart, {500, 300}, TextWidth);
+  EXPECT_TRUE(beside.Legend && beside.Legend->Left > beside.Plot.Right);
+}
+
+TEST(LayOutChart, NotesAreBrokenIntoLines) {
+  const auto size = [](const std::string& text) { return static_cast<double>(text.size()); };
+  EXPECT_EQ(NoteLines({"one two three", "four"}, 8, size),
+            (std::vector<std::string>{"one two", "three", "four"}));
+  EXPECT_EQ(NoteLines({"a /long/path"}, 5, size), (std::vector<std::string>{"a", "/long", "/path"}));
+  EXPECT_EQ(NoteLines({"\xC3\xA4\xC3\xA4"}, 1, size), (std::vector<std::string>{"\xC3\xA4", "\xC3\xA4"}))
+      << "characters stay whole";
+}
+
+TEST(TextWidth, GrowsWithTheSizeAndTakesEveryText) {
+  EXPECT_NEAR(TextWidth("Stability Factor", 24), 2 * TextWidth("Stability Factor", 12), 1e-9);
+  EXPECT_NEAR(TextWidth("\xC3\xA4 1", 12), TextWidth("a 1", 12), 1e-6) << "an accent is no wider";
+  EXPECT_EQ(TextWidth("", 12), 0);
+}
+
+}  // namespace
+}  // namespace korva
