@@ -217,7 +217,7 @@ void frmMain::UtilItem(int index) {
     case kFileConversion:
       if (korva_.ProjectEmpty) {
         ShowMessage(korva_, ports_.Messages,
-                    {.text = "Current file is empty", .title = {}, .topic = "messages-files"});
+                    {.text = std::string(kEmptyFile), .title = {}, .topic = "messages-files"});
       } else if (!korva_.ProjectSaved) {
         ShowMessage(korva_, ports_.Messages,
                     {.text = "Save Current File before accessing this option",

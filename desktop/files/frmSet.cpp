@@ -97,8 +97,7 @@ QGroupBox* frmSet::UnitsFrame() {
 
 QGroupBox* frmSet::WindowFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Main window"), this);
-  size_ = NewBox("Text3", "Size of Command History Window",
-                 "Characters that the history keeps. Accepted: 4096 to 16384.");
+  size_ = NewBox("Text3", kHistorySizeCaption, "Characters that the history keeps. Accepted: 4096 to 16384.");
   font_ = NewButton("Command5", QStringLiteral("&History Font"), this);
   font_->setToolTip(QStringLiteral("Font of the history, applied at once"));
   auto* label =

@@ -104,8 +104,7 @@ void frmPicture::BuildMenus() {
 
   QMenu& settings = menu("mnuPlotSet", "&Settings");
   auto* choices = new QActionGroup(this);
-  constexpr std::array kPlots = {"&Pillar Dimensions", "Unit Pillar Strength",
-                                 "Pillar Load Bearing Capacity"};
+  constexpr std::array kPlots = {"&Pillar Dimensions", kStrengthPlot, kCapacityPlot};
   for (int i = 0; i < static_cast<int>(kPlots.size()); ++i) {
     QAction* item = AddItem(settings, "mnuPlotSetItem", i, kPlots.at(static_cast<std::size_t>(i)),
                             [this, i] { ChoosePlot(i); });

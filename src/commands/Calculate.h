@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/Korva.h"
 #include "core/Messages.h"
@@ -11,6 +12,9 @@
 #include "strond/KORVAStrond2D.h"
 
 namespace korva {
+
+// What commands say that need a project.
+inline constexpr std::string_view kEmptyFile = "Current file is empty";
 
 // What a run yields, before it is put on pages; or the check's refusal. Which parts there are is told by the
 // model: 0 traditional, 2 both, anything else laminated.

@@ -32,8 +32,8 @@ std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
   if (Trimmed(texts.DataPath).empty() || !folderExists(FolderText(texts.DataPath))) {
     return SettingsRefusal{"Invalid Path for Data Files", Kind::kError, "Text2"};
   }
-  if (auto fault = CheckFieldRange(texts.MaxDisplaySize, kLeastHistory, kGreatestHistory,
-                                   "Size of Command History Window")) {
+  if (auto fault =
+          CheckFieldRange(texts.MaxDisplaySize, kLeastHistory, kGreatestHistory, kHistorySizeCaption)) {
     return SettingsRefusal{*fault, Kind::kRange, "Text3"};
   }
   if (!std::all_of(texts.FileExtension.begin(), texts.FileExtension.end(), IsExtensionCharacter)) {

@@ -7,6 +7,9 @@
 
 namespace korva {
 
+// What screen readers and refusals call the box of the history's size.
+inline constexpr const char* kHistorySizeCaption = "Size of Command History Window";
+
 // The texts of the dialog that are checked.
 struct SettingsTexts {
   std::string DataPath;        // Text2

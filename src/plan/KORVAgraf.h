@@ -23,6 +23,10 @@ inline constexpr int kPlotCapacity = 3;
 inline constexpr int kPlotSideStress = 4;
 inline constexpr int kPlotTotalStress = 5;
 
+// Names of plots, in the menu and as titles.
+inline constexpr const char* kStrengthPlot = "Unit Pillar Strength";
+inline constexpr const char* kCapacityPlot = "Pillar Load Bearing Capacity";
+
 inline constexpr std::string_view kInvalidPillars = "Invalid Pillar Dimensions";
 
 // The height of texts as a share of the drawing's side, where no window says otherwise.

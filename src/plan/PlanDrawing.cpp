@@ -125,10 +125,10 @@ std::string PlanCaption(const PlanRequest& request) {
                          BareUnit(UnitLabel(UnitKind::kLength, request.Units)));
       break;
     case kPlotStrength:
-      text = "Unit Pillar Strength" + values.StressLabel;
+      text = std::string(kStrengthPlot) + values.StressLabel;
       break;
     case kPlotCapacity:
-      text = "Pillar Load Bearing Capacity" + values.LoadLabel;
+      text = std::string(kCapacityPlot) + values.LoadLabel;
       break;
     case kPlotSideStress:
       text = "Individual Pillar Stresses - Abutment" + values.StressLabel;

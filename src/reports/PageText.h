@@ -13,6 +13,12 @@ namespace korva {
 // The width to which running text on a page is wrapped.
 inline constexpr std::size_t kPageWidth = 70;
 
+// Headings that the pages of both models have.
+inline constexpr std::string_view kFactorsHeading = "[KORVA STABILITY FACTORS]";
+inline constexpr std::string_view kBarrierFactorsHeading = "[BARRIER PILLAR STABILITY FACTORS]";
+inline constexpr std::string_view kPillarsHeading = "[PILLAR PARAMETERS]";
+inline constexpr std::string_view kBarriersHeading = "[BARRIER PILLAR PARAMETERS]";
+
 class PageText {
  public:
   PageText() = default;

@@ -145,7 +145,7 @@ void LeaveRowTable(PageText& page, const OutputResults& output) {
 
 std::string ReportBarriers(const OutputResults& output, const Project& project) {
   const WorkValues& w = output.Work;
-  PageText page("[BARRIER PILLAR PARAMETERS]");
+  PageText page(kBarriersHeading);
   if (w.LoadCond < kOneSideGob) {
     NoSideGobs(page);
     return page.Take();

@@ -18,7 +18,7 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
   };
   const auto number = [](int row) { return PadLeft(fmt::format("{}", row), 6); };
 
-  PageText page("[PILLAR PARAMETERS]");
+  PageText page(kPillarsHeading);
   page.Line("PILLAR         ENTRY       MINIMUM       MAXIMUM");
   page.Line("              CENTER     DIMENSION     DIMENSION");
   page.Line(PadLeft(length, 20), PadLeft(length, 14), PadLeft(length, 14));

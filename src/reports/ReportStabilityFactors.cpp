@@ -23,7 +23,7 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
   const int lastCase = LastCaseShown(project, calculation.Work);
   const bool sideGobs = loadCond >= kOneSideGob;
 
-  PageText page("[KORVA STABILITY FACTORS]");
+  PageText page(kFactorsHeading);
   for (int c = kDevelopment; c <= lastCase; ++c) {
     const auto stage = static_cast<std::size_t>(c - kDevelopment);
     page.Line(FactorRow(ModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
@@ -32,7 +32,7 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
     }
   }
   if (sideGobs) {
-    page.Line().Line("[BARRIER PILLAR STABILITY FACTORS]").Line();
+    page.Line().Line(kBarrierFactorsHeading).Line();
     for (int c = kDevelopment; c <= lastCase; ++c) {
       page.Line("[", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
       for (const int k : SideGobs(loadCond)) {

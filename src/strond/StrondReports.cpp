@@ -70,7 +70,7 @@ void AddSideFactors(PageText& page, std::string_view heading, const Values& valu
 std::string PillarPage(const StrondResults& results, const Project& project, UnitSystem units) {
   const std::string length(UnitLabel(UnitKind::kLength, units));
   const std::string stress = units == kMetric ? "(Pa)" : "(psi)";
-  PageText page("[PILLAR PARAMETERS]");
+  PageText page(kPillarsHeading);
   page.Line("PILLAR         ENTRY        PILLAR        PILLAR");
   page.Line("              CENTER         WIDTH      STRENGTH");
   page.Line(PadLeft(length, 20), PadLeft(length, kColumn), PadLeft(stress, kColumn));
@@ -113,9 +113,9 @@ std::string BearingPage(std::string_view title, std::string_view heading, const 
 void AddTables(StrondPages& pages, const StrondResults& results, const Project& project, UnitSystem units,
                const Shown& shown) {
   pages.Page[2] = PillarPage(results, project, units);
-  pages.Page[3] = BearingPage("[BARRIER PILLAR PARAMETERS]",
-                              "BARRIER               AREA      STRENGTH          LOAD          LOAD",
-                              results.StrondBarrierData, units, shown);
+  pages.Page[3] =
+      BearingPage(kBarriersHeading, "BARRIER               AREA      STRENGTH          LOAD          LOAD",
+                  results.StrondBarrierData, units, shown);
   pages.Page[4] = BearingPage("[REMNANT PILLAR PARAMETERS]",
                               "REMNANT               AREA      STRENGTH          LOAD          LOAD",
                               results.StrondRemnantData, units, shown);
@@ -143,12 +143,12 @@ StrondPages StrondCompareReport(const StrondResults& results, const Project& pro
   const Shown shown(project);
   const Results& out = traditional.Out;
   PageText page;
-  page.Line("[KORVA STABILITY FACTORS]");
+  page.Line(kFactorsHeading);
   page.Line(std::string(kLabelWidth, ' '), "KORVA-STROND", "   ", "KORVA-TRADITIONAL");
   AddFactors(page, results, shown,
              [&](int c) { return kGap + FactorText(RoundSF(out.SFKorva[kDevelopment + c], roundKORVASF)); });
   AddSideFactors(
-      page, "[BARRIER PILLAR STABILITY FACTORS]", results.StrondBarrierSF, BarrierTitles, shown,
+      page, kBarrierFactorsHeading, results.StrondBarrierSF, BarrierTitles, shown,
       [&](int c, int side) { return kGap + FactorText(out.BarrierSF[kDevelopment + c][kFirstSide + side]); });
   // The traditional model has no development value for a remnant.
   AddSideFactors(

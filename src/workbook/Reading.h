@@ -8,6 +8,9 @@
 
 namespace korva {
 
+inline constexpr std::string_view kLockedWorkbook =
+    "the workbook is locked by a password; save it without one";
+
 class Reading {
  public:
   Reading(std::string file, std::function<bool()> goOn) : file_(std::move(file)), goOn_(std::move(goOn)) {}

@@ -22,7 +22,7 @@ constexpr std::size_t kLargestAnswer = std::size_t{128} << 20;
     case XlsStatus::kDamaged:
       reading.Damaged("its records do not fit together");
     case XlsStatus::kLocked:
-      reading.Refuse("the workbook is locked by a password; save it without one");
+      reading.Refuse(kLockedWorkbook);
     case XlsStatus::kTooLarge:
       reading.TooLarge("it takes more memory, or has more cells, than a worksheet may");
     case XlsStatus::kNoWorkbook:

@@ -109,7 +109,7 @@ std::string ZipParts::Read(std::string_view name) {
     reading_.Damaged(fmt::format("its part {} cannot be found", name));
   }
   if ((info.flag & 1U) != 0) {
-    reading_.Refuse("the workbook is locked by a password; save it without one");
+    reading_.Refuse(kLockedWorkbook);
   }
   if (info.uncompressed_size > kLargestPart || unpacked_ + info.uncompressed_size > kLargestUnpacked) {
     reading_.TooLarge(fmt::format("its part {} unpacks to {} bytes", name, info.uncompressed_size));
