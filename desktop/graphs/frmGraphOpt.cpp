@@ -30,14 +30,6 @@ QComboBox* NewChoice(const char* name, std::initializer_list<const char*> entrie
   return list;
 }
 
-QLineEdit* NewText(const QString& name, const char* meaning, QWidget* parent) {
-  auto* text = new QLineEdit(parent);
-  text->setObjectName(name);
-  text->setAccessibleName(QLatin1String(meaning));
-  text->setMinimumWidth(text->fontMetrics().averageCharWidth() * 36);
-  return text;
-}
-
 // A row of the texts of which one is shown.
 QWidget* Stack(const std::vector<QLineEdit*>& texts, int shown, QWidget* parent) {
   auto* row = new QWidget(parent);
@@ -88,19 +80,30 @@ void frmGraphOpt::Build() {
   all->addLayout(NewButtonRow(help, {ok, cancel}));
 }
 
+QLineEdit* frmGraphOpt::NewTitle(const QString& name, const char* meaning, std::string& title) {
+  auto* text = new QLineEdit(this);
+  text->setObjectName(name);
+  text->setAccessibleName(QLatin1String(meaning));
+  text->setMinimumWidth(text->fontMetrics().averageCharWidth() * 36);
+  titles_.emplace_back(text, &title);
+  return text;
+}
+
 QWidget* frmGraphOpt::BuildTitles() {
   auto* frame = new QGroupBox(QStringLiteral("Titles"), this);
   auto* rows = new QFormLayout(frame);
-  Text1_ = NewText(QStringLiteral("Text1"), "Graph title", frame);
+  rows->addRow(QStringLiteral("Graph title"),
+               NewTitle(QStringLiteral("Text1"), "Graph title", draft_.GraphTitle));
+  std::vector<QLineEdit*> texts;
   for (int i = 0; i < kGraphs; ++i) {
-    Text2_.push_back(NewText(IndexedName("Text2", i), "X-axis title", frame));
+    texts.push_back(NewTitle(IndexedName("Text2", i), "X-axis title", draft_.XAxisTitle[i]));
   }
+  rows->addRow(QStringLiteral("X-axis title"), Stack(texts, graph_.ShownGraph(), frame));
+  texts.clear();
   for (int i = 0; i < 2; ++i) {
-    Text3_.push_back(NewText(IndexedName("Text3", i), "Y-axis title", frame));
+    texts.push_back(NewTitle(IndexedName("Text3", i), "Y-axis title", draft_.YAxisTitle[i]));
   }
-  rows->addRow(QStringLiteral("Graph title"), Text1_);
-  rows->addRow(QStringLiteral("X-axis title"), Stack(Text2_, graph_.ShownGraph(), frame));
-  rows->addRow(QStringLiteral("Y-axis title"), Stack(Text3_, YTitleOf(graph_.ShownGraph()), frame));
+  rows->addRow(QStringLiteral("Y-axis title"), Stack(texts, YTitleOf(graph_.ShownGraph()), frame));
   return frame;
 }
 
@@ -140,12 +143,8 @@ QWidget* frmGraphOpt::BuildFormat() {
 }
 
 void frmGraphOpt::InitForm() {
-  Text1_->setText(FromUtf8(draft_.GraphTitle));
-  for (int i = 0; i < kGraphs; ++i) {
-    Text2_[static_cast<std::size_t>(i)]->setText(FromUtf8(draft_.XAxisTitle[i]));
-  }
-  for (int i = 0; i < 2; ++i) {
-    Text3_[static_cast<std::size_t>(i)]->setText(FromUtf8(draft_.YAxisTitle[i]));
+  for (const auto& [text, title] : titles_) {
+    text->setText(FromUtf8(*title));
   }
   Combo1_->setCurrentIndex(draft_.GridStyle);
   Combo2_->setCurrentIndex(draft_.GraphStyle - 1);
@@ -162,11 +161,12 @@ void frmGraphOpt::ChooseParameters(int index) {
     SetDefaultTitles(draft_, session_.State.Stored.ProjectUnits);
     InitForm();
   }
-  std::vector<QWidget*> edited = {Text1_, Combo1_, Combo2_, Check1_, HScroll1_, txtSS_, lblSS_};
-  edited.insert(edited.end(), Text2_.begin(), Text2_.end());
-  edited.insert(edited.end(), Text3_.begin(), Text3_.end());
-  for (QWidget* control : edited) {
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{Combo1_, Combo2_, Check1_, HScroll1_, txtSS_, lblSS_}) {
     control->setEnabled(index == kLastUsed);
+  }
+  for (const auto& title : titles_) {
+    title.first->setEnabled(index == kLastUsed);
   }
 }
 
@@ -185,12 +185,8 @@ void frmGraphOpt::CheckChoice(QComboBox& list) {
 }
 
 void frmGraphOpt::accept() {
-  draft_.GraphTitle = Text1_->text().toStdString();
-  for (int i = 0; i < kGraphs; ++i) {
-    draft_.XAxisTitle[i] = Text2_[static_cast<std::size_t>(i)]->text().toStdString();
-  }
-  for (int i = 0; i < 2; ++i) {
-    draft_.YAxisTitle[i] = Text3_[static_cast<std::size_t>(i)]->text().toStdString();
+  for (const auto& [text, title] : titles_) {
+    *title = text->text().toStdString();
   }
   draft_.GridStyle = Combo1_->currentIndex();
   draft_.GraphStyle = Combo2_->currentIndex() + 1;

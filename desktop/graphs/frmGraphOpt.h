@@ -3,6 +3,8 @@
 
 #include <QDialog>
 #include <array>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/support/Session.h"
@@ -30,6 +32,7 @@ class frmGraphOpt final : public QDialog {
 
  private:
   void Build();
+  QLineEdit* NewTitle(const QString& name, const char* meaning, std::string& title);
   QWidget* BuildTitles();
   QWidget* BuildFormat();
   void InitForm();
@@ -41,9 +44,7 @@ class frmGraphOpt final : public QDialog {
   frmGraph& graph_;
   GraphSettings draft_;
   std::array<QRadioButton*, 2> Option1_{};
-  QLineEdit* Text1_ = nullptr;
-  std::vector<QLineEdit*> Text2_;
-  std::vector<QLineEdit*> Text3_;
+  std::vector<std::pair<QLineEdit*, std::string*>> titles_;  // boxes, and what they edit of the draft
   QComboBox* Combo1_ = nullptr;
   QComboBox* Combo2_ = nullptr;
   QCheckBox* Check1_ = nullptr;
