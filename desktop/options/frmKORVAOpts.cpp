@@ -27,45 +27,51 @@ constexpr int kTitleSlot = 7;
 constexpr int kOutputTab = 2;
 constexpr int kRangeDigits = 6;
 
-// A check box, its caption, what it means, and its option.
+// A check box: the title of its frame, its name and caption, what it means, and its option.
 struct CheckRow {
+  std::string_view Frame;
   const char* Name;
   const char* Caption;
   const char* ToolTip;
   bool OptionSettings::*Value;
 };
 constexpr CheckRow kChecks[] = {
-    {"Check1", "Load the input form on file open / file new",
+    {"Edit menu options", "Check1", "Load the input form on file open / file new",
      "New opens the project description, Open the project parameters",
      &OptionSettings::ShowInputScreenOnLoad},
-    {"chkInputCancel", "Issue warning when discarding changes in input form(s) ",
+    {"Edit menu options", "chkInputCancel", "Issue warning when discarding changes in input form(s) ",
      "Closing the project parameters with changes asks first", &OptionSettings::IssueWarningCancel},
-    {"Check8", "Print plot reminders in output", "Page 3 tells where the plan shows its values",
-     &OptionSettings::PrintPlotReminder},
-    {"Check3", "Print module version information", "Page 0 begins with the version",
+    {"Print options", "Check8", "Print plot reminders in output",
+     "Page 3 tells where the plan shows its values", &OptionSettings::PrintPlotReminder},
+    {"Print options", "Check3", "Print module version information", "Page 0 begins with the version",
      &OptionSettings::PrintModuleHeader},
-    {"Check4", "Plot entry spacing dimensions", "In the plan", &OptionSettings::PlotEntryDims},
-    {"Check5", "Plot crosscut spacing dimensions", "In the plan", &OptionSettings::PlotXcutDims},
-    {"Check7", "Dimension crosscut spacing ONCE", "In the plan: for the first pillar line alone",
-     &OptionSettings::PlotSingleXcutDims},
-    {"Check6", "Dimension barriers and gobs", "In the plan, slab cuts and bleeder rows too",
+    {"Plot options", "Check4", "Plot entry spacing dimensions", "In the plan",
+     &OptionSettings::PlotEntryDims},
+    {"Plot options", "Check5", "Plot crosscut spacing dimensions", "In the plan",
+     &OptionSettings::PlotXcutDims},
+    {"Plot options", "Check7", "Dimension crosscut spacing ONCE",
+     "In the plan: for the first pillar line alone", &OptionSettings::PlotSingleXcutDims},
+    {"Plot options", "Check6", "Dimension barriers and gobs", "In the plan, slab cuts and bleeder rows too",
      &OptionSettings::PlotGobDims},
-    {"Check2", "View project file in child window",
+    {"View options", "Check2", "View project file in child window",
      "View Plan of the project parameters opens a window; else it draws into their small picture",
      &OptionSettings::ViewChildWindow},
-    {"chkOffice", "Do not ask if MS-Office is installed", "At the export of a graph",
+    {"Graph export options", "chkOffice", "Do not ask if MS-Office is installed", "At the export of a graph",
      &OptionSettings::AskOfficeInstall},
-    {"chkStrond2DOut", "Enable viewing of STROND2D output file(s)", "Kept without effect",
-     &OptionSettings::Strond2DViewOutput},
-    {"chkStrond2DProgress", "Enable viewing of Strond2D progress information (parameter forms)",
-     "Kept without effect", &OptionSettings::Strond2DViewProgress},
-    {"chkStrond2DProgOutput", "Enable viewing of Strond2D progress information (output menu)",
-     "Kept without effect", &OptionSettings::Strond2DViewProgOutput},
+    {"Output Options NOT VISIBLE", "chkStrond2DOut", "Enable viewing of STROND2D output file(s)",
+     "Kept without effect", &OptionSettings::Strond2DViewOutput},
+    {"Output Options NOT VISIBLE", "chkStrond2DProgress",
+     "Enable viewing of Strond2D progress information (parameter forms)", "Kept without effect",
+     &OptionSettings::Strond2DViewProgress},
+    {"Output Options NOT VISIBLE", "chkStrond2DProgOutput",
+     "Enable viewing of Strond2D progress information (output menu)", "Kept without effect",
+     &OptionSettings::Strond2DViewProgOutput},
 };
 
-// A group of option buttons by the name of its array, their captions, and their option, which is the index of
-// the button. Captions 1 and 2 of the rounding stand for each other's action.
+// A group of option buttons: the title of its frame, the name of its array, their captions, and their option,
+// which is the index of the button. Captions 1 and 2 of the rounding stand for each other's action.
 struct OptionRow {
+  std::string_view Frame;
   const char* Array;
   std::vector<const char*> Captions;
   std::variant<bool OptionSettings::*, StressUnit OptionSettings::*, LoadUnit OptionSettings::*,
@@ -74,15 +80,21 @@ struct OptionRow {
 };
 const std::vector<OptionRow>& OptionRows() {
   static const std::vector<OptionRow> rows = {
-      {"Option3",
+      {"Plot gob width options",
+       "Option3",
        {"Plot gob width to scale", "Plot gob width schematically"},
        &OptionSettings::PlotGobExtLoose},
-      {"Option4",
+      {"Rounding of KORVA SF",
+       "Option4",
        {"Round to two decimals", "Truncate to two decimals", "Do not round"},
        &OptionSettings::RoundKORVASF},
-      {"Option1", {"psi", "psf"}, &OptionSettings::OutputStrUnits},
-      {"Option2", {"lbs,  lbs/ft", "tons, tons/ft"}, &OptionSettings::OutputStrGradUnits},
-      {"optTmpDir",
+      {"Output units (pressure/strength)", "Option1", {"psi", "psf"}, &OptionSettings::OutputStrUnits},
+      {"Output units (load, load gradient)",
+       "Option2",
+       {"lbs,  lbs/ft", "tons, tons/ft"},
+       &OptionSettings::OutputStrGradUnits},
+      {"Temporary File Location",
+       "optTmpDir",
        {"Application directory (may not be allowed)", "User temporary directory (hidden) [default]",
         "Root directory (may not be allowed)", "MyFolvane temporary directory (not hidden)"},
        &OptionSettings::iOptDir}};
@@ -130,35 +142,27 @@ QWidget* frmKORVAOpts::NewTab(const char* caption) {
   return tab;
 }
 
+// A frame with the check boxes and option buttons whose rows name it.
 QGroupBox* frmKORVAOpts::NewFrame(QWidget* tab, const char* caption) {
   auto* frame = new QGroupBox(QLatin1String(caption), tab);
-  new QGridLayout(frame);
+  auto* grid = new QGridLayout(frame);
   tab->layout()->addWidget(frame);
+  for (const CheckRow& row : kChecks) {
+    if (row.Frame == caption) {
+      QCheckBox* box = NewCheckBox(row.Name, QLatin1String(row.Caption), frame);
+      box->setToolTip(QLatin1String(row.ToolTip));
+      checks_[row.Name] = box;
+      grid->addWidget(box);
+    }
+  }
+  for (const OptionRow& row : OptionRows()) {
+    for (std::size_t i = 0; row.Frame == caption && i < row.Captions.size(); ++i) {
+      options_[row.Array].push_back(
+          NewOption(IndexedName(row.Array, static_cast<int>(i)), QLatin1String(row.Captions[i]), frame));
+      grid->addWidget(options_[row.Array].back());
+    }
+  }
   return frame;
-}
-
-void frmKORVAOpts::AddChecks(QGroupBox* frame, std::initializer_list<const char*> names) {
-  for (const std::string_view name : names) {
-    const auto* row = std::find_if(std::begin(kChecks), std::end(kChecks),
-                                   [name](const CheckRow& check) { return name == check.Name; });
-    QCheckBox* box = NewCheckBox(row->Name, QLatin1String(row->Caption), frame);
-    box->setToolTip(QLatin1String(row->ToolTip));
-    checks_[row->Name] = box;
-    frame->layout()->addWidget(box);
-  }
-}
-
-void frmKORVAOpts::AddOptions(QGroupBox* frame, const char* array) {
-  const auto& rows = OptionRows();
-  const auto row = std::find_if(rows.begin(), rows.end(), [array](const OptionRow& option) {
-    return std::string_view(option.Array) == array;
-  });
-  for (std::size_t i = 0; i < row->Captions.size(); ++i) {
-    QRadioButton* option =
-        NewOption(IndexedName(array, static_cast<int>(i)), QLatin1String(row->Captions[i]), frame);
-    options_[array].push_back(option);
-    frame->layout()->addWidget(option);
-  }
 }
 
 FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* caption,
@@ -180,17 +184,17 @@ FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* c
 
 void frmKORVAOpts::BuildEditTab() {
   QWidget* tab = NewTab("Edit / Print Options");
-  AddChecks(NewFrame(tab, "Edit menu options"), {"Check1", "chkInputCancel"});
-  AddChecks(NewFrame(tab, "Print options"), {"Check8", "Check3"});
+  NewFrame(tab, "Edit menu options");
+  NewFrame(tab, "Print options");
   tab->layout()->addWidget(new AssociationBox(session_, tab));
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
 }
 
 void frmKORVAOpts::BuildPlotTab() {
   QWidget* tab = NewTab("View / Plot Options");
-  AddChecks(NewFrame(tab, "Plot options"), {"Check4", "Check5", "Check7", "Check6"});
-  AddOptions(NewFrame(tab, "Plot gob width options"), "Option3");
-  AddChecks(NewFrame(tab, "View options"), {"Check2"});
+  NewFrame(tab, "Plot options");
+  NewFrame(tab, "Plot gob width options");
+  NewFrame(tab, "View options");
   AddImport(tab);
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
 }
@@ -211,14 +215,14 @@ void frmKORVAOpts::AddImport(QWidget* tab) {
 
 void frmKORVAOpts::BuildOutputTab() {
   QWidget* tab = NewTab("Output Options");
-  AddOptions(NewFrame(tab, "Rounding of KORVA SF"), "Option4");
-  AddChecks(NewFrame(tab, "Graph export options"), {"chkOffice"});
+  NewFrame(tab, "Rounding of KORVA SF");
+  NewFrame(tab, "Graph export options");
   QGroupBox* range = NewFrame(tab, "Range of parametric analysis");
   AddBox(range, "Text1", "Minimum value (%)",
          "Where a parametric graph begins, in percent of the project's value. Accepted: 2 to 150.");
   AddBox(range, "Text2", "Maximum value (%)", "Where it ends. Accepted: 2 to 150, more than the minimum.");
-  AddOptions(NewFrame(tab, "Output units (pressure/strength)"), "Option1");
-  AddOptions(NewFrame(tab, "Output units (load, load gradient)"), "Option2");
+  NewFrame(tab, "Output units (pressure/strength)");
+  NewFrame(tab, "Output units (load, load gradient)");
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
 }
 
@@ -226,7 +230,6 @@ void frmKORVAOpts::BuildStrondelTab() {
   QWidget* tab = NewTab("Strondel Options");
   QGroupBox* place = NewFrame(tab, "Temporary File Location");
   place->setToolTip(QStringLiteral("Where the files between this program and the solver lie"));
-  AddOptions(place, "optTmpDir");
   AddHiddenFrames(tab);
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
 }
@@ -234,7 +237,6 @@ void frmKORVAOpts::BuildStrondelTab() {
 // Options without an effect, kept so that a settings file survives.
 void frmKORVAOpts::AddHiddenFrames(QWidget* tab) {
   QGroupBox* output = NewFrame(tab, "Output Options NOT VISIBLE");
-  AddChecks(output, {"chkStrond2DOut", "chkStrond2DProgress", "chkStrond2DProgOutput"});
   QGroupBox* cells = NewFrame(tab, "Strond2D cell size NOT VISIBLE");
   AddBox(cells, "txtCellSizeEng", "English Units (ft)", "Kept without effect");
   AddBox(cells, "txtCellSizeMet", "Metric Units (m)", "Kept without effect");

@@ -29,8 +29,6 @@ class frmKORVAOpts final : public QDialog {
   void Build();
   QWidget* NewTab(const char* caption);
   QGroupBox* NewFrame(QWidget* tab, const char* caption);
-  void AddChecks(QGroupBox* frame, std::initializer_list<const char*> names);
-  void AddOptions(QGroupBox* frame, const char* array);
   FieldBox* AddBox(QGroupBox* frame, const char* name, const char* caption, const char* explanation);
   void BuildEditTab();
   void BuildPlotTab();
