@@ -16,7 +16,8 @@ namespace {
 // What the input form would compute. A value that has none is null and told; the calculation stands without
 // it.
 Json FormJson(const Korva& korva, const std::string& file) {
-  const ParameterFields fields = FieldsOfProject(korva.ProjectCalc, korva.Stored.ProjectUnits);
+  const Project shown = ShownInForm(korva.ProjectCalc);
+  const UnitSystem units = korva.Stored.ProjectUnits;
   const auto value = [&file](auto compute) -> Json {
     try {
       return compute();
@@ -25,9 +26,9 @@ Json FormJson(const Korva& korva, const std::string& file) {
       return nullptr;
     }
   };
-  return {{"Calc_AMZ", value([&] { return Calc_AMZ(fields.DepthCover, fields.ProjectUnits); })},
-          {"Calc_Arch", value([&] { return static_cast<double>(Calc_Arch(fields)); })},
-          {"Calc_Ext_Ratio", value([&] { return Calc_Ext_Ratio(fields); })}};
+  return {{"Calc_AMZ", value([&] { return Calc_AMZ(shown.DepthCover, units); })},
+          {"Calc_Arch", value([&] { return static_cast<double>(Calc_Arch(shown, units)); })},
+          {"Calc_Ext_Ratio", value([&] { return Calc_Ext_Ratio(shown); })}};
 }
 
 // The results of the models that ran.

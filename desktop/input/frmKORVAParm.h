@@ -42,6 +42,7 @@ class frmKORVAParm final : public QDialog {
   void WirePreview();
 
   // Rules of dependent fields.
+  Project Entered() const;
   void UpdateArch();
   void UpdateAMZ();
   void UpdateRatio();

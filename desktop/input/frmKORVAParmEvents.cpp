@@ -7,6 +7,7 @@
 #include "desktop/input/frmKORVAParm.h"
 #include "desktop/services/Capture.h"
 #include "input/FieldNumber.h"
+#include "input/FormComputations.h"
 #include "input/ParameterWarnings.h"
 #include "plan/PanelPicture.h"
 
@@ -128,10 +129,16 @@ void frmKORVAParm::WireWarnings() {
   }
 }
 
+Project frmKORVAParm::Entered() const {
+  Project entered;
+  StoreParameters(Texts(), entered);
+  return entered;
+}
+
 void frmKORVAParm::UpdateArch() {
   if (ui_.Check(&Project::ArchAuto).isChecked()) {
     Run([this] {
-      const float factor = Calc_Arch(FieldsOfTexts(Texts(), session_.State.Stored.ProjectUnits));
+      const float factor = Calc_Arch(Entered(), session_.State.Stored.ProjectUnits);
       ui_.Box(&Project::ArchFactor).Fill(GeneralText(factor));
     });
   }
@@ -148,9 +155,7 @@ void frmKORVAParm::UpdateAMZ() {
 }
 
 void frmKORVAParm::UpdateRatio() {
-  Run([this] {
-    ui_.Text10->Fill(Calc_Ext_Ratio(FieldsOfTexts(Texts(), session_.State.Stored.ProjectUnits)));
-  });
+  Run([this] { ui_.Text10->Fill(Calc_Ext_Ratio(Entered())); });
 }
 
 void frmKORVAParm::CenterChanged(int index) {

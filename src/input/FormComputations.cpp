@@ -19,14 +19,10 @@ double FieldOf(double value) {
   return FieldNumber(GeneralText(value));
 }
 
-int LastCenter(const ParameterFields& fields) {
-  return static_cast<int>(std::nearbyint(fields.NumberEntries)) - 1;
-}
-
 // The centers' sum in 32 bits, narrowed at each addition.
-float SumOfCenters(const ParameterFields& fields) {
+float SumOfCenters(const Project& fields) {
   float sum = 0;
-  for (int i = 1; i <= LastCenter(fields); ++i) {
+  for (int i = 1; i < fields.NumberEntries; ++i) {
     sum = static_cast<float>(static_cast<double>(sum) + fields.XcutCenters[i]);
   }
   return sum;
@@ -48,20 +44,17 @@ float ArchOf(float depth, float width, double wideDepth) {
 
 }  // namespace
 
-ParameterFields FieldsOfProject(const Project& project, UnitSystem units) {
-  ParameterFields fields;
-  fields.DepthCover = FieldOf(project.DepthCover);
-  fields.XcutAngle = FieldOf(project.XcutAngle);
-  fields.EntryWidth = FieldOf(project.EntryWidth);
-  fields.XcutSpacing = FieldOf(project.XcutSpacing);
-  fields.NumberEntries = project.NumberEntries;
-  fields.BreadthAMZ = FieldOf(project.BreadthAMZ);
-  fields.ProjectUnits = units;
-  for (int i = 1; i <= LastCenter(fields); ++i) {
-    const double center = FieldOf(project.XcutCenters[i]);
-    fields.XcutCenters[i] = center == 0 ? fields.XcutCenters[1] : center;
+Project ShownInForm(const Project& project) {
+  Project shown = project;
+  for (double Project::*member : {&Project::DepthCover, &Project::XcutAngle, &Project::EntryWidth,
+                                  &Project::XcutSpacing, &Project::BreadthAMZ}) {
+    shown.*member = FieldOf(project.*member);
   }
-  return fields;
+  for (int i = 1; i < shown.NumberEntries; ++i) {
+    const double center = FieldOf(project.XcutCenters[i]);
+    shown.XcutCenters[i] = center == 0 ? shown.XcutCenters[1] : center;
+  }
+  return shown;
 }
 
 std::int32_t Calc_AMZ(double depth, UnitSystem units) {
@@ -81,7 +74,7 @@ std::int32_t Calc_AMZ(double depth, UnitSystem units) {
   return static_cast<std::int32_t>(breadth);
 }
 
-float Calc_Arch(const ParameterFields& fields) {
+float Calc_Arch(const Project& fields, UnitSystem units) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
   auto depth = static_cast<float>(fields.DepthCover);
   float width = SumOfCenters(fields);
@@ -90,7 +83,7 @@ float Calc_Arch(const ParameterFields& fields) {
     return 1;
   }
   double wideDepth = kWidePanelDepth;
-  if (fields.ProjectUnits == kMetric) {
+  if (units == kMetric) {
     depth = static_cast<float>(static_cast<double>(depth) * kFeetPerMeter);
     width = static_cast<float>(static_cast<double>(width) * kFeetPerMeter);
     wideDepth = kMetricWidePanelDepth;
@@ -102,11 +95,8 @@ float Calc_Arch(const ParameterFields& fields) {
 
 float UnroundedArch(const Project& project) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
-  ParameterFields fields;
-  fields.NumberEntries = project.NumberEntries;
-  fields.XcutCenters = project.XcutCenters;
   const auto depth = static_cast<float>(FieldOf(project.DepthCover));
-  const float sum = SumOfCenters(fields);
+  const float sum = SumOfCenters(project);
   watch.Step("Calc_Arch");
   const auto width = static_cast<float>(FieldNumber(GeneralText(sum)));
   if (width == 0) {
@@ -117,7 +107,7 @@ float UnroundedArch(const Project& project) {
   return factor;
 }
 
-std::string Calc_Ext_Ratio(const ParameterFields& fields) {
+std::string Calc_Ext_Ratio(const Project& fields) {
   const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
   const double angle = fields.XcutAngle * kRadiansPerDegree;
   const double spacing = fields.XcutSpacing;
@@ -128,7 +118,7 @@ std::string Calc_Ext_Ratio(const ParameterFields& fields) {
   }
   const double s = std::sin(angle);
   double pillars = 0;
-  for (int i = 1; i <= LastCenter(fields); ++i) {
+  for (int i = 1; i < fields.NumberEntries; ++i) {
     const double length = (spacing - fields.EntryWidth / s) * s;
     const double width = (fields.XcutCenters[i] - fields.EntryWidth) * (1 / s);
     pillars += length * width;

@@ -85,19 +85,4 @@ bool ParametersChanged(const ParameterTexts& texts, const Project& project) {
   return !(entered == project);
 }
 
-ParameterFields FieldsOfTexts(const ParameterTexts& texts, UnitSystem units) {
-  ParameterFields fields;
-  fields.DepthCover = FieldNumber(texts[&Project::DepthCover]);
-  fields.XcutAngle = FieldNumber(texts[&Project::XcutAngle]);
-  fields.EntryWidth = FieldNumber(texts[&Project::EntryWidth]);
-  fields.XcutSpacing = FieldNumber(texts[&Project::XcutSpacing]);
-  fields.NumberEntries = EntriesOf(texts);
-  fields.BreadthAMZ = FieldNumber(texts[&Project::BreadthAMZ]);
-  fields.ProjectUnits = units;
-  for (int i = 1; i <= kMaxRows; ++i) {
-    fields.XcutCenters[i] = FieldNumber(texts.XcutCenters[i]);
-  }
-  return fields;
-}
-
 }  // namespace korva

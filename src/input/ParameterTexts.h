@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/Project.h"
-#include "input/FormComputations.h"
 #include "input/ParameterTable.h"
 
 namespace korva {
@@ -40,8 +39,5 @@ bool ParametersChanged(const ParameterTexts& texts, const Project& project);
 
 // The number of entries, rounded half to even; 0 for more than a 16-bit number holds.
 int EntriesOf(const ParameterTexts& texts);
-
-// The fields that the form computes with.
-ParameterFields FieldsOfTexts(const ParameterTexts& texts, UnitSystem units);
 
 }  // namespace korva

@@ -18,41 +18,41 @@ TEST(CalcAMZ, WholeNumberTiesToEvenOrNoRoot) {
   ExpectError(ErrorNumber::kOverflow, [] { Calc_AMZ(1e39, kMetric); });    // no single in feet
 }
 
-ParameterFields Fields(double depth, double center, UnitSystem units = kEnglish) {
+Project Fields(double depth, double center) {
   Project p = DevelopmentPanel();
   p.DepthCover = depth;
   test::SetRows(p, 1, center);
-  return FieldsOfProject(p, units);
+  return ShownInForm(p);
 }
 
 TEST(CalcArch, Limits) {
-  EXPECT_EQ(Calc_Arch(Fields(180, 100)), 0.84F);  // 180 - 80 is the width, not below it: 0.8354
-  EXPECT_EQ(Calc_Arch(Fields(1000, 50)), 0.28F);
+  EXPECT_EQ(Calc_Arch(Fields(180, 100), kEnglish), 0.84F);  // 180 - 80 is the width, not below it: 0.8354
+  EXPECT_EQ(Calc_Arch(Fields(1000, 50), kEnglish), 0.28F);
   // Metric panels have 80 m where English ones have 80 ft, and 25 ft whatever the system.
-  EXPECT_EQ(Calc_Arch(Fields(180, 99, kMetric)), 0.83F);  // 1 - 0.28 ln(180/99) = 0.8326
+  EXPECT_EQ(Calc_Arch(Fields(180, 99), kMetric), 0.83F);  // 1 - 0.28 ln(180/99) = 0.8326
 }
 
 TEST(CalcExtRatio, PercentOrEmptyWhileSomethingIsMissing) {
-  EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(DevelopmentPanel(), kEnglish)), "50.0");  // 1 - 2400/(60 x 80)
+  EXPECT_EQ(Calc_Ext_Ratio(ShownInForm(DevelopmentPanel())), "50.0");  // 1 - 2400/(60 x 80)
   Project p = DevelopmentPanel();
   p.XcutAngle = 30;  // pillars of (80 - 40) 0.5 by 40/0.5 ft: 1600 of 4800
-  EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(p, kEnglish)), "66.7");
+  EXPECT_EQ(Calc_Ext_Ratio(ShownInForm(p)), "66.7");
   for (double Project::*member : {&Project::XcutAngle, &Project::XcutSpacing, &Project::BreadthAMZ}) {
     p = DevelopmentPanel();
     p.*member = 0;
-    EXPECT_EQ(Calc_Ext_Ratio(FieldsOfProject(p, kEnglish)), "");
+    EXPECT_EQ(Calc_Ext_Ratio(ShownInForm(p)), "");
   }
 }
 
-TEST(FieldsOfProject, TakesTheTextsOfTheForm) {
+TEST(ShownInForm, TakesTheTextsOfTheForm) {
   Project p = DevelopmentPanel();
   p.DepthCover = 0.1 + 0.2;
   p.XcutCenters[2] = 0;
   p.XcutCenters[4] = 70;  // not in use
-  const ParameterFields fields = FieldsOfProject(p, kMetric);
+  const Project fields = ShownInForm(p);
   EXPECT_EQ(fields.DepthCover, 0.3);  // 15 digits
   EXPECT_EQ(fields.XcutCenters[2], 60);
-  EXPECT_EQ(fields.XcutCenters[4], 0);
+  EXPECT_EQ(fields.XcutCenters[4], 70);
 }
 
 }  // namespace
