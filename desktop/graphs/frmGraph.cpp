@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>

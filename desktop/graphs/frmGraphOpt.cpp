@@ -95,6 +95,7 @@ QWidget* frmGraphOpt::BuildTitles() {
   rows->addRow(QStringLiteral("Graph title"),
                NewTitle(QStringLiteral("Text1"), "Graph title", draft_.GraphTitle));
   std::vector<QLineEdit*> texts;
+  texts.reserve(kGraphs);
   for (int i = 0; i < kGraphs; ++i) {
     texts.push_back(NewTitle(IndexedName("Text2", i), "X-axis title", draft_.XAxisTitle[i]));
   }

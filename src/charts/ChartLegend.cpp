@@ -164,7 +164,8 @@ void DrawLegend(ChartWork& work) {
   const auto rows = static_cast<int>(std::lround((box.Height() - 2 * kPad + 4) / kRowHeight));
   int entry = 0;
   for (const ChartCurve* curve : Entries(work.Of)) {
-    const double left = box.Left + kPad + entry / rows * ColumnWidth(work);
+    const int column = entry / rows;
+    const double left = box.Left + kPad + column * ColumnWidth(work);
     const double y = box.Top + kPad - 2 + (entry % rows + 0.5) * kRowHeight;
     if (curve->Line) {
       work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, kCurveWidth});
