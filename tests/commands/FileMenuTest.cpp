@@ -2,42 +2,14 @@
 
 #include <filesystem>
 
-#include "commands/FileCommands.h"
-#include "commands/FileMenu.h"
-#include "support/Panels.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
+#include "commands/MenuBench.h"
 #include "support/VoskPanel.h"
 
 namespace korva {
 namespace {
 
-constexpr auto kYesNo = MessageButtons::kYesNoDefaultNo;
-
-class FileMenuTest : public testing::Test {
+class FileMenuTest : public MenuBench {
  protected:
-  FileMenuTest() {
-    korva.Places.StateFolder = folder / "sessions/";
-    korva.Preferences.DataPath = folder / "";
-    FileNew(korva, true, true);
-    recovery = std::make_unique<Recovery>(korva);
-    menu = std::make_unique<FileMenu>(korva, ports.All, *recovery);
-  }
-
-  // A project file of the sample panel under that name.
-  std::string PutProject(const std::string& name) {
-    Korva other;
-    other.Stored = test::Stored(test::DevelopmentPanel());
-    other.ProjectFileName = folder / name;
-    FileSave(other);
-    return other.ProjectFileName;
-  }
-
-  void Edit(double depth) {
-    korva.Stored.ProjectInput.DepthCover = depth;
-    korva.ProjectSaved = korva.ProjectEmpty = false;
-  }
-
   double DepthIn(const std::string& path) {
     Korva other;
     other.ProjectFileName = path;
@@ -53,12 +25,6 @@ class FileMenuTest : public testing::Test {
     }
     return names;
   }
-
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
-  std::unique_ptr<Recovery> recovery;
-  std::unique_ptr<FileMenu> menu;
 };
 
 TEST_F(FileMenuTest, SaveAsksForANameOnlyWhereThereIsNone) {

@@ -4,58 +4,31 @@
 #include <set>
 
 #include "commands/AcceptForms.h"
-#include "commands/FileCommands.h"
-#include "commands/FileMenu.h"
+#include "commands/MenuBench.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
-#include "support/Panels.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 #include "support/VoskPanel.h"
 
 namespace korva {
 namespace {
 
-constexpr auto kYesNo = MessageButtons::kYesNoDefaultNo;
-
 // While a dialog or a question is open, the copies are looked at as the timer of a window would write them.
-class RecoveryTest : public testing::Test {
+class RecoveryTest : public MenuBench {
  protected:
   RecoveryTest() {
     std::filesystem::current_path(folder / "");
-    FileNew(korva, true, true);
     ports.Messages.WhileShown = ports.Files.WhileShown = [this] { Tick(); };
   }
   ~RecoveryTest() override { std::filesystem::current_path(before); }
 
-  static Korva StateIn(const TempFolder& place) {
-    Korva state;
-    state.Places.StateFolder = place / "sessions/";
-    state.Preferences.DataPath = place / "";
-    return state;
-  }
-
-  std::string PutProject(const std::string& name) {
-    Korva other;
-    other.Stored = test::Stored(test::DevelopmentPanel());
-    other.ProjectFileName = folder / name;
-    FileSave(other);
-    return other.ProjectFileName;
-  }
-
   // An unsaved depth over the project `file`.
   void OpenAndEdit(const std::string& file, double depth) {
     korva.ProjectSaved = true;
-    ASSERT_TRUE(menu.OpenPath(file));
+    ASSERT_TRUE(menu->OpenPath(file));
     Edit(depth);
   }
-  void Edit(double depth) {
-    korva.Stored.ProjectInput.DepthCover = depth;
-    korva.ProjectSaved = korva.ProjectEmpty = false;
-  }
-
   void Tick() {
-    recovery.KeepCopy();
+    recovery->KeepCopy();
     for (const auto& entry : std::filesystem::directory_iterator(folder / "sessions")) {
       const std::string name = entry.path().filename().string();
       if (name.ends_with(".KVL") && !name.starts_with("kept-")) {
@@ -81,11 +54,6 @@ class RecoveryTest : public testing::Test {
   }
 
   const std::filesystem::path before = std::filesystem::current_path();
-  TempFolder folder;
-  Korva korva = StateIn(folder);
-  ScriptedPorts ports;
-  Recovery recovery{korva};
-  FileMenu menu{korva, ports.All, recovery};
   std::set<std::string> seen;
 };
 
@@ -99,7 +67,7 @@ TEST_F(RecoveryTest, ACopyHasTheNameOfItsOwnProjectWhileAnotherIsChosen) {
 
   OpenAndEdit(a, 510);
   ports.Messages.Expect(question, kYesNo, MessageAnswer::kNo);
-  EXPECT_TRUE(menu.OpenRecent(2));
+  EXPECT_TRUE(menu->OpenRecent(2));
   EXPECT_EQ(Seen(), "510 of a.KVL");
 
   // A save that the person does not go on with leaves the project open.
@@ -108,14 +76,14 @@ TEST_F(RecoveryTest, ACopyHasTheNameOfItsOwnProjectWhileAnotherIsChosen) {
   ports.Files.Expect(b);
   ports.Messages.Expect(question, kYesNo, MessageAnswer::kYes)
       .Expect(a + " has been", kYesNo, MessageAnswer::kNo);
-  EXPECT_FALSE(menu.Open());
+  EXPECT_FALSE(menu->Open());
   Edit(521);
   EXPECT_EQ(Seen(), "510 of a.KVL, 520 of a.KVL, 521 of a.KVL");
 
   // A cancelled dialog takes the folder, or the name, from the project, not from its copy.
   for (const bool import : {false, true}) {
     ports.Files.Expect(std::nullopt);
-    EXPECT_FALSE(import ? menu.ImportVosk() : menu.Open());
+    EXPECT_FALSE(import ? menu->ImportVosk() : menu->Open());
     EXPECT_EQ(korva.ProjectFileName, import ? kUntitled : "a.KVL");
     Edit(530);
     EXPECT_EQ(Seen(), "510 of a.KVL, 521 of a.KVL, 530 of a.KVL");
@@ -126,16 +94,16 @@ TEST_F(RecoveryTest, ACopyHasTheNameOfItsOwnProjectWhileAnotherIsChosen) {
   // Nor does a name that nothing could be written under.
   ports.Files.Expect(folder / "d");
   ports.Messages.Expect("Error occurred: Path/File access error (75). Procedure Terminated");
-  EXPECT_FALSE(menu.Save(true));
+  EXPECT_FALSE(menu->Save(true));
   EXPECT_EQ(Seen(), "510 of a.KVL, 521 of a.KVL");
   ports.Files.Expect(folder / "c.KVL");
-  EXPECT_TRUE(menu.Save(true));
+  EXPECT_TRUE(menu->Save(true));
   Edit(540);
   EXPECT_EQ(Seen(), "510 of a.KVL, 521 of a.KVL, 540 of c.KVL");
 
   // What could not be read has taken the place of the project all the same.
   ports.Messages.Expect("Save changes to: ", kYesNo, MessageAnswer::kNo).Expect("Invalid file format");
-  EXPECT_FALSE(menu.OpenPath(broken));
+  EXPECT_FALSE(menu->OpenPath(broken));
   Edit(550);
   EXPECT_EQ(Seen(), "510 of a.KVL, 540 of c.KVL, 550 of broken.KVL");
 }
@@ -144,7 +112,7 @@ TEST_F(RecoveryTest, APanelOfTheSiblingNewUnitsAndAConversionHaveNamesOfTheirOwn
   OpenAndEdit(PutProject("a.KVL"), 510);
   ports.Files.Expect(folder.Put("b.VSK", test::VoskPanel()));
   ports.Messages.Expect("Save changes to: ", kYesNo, MessageAnswer::kNo);
-  EXPECT_TRUE(menu.ImportVosk());
+  EXPECT_TRUE(menu->ImportVosk());
   EXPECT_EQ(Seen(), "510 of a.KVL");
   Edit(600);
   EXPECT_EQ(Seen(), "510 of a.KVL, 600 of Untitled");
@@ -168,8 +136,8 @@ TEST_F(RecoveryTest, OtherSessionsKnowEachProjectThatHasTakenThePlace) {
   const std::string a = PutProject("a.KVL");
   OpenAndEdit(a, 510);
   ports.Files.Expect(std::nullopt);
-  EXPECT_FALSE(menu.Open());  // takes the folder from the name
-  recovery.TellSessions();
+  EXPECT_FALSE(menu->Open());  // takes the folder from the name
+  recovery->TellSessions();
   EXPECT_TRUE(isOpen(a));
   korva.ProjectFileName = folder / "1-case.KVL";
   FileSave(korva);
@@ -178,7 +146,7 @@ TEST_F(RecoveryTest, OtherSessionsKnowEachProjectThatHasTakenThePlace) {
 }
 
 TEST_F(RecoveryTest, ARestoredProjectKnowsItsFile) {
-  recovery.EndCleanly();
+  recovery->EndCleanly();
   for (const auto& [name, changed] :
        {std::pair("a.KVL", false), {"two\nlines.KVL", false}, {"a.KVL", true}}) {
     const std::string a = PutProject(name);
@@ -204,13 +172,13 @@ TEST_F(RecoveryTest, ARestoredProjectKnowsItsFile) {
 }
 
 TEST_F(RecoveryTest, TheDraftOfAFormIsKeptAtTheEnd) {
-  ASSERT_TRUE(menu.OpenPath(PutProject("a.KVL")));
-  recovery.Draft = [this] {
+  ASSERT_TRUE(menu->OpenPath(PutProject("a.KVL")));
+  recovery->Draft = [this] {
     StoredProject draft = korva.Stored;
     draft.ProjectInput.DepthCover = 800;
     return draft;
   };
-  recovery.EndKeepingWork();
+  recovery->EndKeepingWork();
   Korva next;
   next.Places = korva.Places;
   Recovery recovered(next);
