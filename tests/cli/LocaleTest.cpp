@@ -62,6 +62,7 @@ TEST_F(Locale, ACommaForThePointChangesNothing) {
            {"units", "length", "ft", "0.125", "--json"},
            {"convert", metric, "OUT.KVL"},
            {"save", deep, "OUT.KVL"},
+           {"save", folder_.Put("faulty", "KORVA_500\n 123456.5 \n"), "OUT.KVL"},
            {"import", "cases", KORVA_EXAMPLES "/cases.xlsx", "OUT", "--all", "--json"},
            {"import", "cases", KORVA_WORKBOOKS "/cases.xls", "OUT2", "--json"},
        }) {

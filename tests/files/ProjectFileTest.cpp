@@ -2,16 +2,13 @@
 
 #include <cmath>
 #include <limits>
-#include <locale>
 #include <map>
 #include <random>
 #include <sstream>
 
 #include "core/Description.h"
-#include "core/Format.h"
 #include "core/NumberText.h"
 #include "core/Text.h"
-#include "files/OptionsFile.h"
 #include "files/ProjectFile.h"
 #include "support/ExpectError.h"
 
@@ -294,28 +291,6 @@ TEST(ProjectFile, NumbersReadBackTo15Digits) {
   }
   p.EntryHeight = std::numeric_limits<double>::infinity();
   ExpectError(ErrorNumber::kOverflow, [&] { ComposeProject(project); });
-}
-
-// All that turns numbers to text and back, in one string.
-std::string NumbersAtWork() {
-  return Recomposed(Joined(kNewest)) + GeneralText(1234567.5) + Format(1234567.5, "##0.00") +
-         Format(0.00125, "#.00E+00") +
-         GeneralText(ReadOptions("[KORVAOptions]\nCellSizeMetric=0.75\n").CellSizeMetric) +
-         ExpectError(ErrorNumber::kOverflow, [] { Read(With(17, {" 123456.5 "})); });
-}
-
-// The locale of the system is tried by the tests of the command.
-TEST(ProjectFile, AGroupingLocaleOfStreamsChangesNothing) {
-  struct Grouping : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-  };
-  const std::string before = NumbersAtWork();
-  const std::locale old = std::locale::global(std::locale(std::locale::classic(), new Grouping));
-  const std::string after = NumbersAtWork();
-  std::locale::global(old);
-  EXPECT_EQ(after, before);
 }
 
 }  // namespace
