@@ -15,7 +15,7 @@ constexpr int kFaults = FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID;
 
 }  // namespace
 
-ArithmeticWatch::ArithmeticWatch(Mode mode) : mode_(mode) {
+ArithmeticWatch::ArithmeticWatch(Mode mode, const void* /*results*/) : mode_(mode) {
   if (std::fetestexcept(kFaults) != 0) {  // clearing is slow, testing is not
     std::feclearexcept(kFaults);
   }

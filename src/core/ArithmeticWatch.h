@@ -13,7 +13,9 @@ class ArithmeticWatch {
  public:
   enum class Mode { kWhole, kStepwise };
 
-  explicit ArithmeticWatch(Mode mode);
+  // `results` is where a function of its own computes what it gives back, if it does: a compiler may
+  // otherwise put the operations off behind the look at the flags.
+  explicit ArithmeticWatch(Mode mode, const void* results = nullptr);
 
   bool Raised() const;
 

@@ -22,9 +22,9 @@ constexpr float kSlenderRatio = 4.0F;
 RuleFacts CollectFacts(const Project& project, const Calculation& calculation, FactorRounding roundKORVASF) {
   const WorkValues& w = calculation.Work;
   const Results& r = calculation.Out;
-  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise);
-  const double feet = w.Units == kMetric ? kFeetPerMeter : 1;
   RuleFacts facts;
+  const ArithmeticWatch watch(ArithmeticWatch::Mode::kStepwise, &facts);
+  const double feet = w.Units == kMetric ? kFeetPerMeter : 1;
   facts.Depth = static_cast<float>(w.DepthCover * feet);
   watch.Step("the depth of cover in feet");
   facts.PanelWidth = static_cast<float>(w.PanelWidth * feet);

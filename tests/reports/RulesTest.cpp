@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "reports/Rules.h"
+#include "support/ExpectError.h"
 #include "support/Panels.h"
 
 namespace korva {
@@ -83,8 +84,12 @@ TEST(Rules, SlenderPillarsAndDepthBeneathAnActiveGob) {
     run.Run.Work.EntryHeight = 300 / ratio;
     EXPECT_EQ(run.Set(), set) << sf << " " << ratio;  // 1.996 is shown as 2.00
   }
-  for (const auto& [depth, extent, set] : std::vector<std::tuple<double, double, Flags>>{
-           {1000, 500, {}}, {2000, 500, {7}}, {2000.1, 500, {6, 7}}, {2000.1, 0, {}}}) {
+  for (const auto& [depth, extent, set] :
+       std::vector<std::tuple<double, double, Flags>>{{1000, 500, {}},
+                                                      {2000, 500, {7}},
+                                                      {2000.1, 500, {6, 7}},
+                                                      {2000.1, 0.5, {6, 7}},
+                                                      {2000.1, 0, {}}}) {
     Judged run(depth, 300, kActiveGob, 3);
     run.Record.ExtentActiveGob = extent;
     EXPECT_EQ(run.Set(), set) << depth;
@@ -97,7 +102,17 @@ TEST(Rules, FollowTheRoundingOption) {
   for (const FactorRounding option : {kTwoDecimals, kNone, kTruncated}) {
     EXPECT_EQ(Judged(500, 300, kNoGob, 1.4999).Set(option), option == kTwoDecimals ? Flags{} : Flags{0});
     EXPECT_EQ(Judged(700, 300, kNoGob, 1.471).Set(option), option == kNone ? Flags{1} : Flags{});
+    EXPECT_EQ(Judged(700, 300, kNoGob, 1.4715).Set(option), Flags{});
   }
+}
+
+TEST(Rules, AFaultNamesItsFact) {
+  Judged run(400, 300, kNoGob, 3);
+  run.Run.Work.EntryHeight = 0;
+  EXPECT_EQ(ExpectError(ErrorNumber::kDivisionByZero, [&] { run.Set(); }),
+            "in the calculation of the mean width-to-height ratio");
+  EXPECT_EQ(ExpectError(ErrorNumber::kOverflow, [] { Judged(400, 1e39, kNoGob, 3).Set(); }),
+            "in the calculation of the panel width in feet");
 }
 
 TEST(Rules, CompareMetricPanelsInFeet) {
