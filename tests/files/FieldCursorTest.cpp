@@ -36,6 +36,7 @@ TEST_F(FieldCursorTest, IntegersTakeFractionsToTheNearest) {
   EXPECT_EQ(Over(" 2.5 \n").ReadInteger("RowA"), 2);
   EXPECT_EQ(Over(" 3.5 \n").ReadInteger("RowA"), 4);
   EXPECT_EQ(Over("-32768.5\n").ReadInteger("RowA"), -32768);
+  EXPECT_EQ(Over("32767\n").ReadInteger("RowA"), 32767);
   for (const char* text : {"32767.5\n", "-32769\n", "1e300\n"}) {
     ExpectError(ErrorNumber::kOverflow, [&] { Over(text).ReadInteger("RowA"); });
   }

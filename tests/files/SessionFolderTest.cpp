@@ -112,5 +112,34 @@ TEST(SessionFolder, SessionsThatStartTogetherShareWhatIsLeftAndKeepTheirLocks) {
   }
 }
 
+TEST(SessionFolder, IsPrivateAndKeepsTwentyCopiesThatWereOffered) {
+  const TempFolder place;
+  const std::string folder = place / "sessions/";
+  SessionFolder session(folder);
+  EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
+  const auto count = [&folder](std::string_view start, std::string_view extension) {
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      const std::string name = entry.path().filename().string();
+      files += name.starts_with(start) && name.ends_with(extension) ? 1 : 0;
+    }
+    return files;
+  };
+  std::set<std::string> names;
+  for (int i = 0; i < 25; ++i) {
+    place.Put("sessions/0-" + std::to_string(i) + ".KVL", "left");
+    place.Put("sessions/0-" + std::to_string(i) + ".lock", "of a session that was killed");
+    place.Put("sessions/" + std::filesystem::path(session.CopyPath()).filename().string(), "own, and newer");
+    const auto taken = session.TakeAbandoned();
+    ASSERT_EQ(taken.size(), 1U);
+    names.insert(taken[0]);
+    SessionFolder::PutAside(taken[0]);
+  }
+  EXPECT_EQ(names.size(), 25U);
+  EXPECT_EQ(count("kept-", ".KVL"), 20);
+  EXPECT_EQ(count("", ".KVL"), 21);
+  EXPECT_EQ(count("", ".lock"), 1);
+}
+
 }  // namespace
 }  // namespace korva

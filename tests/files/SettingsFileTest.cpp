@@ -120,8 +120,10 @@ TEST(Settings, MissingAndWrongValuesFollowTheirRules) {
   EXPECT_EQ(missing.DataPath, kMachine.ProductFolder);
   EXPECT_EQ(missing.FileExtension, "");
 
+  EXPECT_EQ(Read("[Settings]\nDataPath=/usr\n").DataPath, "/usr/");
+
   const Settings wrong = Read(
-      "[Settings]\nDisplayFontSize=30\nDisplayFontBold=1\nMaxDisplaySize=16385\nDataPath=/no/such/folder\n"
+      "[Settings]\nDisplayFontSize=25\nDisplayFontBold=1\nMaxDisplaySize=16385\nDataPath=/no/such/folder\n"
       "FileExtension=0\n[FileMenu]\nMaxLastFiles=7\nLastFile1=a\n[Graph]\nGraphStyle=0\nSymbolSize =25\n");
   EXPECT_EQ(wrong.DisplayFont.Size, 7);
   EXPECT_EQ(wrong.DisplayFont.Bold, -1);
