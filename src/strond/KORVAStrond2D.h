@@ -35,8 +35,12 @@ std::string StrondInputPath(const std::string& projectPath, std::string_view ext
 std::string StrondOutputPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place);
 std::string StrondResultPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place);
 
-// The 52 fields of the exchange file, with its line end. Run-time error 6 for a value that is not finite.
+// The fields of the exchange file, with its line end. Run-time error 6 for a value that is not finite.
+inline constexpr int kStrondFields = 52;
 std::string StrondLine(const Project& project, UnitSystem units);
+
+// What field 1 to 52 holds, such as "entry height"; "field 1" for one that is the same for every panel.
+std::string StrondFieldName(int field);
 
 // The results that a result file holds: a heading line, nine items that are skipped, then 35 numbers,
 // separated by commas or line ends. Run-time errors name the file, the line and what was expected: 62 for a

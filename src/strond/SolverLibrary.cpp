@@ -1,8 +1,6 @@
 #include <fmt/format.h>
 #include <korvastrond.h>
 
-#include <array>
-
 #include "core/RuntimeError.h"
 #include "files/DynamicLibrary.h"
 #include "strond/KORVAStrond2D.h"
@@ -13,47 +11,6 @@ namespace {
 
 constexpr const char* kLibrary = "korvastrond";
 constexpr const char* kFunction = "KORVA_Run_STROND";
-
-// Names of the fields of the exchange line that a solver can refuse; the others are constants.
-std::string FieldName(int field) {
-  struct Name {
-    int field;
-    std::string_view text;
-  };
-  static constexpr std::array kNames = {Name{3, "entry height"},
-                                        Name{4, "depth of cover"},
-                                        Name{5, "entry width"},
-                                        Name{6, "crosscut spacing"},
-                                        Name{7, "crosscut angle"},
-                                        Name{8, "number of entries"},
-                                        Name{18, "loading condition"},
-                                        Name{19, "extent of the active gob"},
-                                        Name{20, "extent of the first side gob"},
-                                        Name{21, "extent of the second side gob"},
-                                        Name{22, "barrier of the first side gob"},
-                                        Name{23, "barrier of the second side gob"},
-                                        Name{24, "slab cut of the first side"},
-                                        Name{25, "slab cut of the second side"},
-                                        Name{38, "unit system"},
-                                        Name{39, "coal strength"},
-                                        Name{40, "unit weight"},
-                                        Name{41, "breadth of the AMZ"},
-                                        Name{42, "abutment angle of the active gob"},
-                                        Name{43, "abutment angle of the first side gob"},
-                                        Name{44, "abutment angle of the second side gob"},
-                                        Name{49, "width of row C"},
-                                        Name{50, "width of row D"}};
-  constexpr int kFirstCenter = 9;
-  if (field >= kFirstCenter && field < kFirstCenter + kMaxRows) {
-    return fmt::format("center-to-center distance #{}", field - kFirstCenter + 1);
-  }
-  for (const Name& name : kNames) {
-    if (name.field == field) {
-      return std::string(name.text);
-    }
-  }
-  return fmt::format("field {}", field);
-}
 
 }  // namespace
 
@@ -71,7 +28,6 @@ std::int16_t CallSolverLibrary(const std::string& exchangePath) {
 }
 
 std::string SolverStatusText(std::int16_t status) {
-  constexpr int kLastField = 52;
   switch (status) {
     case KORVASTROND_DONE:
       return {};
@@ -92,8 +48,8 @@ std::string SolverStatusText(std::int16_t status) {
     default:
       break;
   }
-  if (status > KORVASTROND_FIELD && status <= KORVASTROND_FIELD + kLastField) {
-    return fmt::format("it has no model for this {}", FieldName(status - KORVASTROND_FIELD));
+  if (status > KORVASTROND_FIELD && status <= KORVASTROND_FIELD + kStrondFields) {
+    return fmt::format("it has no model for this {}", StrondFieldName(status - KORVASTROND_FIELD));
   }
   return fmt::format("it gave back {}", status);
 }

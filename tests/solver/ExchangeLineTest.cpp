@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "ExchangeLine.h"
 #include "Status.h"
 #include "korvastrond.h"
+#include "strond/KORVAStrond2D.h"
 
 namespace korva::laminated {
 namespace {
@@ -42,32 +45,107 @@ int CodeWith(int field, const std::string& value) {
   return CodeOf(Joined(line));
 }
 
-TEST(ExchangeLine, EveryFieldFindsItsPlace) {
-  const Panel panel = ReadExchangeLine(Joined(GoodLine()) + "\r\n");
-  EXPECT_EQ(panel.EntryHeight, 6);
-  EXPECT_EQ(panel.DepthCover, 1000);
-  EXPECT_EQ(panel.EntryWidth, 20);
-  EXPECT_EQ(panel.XcutSpacing, 90);
-  EXPECT_EQ(panel.Rows(), 3);
-  EXPECT_EQ(panel.Centers[1], 70.5);
+// A panel between two gobs, each value another one and none of them refused.
+Project WrittenPanel() {
+  Project p;
+  double value = 5;
+  for (double Project::*member :
+       {&Project::EntryHeight, &Project::EntryWidth, &Project::SlabcutFirstGob, &Project::SlabcutSecondGob,
+        &Project::AbutmentAngleActiveGob, &Project::AbutmentAngleFirstGob, &Project::AbutmentAngleSecondGob,
+        &Project::XcutAngle, &Project::XcutSpacing, &Project::BarrierFirstGob, &Project::BarrierSecondGob,
+        &Project::ExtentActiveGob, &Project::ExtentFirstGob, &Project::ExtentSecondGob, &Project::DepthCover,
+        &Project::CoalStrength, &Project::UnitWeight, &Project::BreadthAMZ}) {
+    p.*member = value += 1.5;
+  }
+  p.NumberEntries = kMaxEntries;
+  for (int row = 1; row <= kMaxRows; ++row) {
+    p.XcutCenters[row] = 70 + row;
+  }
+  p.LoadingCondition = PanelLoading{3};
+  p.WidthRowC = 47.5F;
+  p.WidthRowD = 48.5F;
+  return p;
+}
+
+void ExpectRefused(const Project& p, const std::string& name) {
+  const int code = CodeOf(StrondLine(p, kEnglish));
+  EXPECT_EQ(SolverStatusText(static_cast<std::int16_t>(code)), "it has no model for this " + name);
+}
+
+// What the program writes of a panel, the solver reads as the same, and refuses by the same name.
+TEST(ExchangeLine, TheProgramsFieldsAreTheSolvers) {
+  struct Number {
+    double Project::*written;
+    std::function<double(const Panel&)> read;
+    std::string name;
+  };
+  const std::vector<Number> numbers = {
+      {&Project::EntryHeight, &Panel::EntryHeight, "entry height"},
+      {&Project::DepthCover, &Panel::DepthCover, "depth of cover"},
+      {&Project::EntryWidth, &Panel::EntryWidth, "entry width"},
+      {&Project::XcutSpacing, &Panel::XcutSpacing, "crosscut spacing"},
+      {&Project::XcutAngle, &Panel::XcutAngle, "crosscut angle"},
+      {&Project::ExtentActiveGob, &Panel::ExtentActiveGob, "extent of the active gob"},
+      {&Project::ExtentFirstGob, [](auto& p) { return p.Sides[0].Extent; }, "extent of the first side gob"},
+      {&Project::ExtentSecondGob, [](auto& p) { return p.Sides[1].Extent; }, "extent of the second side gob"},
+      {&Project::BarrierFirstGob, [](auto& p) { return p.Sides[0].Barrier; },
+       "barrier of the first side gob"},
+      {&Project::BarrierSecondGob, [](auto& p) { return p.Sides[1].Barrier; },
+       "barrier of the second side gob"},
+      {&Project::SlabcutFirstGob, [](auto& p) { return p.Sides[0].SlabCut; }, "slab cut of the first side"},
+      {&Project::SlabcutSecondGob, [](auto& p) { return p.Sides[1].SlabCut; }, "slab cut of the second side"},
+      {&Project::CoalStrength, &Panel::CoalStrength, "coal strength"},
+      {&Project::UnitWeight, &Panel::UnitWeight, "unit weight"},
+      {&Project::BreadthAMZ, &Panel::BreadthAMZ, "breadth of the AMZ"},
+      {&Project::AbutmentAngleActiveGob, &Panel::AbutmentAngleActiveGob, "abutment angle of the active gob"},
+      {&Project::AbutmentAngleFirstGob, [](auto& p) { return p.Sides[0].AbutmentAngle; },
+       "abutment angle of the first side gob"},
+      {&Project::AbutmentAngleSecondGob, [](auto& p) { return p.Sides[1].AbutmentAngle; },
+       "abutment angle of the second side gob"}};
+  const Project good = WrittenPanel();
+  const Panel panel = ReadExchangeLine(StrondLine(good, kEnglish));
+  for (const Number& number : numbers) {
+    EXPECT_EQ(number.read(panel), good.*number.written) << number.name;
+    Project bad = good;
+    bad.*number.written = -1;
+    ExpectRefused(bad, number.name);
+  }
+  for (int row = 1; row <= kMaxRows; ++row) {
+    EXPECT_EQ(panel.Centers.at(static_cast<std::size_t>(row - 1)), good.XcutCenters[row]);
+    Project bad = good;
+    bad.XcutCenters[row] = 0;
+    ExpectRefused(bad, "center-to-center distance #" + std::to_string(row));
+  }
+  EXPECT_EQ(panel.Entries, good.NumberEntries);
   EXPECT_EQ(panel.LoadCondition, kTwoSideGobs);
-  EXPECT_EQ(panel.ExtentActiveGob, 900);
-  EXPECT_EQ(panel.Sides[0].Extent, 800);
-  EXPECT_EQ(panel.Sides[1].Extent, 700);
-  EXPECT_EQ(panel.Sides[0].Barrier, 150);
-  EXPECT_EQ(panel.Sides[1].Barrier, 140);
-  EXPECT_EQ(panel.Sides[1].SlabCut, 30.25);
-  EXPECT_EQ(panel.CoalStrength, 900);
-  EXPECT_EQ(panel.UnitWeight, 162);
-  EXPECT_EQ(panel.BreadthAMZ, 158);
-  EXPECT_EQ(panel.AbutmentAngleActiveGob, 21);
-  EXPECT_EQ(panel.Sides[0].AbutmentAngle, 22);
-  EXPECT_EQ(panel.Sides[1].AbutmentAngle, 23);
-  EXPECT_TRUE(panel.Sides[0].BleederRow);
-  EXPECT_EQ(panel.Sides[0].BleederWidth, 50);
-  EXPECT_FALSE(panel.Sides[1].BleederRow);
   EXPECT_FALSE(panel.Metric);
-  EXPECT_FALSE(panel.RowA);
+  EXPECT_TRUE(ReadExchangeLine(StrondLine(good, kMetric)).Metric);
+  Project bad = good;
+  bad.NumberEntries = 1;
+  ExpectRefused(bad, "number of entries");
+}
+
+TEST(ExchangeLine, TheProgramsRowsAreTheSolvers) {
+  Project p = WrittenPanel();
+  p.SlabcutFirstGob = p.SlabcutSecondGob = 0;
+  const auto rows = std::to_array({&Project::RowA, &Project::RowB, &Project::RowC, &Project::RowD});
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    Project one = p;
+    one.*rows.at(row) = 1;
+    const Panel panel = ReadExchangeLine(StrondLine(one, kEnglish));
+    const std::array<bool, 4> read = {panel.RowA, panel.RowB, panel.Sides[0].BleederRow,
+                                      panel.Sides[1].BleederRow};
+    for (std::size_t other = 0; other < read.size(); ++other) {
+      EXPECT_EQ(read.at(other), other == row) << row << " " << other;
+    }
+    EXPECT_EQ(panel.Sides[0].BleederWidth, panel.Sides[0].BleederRow ? p.WidthRowC : 0);
+    EXPECT_EQ(panel.Sides[1].BleederWidth, panel.Sides[1].BleederRow ? p.WidthRowD : 0);
+  }
+  p.RowC = p.RowD = 1;
+  p.WidthRowD = 0;
+  ExpectRefused(p, "width of row D");
+  p.WidthRowC = 0;
+  ExpectRefused(p, "width of row C");
 }
 
 TEST(ExchangeLine, TheFormsFifthConditionIsOneSideGob) {
