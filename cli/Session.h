@@ -3,7 +3,6 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <cstdint>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>

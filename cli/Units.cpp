@@ -6,7 +6,7 @@
 
 #include "Commands.h"
 #include "core/NumberText.h"
-#include "options/UnitTables.h"
+#include "input/UnitTables.h"
 
 namespace korva::cli {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desktop/support/Session.h"
-#include "options/UnitTables.h"
+#include "input/UnitTables.h"
 
 class QGroupBox;
 class QLineEdit;

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 
 #include "charts/ChartWork.h"
 
@@ -147,9 +146,11 @@ void PlaceLegend(ChartWork& work) {
     return;
   }
   const PictureSize column = SizeOf(work, entries);
+  work.LegendRows = entries;
   work.Out.Legend = FreeCorner(work, column);
   bool placed = work.Out.Legend || PutBeside(work, column);
   for (std::size_t rows = 1; !placed && rows <= entries; ++rows) {
+    work.LegendRows = rows;
     placed = PutBelow(work, SizeOf(work, rows));
   }
   work.Out.LegendLeftOut = !placed;
@@ -161,12 +162,13 @@ void DrawLegend(ChartWork& work) {
   }
   const PictureBox& box = *work.Out.Legend;
   work.AddBox(box, kPaper, {kGridColour, 1});
-  const auto rows = static_cast<int>(std::lround((box.Height() - 2 * kPad + 4) / kRowHeight));
-  int entry = 0;
+  const double width = ColumnWidth(work);
+  std::size_t entry = 0;
   for (const ChartCurve* curve : Entries(work.Of)) {
-    const int column = entry / rows;
-    const double left = box.Left + kPad + column * ColumnWidth(work);
-    const double y = box.Top + kPad - 2 + (entry % rows + 0.5) * kRowHeight;
+    const std::size_t column = entry / work.LegendRows;
+    const std::size_t row = entry % work.LegendRows;
+    const double left = box.Left + kPad + static_cast<double>(column) * width;
+    const double y = box.Top + kPad - 2 + (static_cast<double>(row) + 0.5) * kRowHeight;
     if (curve->Line) {
       work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, kCurveWidth});
     }

@@ -37,6 +37,7 @@ struct ChartWork {
   double NotesTop = 0;
   double CellsLeft = 0;           // where the scale of the cells' colours begins
   double RightRoom = 0;           // right of the plot, without a legend
+  std::size_t LegendRows = 0;     // in a column
   std::vector<PictureBox> Taken;  // by texts and the legend
 
   double Width(const std::string& text) const { return Measure(text, kTextPixels); }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/Text.h"
+
 namespace korva {
 
 namespace {
@@ -26,7 +28,7 @@ PictureBox BoxOf(const PictureText& text, const TextMeasure& measure) {
 std::string CutOff(std::string text, const std::string& dots, double room,
                    const std::function<double(const std::string& text)>& size) {
   while (!text.empty() && size(text + dots) > room) {
-    while ((static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U && text.size() > 1) {
+    while (IsContinuation(text.back()) && text.size() > 1) {
       text.pop_back();  // of a character of several bytes
     }
     text.pop_back();
@@ -46,9 +48,6 @@ void FitText(PictureText& text, double room, double least, const TextMeasure& me
 
 std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double width,
                                    const std::function<double(const std::string& text)>& size) {
-  const auto isInside = [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-  };  // a character
   std::vector<std::string> lines;
   for (std::string rest : notes) {
     while (size(rest) > width) {
@@ -61,7 +60,7 @@ std::vector<std::string> NoteLines(const std::vector<std::string>& notes, double
       if (end == 0) {  // a word longer than a line
         do {
           ++end;
-        } while (end < rest.size() && (isInside(rest[end]) || size(rest.substr(0, end + 1)) <= width));
+        } while (end < rest.size() && (IsContinuation(rest[end]) || size(rest.substr(0, end + 1)) <= width));
       }
       lines.push_back(rest.substr(0, end));
       rest.erase(0, end + (end < rest.size() && rest[end] == ' ' ? 1 : 0));

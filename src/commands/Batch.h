@@ -1,7 +1,6 @@
 // Many projects at once, one row a project.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>

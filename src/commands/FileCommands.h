@@ -1,8 +1,6 @@
 // New, Open, Import, Save and the conversion to the other unit system.
 #pragma once
 
-#include <cstdint>
-
 #include "core/Korva.h"
 #include "core/Messages.h"
 

@@ -30,7 +30,7 @@ std::string SafeFileName(std::string_view text) {
       name.begin(), name.end(), [&](char c) { return kRefused.find(c) != kRefused.npos || IsControl(c); },
       '_');
   std::size_t length = std::min(name.size(), kLongest);
-  while (length > 0 && length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U) {
+  while (length > 0 && length < name.size() && IsContinuation(name[length])) {
     --length;
   }
   name.resize(length);

@@ -1,7 +1,6 @@
 // The history of a session: numbered lines, kept to a size.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>

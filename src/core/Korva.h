@@ -1,7 +1,6 @@
 // The program's state. Each program makes one and hands it on; only commands and forms see the whole of it.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

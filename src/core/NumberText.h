@@ -1,7 +1,6 @@
 // Numbers as plain text, and rounding to decimals. Nothing here knows a locale.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 namespace korva {

@@ -17,10 +17,6 @@ bool IsAscii(std::string_view text) {
   return all < 0x80;
 }
 
-bool IsContinuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 // The bytes of the character that begins at `at`: the lead byte and the continuations that it announces.
 std::size_t CharacterLength(std::string_view text, std::size_t at) {
   const auto lead = static_cast<unsigned char>(text[at]);

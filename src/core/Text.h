@@ -16,6 +16,11 @@ std::size_t CharacterCount(std::string_view text);
 // The byte position at which character number `characters` (from 0) begins, or the length if there are fewer.
 std::size_t BytesOfCharacters(std::string_view text, std::size_t characters);
 
+// Whether a byte goes on with a character that another one has begun.
+constexpr bool IsContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 // Without blanks (and only blanks) at both ends.
 std::string_view Trimmed(std::string_view text);
 

@@ -1,7 +1,6 @@
 // Reading values off a text file, field by field.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>

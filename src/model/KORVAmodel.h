@@ -1,7 +1,6 @@
 // The traditional loading model: from a project record to all stability factors.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 

@@ -45,7 +45,7 @@ RunLoading RunLoadingOf(PanelLoading loading) {
     case PanelLoading::kActiveSection:
       return kActiveGob;
     case PanelLoading::kWithFirstSideGob:
-    case PanelLoading::kWithFirstSideGobToo:
+    case PanelLoading::kVoskFirstSideGob:
       return kOneSideGob;
     case PanelLoading::kWithBothSideGobs:
       return kTwoSideGobs;

@@ -1,7 +1,6 @@
 // The plan drawing: the panel to scale, with its dimensions and what the pillars bear.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -27,7 +27,7 @@ int PanelPictureIndex(PanelLoading condition, int rowA, int rowB, int rowC, int 
     case PanelLoading::kWithBothSideGobs:
       return kTwoSideGobsBlock + kBlock * (c + 2 * d) + panelRows;
     case PanelLoading::kDevelopmentLoad:
-    case PanelLoading::kWithFirstSideGobToo:
+    case PanelLoading::kVoskFirstSideGob:
       break;
   }
   return 0;

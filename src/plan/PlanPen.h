@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <string>
 #include <utility>

@@ -91,6 +91,21 @@ TEST(Settings, EveryKeyIsWrittenAndRead) {
   }
 }
 
+TEST(Settings, ASectionIsWrittenAlone) {
+  using enum SettingsSection;
+  for (const auto& [section, head] :
+       std::vector<std::pair<SettingsSection, std::string>>{{kSettings, "[Settings]"},
+                                                            {kFileMenu, "[FileMenu]"},
+                                                            {kTextBrowse, "[TextBrowse]"},
+                                                            {kGraph, "[Graph]"},
+                                                            {kOptions, "[KORVAOptions]"}}) {
+    std::string text;
+    WriteSettings(text, BuiltInSettings(kMachine), section);
+    EXPECT_EQ(text.find('['), text.rfind('[')) << text;
+    EXPECT_EQ(text.find(head), 0) << text;
+  }
+}
+
 TEST(Settings, NamesInOtherScriptsComeBackAsTheyWere) {
   const TempFolder folder;
   std::string cyrillic;  // 100 characters, 200 bytes: two of them are a path of more than 254 bytes

@@ -5,7 +5,7 @@
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
-#include "options/UnitTables.h"
+#include "input/UnitTables.h"
 
 namespace korva {
 namespace {

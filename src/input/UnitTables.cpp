@@ -1,4 +1,4 @@
-#include "options/UnitTables.h"
+#include "input/UnitTables.h"
 
 #include <algorithm>
 #include <array>
