@@ -9,7 +9,7 @@
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "core/Encoding.h"
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
 #include "files/ProjectFile.h"
 #include "model/KORVAmodel.h"
 

@@ -6,7 +6,7 @@
 
 #include "Commands.h"
 #include "commands/FileCommands.h"
-#include "files/PlatformFile.h"
+#include "files/FileTree.h"
 
 namespace korva::cli {
 

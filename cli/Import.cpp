@@ -3,13 +3,14 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <memory>
 #include <optional>
 
 #include "Commands.h"
 #include "commands/CaseImport.h"
 #include "commands/FileCommands.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/VoskFile.h"
 #include "workbook/CaseRow.h"
@@ -72,13 +73,6 @@ struct ImportedRow {
   std::string File;
   std::optional<RuntimeError> Fault;
 };
-
-void MakeFolder(const std::string& folder) {
-  std::error_code failure;
-  if (!FolderExists(folder) && !std::filesystem::create_directory(folder, failure)) {
-    ThrowSystemError(failure ? failure.value() : ENOTDIR, folder, "making the folder");
-  }
-}
 
 // The sheet's rows, from the first case to the last, that hold something.
 std::vector<int> RowsOf(const Sheet& sheet, const CasesCall& call) {

@@ -1,5 +1,5 @@
-# Fails if a source outside the platform files needs a certain operating system: run with
-# cmake -D SOURCE=<the repository> -P.
+# Fails if a source outside the platform files needs a certain operating system, or if one takes file names to the
+# standard library and back by itself: run with cmake -D SOURCE=<the repository> -P.
 cmake_minimum_required(VERSION 3.25)
 
 set(platform_files
@@ -9,11 +9,27 @@ set(platform_files
   solver/src/ResultFilePosix.cpp
   src/files/ChildProcessPosix.cpp
   src/files/DynamicLibraryPosix.cpp
+  src/files/DescriptorPosix.h
   src/files/EndingSignalsPosix.cpp
+  src/files/FileLockPosix.cpp
+  src/files/FileReaderPosix.cpp
+  src/files/FileReplacementPosix.cpp
   src/files/PlatformFilePosix.cpp
   src/services/FileAssociationXdg.cpp
   xls/LimitsPosix.cpp
 )
+
+# Those that use the standard library's paths. Names are UTF-8, which its own conversions are not everywhere.
+set(path_files
+  solver/src/Library.cpp
+  solver/src/ProgramFolder.h
+  solver/src/ResultFile.cpp
+  solver/src/ResultFile.h
+  src/core/FilePaths.h
+  src/files/FileTree.cpp
+)
+set(path_uses "include[ \t]*<(filesystem|fstream)>|filesystem::")
+set(path_conversions "(fs|filesystem)::(u8)?path[({]|[.>](generic_)?string[(][)]")
 
 set(headers "aio|alloca|arpa/|csignal|dirent|dlfcn|endian|execinfo|fcntl|features|fnmatch|ftw|getopt|glob|grp|ifaddrs|\
 langinfo|libgen|linux/|malloc|mntent|mqueue|netdb|netinet/|poll|pthread|pwd|sched|semaphore|signal|spawn|strings|sys/|\
@@ -34,6 +50,16 @@ system|unsetenv|usleep|waitpid)[(]"
 
 set(faults "")
 set(found 0)
+
+# Adds the lines of `source` that match to the faults.
+function(forbid source pattern)
+  file(STRINGS ${SOURCE}/${source} lines REGEX "${pattern}")
+  foreach(line IN LISTS lines)
+    list(APPEND faults "${source}: ${line}")
+  endforeach()
+  set(faults ${faults} PARENT_SCOPE)
+endfunction()
+
 foreach(folder IN ITEMS cli desktop solver src xls)
   set(globs "")
   foreach(kind IN ITEMS c cc cpp cxx h hpp inl)
@@ -41,15 +67,16 @@ foreach(folder IN ITEMS cli desktop solver src xls)
   endforeach()
   file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${globs})
   foreach(source IN LISTS sources)
+    forbid(${source} "${path_conversions}")
     if(source IN_LIST platform_files)
       math(EXPR found "${found} + 1")
       continue()
     endif()
+    if(NOT source IN_LIST path_files)
+      forbid(${source} "${path_uses}")
+    endif()
     foreach(pattern IN LISTS patterns)
-      file(STRINGS ${SOURCE}/${source} lines REGEX "${pattern}")
-      foreach(line IN LISTS lines)
-        list(APPEND faults "${source}: ${line}")
-      endforeach()
+      forbid(${source} "${pattern}")
     endforeach()
   endforeach()
 endforeach()

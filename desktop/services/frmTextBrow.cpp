@@ -8,7 +8,6 @@
 #include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
-#include <filesystem>
 
 #include "commands/Attempt.h"
 #include "commands/ExternalViewer.h"
@@ -18,7 +17,7 @@
 #include "desktop/services/QtValues.h"
 #include "desktop/services/TextLoader.h"
 #include "desktop/support/PathLabel.h"
-#include "files/FolderContent.h"
+#include "files/FileTree.h"
 
 namespace korva::desktop {
 
@@ -29,18 +28,8 @@ constexpr int kTextLines = 30;
 constexpr int kListColumns = 34;
 constexpr int kListLines = 6;
 
-std::string FullName(const std::string& folder, const std::string& name) {
+std::string NameWithin(const std::string& folder, const std::string& name) {
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
-}
-
-// From the root on, without a separator at its end.
-std::string PlainFolder(const std::string& folder) {
-  std::error_code unknown;
-  std::string path = std::filesystem::absolute(folder, unknown).lexically_normal().string();
-  if (path.size() > 1 && path.ends_with('/')) {
-    path.pop_back();
-  }
-  return path.empty() ? "/" : path;
 }
 
 // The folder and all above it, the root first.
@@ -203,7 +192,7 @@ void frmTextBrow::Load() {
   external_->setChecked(settings.BrowseUseNotepad);
   const std::string& start =
       korva.LastBrowseFolder.empty() ? korva.Preferences.DataPath : korva.LastBrowseFolder;
-  if (!MoveTo(PlainFolder(start))) {
+  if (!MoveTo(FullFolderName(start))) {
     MoveTo("/");
   }
 }
@@ -228,7 +217,7 @@ void frmTextBrow::ShowFolders(const std::vector<std::string>& below) {
   for (const std::string& name : below) {
     if (!name.starts_with('.')) {
       FolderItem(dir_, name, levels, false);
-      folders_.push_back(FullName(folder_, name));
+      folders_.push_back(NameWithin(folder_, name));
     }
   }
   dir_->setCurrentRow(static_cast<int>(levels) - 1);
@@ -248,7 +237,7 @@ void frmTextBrow::ShowFile() {
   if (!index.isValid()) {
     return;
   }
-  const std::string file = FullName(folder_, files_.NameAt(index.row()));
+  const std::string file = NameWithin(folder_, files_.NameAt(index.row()));
   name_->ShowPath(FromUtf8(file));
   loader_->Clear();
   if (external_->isChecked()) {

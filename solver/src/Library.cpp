@@ -5,6 +5,7 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "ExchangeLine.h"
 #include "Factors.h"
@@ -19,7 +20,7 @@ namespace {
 
 constexpr std::size_t kLongestLine = 64 * std::size_t{1024};
 
-std::string ReadExchangeFile(const char* path) {
+std::string ReadExchangeFile(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   std::string text(kLongestLine + 1, '\0');
   file.read(text.data(), static_cast<std::streamsize>(text.size()));
@@ -33,17 +34,22 @@ std::string ReadExchangeFile(const char* path) {
   return text;
 }
 
+std::filesystem::path PathOf(std::string_view utf8) {
+  return std::u8string(utf8.begin(), utf8.end());
+}
+
 std::int16_t Run(const char* path) {
   try {
     if (path == nullptr) {
       return KORVASTROND_NO_EXCHANGE_FILE;
     }
-    const Panel panel = ReadExchangeLine(ReadExchangeFile(path));
+    const std::filesystem::path exchange = PathOf(path);
+    const Panel panel = ReadExchangeLine(ReadExchangeFile(exchange));
     const Factors factors = ComputeFactors(panel);
     if (!AreNumbers(factors)) {
       throw BeyondNumbers(panel);
     }
-    WriteResult(ResultPath(path, ProgramFolder()), ResultText(factors));
+    WriteResult(ResultPath(exchange, ProgramFolder()), ResultText(factors));
     return KORVASTROND_DONE;
   } catch (const Failure& failure) {
     return failure.Code;

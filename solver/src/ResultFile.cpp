@@ -53,7 +53,7 @@ fs::path ResultPath(const fs::path& exchange, const fs::path& program) {
   }
   std::error_code ignored;
   const bool ownFolder = !program.empty() && fs::equivalent(folder, program, ignored);
-  return folder / (stem.string() + (ownFolder ? "_KVSD..CSV" : "_KVSD.CSV"));
+  return (folder / stem) += ownFolder ? "_KVSD..CSV" : "_KVSD.CSV";
 }
 
 std::string ResultText(const Factors& f) {

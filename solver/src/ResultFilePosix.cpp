@@ -27,19 +27,19 @@ bool WriteWhole(int file, std::string_view text) {
 }
 
 struct NewFile {
-  std::string Name;
+  fs::path Name;
   int Descriptor = -1;
 };
 
 // A file made anew in `folder`. The system itself takes the process's mask off its permissions: asking for
 // the mask would change it for all threads.
-NewFile MakeFileIn(const std::string& folder) {
+NewFile MakeFileIn(const fs::path& folder) {
   static constexpr int kMostNames = 1000;
   static constexpr mode_t kPlain = 0644;
   NewFile made;
   errno = EEXIST;
   for (int number = 0; made.Descriptor < 0 && errno == EEXIST && number < kMostNames; ++number) {
-    made.Name = folder + "/.korvastrond-" + std::to_string(getpid()) + "-" + std::to_string(number);
+    made.Name = folder / (".korvastrond-" + std::to_string(getpid()) + "-" + std::to_string(number));
     made.Descriptor = open(made.Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPlain);
   }
   if (made.Descriptor < 0) {
@@ -51,7 +51,7 @@ NewFile MakeFileIn(const std::string& folder) {
 }  // namespace
 
 void WriteResult(const fs::path& path, const std::string& text) {
-  const NewFile made = MakeFileIn(path.parent_path().empty() ? "." : path.parent_path().string());
+  const NewFile made = MakeFileIn(path.parent_path());
   const bool written = WriteWhole(made.Descriptor, text);
   if (close(made.Descriptor) != 0 || !written || rename(made.Name.c_str(), path.c_str()) != 0) {
     unlink(made.Name.c_str());

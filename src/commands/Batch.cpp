@@ -5,13 +5,14 @@
 #include <algorithm>
 #include <atomic>
 #include <cctype>
-#include <filesystem>
 #include <mutex>
 #include <system_error>
 #include <thread>
 
 #include "commands/FileCommands.h"
 #include "commands/PrivateFiles.h"
+#include "files/FileTree.h"
+#include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "input/FormNotices.h"
 
@@ -19,36 +20,30 @@ namespace korva {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // A batch asks nobody: messages are told by the rows.
 class SilentMessages final : public MessagePort {
  public:
   MessageAnswer Show(const Message&) override { return MessageAnswer::kCancel; }
 };
 
-bool HasProjectExtension(const fs::path& path) {
-  std::string extension = path.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return extension == fmt::format(".{}", kProjectExtension);
-}
-
 // Adds the project files in `folder` and below it. A folder that cannot be read stands among them itself, so
 // that its row tells why. Links to folders are not followed.
-void AddFilesOfFolder(const fs::path& folder, std::vector<std::string>& files) {
-  std::error_code failure;
-  fs::directory_iterator entry(folder, failure);
-  for (; !failure && entry != fs::end(entry); entry.increment(failure)) {
-    std::error_code unknown;
-    if (entry->is_directory(unknown) && !entry->is_symlink(unknown)) {
-      AddFilesOfFolder(entry->path(), files);
-    } else if (HasProjectExtension(entry->path())) {
-      files.push_back(entry->path().string());
+void AddFilesOfFolder(const std::string& folder, std::vector<std::string>& files) {
+  const std::string within = folder.ends_with('/') ? folder : folder + "/";
+  try {
+    const FolderContent content = ReadFolder(folder);
+    for (const std::string& name : content.Folders) {
+      if (!IsLink(within + name)) {
+        AddFilesOfFolder(within + name, files);
+      }
     }
-  }
-  if (failure) {
-    files.push_back(folder.string());
+    for (const std::string& name : content.Files) {
+      if (HasProjectExtension(name)) {
+        files.push_back(within + name);
+      }
+    }
+  } catch (const RuntimeError&) {
+    files.push_back(folder);
   }
 }
 
@@ -144,8 +139,7 @@ BatchRow EvaluateFile(const std::string& file, const Settings& settings,
 std::vector<std::string> FindProjectFiles(const std::vector<std::string>& paths) {
   std::vector<std::string> files;
   for (const std::string& path : paths) {
-    std::error_code failure;
-    if (fs::is_directory(path, failure)) {
+    if (FolderExists(path)) {
       AddFilesOfFolder(path, files);
     } else {
       files.push_back(path);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <new>
 
 #include "commands/FileCommands.h"
@@ -12,6 +11,8 @@
 #include "core/Encoding.h"
 #include "core/FileNames.h"
 #include "core/NumberText.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "input/FieldNumber.h"
@@ -36,13 +37,8 @@ bool Holds(const std::string& path, const std::string& bytes) {
 // Whether `path` is still free, or a file that holds just `bytes`. A link is neither. Run-time error of
 // looking into the folder.
 bool MayTake(const std::string& path, const std::string& bytes) {
-  std::error_code failure;
-  const auto kind = std::filesystem::symlink_status(path, failure).type();
-  if (kind == std::filesystem::file_type::none) {
-    ThrowSystemError(failure.value(), path, "looking whether it is there");
-  }
-  return kind == std::filesystem::file_type::not_found ||
-         (kind == std::filesystem::file_type::regular && Holds(path, bytes));
+  const FileState state = StateOfFile(path);
+  return !IsLink(path) && (!state.exists || (state.isRegular && Holds(path, bytes)));
 }
 
 // The name of a case's file that replaces no other file.
@@ -162,10 +158,8 @@ class DialogImport {
   }
 
   std::string Summary() const {
-    std::error_code unknown;
-    std::string text =
-        fmt::format("{} {} written to {}.", written_, written_ == 1 ? "project" : "projects",
-                    folder_.empty() ? std::filesystem::current_path(unknown).string() : folder_);
+    std::string text = fmt::format("{} {} written to {}.", written_, written_ == 1 ? "project" : "projects",
+                                   folder_.empty() ? CurrentFolder() : folder_);
     if (empty_ > 0) {
       text += fmt::format(" {} {} empty.", empty_, empty_ == 1 ? "row was" : "rows were");
     }

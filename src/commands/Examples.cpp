@@ -1,14 +1,11 @@
 #include "commands/Examples.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/Encoding.h"
 #include "core/FileNames.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
-#include "files/FolderContent.h"
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/ProjectFile.h"
 
 namespace korva {
@@ -31,22 +28,25 @@ std::string TitleOf(const std::string& file) {
 
 }  // namespace
 
-std::vector<ExampleProject> ExampleProjects(const Folders& places) {
-  std::vector<ExampleProject> examples;
+std::vector<std::string> ExampleNames(const Folders& places) {
   if (places.Examples.empty()) {
-    return examples;
+    return {};
   }
   try {
-    for (const std::string& name : ReadFolder(places.Examples).Files) {
-      if (IsProjectName(name)) {
-        const std::string own = places.ProductFolder + name;
-        std::error_code failure;
-        const std::string file = std::filesystem::exists(own, failure) ? own : places.Examples + name;
-        examples.push_back({TitleOf(file), file});
-      }
-    }
+    std::vector<std::string> names = ReadFolder(places.Examples).Files;
+    std::erase_if(names, [](const std::string& name) { return !IsProjectName(name); });
+    return names;
   } catch (const RuntimeError&) {
-    examples.clear();
+    return {};
+  }
+}
+
+std::vector<ExampleProject> ExampleProjects(const Folders& places) {
+  std::vector<ExampleProject> examples;
+  for (const std::string& name : ExampleNames(places)) {
+    const std::string own = places.ProductFolder + name;
+    const std::string file = IsFile(own) ? own : places.Examples + name;
+    examples.push_back({TitleOf(file), file});
   }
   return examples;
 }

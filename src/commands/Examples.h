@@ -13,7 +13,10 @@ struct ExampleProject {
   std::string File;   // the person's own copy where there is one, which can be saved
 };
 
-// In the order of their names. None if there are none or their folder cannot be read.
+// The names of their files, sorted. None if there are none or their folder cannot be read.
+std::vector<std::string> ExampleNames(const Folders& places);
+
+// In the order of their names.
 std::vector<ExampleProject> ExampleProjects(const Folders& places);
 
 }  // namespace korva

@@ -1,11 +1,12 @@
 #include "commands/ExternalViewer.h"
 
-#include <filesystem>
 #include <system_error>
 
 #include "commands/Attempt.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 
@@ -13,14 +14,11 @@ namespace korva {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // A file of this size is not handed to an editor; the copy is made in memory.
 constexpr std::uint64_t kLargestViewedFile = std::uint64_t{256} << 20;
 
 bool NamesFile(std::string_view text) {
-  std::error_code unknown;
-  return text.find('/') != std::string_view::npos && fs::is_regular_file(fs::path(text), unknown);
+  return text.find('/') != std::string_view::npos && IsFile(std::string(text));
 }
 
 // How much of `text` names a program file, 0 if no beginning of it does.
@@ -64,8 +62,7 @@ std::string ScratchName(const Folders& places) {
 void CopyToScratch(const Korva& korva, Ports& ports, const std::string& file) {
   const BusyPointer busy(ports.Busy);
   const std::string text = WithFileLineEnds(ReadWholeFile(file, kLargestViewedFile));
-  std::error_code made;
-  fs::create_directories(korva.Places.TempRoot, made);  // writing tells what went wrong
+  TryMakeFolderPath(korva.Places.TempRoot);  // writing tells what went wrong
   WriteScratchFile(ScratchName(korva.Places), text);
 }
 

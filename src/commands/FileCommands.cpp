@@ -7,7 +7,8 @@
 
 #include "core/Description.h"
 #include "core/Encoding.h"
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
 #include "files/VoskFile.h"

@@ -12,7 +12,6 @@
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "core/Version.h"
-#include "files/PlatformFile.h"
 #include "files/VoskFile.h"
 
 namespace korva {

@@ -2,9 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-
 #include "core/FileNames.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "graphs/GraphWorkbook.h"
@@ -41,8 +40,7 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   {
     const BusyPointer busy(ports.Busy);
     const std::string bytes = GraphWorkbook(chart);
-    std::error_code made;
-    std::filesystem::create_directories(korva.Places.TempRoot, made);  // writing tells what went wrong
+    TryMakeFolderPath(korva.Places.TempRoot);  // writing tells what went wrong
     file = FreeWorkbookName(korva.Places.TempRoot, korva.ProjectFileName);
     WriteFileSafely(file, bytes);
   }

@@ -1,18 +1,12 @@
 #include "commands/HelpCommands.h"
 
-#include <filesystem>
-
 #include "core/RuntimeError.h"
+#include "files/FileTree.h"
 #include "services/HelpTexts.h"
 
 namespace korva {
 
 namespace {
-
-bool IsFile(const std::string& path) {
-  std::error_code unknown;
-  return std::filesystem::is_regular_file(path, unknown);
-}
 
 // `name` is what a message calls the document.
 void Open(Korva& korva, Ports& ports, const std::string& path, std::string_view kind, std::string_view name) {

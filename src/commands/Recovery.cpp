@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <utility>
 
 #include "commands/FileCommands.h"
@@ -11,6 +10,8 @@
 #include "core/Encoding.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
@@ -49,14 +50,12 @@ std::string ReadCopy(const std::string& path) {
 
 // Whether both names lead to one file, be it there or not. A file that cannot be looked at is none.
 bool NamesOneFile(const std::string& a, const std::string& b) {
-  std::error_code unknown;
-  return a == b || std::filesystem::equivalent(a, b, unknown);
+  return a == b || IsSameFile(a, b);
 }
 
 // The full name of a file that is there; nothing for other names.
 std::string FullNameOfFile(const std::string& name) {
-  std::error_code failure;
-  return std::filesystem::is_regular_file(name, failure) ? FullName(name) : std::string();
+  return IsFile(name) ? FullName(name) : std::string();
 }
 
 // Equal for equal bytes that were read to the same extent, and else different by all chance.
@@ -129,7 +128,7 @@ void Recovery::KeepCopy() {
   } else if (!korva_.ProjectSaved) {
     WriteCopy(folder_.CopyPath(), korva_.Stored);
   } else if (!lastCopy_.empty()) {
-    SessionFolder::Remove(folder_.CopyPath());
+    TryRemoveFile(folder_.CopyPath());
     lastCopy_.clear();
   }
 }
@@ -142,7 +141,7 @@ void Recovery::KeepDroppedWork() {
   if (WriteCopy(path, korva_.Stored)) {
     HistoryLog(korva_.SessionHistory, korva_.Preferences, "Unsaved work kept: " + path);
   }
-  SessionFolder::Remove(folder_.CopyPath());
+  TryRemoveFile(folder_.CopyPath());
   lastCopy_.clear();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Encoding.h"
 #include "core/RuntimeError.h"
+#include "files/FileReader.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 

@@ -1,12 +1,12 @@
 #include "commands/StartUp.h"
 
-#include <filesystem>
-#include <system_error>
-
+#include "commands/Examples.h"
 #include "commands/SettingsCommands.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "core/Version.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "files/SafeWriter.h"
@@ -16,8 +16,6 @@ namespace korva {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 std::string WithSeparator(std::string path) {
   if (!path.empty() && path.back() != '/') {
     path += '/';
@@ -25,21 +23,15 @@ std::string WithSeparator(std::string path) {
   return path;
 }
 
-bool MakeFolder(const std::string& path) {
-  std::error_code failure;
-  fs::create_directories(path, failure);
-  return FolderExists(path);
-}
-
 // The folder that holds all of the program's, without creating anything for the desktop.
 std::string UserRoot(const MachineFolders& machine) {
-  if (!machine.Documents.empty() && MakeFolder(machine.Documents)) {
+  if (!machine.Documents.empty() && TryMakeFolderPath(machine.Documents)) {
     return WithSeparator(machine.Documents);
   }
   if (!machine.Desktop.empty() && FolderExists(machine.Desktop)) {
     return WithSeparator(machine.Desktop);
   }
-  MakeFolder(machine.DataHome);
+  TryMakeFolderPath(machine.DataHome);
   return WithSeparator(machine.DataHome);
 }
 
@@ -61,7 +53,7 @@ Folders MakeFolders(const MachineFolders& machine) {
   places.ProductTempFolder = places.ProductFolder + "Temp/";
   for (std::string* folder :
        {&places.DataRoot, &places.TempRoot, &places.ProductFolder, &places.ProductTempFolder}) {
-    if (!MakeFolder(*folder)) {
+    if (!TryMakeFolderPath(*folder)) {
       *folder = WithSeparator(machine.DataHome);
     }
   }
@@ -71,13 +63,11 @@ Folders MakeFolders(const MachineFolders& machine) {
 }
 
 void CopyExampleProjects(const Folders& places) {
-  std::error_code failure;
-  for (fs::directory_iterator entry(places.Examples, failure); !failure && entry != fs::end(entry);
-       entry.increment(failure)) {
-    const std::string target = places.ProductFolder + entry->path().filename().string();
+  for (const std::string& name : ExampleNames(places)) {
+    const std::string target = places.ProductFolder + name;
     try {
-      if (IsProjectName(entry->path().filename().string()) && !StateOfFile(target).exists) {
-        WriteFileSafely(target, WithFileLineEnds(ReadWholeFile(entry->path().string(), kLargestProjectFile)));
+      if (!StateOfFile(target).exists) {
+        WriteFileSafely(target, WithFileLineEnds(ReadWholeFile(places.Examples + name, kLargestProjectFile)));
       }
     } catch (const RuntimeError&) {
       continue;  // a missing example keeps nobody from working

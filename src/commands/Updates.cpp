@@ -2,13 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <system_error>
 #include <utility>
 
 #include "commands/Attempt.h"
 #include "core/Text.h"
 #include "core/Version.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "services/SetupSignature.h"
@@ -188,8 +189,7 @@ void Updates::Keep(const std::string& setup, const std::string& signature) {
   const std::string file = SetupFile();
   bool kept = false;
   Attempt(korva_, ports_.Messages, [&] {
-    std::error_code made;
-    std::filesystem::create_directories(DownloadsFolder(korva_.Places.DataRoot), made);  // writing tells
+    TryMakeFolderPath(DownloadsFolder(korva_.Places.DataRoot));  // writing tells
     // Never through a link: the name is known to others.
     WriteScratchFile(file, setup);
     WriteScratchFile(file + std::string(kSignatureExtension), signature);

@@ -22,6 +22,11 @@ std::string FileBaseName(const std::string& path, bool strip) {
   return name;
 }
 
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
 std::string SafeFileName(std::string_view text) {
   constexpr std::string_view kRefused = "/\\:*?\"<>|";
   constexpr std::size_t kLongest = 180;

@@ -11,6 +11,10 @@ namespace korva {
 // ends in a separator.
 std::string FileBaseName(const std::string& path, bool strip);
 
+// The folder that `path` stands in, without a separator at its end: "." for a name alone, "/" for one at the
+// root.
+std::string FolderOf(const std::string& path);
+
 // The text as the stem of a file's name on any system: what a name cannot hold ("/", "\\", ":", "*", "?",
 // "<",
 // ">", "|", double quotes, control characters) is "_", and what is longer than 180 bytes is cut between

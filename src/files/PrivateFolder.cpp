@@ -1,11 +1,11 @@
 #include "files/PrivateFolder.h"
 
 #include <chrono>
-#include <filesystem>
 #include <mutex>
 #include <set>
 #include <thread>
 
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 
 namespace korva {
@@ -23,11 +23,6 @@ PrivateFolders& AllFolders() {
   return folders;
 }
 
-void RemoveAll(const std::string& folder) noexcept {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
-}
-
 }  // namespace
 
 PrivateFolder::PrivateFolder() {
@@ -40,7 +35,7 @@ PrivateFolder::PrivateFolder() {
 PrivateFolder::~PrivateFolder() {
   PrivateFolders& all = AllFolders();
   const std::lock_guard lock(all.Mutex);
-  RemoveAll(name_);
+  RemoveFolder(name_);
   all.Names.erase(name_);
 }
 
@@ -49,9 +44,8 @@ void RemovePrivateFoldersForGood() noexcept {
   PrivateFolders& all = AllFolders();
   all.Mutex.lock();  // and never unlocked
   for (const std::string& folder : all.Names) {
-    std::error_code unknown;
-    for (int i = 0; i < kTries && std::filesystem::exists(folder, unknown); ++i) {
-      RemoveAll(folder);
+    for (int i = 0; i < kTries && FolderExists(folder); ++i) {
+      RemoveFolder(folder);
       std::this_thread::sleep_for(std::chrono::milliseconds(i == 0 ? 0 : 2));
     }
   }

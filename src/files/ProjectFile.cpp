@@ -96,8 +96,13 @@ bool DescriptionReadsBack(std::string_view text) {
 
 }  // namespace
 
+bool HasProjectExtension(std::string_view name) {
+  const std::string ending = "." + LowerCase(kProjectExtension);
+  return name.size() > ending.size() && LowerCase(name).ends_with(ending);
+}
+
 bool IsProjectName(std::string_view name) {
-  return !name.starts_with('.') && LowerCase(name).ends_with("." + LowerCase(kProjectExtension));
+  return !name.starts_with('.') && HasProjectExtension(name);
 }
 
 std::optional<int> DetectProjectFormat(std::string_view text, const std::string& fileName) {

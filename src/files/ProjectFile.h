@@ -15,6 +15,9 @@ namespace korva {
 inline constexpr std::string_view kProjectExtension = "KVL";
 inline constexpr std::string_view kInvalidFormat = "Invalid file format";
 
+// Whether the name of a file, without its folder, has the projects' extension in any case.
+bool HasProjectExtension(std::string_view name);
+
 // Whether a file of that name, without its folder, is offered as a project: by its extension in any case, and
 // no hidden one.
 bool IsProjectName(std::string_view name);

@@ -3,6 +3,9 @@
 #include <fmt/format.h>
 
 #include "core/RuntimeError.h"
+#include "files/FileReplacement.h"
+#include "files/FileTree.h"
+#include "files/PlatformFile.h"
 
 namespace korva {
 

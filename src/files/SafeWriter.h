@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "files/PlatformFile.h"
+#include "files/FileReplacement.h"
 
 namespace korva {
 

@@ -4,16 +4,16 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <system_error>
 
+#include "core/FileNames.h"
 #include "core/RuntimeError.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
+#include "files/PlatformFile.h"
 
 namespace korva {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kCopy = ".KVL";
@@ -21,35 +21,19 @@ constexpr std::string_view kAside = "kept-";
 constexpr std::uint64_t kLongestName = std::uint64_t{64} * 1024;
 constexpr std::size_t kMostKept = 20;
 
-struct Entry {
-  fs::path path;
-  fs::file_time_type time;
-};
-
-// The files of `folder` with that extension, the newest first.
-std::vector<Entry> FilesOf(const std::string& folder, std::string_view extension) {
-  std::vector<Entry> files;
-  std::error_code failure;
-  for (fs::directory_iterator entry(folder, failure); !failure && entry != fs::end(entry);
-       entry.increment(failure)) {
-    std::error_code unknown;
-    if (entry->path().extension() == extension) {
-      files.push_back({entry->path(), entry->last_write_time(unknown)});
-    }
-  }
-  std::sort(files.begin(), files.end(), [](const Entry& a, const Entry& b) { return a.time > b.time; });
-  return files;
-}
-
 // "1234-5678" of "1234-5678.lock", "1234-5678.KVL" and "1234-5678.2.KVL".
-std::string SessionOf(const fs::path& path) {
-  const std::string name = path.filename().string();
+std::string SessionOf(const std::string& path) {
+  const std::string name = FileBaseName(path, false);
   return name.substr(0, name.find('.'));
 }
 
-std::string LockedText(const fs::path& path) {
+bool IsAside(const std::string& path) {
+  return FileBaseName(path, false).starts_with(kAside);
+}
+
+std::string LockedText(const std::string& path) {
   try {
-    return ReadWholeFile(path.string(), kLongestName);
+    return ReadWholeFile(path, kLongestName);
   } catch (const RuntimeError&) {
     return {};
   }
@@ -61,9 +45,9 @@ SessionFolder::SessionFolder(const std::string& folder) : folder_(folder) {
   if (folder_.empty()) {
     return;
   }
-  std::error_code failure;
-  fs::create_directories(folder_, failure);
-  fs::permissions(folder_, fs::perms::owner_all, failure);
+  if (TryMakeFolderPath(folder_)) {
+    CloseToOthers(folder_);
+  }
   name_ = fmt::format("{}-{}", ProcessNumber(), std::chrono::system_clock::now().time_since_epoch().count());
   copyPath_ = fmt::format("{}{}{}", folder_, name_, kCopy);
   lock_ = MakeLocked(LockOf(name_));
@@ -80,55 +64,47 @@ void SessionFolder::TellOpenFile(const std::string& fullName) const {
 }
 
 bool SessionFolder::IsOpenElsewhere(const std::string& fullName) const {
-  const auto locks = FilesOf(folder_, kLock);
-  return std::any_of(locks.begin(), locks.end(), [&](const Entry& entry) {
-    if (SessionOf(entry.path) == name_) {
+  const auto locks = NewestFiles(folder_, kLock);
+  return std::any_of(locks.begin(), locks.end(), [&](const std::string& lock) {
+    if (SessionOf(lock) == name_) {
       return false;
     }
-    const std::string other = LockedText(entry.path);
-    std::error_code unknown;
-    return !other.empty() && (other == fullName || fs::equivalent(other, fullName, unknown)) &&
-           IsLocked(entry.path.string());
+    const std::string other = LockedText(lock);
+    return !other.empty() && (other == fullName || IsSameFile(other, fullName)) && IsLocked(lock);
   });
 }
 
 std::vector<std::string> SessionFolder::TakeAbandoned() {
   std::vector<std::string> taken;
-  for (const Entry& entry : FilesOf(folder_, kCopy)) {
-    const bool aside = entry.path.filename().string().starts_with(kAside);
-    const std::string session = SessionOf(entry.path);
-    if (aside || session == name_ || IsLocked(LockOf(session))) {
+  for (const std::string& copy : NewestFiles(folder_, kCopy)) {
+    const std::string session = SessionOf(copy);
+    if (IsAside(copy) || session == name_ || IsLocked(LockOf(session))) {
       continue;
     }
     const std::string own = NewDroppedPath();
-    std::error_code gone;  // another session was quicker
-    fs::rename(entry.path, own, gone);
-    if (!gone) {
+    try {
+      RenameFile(copy, own);
       taken.push_back(own);
+    } catch (const RuntimeError&) {
+      continue;  // another session was quicker
     }
   }
-  for (const Entry& entry : FilesOf(folder_, kLock)) {
-    if (!IsLocked(entry.path.string())) {
-      Remove(entry.path.string());
+  for (const std::string& lock : NewestFiles(folder_, kLock)) {
+    if (!IsLocked(lock)) {
+      TryRemoveFile(lock);
     }
   }
   return taken;
 }
 
-void SessionFolder::Remove(const std::string& path) noexcept {
-  std::error_code failure;
-  fs::remove(path, failure);
-}
-
 void SessionFolder::PutAside(const std::string& path) noexcept {
   try {
-    const fs::path from(path);
-    std::error_code failure;
-    fs::rename(from, from.parent_path() / (std::string(kAside) + from.filename().string()), failure);
+    const std::string folder = FolderOf(path);
+    RenameFile(path, fmt::format("{}/{}{}", folder, kAside, FileBaseName(path, false)));
     std::size_t kept = 0;
-    for (const Entry& entry : FilesOf(from.parent_path().string(), kCopy)) {
-      if (entry.path.filename().string().starts_with(kAside) && ++kept > kMostKept) {
-        Remove(entry.path.string());
+    for (const std::string& copy : NewestFiles(folder, kCopy)) {
+      if (IsAside(copy) && ++kept > kMostKept) {
+        TryRemoveFile(copy);
       }
     }
   } catch (const std::exception&) {
@@ -138,10 +114,10 @@ void SessionFolder::PutAside(const std::string& path) noexcept {
 
 void SessionFolder::End(bool keepCopy) noexcept {
   if (!keepCopy) {
-    Remove(copyPath_);
+    TryRemoveFile(copyPath_);
   }
   if (lock_) {
-    Remove(LockOf(name_));
+    TryRemoveFile(LockOf(name_));
     lock_.reset();
   }
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "files/PlatformFile.h"
+#include "files/FileLock.h"
 
 namespace korva {
 
@@ -31,8 +31,6 @@ class SessionFolder {
   // aside.
   std::vector<std::string> TakeAbandoned();
 
-  // Removes a file of the folder; one that is not there is no failure.
-  static void Remove(const std::string& path) noexcept;
   // Puts a copy aside so that it is not offered again.
   static void PutAside(const std::string& path) noexcept;
 

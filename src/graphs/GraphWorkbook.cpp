@@ -10,7 +10,7 @@
 #include <pugixml.hpp>
 
 #include "core/RuntimeError.h"
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
 #include "files/PrivateFolder.h"
 
 namespace korva {

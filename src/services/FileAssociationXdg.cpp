@@ -5,12 +5,13 @@
 #include <charconv>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
+#include "core/FileNames.h"
 #include "core/RuntimeError.h"
 #include "files/ChildProcess.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "services/DesktopTexts.h"
@@ -19,8 +20,6 @@
 namespace korva {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 using Content = std::optional<std::string>;  // nothing for a file that is not there
 
@@ -62,18 +61,11 @@ Content ContentOf(const std::string& path) {
 }
 
 void Put(const std::string& path, const Content& content) {
-  std::error_code failure;
   if (!content) {
-    fs::remove(ResolveLinks(path), failure);
-    if (failure) {
-      ThrowSystemError(failure.value(), path, "removing");
-    }
+    RemoveFile(ResolveLinks(path));
     return;
   }
-  fs::create_directories(fs::path(path).parent_path(), failure);
-  if (failure) {
-    ThrowSystemError(failure.value(), path, "making its folder");
-  }
+  MakeFolderPath(FolderOf(path));
   WriteFileSafely(path, *content);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Encoding.h"
+#include "files/FileReader.h"
 
 namespace korva {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
 
 namespace korva {
 

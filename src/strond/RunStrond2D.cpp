@@ -1,8 +1,10 @@
 #include <fmt/format.h>
 
-#include <filesystem>
-
+#include "core/FileNames.h"
 #include "core/RuntimeError.h"
+#include "files/FileLock.h"
+#include "files/FileReader.h"
+#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
 #include "strond/KORVAStrond2D.h"
@@ -11,31 +13,19 @@ namespace korva {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::uint64_t kLargestResult = 1 << 20;
 
 // A temporary folder in which it stands is there, or just being removed with all that it holds, and is not
 // made again.
 void MakeFolderOf(const std::string& path, SolverFolder place) {
-  std::error_code failure;
-  const fs::path folder = fs::path(path).parent_path();
-  if (place == SolverFolder::kUserTemporary) {
-    fs::create_directory(folder, failure);
-  } else {
-    fs::create_directories(folder, failure);
-  }
-  if (failure) {
-    ThrowSystemError(failure.value(), folder.string(), "the folder cannot be made");
-  }
+  const auto make = place == SolverFolder::kUserTemporary ? MakeFolder : MakeFolderPath;
+  make(FolderOf(path), "the folder cannot be made");
 }
 
 // So that a run that leaves nothing cannot be taken for the one before it.
 void SetAside(const std::string& result) {
-  std::error_code failure;
-  fs::rename(result, result + ".old", failure);
-  if (failure && failure != std::errc::no_such_file_or_directory) {
-    ThrowSystemError(failure.value(), result, "the result of an earlier run cannot be set aside");
+  if (StateOfFile(result).exists) {
+    RenameFile(result, result + ".old", "the result of an earlier run cannot be set aside");
   }
 }
 

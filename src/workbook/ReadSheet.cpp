@@ -1,6 +1,6 @@
 #include "workbook/ReadSheet.h"
 
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
 #include "workbook/XlsSheet.h"
 #include "workbook/XlsxSheet.h"
 

@@ -5,7 +5,6 @@
 
 #include "commands/AcceptForms.h"
 #include "commands/MenuBench.h"
-#include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
 #include "support/VoskPanel.h"
 

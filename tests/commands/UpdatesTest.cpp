@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "commands/Updates.h"
-#include "files/PlatformFile.h"
+#include "files/FileReader.h"
 #include "files/SafeWriter.h"
 #include "support/ScriptedPorts.h"
 #include "support/SignedSetup.h"

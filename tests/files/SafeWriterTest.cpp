@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "files/FileReplacement.h"
 #include "files/SafeWriter.h"
 #include "support/ExpectError.h"
 #include "support/TempFolder.h"

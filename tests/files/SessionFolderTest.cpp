@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <set>
 
-#include "files/PlatformFile.h"
+#include "files/FileLock.h"
 #include "files/SessionFolder.h"
 #include "support/TempFolder.h"
 

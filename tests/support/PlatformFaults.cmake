@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 file(REMOVE_RECURSE ${FOLDER})
-file(STRINGS ${CHECK} platform_files REGEX "^  [a-z]+/.*(Posix|Xdg)[.]cpp$")
+file(STRINGS ${CHECK} platform_files REGEX "^  [a-z]+/.*(Posix|Xdg)[.](cpp|h)$")
 foreach(file IN LISTS platform_files)
   string(STRIP "${file}" file)
   file(WRITE ${FOLDER}/${file} "#include <unistd.h>\n")
@@ -25,14 +25,16 @@ foreach(fault IN ITEMS
     "  FILE* pipe = popen(command, mode)" "  return mkstemp(name)" "  std::system(command)" "  auto p = realpath(a, b)"
     "  setenv(a, b, 1)" "(setenv(a, b, 1))" "#ifdef __linux__" "#if defined(_WIN32)" "#ifdef Q_OS_UNIX"
     "  Read(\"/proc/self/maps\")" "  const char* folder = \"/run/user\"" "  std::getenv(\"XDG_DATA_HOME\")"
-    "extern char** environ\;")
+    "extern char** environ\;" "#include <filesystem>" "#include <fstream>" "  std::filesystem::remove(name)"
+    "  Open(path.string())")
   try(src/core/Fault.cpp "${fault}" stops)
 endforeach()
+try(src/files/FileTree.cpp "  return fs::path(name)" stops)
 try(src/core/OtherPosix.cpp "#include <unistd.h>" stops)
 try(desktop/core/Fault.hpp "#include <unistd.h>" stops)
 foreach(sound IN ITEMS
     "#include <string>" "  process->kill()" "  file.open(QIODevice::ReadOnly)" "void HelpFile::open(int mode) {"
-    "  const auto file = HelpFile::Open(name)" "  // the system (of units)" "  std::getenv(\"PATH\")" "  text.access()")
+    "  const auto file = HelpFile::Open(name)" "  // the system (of units)" "  std::getenv(\"PATH\")" "  text.access()" "  text.string_view()")
   try(src/core/Sound.cpp "${sound}" passes)
 endforeach()
 file(REMOVE ${FOLDER}/src/files/PlatformFilePosix.cpp)
