@@ -1,9 +1,12 @@
 #include "desktop/services/HelpFile.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QEventLoop>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
 #include <QHelpSearchEngine>
-#include <QTimer>
+#include <QThread>
 
 #include "services/HelpTopics.h"
 
@@ -11,24 +14,30 @@ namespace korva::desktop {
 
 namespace {
 
-// The name and the folder of the pages inside the file, as it was made with.
-constexpr int kLongestSearch = 5000;  // milliseconds
+constexpr int kLongestWork = 5000;  // milliseconds
 
+// The name and the folder of the pages inside the file, as it was made with.
 constexpr const char* kBase = "qthelp://org.korva-strond.help/help/";
 
 }  // namespace
 
 HelpFile::HelpFile() : folder_(QDir::tempPath() + QStringLiteral("/korva-strond-help-XXXXXX")) {}
 
-// The toolkit's searching thread must not find its engine gone.
+// The toolkit's threads, which search and read the contents and the index, must not find their engine gone.
+// One that does not end keeps it.
 HelpFile::~HelpFile() {
-  if (isSearching_) {
-    QEventLoop wait;
-    QObject::connect(engine_->searchEngine(), &QHelpSearchEngine::searchingFinished, &wait,
-                     &QEventLoop::quit);
-    QTimer::singleShot(kLongestSearch, &wait, &QEventLoop::quit);
-    wait.exec(QEventLoop::ExcludeUserInputEvents);
+  for (QDeadlineTimer limit(kLongestWork); IsAtWork() && !limit.hasExpired();) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
+    QThread::msleep(1);
   }
+  if (IsAtWork()) {
+    static_cast<void>(engine_.release());
+  }
+}
+
+bool HelpFile::IsAtWork() const {
+  return engine_ && (isSearching_ || engine_->contentModel()->isCreatingContents() ||
+                     engine_->indexModel()->isCreatingIndex());
 }
 
 void HelpFile::Search(const QString& query) {
