@@ -103,6 +103,11 @@ void DrawAxes(ChartWork& work) {
   work.AddBox(plot, {}, pen);
 }
 
+// Clear of a symbol at the frame.
+double ReferenceGap(const ChartWork& work) {
+  return std::max(kGap, work.SymbolRadius() + 1);
+}
+
 void DrawReferences(ChartWork& work) {
   const PictureBox& plot = work.Out.Plot;
   for (const ChartReference& line : work.Of.References) {
@@ -119,8 +124,8 @@ void DrawReferences(ChartWork& work) {
     } else {
       const double y = Snapped(at.Y);
       work.AddLine({plot.Left, y}, {plot.Right, y}, pen);
-      work.AddText(
-          {line.Text, {plot.Right + kGap, y + kMiddleLine * kTextPixels}, kTextPixels, 0, false, kQuiet});
+      const DrawPoint place = {plot.Right + ReferenceGap(work), y + kMiddleLine * kTextPixels};
+      work.AddText({line.Text, place, kTextPixels, 0, false, kQuiet});
     }
   }
 }
@@ -184,7 +189,7 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   double texts = 0;  // of the references
   double top = kTop;
   for (const ChartReference& line : work.Of.References) {
-    texts = std::max(texts, line.Upright ? 0 : work.Width(line.Text) + kGap);
+    texts = std::max(texts, line.Upright ? 0 : work.Width(line.Text) + ReferenceGap(work));
     top = line.Upright ? kTop + kTextPixels + 2 : top;
   }
   plot.Top = Snapped(top);
