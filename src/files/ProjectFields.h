@@ -1,8 +1,10 @@
 // The lines that project files are made of, and how each is read. A file format is a table of them.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -27,6 +29,42 @@ struct FieldLine {
   int since = 50;                                       // the format from which the line exists
   int most = std::numeric_limits<std::int16_t>::max();  // a larger integer counts as this
 };
+
+using FieldLines = std::span<const FieldLine>;
+
+// What the panel begins with in project files of all kinds, and what it ends with; in between each kind has
+// lines of its own.
+inline constexpr auto kGeometryLines = std::to_array<FieldLine>({
+    {"EntryHeight", &Project::EntryHeight},
+    {"DepthCover", &Project::DepthCover},
+    {"XcutAngle", &Project::XcutAngle},
+    {"EntryWidth", &Project::EntryWidth},
+    {"XcutSpacing", &Project::XcutSpacing},
+    {"NumberEntries", &Project::NumberEntries},
+    {"XcutCenters", Centers{}},
+    {"CoalStrength", &Project::CoalStrength},
+    {"UnitWeight", &Project::UnitWeight},
+    {"BreadthAMZ", &Project::BreadthAMZ},
+    {"AMZAuto", &Project::AMZAuto},
+});
+inline constexpr auto kGobLines = std::to_array<FieldLine>({
+    {"ExtentActiveGob", &Project::ExtentActiveGob},
+    {"AbutmentAngleActiveGob", &Project::AbutmentAngleActiveGob},
+    {"ExtentFirstGob", &Project::ExtentFirstGob},
+    {"AbutmentAngleFirstGob", &Project::AbutmentAngleFirstGob},
+    {"BarrierFirstGob", &Project::BarrierFirstGob},
+    {"SlabcutFirstGob", &Project::SlabcutFirstGob},
+    {"ExtentSecondGob", &Project::ExtentSecondGob},
+    {"AbutmentAngleSecondGob", &Project::AbutmentAngleSecondGob},
+    {"BarrierSecondGob", &Project::BarrierSecondGob},
+    {"SlabcutSecondGob", &Project::SlabcutSecondGob},
+    {"RowA", &Project::RowA, 53},
+    {"RowB", &Project::RowB, 53},
+    {"RowC", &Project::RowC, 53},
+    {"RowD", &Project::RowD, 53},
+    {"WidthRowC", &Project::WidthRowC, 53},
+    {"WidthRowD", &Project::WidthRowD, 53},
+});
 
 inline constexpr std::string_view kDescriptionStart = "##StartDesc##";
 inline constexpr std::string_view kDescriptionEnd = "##EndDesc##";

@@ -23,43 +23,20 @@ struct Magic {
 constexpr std::array<Magic, 5> FileMagics = {
     {{"KORVA_603", 54}, {"KORVA_602", 53}, {"KORVA_601", 52}, {"KORVA_501", 51}, {"KORVA_500", 50}}};
 
+constexpr std::string_view kMagicName = "the format of a project file";
 constexpr int kLastLoadingCondition = static_cast<int>(PanelLoading::kWithBothSideGobs);
 
-// The lines behind the description. Reader and writer both walk this table.
-constexpr auto kFieldLines = std::to_array<FieldLine>({
-    {"EntryHeight", &Project::EntryHeight},
-    {"DepthCover", &Project::DepthCover},
-    {"XcutAngle", &Project::XcutAngle},
-    {"EntryWidth", &Project::EntryWidth},
-    {"XcutSpacing", &Project::XcutSpacing},
-    {"NumberEntries", &Project::NumberEntries},
-    {"XcutCenters", Centers{}},
-    {"CoalStrength", &Project::CoalStrength},
-    {"UnitWeight", &Project::UnitWeight},
-    {"BreadthAMZ", &Project::BreadthAMZ},
-    {"AMZAuto", &Project::AMZAuto},
+constexpr auto kModelLines = std::to_array<FieldLine>({
     {"ArchAuto", &Project::ArchAuto, 53},
     {"LoadingCondition", &Project::LoadingCondition, 50, kLastLoadingCondition},
     {"LoadingConditionAux", &Project::LoadingConditionAux, 51},
     {"ArchFactor", PaddedSingle{&Project::ArchFactor}, 52},
     {"CalcMode", &Project::CalcMode, 54},
-    {"ExtentActiveGob", &Project::ExtentActiveGob},
-    {"AbutmentAngleActiveGob", &Project::AbutmentAngleActiveGob},
-    {"ExtentFirstGob", &Project::ExtentFirstGob},
-    {"AbutmentAngleFirstGob", &Project::AbutmentAngleFirstGob},
-    {"BarrierFirstGob", &Project::BarrierFirstGob},
-    {"SlabcutFirstGob", &Project::SlabcutFirstGob},
-    {"ExtentSecondGob", &Project::ExtentSecondGob},
-    {"AbutmentAngleSecondGob", &Project::AbutmentAngleSecondGob},
-    {"BarrierSecondGob", &Project::BarrierSecondGob},
-    {"SlabcutSecondGob", &Project::SlabcutSecondGob},
-    {"RowA", &Project::RowA, 53},
-    {"RowB", &Project::RowB, 53},
-    {"RowC", &Project::RowC, 53},
-    {"RowD", &Project::RowD, 53},
-    {"WidthRowC", &Project::WidthRowC, 53},
-    {"WidthRowD", &Project::WidthRowD, 53},
 });
+
+// The lines behind the description. Reader and writer both walk them; further ones stand at their end, in a
+// table of this file.
+constexpr std::array<FieldLines, 3> kPanelLines = {kGeometryLines, kModelLines, kGobLines};
 
 class FieldWriter {
  public:
@@ -107,8 +84,7 @@ bool IsProjectName(std::string_view name) {
 
 std::optional<int> DetectProjectFormat(std::string_view text, const std::string& fileName) {
   std::vector<FileNotice> notices;
-  const std::string_view first =
-      FieldCursor(text, fileName, notices).ReadText("the format of a project file");
+  const std::string_view first = FieldCursor(text, fileName, notices).ReadText(kMagicName);
   const auto* magic =
       std::find_if(FileMagics.begin(), FileMagics.end(), [first](const Magic& m) { return m.text == first; });
   return magic == FileMagics.end() ? std::nullopt : std::optional(magic->format);
@@ -117,11 +93,13 @@ std::optional<int> DetectProjectFormat(std::string_view text, const std::string&
 void ReadProject(std::string_view text, const std::string& fileName, int version, StoredProject& project,
                  std::vector<FileNotice>& notices) {
   FieldCursor cursor(text, fileName, notices);
-  cursor.ReadText("the format of a project file");
+  cursor.ReadText(kMagicName);
   ReadProjectHead(cursor, project);
-  for (const FieldLine& line : kFieldLines) {
-    if (version >= line.since) {
-      ReadFieldLine(cursor, line, project.ProjectInput);
+  for (const FieldLines lines : kPanelLines) {
+    for (const FieldLine& line : lines) {
+      if (version >= line.since) {
+        ReadFieldLine(cursor, line, project.ProjectInput);
+      }
     }
   }
   cursor.NoticeRest();
@@ -147,8 +125,10 @@ std::string ComposeProject(const StoredProject& project) {
   text.append(PaddedText(static_cast<int>(project.ProjectUnits))).append(kLineEnd);
   text.append(project.ProjectTitle).append(kLineEnd);
   text.append(description);
-  for (const FieldLine& line : kFieldLines) {
-    std::visit(FieldWriter(text, project.ProjectInput), line.member);
+  for (const FieldLines lines : kPanelLines) {
+    for (const FieldLine& line : lines) {
+      std::visit(FieldWriter(text, project.ProjectInput), line.member);
+    }
   }
   return text;
 }
