@@ -3,34 +3,12 @@
 #include <algorithm>
 
 #include "plan/PlanBox.h"
+#include "plan/PlanLegend.h"
 #include "plan/PlanRecords.h"
 
 namespace korva {
 
 namespace {
-
-constexpr std::size_t kKindsWithoutLegend = 2;
-
-bool Has(const Drawing& drawing, DrawLayer layer) {
-  return std::any_of(drawing.Polygons.begin(), drawing.Polygons.end(),
-                     [layer](const DrawPolygon& polygon) { return polygon.Layer == layer; });
-}
-
-void AddLegend(Drawing& drawing, bool zoneCutOff) {
-  const std::string zone = zoneCutOff ? "Active mining zone, not to scale" : "Active mining zone";
-  for (const LegendEntry& entry : {LegendEntry{DrawLayer::kPillar, "Pillar"},
-                                   {DrawLayer::kLeaveRow, "Row left"},
-                                   {DrawLayer::kBarrier, "Barrier pillar"},
-                                   {DrawLayer::kGob, "Gob"},
-                                   {DrawLayer::kActiveMiningZone, zone}}) {
-    if (Has(drawing, entry.Layer)) {
-      drawing.Legend.push_back(entry);
-    }
-  }
-  if (drawing.Legend.size() <= kKindsWithoutLegend) {
-    drawing.Legend.clear();
-  }
-}
 
 // A panel whose entries or crosscuts overlap is no panel.
 bool HasPillars(const PlanRequest& request) {
@@ -57,11 +35,16 @@ std::optional<Drawing> PanelOverview(const PlanRequest& request) {
   const DrawBox box = BoxOf(drawing, 0);
   drawing.Low = box.Low;
   drawing.High = box.High;
-  AddLegend(drawing, geometry.ZoneCutOff);
-  if (HasActiveGob(request.ProjectCalc)) {
-    drawing.Note = "Retreat from top to bottom";
+  drawing.Legend = LegendOf(drawing, std::string(kZoneName).append(geometry.ZoneCutOff ? kNotToScale : ""));
+  const bool gobs = std::any_of(drawing.Legend.begin(), drawing.Legend.end(),
+                                [](const LegendEntry& entry) { return entry.Layer == DrawLayer::kGob; });
+  if (drawing.Legend.size() <= kKindsWithoutLegend) {
+    drawing.Legend.clear();
   }
-  if (Has(drawing, DrawLayer::kGob)) {
+  if (HasActiveGob(request.ProjectCalc)) {
+    drawing.Note = kRetreatNote;
+  }
+  if (gobs) {
     drawing.Note += "; gobs cut short";
   }
   return drawing;

@@ -3,6 +3,9 @@
 #include <array>
 #include <string_view>
 
+#include "plan/PlanLegend.h"
+#include "plan/PlanRecords.h"
+
 namespace korva {
 
 namespace {
@@ -127,26 +130,6 @@ void AddSide(const SideBuilder& side, bool rowLeft, bool bleeder, std::string_vi
   side.AddText(gobEdge - kSideGob / 2, kHeight / 2, gobName, true);
 }
 
-bool HasRows(const PanelPicture& f) {
-  return f.RowA || f.RowB || f.RowC || f.RowD;
-}
-
-void AddLegend(Drawing& drawing, const PanelPicture& picture) {
-  drawing.Legend.push_back({DrawLayer::kPillar, "Pillar"});
-  if (!HasActiveGob(picture.Condition)) {
-    return;
-  }
-  if (HasRows(picture)) {
-    drawing.Legend.push_back({DrawLayer::kLeaveRow, "Row left"});
-  }
-  if (HasFirstSideGob(picture.Condition)) {
-    drawing.Legend.push_back({DrawLayer::kBarrier, "Barrier pillar"});
-  }
-  drawing.Legend.push_back({DrawLayer::kGob, "Gob"});
-  drawing.Legend.push_back({DrawLayer::kActiveMiningZone, "Active mining zone"});
-  drawing.Note = "Retreat from top to bottom";
-}
-
 }  // namespace
 
 Drawing PanelSchematic(const PanelPicture& picture) {
@@ -158,15 +141,16 @@ Drawing PanelSchematic(const PanelPicture& picture) {
   }
   AddPillars(drawing, picture);
   if (HasFirstSideGob(picture.Condition)) {
-    AddSide(SideBuilder(drawing, false), picture.RowA, picture.RowC, "C", "First side gob");
+    AddSide(SideBuilder(drawing, false), picture.RowA, picture.RowC, "C", kGobNames.front());
   }
   if (HasSecondSideGob(picture.Condition)) {
-    AddSide(SideBuilder(drawing, true), picture.RowB, picture.RowD, "D", "Second side gob");
+    AddSide(SideBuilder(drawing, true), picture.RowB, picture.RowD, "D", kGobNames.back());
   }
   if (HasActiveGob(picture.Condition)) {
     AddActiveMiningZone(drawing);
+    drawing.Note = kRetreatNote;
   }
-  AddLegend(drawing, picture);
+  drawing.Legend = LegendOf(drawing);
   return drawing;
 }
 

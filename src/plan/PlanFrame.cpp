@@ -9,6 +9,7 @@
 #include "core/Tables.h"
 #include "core/Text.h"
 #include "plan/PlanBox.h"
+#include "plan/PlanLegend.h"
 #include "plan/PlanNotes.h"
 #include "plan/PlanPen.h"
 
@@ -121,7 +122,7 @@ Drawing PlanFrame::Records() const {
   return frame;
 }
 
-double PlanFrame::Length(const Entry& entry) {
+double PlanFrame::Length(const LegendEntry& entry) {
   return kSwatch + kGap + TextLength(entry.Text) + 2 * kGap;
 }
 
@@ -134,35 +135,24 @@ std::string PlanFrame::LeaveRowName() const {
 }
 
 std::string PlanFrame::ZoneName() const {
-  return "Active mining zone, " + LengthText(r_.ProjectCalc.BreadthAMZ, r_.Units) +
-         (zoneCutOff_ ? ", not to scale" : "");
+  return fmt::format("{}, {}{}", kZoneName, LengthText(r_.ProjectCalc.BreadthAMZ, r_.Units),
+                     zoneCutOff_ ? kNotToScale : "");
 }
 
 // Of what can be seen; none where no more than two kinds stand together.
-std::vector<PlanFrame::Entry> PlanFrame::Kinds(const Drawing& panel) const {
-  std::vector<Entry> entries;
-  for (const auto& [layer, text] : {std::pair<DrawLayer, std::string>{DrawLayer::kPillar, "Pillar"},
-                                    {DrawLayer::kLeaveRow, LeaveRowName()},
-                                    {DrawLayer::kBarrier, "Barrier pillar"},
-                                    {DrawLayer::kGob, "Gob"},
-                                    {DrawLayer::kActiveMiningZone, ZoneName()}}) {
-    if (std::any_of(panel.Polygons.begin(), panel.Polygons.end(), [l = layer](const DrawPolygon& polygon) {
-          return polygon.Layer == l && IsSeen(polygon);
-        })) {
-      entries.push_back({layer, text});
-    }
-  }
-  if (entries.size() <= 2) {
+std::vector<LegendEntry> PlanFrame::Kinds(const Drawing& panel) const {
+  std::vector<LegendEntry> entries = LegendOf(panel, ZoneName(), LeaveRowName(), IsSeen);
+  if (entries.size() <= kKindsWithoutLegend) {
     entries.clear();
   }
   return entries;
 }
 
 // In rows that fit.
-std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend() const {
-  std::vector<std::vector<Entry>> rows;
+std::vector<std::vector<LegendEntry>> PlanFrame::Legend() const {
+  std::vector<std::vector<LegendEntry>> rows;
   double length = side_;
-  for (const Entry& entry : kinds_) {
+  for (const LegendEntry& entry : kinds_) {
     if (rows.empty() || (length + Length(entry)) * height_ > side_ - 2 * margin_) {
       rows.emplace_back();
       length = 0;
@@ -173,9 +163,9 @@ std::vector<std::vector<PlanFrame::Entry>> PlanFrame::Legend() const {
   return rows;
 }
 
-void PlanFrame::AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, double y) const {
+void PlanFrame::AddLegendRow(Drawing& drawing, const std::vector<LegendEntry>& row, double y) const {
   double x = margin_;
-  for (const Entry& entry : row) {
+  for (const LegendEntry& entry : row) {
     const double right = x + kSwatch * height_;
     const double half = 0.4 * height_;
     drawing.Polygons.push_back(
@@ -215,7 +205,7 @@ void PlanFrame::AddScale(Drawing& drawing, double y) const {
   }
   AddText(drawing, {right + kGap * height_, y}, text);
   if (HasActiveGob(r_.ProjectCalc)) {
-    AddText(drawing, {margin_, y}, "Retreat from top to bottom");
+    AddText(drawing, {margin_, y}, std::string(kRetreatNote));
   }
 }
 

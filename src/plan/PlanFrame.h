@@ -22,20 +22,15 @@ class PlanFrame {
   Drawing Records() const;
 
  private:
-  struct Entry {
-    DrawLayer Layer;
-    std::string Text;
-  };
-
-  static double Length(const Entry& entry);
+  static double Length(const LegendEntry& entry);
   void AddText(Drawing& drawing, DrawPoint at, const std::string& text, double room = 0) const;
   std::string LeaveRowName() const;
   std::string ZoneName() const;
-  std::vector<Entry> Kinds(const Drawing& panel) const;
-  std::vector<std::vector<Entry>> Legend() const;
+  std::vector<LegendEntry> Kinds(const Drawing& panel) const;
+  std::vector<std::vector<LegendEntry>> Legend() const;
   std::vector<std::string> NoteLines() const;
   double BlockHeight() const;
-  void AddLegendRow(Drawing& drawing, const std::vector<Entry>& row, double y) const;
+  void AddLegendRow(Drawing& drawing, const std::vector<LegendEntry>& row, double y) const;
   void AddScale(Drawing& drawing, double y) const;
   void AddBlock(Drawing& drawing) const;
   void AddCell(Drawing& drawing, double left, double right, double y, const std::string& text) const;
@@ -46,7 +41,7 @@ class PlanFrame {
   double height_;      // of the frame's texts
   double margin_;
   bool zoneCutOff_;
-  std::vector<Entry> kinds_;
+  std::vector<LegendEntry> kinds_;
 };
 
 }  // namespace korva

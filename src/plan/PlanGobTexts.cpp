@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "plan/PlanLegend.h"
 #include "plan/PlanRecords.h"
 
 namespace korva {
@@ -38,7 +39,7 @@ class GobTexts {
     std::string name(kGobNames[static_cast<std::size_t>(gob - kFirstGob)]);
     std::vector<DrawBox> rooms = {room};
     if (r_.Geometry.SchematicGobs) {
-      name += ", " + LengthText(extent, r_.Units) + ", not to scale";
+      name.append(", ").append(LengthText(extent, r_.Units)).append(kNotToScale);
     } else if (r_.Options.PlotGobDims) {  // above the dimension's text, or in front of it
       const double line = GobDimensionHeight(p_);
       const double half = (TextLength(Whole(extent)) / 2 + 1) * pen_.Height();
