@@ -12,6 +12,7 @@
 #include "commands/Attempt.h"
 #include "commands/StartUp.h"
 #include "core/ClassifyError.h"
+#include "core/FontNames.h"
 #include "core/Version.h"
 #include "desktop/core/frmMain.h"
 #include "desktop/services/QtFetch.h"
@@ -58,8 +59,8 @@ class Application final : public QApplication {
 // The first of the usual fonts that the screen has, by its own name or by that of its free twin.
 std::string BestFont() {
   const QStringList families = QFontDatabase::families();
-  for (const auto& [name, twin] : {std::pair{"Arial", "Liberation Sans"},
-                                   {"Courier New", "Liberation Mono"},
+  for (const auto& [name, twin] : {std::pair{"Arial", kSansFont},
+                                   {kCourierFont, kMonoFont},
                                    {"System", "System"},
                                    {"Terminal", "Terminal"}}) {
     if (families.contains(QLatin1String(name)) || families.contains(QLatin1String(twin))) {

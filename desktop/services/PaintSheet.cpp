@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 
+#include "core/FontNames.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
@@ -9,7 +10,7 @@ namespace korva::desktop {
 QFont PrinterFont() {
   const QStringList families = QFontDatabase::families();
   QString family = families.isEmpty() ? QString() : families.constFirst();
-  for (const char* name : {"Courier New", "Liberation Mono", "Courier", "Arial"}) {
+  for (const char* name : {kCourierFont, kMonoFont, "Courier", "Arial"}) {
     if (families.contains(QLatin1String(name))) {
       family = QLatin1String(name);
       break;

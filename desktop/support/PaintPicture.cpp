@@ -3,6 +3,7 @@
 #include <QPolygonF>
 #include <algorithm>
 
+#include "core/FontNames.h"
 #include "desktop/support/FormTools.h"
 #include "pictures/PaintPicture.h"
 
@@ -69,7 +70,7 @@ void Paint(QPainter& painter, const PictureSymbol& symbol, bool likeLast) {
 
 // The font of the engine's measure; its widths grow with its size here, too.
 QFont PictureFont(double pixels) {
-  QFont font(QStringLiteral("Liberation Sans"));
+  QFont font{QLatin1String(kSansFont)};
   font.setPixelSize(static_cast<int>(pixels));
   font.setHintingPreference(QFont::PreferVerticalHinting);
   font.setKerning(false);

@@ -7,6 +7,7 @@
 #include <numbers>
 #include <vector>
 
+#include "core/FontNames.h"
 #include "pictures/CairoTools.h"
 #include "pictures/PictureFile.h"
 
@@ -61,7 +62,7 @@ class Painter {
         drawing_(drawing),
         scale_(kSide / std::max(drawing.High.X - drawing.Low.X, drawing.High.Y - drawing.Low.Y)),
         textSize_(textHeight * scale_ / kLineHeight) {
-    cairo_select_font_face(cairo_, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_select_font_face(cairo_, kSansFont, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(cairo_, textSize_);
     cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_MITER);
   }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <numbers>
 
+#include "core/FontNames.h"
 #include "pictures/CairoTools.h"
 #include "pictures/PictureFile.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 // Its widths grow with its size, on every kind of surface.
 void SelectSans(cairo_t* cairo) {
-  cairo_select_font_face(cairo, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_select_font_face(cairo, kSansFont, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
   cairo_font_options_t* options = cairo_font_options_create();
   cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
   cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);

@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include "core/Encoding.h"
+#include "core/FontNames.h"
 #include "pictures/PictureFile.h"
 
 namespace korva {
@@ -16,7 +17,7 @@ void PaintSheet(cairo_t* cairo, const PrintedSheet& sheet) {
   cairo_set_source_rgb(cairo, 0, 0, 0);
   for (const SheetText& text : sheet.Texts) {
     // The free twin of "Courier New", with the same widths.
-    cairo_select_font_face(cairo, "Liberation Mono", CAIRO_FONT_SLANT_NORMAL,
+    cairo_select_font_face(cairo, kMonoFont, CAIRO_FONT_SLANT_NORMAL,
                            text.Bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(cairo, kPrintFontSize);
     cairo_move_to(cairo, text.X, text.Y + kPrintAscent);
