@@ -92,7 +92,7 @@ RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
 bool IsRefused(Korva& korva, MessagePort& messages) {
   const auto refusal = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal;
   if (refusal) {
-    ShowMessage(korva, messages, {.text = *refusal, .title = {}, .topic = "warnings-refusals"});
+    ShowMessage(korva, messages, {.text = *refusal, .topic = "warnings-refusals"});
   }
   return refusal.has_value();
 }
@@ -168,12 +168,11 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel m
   korva.OutPageLast = OutputPages::kLast;
   Evaluated evaluated = EvaluateProject(korva, model);
   if (evaluated.Refusal) {
-    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}, .topic = "warnings-refusals"});
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .topic = "warnings-refusals"});
     return false;
   }
   if (model == kComparedModels) {
-    ShowMessage(korva, messages,
-                {.text = std::string(kWithoutWarnings), .title = {}, .topic = "messages-run"});
+    ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .topic = "messages-run"});
   }
   PageSet set =
       model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
@@ -191,7 +190,7 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel m
 
 bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   if (korva.ProjectEmpty) {
-    ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .title = {}, .topic = "messages-run"});
+    ShowMessage(korva, messages, {.text = std::string(kEmptyFile), .topic = "messages-run"});
     return false;
   }
   korva.OutPageLast = OutputPages::kLast;
@@ -203,7 +202,7 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   if (IsRefused(korva, messages)) {
     return false;
   }
-  ShowMessage(korva, messages, {.text = std::string(kTakesMinutes), .title = {}, .topic = "messages-run"});
+  ShowMessage(korva, messages, {.text = std::string(kTakesMinutes), .topic = "messages-run"});
   return CalculateWorkingCopy(korva, messages, kLaminatedModel);
 }
 

@@ -79,7 +79,7 @@ std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
   if (question.Folder.size() > 1 && question.Folder.ends_with('/')) {
     question.Folder.pop_back();
   }
-  question.Filters = {"All Files (*.*)", "Excel Files (*.XLS)", "Excel Files (*.XLSX)"};
+  question.Filters = {kAllFiles, "Excel Files (*.XLS)", "Excel Files (*.XLSX)"};
   question.ActiveFilter = 1;
   const auto chosen = files.ChooseFile(question);
   if (!chosen) {

@@ -101,7 +101,7 @@ bool ViewExternally(Korva& korva, Ports& ports, const std::string& file) {
   Attempt(korva, ports.Messages, [&] {
     if (!StateOfFile(file).exists) {
       ShowMessage(korva, ports.Messages,
-                  {.text = "Requested File not found: " + file, .title = {}, .topic = "messages-documents"});
+                  {.text = "Requested File not found: " + file, .topic = "messages-documents"});
       return;
     }
     CopyToScratch(korva, ports, file);

@@ -28,7 +28,6 @@ bool IsConfirmed(Korva& korva, Ports& ports, std::string question) {
   return ShowMessage(korva, ports.Messages,
                      {.text = std::move(question),
                       .buttons = MessageButtons::kYesNo,
-                      .title = {},
                       .topic = "messages-association"}) == MessageAnswer::kYes;
 }
 
@@ -55,7 +54,6 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
         {.text = fmt::format("The file extension of the settings, \"{}\", cannot be associated. It has "
                              "to be one to three capital letters or digits.",
                              Excerpt(extension)),
-         .title = {},
          .topic = "messages-association"});
     return;
   }
@@ -81,7 +79,6 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "function to be successfully completed the user needs to have access to the "
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
-       .title = {},
        .detail = DoubtsText(doubts),
        .topic = "messages-association"});
   HistoryLog(korva.SessionHistory, korva.Preferences,
@@ -110,7 +107,6 @@ void AskFileDissociation(Korva& korva, Ports& ports) {
   if (Attempt(korva, ports.Messages, dissociate) == AttemptResult::kDone) {
     ShowMessage(korva, ports.Messages,
                 {.text = fmt::format("The association of file extension {} has been removed", *extension),
-                 .title = {},
                  .detail = Listed("These files were changed since and stay as they are:", left),
                  .topic = "messages-association"});
   }

@@ -88,8 +88,7 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
   const std::string text = TextFromFileBytes(korva.OpenFile.Bytes);
   const auto format = DetectProjectFormat(text, korva.ProjectFileName);
   if (!format) {
-    ShowMessage(korva, messages,
-                {.text = FormatRefusal(korva.OpenFile.Bytes), .title = {}, .topic = "messages-files"});
+    ShowMessage(korva, messages, {.text = FormatRefusal(korva.OpenFile.Bytes), .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = *format;
@@ -109,7 +108,7 @@ bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
   const std::string bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
   const std::string text = TextFromFileBytes(bytes);
   if (!DetectVoskFormat(text, korva.ProjectFileName)) {
-    ShowMessage(korva, messages, {.text = FormatRefusal(bytes), .title = {}, .topic = "messages-files"});
+    ShowMessage(korva, messages, {.text = FormatRefusal(bytes), .topic = "messages-files"});
     return false;
   }
   korva.ProjectFormatVersion = 0;  // none of the project file's own

@@ -56,9 +56,8 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
   question.Folder = lastName.empty() || lastName == "1" ? FolderOfName(dataPath) : FolderOfName(lastName);
   const std::string& extension = korva_.Preferences.FileExtension;
   question.DefaultExtension = extension;
-  question.Filters = {
-      "All Files (*.*)",
-      fmt::format("{} Files (*.{})", ExeName, dialog == FileDialog::kImport ? kVoskExtension : extension)};
+  question.Filters = {kAllFiles, fmt::format("{} Files (*.{})", ExeName,
+                                             dialog == FileDialog::kImport ? kVoskExtension : extension)};
   question.ActiveFilter = 1;
   const auto chosen = ports_.Files.ChooseFile(question);
   if (!chosen) {

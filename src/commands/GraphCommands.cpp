@@ -47,7 +47,6 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   const bool opened = ports.Documents.Open(file);
   ShowMessage(korva, ports.Messages,
               {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
-               .title = {},
                .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file),
                .topic = "messages-graphs"});
 }

@@ -8,16 +8,18 @@ namespace korva {
 
 namespace {
 
+void SayNotAvailable(Korva& korva, MessagePort& messages, std::string_view kind, std::string_view name) {
+  ShowMessage(korva, messages,
+              {.text = std::string(kind).append(" file (").append(name).append(") not available"),
+               .topic = "messages-documents"});
+}
+
 // `name` is what a message calls the document.
 void Open(Korva& korva, Ports& ports, const std::string& path, std::string_view kind, std::string_view name) {
   if (!IsFile(path)) {
-    ShowMessage(korva, ports.Messages,
-                {.text = std::string(kind).append(" file (").append(name).append(") not available"),
-                 .title = {},
-                 .topic = "messages-documents"});
+    SayNotAvailable(korva, ports.Messages, kind, name);
   } else if (!ports.Documents.Open(path)) {
-    ShowMessage(korva, ports.Messages,
-                {.text = "Operation Failed", .title = {}, .topic = "messages-documents"});
+    ShowMessage(korva, ports.Messages, {.text = kOperationFailed, .topic = "messages-documents"});
   }
 }
 
@@ -30,10 +32,7 @@ std::string DocumentPath(const Folders& places, std::string_view name) {
 }
 
 void SayHelpNotAvailable(Korva& korva, MessagePort& messages) {
-  ShowMessage(korva, messages,
-              {.text = std::string("Help file (").append(HelpFileName).append(") not available"),
-               .title = {},
-               .topic = "messages-documents"});
+  SayNotAvailable(korva, messages, "Help", HelpFileName);
 }
 
 void OpenManual(Korva& korva, Ports& ports) {

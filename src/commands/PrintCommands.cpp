@@ -67,6 +67,11 @@ std::string JoinPages(const Korva& korva, int first, int last) {
   return text;
 }
 
+void CopyPages(Korva& korva, ClipboardPort& clipboard, std::string_view text) {
+  clipboard.SetText(std::string(text));
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Output copied to clipboard");
+}
+
 PaperSize PaperInUse(const Korva& korva, PrinterPort& printer) {
   return printer.Paper().value_or(PaperOfUnits(korva.Stored.ProjectUnits));
 }
@@ -82,7 +87,7 @@ void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text) {
                                  .Folder = korva.Preferences.DataPath,
                                  .Name = FileBaseName(korva.ProjectFileName, true) + ".pdf",
                                  .DefaultExtension = "pdf",
-                                 .Filters = {"Portable document (*.pdf)", "All Files (*.*)"}};
+                                 .Filters = {kPdfFiles, kAllFiles}};
   const auto file = ports.Files.ChooseFile(question);
   if (!file) {
     return;

@@ -28,6 +28,9 @@ void PrintPages(Korva& korva, Ports& ports, int first, int last);
 // The output pages from `first` to `last`, one text without anything between them.
 std::string JoinPages(const Korva& korva, int first, int last);
 
+// "Copy All" of pages: `text` goes to the clipboard, which the history tells.
+void CopyPages(Korva& korva, ClipboardPort& clipboard, std::string_view text);
+
 // The paper in the printer; without a printer the paper that the project's units ask for.
 PaperSize PaperInUse(const Korva& korva, PrinterPort& printer);
 

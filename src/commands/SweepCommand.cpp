@@ -12,17 +12,16 @@ std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphK
                                      std::optional<OverburdenModel> calcMode) {
   const OptionSettings& options = korva.Preferences.Options;
   if (options.PlotRangeMin > options.PlotRangeMax) {
-    ShowMessage(korva, messages,
-                {.text = "Invalid Range settings. Check Options-> Output Options",
-                 .title = {},
-                 .topic = "messages-graphs"});
+    ShowMessage(
+        korva, messages,
+        {.text = "Invalid Range settings. Check Options-> Output Options", .topic = "messages-graphs"});
     return std::nullopt;
   }
   korva.ProjectCalc = korva.Stored.ProjectInput;
   korva.ProjectCalc.CalcMode = calcMode.value_or(korva.ProjectCalc.CalcMode);
   Prepared prepared = PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits);
   if (prepared.Refusal) {
-    ShowMessage(korva, messages, {.text = *prepared.Refusal, .title = {}, .topic = "warnings-refusals"});
+    ShowMessage(korva, messages, {.text = *prepared.Refusal, .topic = "warnings-refusals"});
     return std::nullopt;
   }
   return SweepJob{graph,

@@ -43,7 +43,6 @@ bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view 
                                    {.text = NewVersionQuestion(),
                                     .buttons = MessageButtons::kYesNoCancel,
                                     .icon = MessageIcon::kQuestion,
-                                    .title = {},
                                     .topic = "messages-updates"}) == MessageAnswer::kYes;
   }
   return korva.AutoUpdate;
@@ -57,11 +56,17 @@ Updates::~Updates() {
 }
 
 void Updates::Show(std::string text) {
-  ShowMessage(korva_, ports_.Messages, {.text = std::move(text), .title = {}, .topic = "messages-updates"});
+  ShowMessage(korva_, ports_.Messages, {.text = std::move(text), .topic = "messages-updates"});
 }
 
 std::string Updates::SetupFile() const {
   return DownloadsFolder(korva_.Places.DataRoot) + setupName_;
+}
+
+void Updates::OpenProductPage() {
+  if (!ports_.Documents.OpenPage(korva_.Updates.ProductPageUrl)) {
+    Show(kOperationFailed);
+  }
 }
 
 void Updates::RunAll() {
@@ -101,11 +106,9 @@ void Updates::Compare(const FetchAnswer& answer) {
   if (!IsNewerVersion(server, ProgramVersionText(false))) {
     korva_.AutoUpdate = false;  // nothing is left to do
     changed_();
-    ShowMessage(korva_, ports_.Messages,
-                {.text = "Program is up to date",
-                 .buttons = MessageButtons::kOkCancel,
-                 .title = {},
-                 .topic = "messages-updates"});
+    ShowMessage(
+        korva_, ports_.Messages,
+        {.text = "Program is up to date", .buttons = MessageButtons::kOkCancel, .topic = "messages-updates"});
     return;
   }
   setupName_ = SetupName(server);
@@ -115,7 +118,6 @@ void Updates::Compare(const FetchAnswer& answer) {
                                        {.text = "A new version is available. Download?",
                                         .buttons = MessageButtons::kYesNoCancel,
                                         .icon = MessageIcon::kQuestion,
-                                        .title = {},
                                         .topic = "messages-updates"}) == MessageAnswer::kYes) {
     Download();
   }
@@ -236,7 +238,7 @@ void Updates::StartSetup(const std::string& file) {
   } else if (ports_.Documents.Open(file)) {
     endProgram_();
   } else {
-    Show("Operation Failed");
+    Show(kOperationFailed);
   }
 }
 

@@ -49,6 +49,8 @@ class Updates {
   void Install();   // starts it, and has the program end
   // Check, Download and Install one after the other, without further questions.
   void RunAll();
+  // Opens the program's page on the web; if that fails, it tells so.
+  void OpenProductPage();
 
  private:
   void Compare(const FetchAnswer& answer);

@@ -16,7 +16,7 @@ struct Message {
   std::string text;
   MessageButtons buttons = MessageButtons::kOk;
   MessageIcon icon = MessageIcon::kNone;
-  std::string title;
+  std::string title = {};          // empty: the program's
   std::string detail = {};         // what was at fault, set apart from the text
   std::string topic = "messages";  // label of the help that F1 opens
 };
@@ -42,7 +42,9 @@ struct MessageTitles {
 // The titles with the prefix of `slot` (1 to 13); run-time error 9 beyond.
 MessageTitles MessageTitlesOf(int slot);
 
-// Writes the message to the history, then shows it; an empty title becomes the program's title.
+inline constexpr const char* kOperationFailed = "Operation Failed";
+
+// Writes the message to the history, then shows it.
 MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message);
 
 }  // namespace korva

@@ -19,6 +19,9 @@ enum class FactorRounding : int { kTwoDecimals = 0, kNone = 1, kTruncated = 2 };
 // Where the files of a laminated run go, see StrondPlaceOf.
 enum class SolverFolder : int { kApplication = 0, kUserTemporary = 1, kRoot = 2, kDocuments = 3 };
 
+inline constexpr const char* kDefaultGraphTitle = "Korva Panel Review - Strondel";
+inline constexpr const char* kDefaultEditor = "Notepad.exe";
+
 // Section "KORVAOptions".
 struct OptionSettings {
   StressUnit OutputStrUnits = StressUnit::kPsi;   // in English projects
@@ -78,7 +81,7 @@ struct GraphSettings {
   bool CurveLegend = true;
   int SymbolSize = 5;
   UnitSystem GraphUnits = kEnglish;
-  std::string GraphTitle = "Korva Panel Review - Strondel";
+  std::string GraphTitle = kDefaultGraphTitle;
   IndexedArray<std::string, 0, 6> XAxisTitle;
   IndexedArray<std::string, 0, 1> YAxisTitle;
 };
@@ -97,7 +100,7 @@ struct Settings {
   bool LoadLastInputFile = false;  // open the latest recent file at the start
   bool RemindAnnualUpdates = true;
   bool CopyExampleFiles = true;  // copy missing example projects at the start
-  std::string ExternalEditor = "Notepad.exe";
+  std::string ExternalEditor = kDefaultEditor;
   std::string DataPath;  // folder that the file dialogs open in, with a separator at its end
   std::string FileExtension = "KVL";
 

@@ -50,7 +50,7 @@ constexpr auto kGraphTable = std::to_array<Setting<GraphSettings>>({
     {"CurveLegend", &GraphSettings::CurveLegend, "1"},
     {"SymbolSize", &GraphSettings::SymbolSize, "5", 3, 20},
     {"GraphUnits", &GraphSettings::GraphUnits},
-    {"GraphTitle", &GraphSettings::GraphTitle, "Korva Panel Review - Strondel"},
+    {"GraphTitle", &GraphSettings::GraphTitle, kDefaultGraphTitle},
 });
 
 constexpr auto kFontTable = std::to_array<Setting<FontSettings>>({

@@ -13,7 +13,7 @@ TEST(ShowMessage, LogsUnderItsTitleAndFallsBackToTheProgramTitle) {
   korva.Preferences.DisplayHistoryWin = true;
   ScriptedMessages port;
   port.Expect("Save?", MessageButtons::kYesNo, MessageAnswer::kNo).Expect("Too deep");
-  EXPECT_EQ(ShowMessage(korva, port, {.text = "Save?", .buttons = MessageButtons::kYesNo, .title = {}}),
+  EXPECT_EQ(ShowMessage(korva, port, {.text = "Save?", .buttons = MessageButtons::kYesNo}),
             MessageAnswer::kNo);
   ShowMessage(korva, port, {.text = "Too deep", .title = "Range Error"});
   EXPECT_EQ(korva.SessionHistory.Text, "1. Message: Save?\r\n2. Range Error: Too deep\r\n");

@@ -38,7 +38,7 @@ TEST(ClosedForms, AFormThatIsClosedWithItsBoxStaysUntilItsCommandHasEnded) {
       qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->accept();
       form->close();
     });
-    QtMessages().Show({.text = "A warning", .title = {}});
+    QtMessages().Show({.text = "A warning"});
     there = !form.isNull();
   });
   EXPECT_TRUE(there);

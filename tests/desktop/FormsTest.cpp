@@ -182,7 +182,7 @@ TEST_F(Forms, NoPartOfAMessageIsReadAsRichText) {
     }
     QApplication::activeModalWidget()->close();
   });
-  QtMessages().Show({.text = odd.toStdString(), .title = {}, .detail = odd.toStdString()});
+  QtMessages().Show({.text = odd.toStdString(), .detail = odd.toStdString()});
   EXPECT_EQ(plain.size(), 2) << "text and detail";
 }
 
