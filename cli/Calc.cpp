@@ -22,7 +22,7 @@ Json FormJson(const Korva& korva, const std::string& file) {
     try {
       return compute();
     } catch (const RuntimeError& error) {
-      Complain(fmt::format("warning: {}: {}", file, error.what()));
+      Warn(file, error.what());
       return nullptr;
     }
   };
@@ -68,7 +68,7 @@ int Calc(Korva& korva, const ProjectCall& call) {
   const Evaluated evaluated = EvaluateProject(korva, korva.ProjectCalc.CalcMode);
   if (evaluated.Refusal) {
     TerminalMessages messages(call.File);
-    ShowMessage(korva, messages, {.text = *evaluated.Refusal, .title = {}});
+    ShowMessage(korva, messages, {.text = *evaluated.Refusal});
     if (call.AsJson) {
       Print(JsonText({{"file", call.File},
                       {"refused", *evaluated.Refusal},
@@ -88,7 +88,7 @@ int Calc(Korva& korva, const ProjectCall& call) {
 Command AddCalc(CLI::App& app, const CommonOptions& common) {
   auto call = std::make_shared<ProjectCall>();
   CLI::App* parser = app.add_subcommand("calc", "Print every number of a calculation");
-  parser->add_option("FILE", call->File, "project file")->required();
+  AddFile(*parser, call->File);
   AddModelOption(*parser, call->Model);
   parser->add_flag("--json", call->AsJson, "as JSON, arrays index by index");
   parser->footer("Example:\n  korva calc examples/two-side-gobs.KVL --json");

@@ -49,7 +49,7 @@ Command AddSaving(CLI::App& app, const CommonOptions& common, const char* name, 
   auto call = std::make_shared<SaveCall>();
   call->Convert = convert;
   CLI::App* parser = app.add_subcommand(name, what);
-  parser->add_option("FILE", call->File, "project file")->required();
+  AddFile(*parser, call->File);
   parser->add_option("OUT", call->Out, "file to write")->required();
   parser->add_flag("--force", call->Force, "replace FILE itself even if not all of it was read");
   parser->footer(example);

@@ -113,7 +113,7 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
 Command AddPlan(CLI::App& app, const CommonOptions& common) {
   auto call = std::make_shared<PlanCall>();
   CLI::App* parser = app.add_subcommand("plan", "Draw the panel in plan, to scale");
-  parser->add_option("FILE", call->File, "project file")->required();
+  AddFile(*parser, call->File);
   parser
       ->add_option(
           "--plot", call->Plot,

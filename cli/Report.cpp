@@ -88,7 +88,7 @@ int Report(Korva& korva, const ReportCall& call) {
 Command AddReport(CLI::App& app, const CommonOptions& common) {
   auto call = std::make_shared<ReportCall>();
   CLI::App* parser = app.add_subcommand("report", "Print the output pages of a project");
-  parser->add_option("FILE", call->File, "project file")->required();
+  AddFile(*parser, call->File);
   parser->add_option("--page", call->Pages, "only this page, 0 to 5; may be given again")
       ->type_name("N")
       ->expected(1)

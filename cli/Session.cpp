@@ -59,6 +59,10 @@ Settings PreferencesOf(const CommonOptions& options) {
   return settings;
 }
 
+void AddFile(CLI::App& command, std::string& file) {
+  command.add_option("FILE", file, "project file")->required();
+}
+
 void AddModelOption(CLI::App& command, std::string& model) {
   command.add_option("--model", model, "overburden model, instead of the project's own")
       ->type_name("MODEL")
@@ -139,9 +143,13 @@ void WriteOrPrint(const ProjectCall& call, const std::string& result) {
   }
 }
 
+void Warn(std::string_view file, std::string_view text) {
+  Complain(fmt::format("warning: {}: {}", file, text));
+}
+
 void TellFormNotices(const Korva& korva, const std::string& file) {
   for (const FormNotice& notice : FormNotices(korva.ProjectCalc)) {
-    Complain(fmt::format("warning: {}: {}", file, notice.Text));
+    Warn(file, notice.Text);
   }
 }
 

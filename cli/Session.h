@@ -43,6 +43,9 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options);
 // then the changes. Throws UsageError for an unknown key or a value that is no number.
 Settings PreferencesOf(const CommonOptions& options);
 
+// Adds the argument FILE, a project.
+void AddFile(CLI::App& command, std::string& file);
+
 // Adds the option --model, which gives `model` its name.
 void AddModelOption(CLI::App& command, std::string& model);
 
@@ -79,6 +82,9 @@ void RefuseOwnFile(const ProjectCall& call, std::string_view what);
 
 // Writes a result into the file of the call, or prints it.
 void WriteOrPrint(const ProjectCall& call, const std::string& result);
+
+// Tells what is odd about `file`.
+void Warn(std::string_view file, std::string_view text);
 
 // Tells what the input form would refuse about the working copy.
 void TellFormNotices(const Korva& korva, const std::string& file);

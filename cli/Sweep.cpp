@@ -149,9 +149,7 @@ std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
 }
 
 void TellNotes(const Korva& korva, const SweepCall& call) {
-  const auto tell = [&call](std::string_view text) {
-    Complain(fmt::format("warning: {}: {}", call.File, text));
-  };
+  const auto tell = [&call](std::string_view text) { Warn(call.File, text); };
   for (const NoticeRange& range : NoticeRanges(korva.Sweep)) {
     tell(fmt::format("{} {}: {}", DefaultXAxisTitles[static_cast<std::size_t>(call.Graph)], range.Values,
                      range.Reason));
@@ -215,7 +213,7 @@ int Sweep(Korva& korva, const SweepCall& call, PictureKind kind) {
 Command AddSweep(CLI::App& app, const CommonOptions& common) {
   auto call = std::make_shared<SweepCall>();
   CLI::App* parser = app.add_subcommand("sweep", "Stability factors over a range of one parameter");
-  parser->add_option("FILE", call->File, "project file")->required();
+  AddFile(*parser, call->File);
   parser
       ->add_option(
           "GRAPH", call->Graph,
