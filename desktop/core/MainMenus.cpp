@@ -54,7 +54,7 @@ QList<ItemRow> UtilItems() {
           {"&File Conversion..."},
           {""},
           {"&Clear History Window"},
-          {"Close History &Window"},
+          {kCloseHistoryCaption},
           {"Co&py History &Window"}};
 }
 

@@ -37,6 +37,9 @@ enum UtilIndex {
   kToggleHistory,
   kCopyHistory
 };
+// Of kToggleHistory, while the history box stands there.
+inline constexpr const char* kCloseHistoryCaption = "Close History &Window";
+
 enum HelpIndex {
   kHelpContents = 0,
   kHelpIndex,

@@ -207,7 +207,7 @@ void frmMain::ApplyDisplaySettings() {
   for (const int item : {kClearHistory, kToggleHistory, kCopyHistory}) {
     menus_.Item("mnuUtilItem", item).setEnabled(history);
   }
-  menus_.Item("mnuUtilItem", kToggleHistory).setText(QStringLiteral("Close History &Window"));
+  menus_.Item("mnuUtilItem", kToggleHistory).setText(QLatin1String(kCloseHistoryCaption));
   if (settings.MaxMainMenu) {
     setWindowState(windowState() | Qt::WindowMaximized);
   }

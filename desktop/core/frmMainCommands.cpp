@@ -216,13 +216,10 @@ void frmMain::UtilItem(int index) {
       break;
     case kFileConversion:
       if (korva_.ProjectEmpty) {
-        ShowMessage(korva_, ports_.Messages,
-                    {.text = std::string(kEmptyFile), .title = {}, .topic = "messages-files"});
+        ShowMessage(korva_, ports_.Messages, {.text = std::string(kEmptyFile), .topic = "messages-files"});
       } else if (!korva_.ProjectSaved) {
         ShowMessage(korva_, ports_.Messages,
-                    {.text = "Save Current File before accessing this option",
-                     .title = {},
-                     .topic = "messages-files"});
+                    {.text = "Save Current File before accessing this option", .topic = "messages-files"});
       } else {
         frmConvert(session_, this).exec();
       }
@@ -246,7 +243,7 @@ void frmMain::ToggleHistory() {
   const bool visible = txtMain_->isHidden();
   txtMain_->setVisible(visible);
   menus_.Item("mnuUtilItem", kToggleHistory)
-      .setText(visible ? QStringLiteral("Close History &Window") : QStringLiteral("Restore History &Window"));
+      .setText(QLatin1String(visible ? kCloseHistoryCaption : "Restore History &Window"));
   menus_.Item("mnuUtilItem", kCopyHistory).setEnabled(visible);
 }
 

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kTitleSlot = 10;
 constexpr int kHistoryDigits = 6;
-constexpr const char* kDefaultEditor = "Notepad.exe";
 
 // A check box, its caption, what it means, and its setting.
 struct CheckRow {
@@ -174,11 +173,10 @@ QGroupBox* frmSet::EditorFrame() {
 QBoxLayout* frmSet::Buttons() {
   QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
   QPushButton* cancel = NewButton("cmdCancel", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewButton("cmdHelp", QStringLiteral("Help"), this);
+  QPushButton* help = NewHelpButton("cmdHelp", session_, this);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &frmSet::Check);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
   return NewButtonRow(help, {ok, cancel});
 }
 
@@ -245,7 +243,7 @@ void frmSet::ChooseEditor() {
   extension = "EXE";
   FileQuestion question;
   question.Title = "Select External Editor";
-  question.Filters = {"All Files (*.*)", "Editor Programs (*." + extension + ")"};
+  question.Filters = {kAllFiles, "Editor Programs (*." + extension + ")"};
   question.ActiveFilter = 1;
   Attempt(session_.State, session_.Outside.Messages, [&] {
     if (const auto chosen = session_.Outside.Files.ChooseFile(question)) {

@@ -109,7 +109,7 @@ void frmGraph::BuildMenus() {
     file->addSeparator()->setObjectName(IndexedName("GraphFileItem", index));
   };
   fileItem(kPrintIndex, "&Print")->setShortcut(QKeySequence::Print);
-  fileItem(kPictureIndex, "&Save Picture...")->setShortcut(QKeySequence::Save);
+  fileItem(kPictureIndex, kSavePictureCaption)->setShortcut(QKeySequence::Save);
   separator(kPrintIndex + 1);
   fileItem(kExportIndex, "Export to Excel");
   separator(kExportIndex + 1);

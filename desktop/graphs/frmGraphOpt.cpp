@@ -180,7 +180,7 @@ void frmGraphOpt::ShowSymbolControls() {
 void frmGraphOpt::CheckChoice(QComboBox& list) {
   if (list.currentIndex() < 0) {
     ShowMessage(session_.State, session_.Outside.Messages,
-                {.text = "Please select a valid entry", .title = {}, .topic = "messages-forms"});
+                {.text = "Please select a valid entry", .topic = "messages-forms"});
     list.setCurrentIndex(0);
   }
 }

@@ -69,7 +69,7 @@ void frmKORVADesc::Build() {
   QPushButton* next = NewButton("Command4", QStringLiteral("Next Form"), this);
   next->setToolTip(QStringLiteral("Accepts and opens the project parameters"));
   QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  QPushButton* help = NewHelpButton("Command3", session_, this);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);
   connect(next, &QPushButton::clicked, this, [this] {
@@ -77,7 +77,6 @@ void frmKORVADesc::Build() {
     accept();
   });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
   all->addWidget(texts, 1);

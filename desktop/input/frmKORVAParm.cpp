@@ -105,8 +105,7 @@ void frmKORVAParm::Run(const std::function<void()>& step) {
 }
 
 void frmKORVAParm::Say(const std::string& text) {
-  ShowMessage(session_.State, session_.Outside.Messages,
-              {.text = text, .title = {}, .topic = "warnings-input"});
+  ShowMessage(session_.State, session_.Outside.Messages, {.text = text, .topic = "warnings-input"});
 }
 
 bool frmKORVAParm::CheckAndShow() {

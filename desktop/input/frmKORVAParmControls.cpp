@@ -199,10 +199,10 @@ void frmKORVAParmControls::AddButtons(QBoxLayout& layout) {
   for (const Button& row : std::initializer_list<Button>{
            {cmdResults, "cmdResults", "&Results", "Calculates what stands in the form, without storing it"},
            {cmdCopyClip, "cmdCopyClip", "&Copy Clip", "Copies a picture of this window to the clipboard"},
-           {cmdView, "cmdView", "&View Plan", "Draws the panel in plan"},
+           {cmdView, "cmdView", kViewPlanCaption, kViewPlanTip},
            {cmdCancel, "cmdCancel", "Cancel", "Closes without storing anything"},
            {cmdOK, "cmdOK", "OK", "Stores what stands in the form in the project"},
-           {cmdHelp, "cmdHelp", "Help", ""}}) {
+           {cmdHelp, "cmdHelp", kHelpCaption, ""}}) {
     row.Made = NewButton(row.Name, QLatin1String(row.Caption), &form_);
     row.Made->setToolTip(QLatin1String(row.ToolTip));
     order_.push_back(row.Made);

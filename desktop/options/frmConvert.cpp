@@ -42,13 +42,12 @@ void frmConvert::Build() {
   QGroupBox* files =
       frame("File options", "Option2", {"Load converted project ", "Keep original project"}, files_);
   units->setToolTip(QStringLiteral("The units to convert to"));
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
-  QPushButton* convert = NewButton("Command2", QStringLiteral("Convert"), this);
-  convert->setToolTip(QStringLiteral("Converts the open project; its file stays as it is until you save"));
+  QPushButton* help = NewHelpButton("Command3", session_, this);
+  QPushButton* convert =
+      NewButton("Command2", "Convert", "Converts the open project; its file stays as it is until you save",
+                *this, [this] { Convert(); });
   convert->setDefault(true);
   QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
-  connect(convert, &QPushButton::clicked, this, &frmConvert::Convert);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
@@ -75,7 +74,6 @@ void frmConvert::Convert() {
   ShowMessage(session_.State, session_.Outside.Messages,
               {.text = converted ? "Conversion Completed: The conversion form will be closed"
                                  : "Error in the Conversion Procedure. Call technical support",
-               .title = {},
                .topic = "messages-files"});
   accept();
 }

@@ -121,11 +121,10 @@ void frmKORVAOpts::Build() {
   BuildOutputTab();
   BuildStrondelTab();
   connect(checks_["Check5"], &QCheckBox::toggled, checks_["Check7"], &QWidget::setEnabled);
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  QPushButton* help = NewHelpButton("Command3", session_, this);
   QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
   QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
   ok->setDefault(true);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
   connect(ok, &QPushButton::clicked, this, &frmKORVAOpts::Check);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   auto* all = new QVBoxLayout(this);

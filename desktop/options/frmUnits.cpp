@@ -33,12 +33,10 @@ frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session
   }
   connect(SSTab1_, &QTabWidget::currentChanged, this,
           [this](int tab) { pages_[static_cast<std::size_t>(tab)].Input->setFocus(); });
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
-  QPushButton* copy = NewButton("cmdCopy", QStringLiteral("&Copy"), this);
-  copy->setToolTip(QStringLiteral("Copies all results of this tab as text"));
+  QPushButton* help = NewHelpButton("Command3", session_, this);
+  QPushButton* copy =
+      NewButton("cmdCopy", "&Copy", "Copies all results of this tab as text", *this, [this] { Copy(); });
   QPushButton* close = NewButton("Command1", QStringLiteral("Close"), this);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
-  connect(copy, &QPushButton::clicked, this, &frmUnits::Copy);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);

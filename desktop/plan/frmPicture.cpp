@@ -43,7 +43,7 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
   std::unique_ptr<frmPicture> window(new frmPicture(session, opener));
   if (!window->view_->Show(window->request_)) {
     ShowMessage(session.State, session.Outside.Messages,
-                {.text = std::string(kInvalidPillars), .title = {}, .topic = "messages-forms"});
+                {.text = std::string(kInvalidPillars), .topic = "messages-forms"});
     return nullptr;
   }
   window->show();
@@ -87,7 +87,7 @@ void frmPicture::BuildMenus() {
   };
   QMenu& file = menu("mnuPlotFile", "&File");
   AddItem(file, "mnuPlotFileItem", 0, "&Print", [this] { Print(); })->setShortcut(QKeySequence::Print);
-  AddItem(file, "mnuPlotFileItem", 3, "&Save Picture...", [this] {
+  AddItem(file, "mnuPlotFileItem", 3, kSavePictureCaption, [this] {
     SavePlan();
   })->setShortcut(QKeySequence::Save);
   file.addSeparator()->setObjectName(IndexedName("mnuPlotFileItem", 1));

@@ -21,10 +21,8 @@ frmPopUp::frmPopUp(std::string_view warnings, QWidget* parent) : QDialog(parent)
   text->setLineWrapMode(QPlainTextEdit::WidgetWidth);
   text->setAccessibleName(QStringLiteral("Warnings"));
   text->setPlainText(FromUtf8(warnings));
-  QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
+  QPushButton* ok = NewButton("cmdOK", "OK", kCloseTip, *this, [this] { accept(); });
   ok->setDefault(true);
-  ok->setToolTip(QStringLiteral("Closes this window"));
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
   all->addWidget(text, 1);

@@ -71,29 +71,27 @@ QLayout* frmResTxtPlt::NewHead() {
 
 void frmResTxtPlt::Build() {
   text_ = new PageView("RichTextBox1", LongestLine(session_.State.OutBuf), kPageLines, this);
-  const auto button = [this](const char* name, const char* caption, const char* tip, auto action) {
-    QPushButton* made = NewButton(name, QLatin1String(caption), this);
-    made->setToolTip(QLatin1String(tip));
-    connect(made, &QPushButton::clicked, this, action);
-    return made;
-  };
-  previous_ = button("Command5", "P&revious Page", "One page back (Ctrl+PgUp)", [this] { PreviousPage(); });
-  next_ = button("cmdNextPage", "&Next Page", "One page forward (Ctrl+PgDown)", [this] { NextPage(); });
+  previous_ =
+      NewButton("Command5", "P&revious Page", "One page back (Ctrl+PgUp)", *this, [this] { PreviousPage(); });
+  next_ =
+      NewButton("cmdNextPage", "&Next Page", "One page forward (Ctrl+PgDown)", *this, [this] { NextPage(); });
   QPushButton* copyPage =
-      button("cmdCopyPage", "&Copy Page", "Copies this page as text", [this] { CopyPage(); });
-  QPushButton* copyAll = button("cmdCopyAll", "Cop&y All", "Copies all pages as text", [this] { CopyAll(); });
-  QPushButton* printPage = button("Command3", "&Print Page", "Prints this page",
-                                  [this] { Print("Current page printed", page_, page_); });
-  QPushButton* printAll = button("Command6", "Print &All", "Prints all pages",
-                                 [this] { Print("All pages printed", 0, session_.State.OutPageLast); });
-  QPushButton* savePdf = button("cmdSavePdf", "Save as P&DF...",
-                                "Writes all pages to a file as they would be printed", [this] { SavePdf(); });
-  QPushButton* view = button("Command9", "&View Plan", "Draws the panel in plan", [this] { ViewPlan(); });
+      NewButton("cmdCopyPage", "&Copy Page", "Copies this page as text", *this, [this] { CopyPage(); });
+  QPushButton* copyAll =
+      NewButton("cmdCopyAll", "Cop&y All", "Copies all pages as text", *this, [this] { CopyAll(); });
+  QPushButton* printPage = NewButton("Command3", "&Print Page", "Prints this page", *this,
+                                     [this] { Print("Current page printed", page_, page_); });
+  QPushButton* printAll = NewButton("Command6", "Print &All", "Prints all pages", *this,
+                                    [this] { Print("All pages printed", 0, session_.State.OutPageLast); });
+  QPushButton* savePdf =
+      NewButton("cmdSavePdf", kSavePdfCaption, "Writes all pages to a file as they would be printed", *this,
+                [this] { SavePdf(); });
+  QPushButton* view = NewButton("Command9", kViewPlanCaption, kViewPlanTip, *this, [this] { ViewPlan(); });
   QPushButton* helpFactors =
-      button("Command10", "Help on Stability Factors", "How to read stability factors",
-             [this] { session_.Main.ShowHelp({std::string(kStabilityFactorsTopic)}); });
-  QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
-  QPushButton* ok = button("Command1", "OK", "Closes this window", [this] { close(); });
+      NewButton("Command10", "Help on Stability Factors", "How to read stability factors", *this,
+                [this] { session_.Main.ShowHelp({std::string(kStabilityFactorsTopic)}); });
+  QPushButton* help = NewHelpButton("Command8", session_, this, kHelpTip);
+  QPushButton* ok = NewButton("Command1", "OK", kCloseTip, *this, [this] { close(); });
   next_->setDefault(true);
 
   auto* all = new QVBoxLayout(this);
@@ -156,8 +154,8 @@ void frmResTxtPlt::CopyPage() {
 }
 
 void frmResTxtPlt::CopyAll() {
-  session_.Outside.Clipboard.SetText(JoinPages(session_.State, 0, session_.State.OutPageLast));
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Output copied to clipboard");
+  CopyPages(session_.State, session_.Outside.Clipboard,
+            JoinPages(session_.State, 0, session_.State.OutPageLast));
 }
 
 void frmResTxtPlt::Print(const char* logged, int first, int last) {

@@ -69,9 +69,10 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
     browser_->ShowExcerpt(excerpt);
   });
   connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
-    ShowMessage(
-        session_.State, session_.Outside.Messages,
-        {.text = "This link leads out of the help: " + link.toDisplayString().toStdString(), .title = {}});
+    ShowMessage(session_.State, session_.Outside.Messages,
+                {
+                    .text = "This link leads out of the help: " + link.toDisplayString().toStdString(),
+                });
   });
 
   auto* halves = new QSplitter(this);

@@ -71,11 +71,10 @@ void frmPath::Build() {
 
   QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
   QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
+  QPushButton* help = NewHelpButton("Command3", session_, this);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
   all->addWidget(frame, 1);

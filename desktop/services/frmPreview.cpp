@@ -42,19 +42,13 @@ QWidget* frmPreview::NewPages() {
 }
 
 void frmPreview::Build() {
-  const auto button = [this](const char* name, const char* caption, const char* tip, auto action) {
-    QPushButton* made = NewButton(name, QLatin1String(caption), this);
-    made->setToolTip(QLatin1String(tip));
-    connect(made, &QPushButton::clicked, this, action);
-    return made;
-  };
   QPushButton* copy =
-      button("Command2", "&Copy to Clipboard", "Copies the page as text", [this] { CopyText(); });
-  QPushButton* print = button("Command3", "&Print", "Prints the page", [this] { PrintPage(); });
-  QPushButton* pdf =
-      button("cmdSavePdf", "Save as P&DF...", "Writes the printed sheets to a file", [this] { SavePdf(); });
-  QPushButton* help = button("Command8", "Help", "How to get help", [this] { ShowHelpHint(session_); });
-  QPushButton* close = button("Command1", "Close", "Closes this window", [this] { accept(); });
+      NewButton("Command2", "&Copy to Clipboard", "Copies the page as text", *this, [this] { CopyText(); });
+  QPushButton* print = NewButton("Command3", "&Print", "Prints the page", *this, [this] { PrintPage(); });
+  QPushButton* pdf = NewButton("cmdSavePdf", kSavePdfCaption, "Writes the printed sheets to a file", *this,
+                               [this] { SavePdf(); });
+  QPushButton* help = NewHelpButton("Command8", session_, this, kHelpTip);
+  QPushButton* close = NewButton("Command1", "Close", kCloseTip, *this, [this] { accept(); });
   print->setDefault(true);
   auto* all = new QVBoxLayout(this);
   ApplySpacing(*all, *this);
@@ -68,8 +62,7 @@ void frmPreview::ShowSheets() {
 }
 
 void frmPreview::CopyText() {
-  session_.Outside.Clipboard.SetText(session_.State.OutBuf[0]);
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Output copied to clipboard");
+  CopyPages(session_.State, session_.Outside.Clipboard, session_.State.OutBuf[0]);
 }
 
 void frmPreview::PrintPage() {

@@ -154,14 +154,10 @@ QWidget* frmTextBrow::TextSide() {
 
 // No button is the default: Enter belongs to the lists and the filter.
 QLayout* frmTextBrow::Buttons() {
-  QPushButton* font = NewButton("cmdSetFont", QStringLiteral("Set &Font"), this);
-  font->setToolTip(QStringLiteral("Chooses the font of the text"));
-  QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
-  ok->setToolTip(QStringLiteral("Closes this window"));
-  QPushButton* help = NewButton("cmdHelp", QStringLiteral("Help"), this);
-  connect(font, &QPushButton::clicked, this, &frmTextBrow::ChooseFont);
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-  connect(help, &QPushButton::clicked, this, [this] { ShowHelpHint(session_); });
+  QPushButton* font =
+      NewButton("cmdSetFont", "Set &Font", "Chooses the font of the text", *this, [this] { ChooseFont(); });
+  QPushButton* ok = NewButton("cmdOK", "OK", kCloseTip, *this, [this] { accept(); });
+  QPushButton* help = NewHelpButton("cmdHelp", session_, this);
   return NewButtonRow(help, {font, ok});
 }
 

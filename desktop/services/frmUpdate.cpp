@@ -78,15 +78,9 @@ void frmUpdate::LayOut() {
   QLabel* lblUpdate = NewLabel(QStringLiteral("lblUpdate"), FromUtf8(ReleasedText(Today())), this);
   lblUpdate->setWordWrap(true);
   lblUpdate->setMinimumWidth(fontMetrics().averageCharWidth() * kColumns);
-  const std::string& page = session_.State.Updates.ProductPageUrl;
-  auto* lblURL = new LinkLabel("lblURL", FromUtf8(page), this);
+  auto* lblURL = new LinkLabel("lblURL", FromUtf8(session_.State.Updates.ProductPageUrl), this);
   lblURL->setToolTip(QStringLiteral("Opens the program's web page"));
-  connect(lblURL, &LinkLabel::Clicked, this, [this, page] {
-    if (!session_.Outside.Documents.OpenPage(page)) {
-      ShowMessage(session_.State, session_.Outside.Messages,
-                  {.text = "Operation Failed", .title = {}, .topic = "messages-updates"});
-    }
-  });
+  connect(lblURL, &LinkLabel::Clicked, this, [this] { updates_.OpenProductPage(); });
   auto* steps = new QHBoxLayout;
   for (QPushButton* step : {cmdCheck_, cmdDownUpdate_, cmdInstall_}) {
     steps->addWidget(step, 1);

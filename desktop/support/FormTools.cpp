@@ -14,6 +14,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "core/FontNames.h"
 #include "services/HelpTexts.h"
 
 namespace korva::desktop {
@@ -102,6 +103,18 @@ QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent
   button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) +
                           2 * button->fontMetrics().height());
   return button;
+}
+
+QPushButton* NewButton(const char* name, const char* caption, const char* tip, QWidget& form,
+                       std::function<void()> action) {
+  QPushButton* button = NewButton(name, QLatin1String(caption), &form);
+  button->setToolTip(QLatin1String(tip));
+  QObject::connect(button, &QPushButton::clicked, &form, std::move(action));
+  return button;
+}
+
+QPushButton* NewHelpButton(const char* name, Session& session, QWidget* form, const char* tip) {
+  return NewButton(name, kHelpCaption, tip, *form, [&session] { ShowHelpHint(session); });
 }
 
 QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent) {
@@ -237,7 +250,7 @@ void ShowHelpHint(Session& session) {
 }
 
 QFont FixedPitchFont(int points) {
-  for (const char* name : {"Courier New", "Liberation Mono", "DejaVu Sans Mono"}) {
+  for (const char* name : {kCourierFont, kMonoFont, "DejaVu Sans Mono"}) {
     const QString family = QLatin1String(name);
     if (QFontDatabase::families().contains(family)) {
       QFont font(family, points);

@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -21,6 +22,15 @@ class QLineEdit;
 
 namespace korva::desktop {
 
+// Captions and tips that more than one window has.
+inline constexpr const char* kHelpCaption = "Help";
+inline constexpr const char* kHelpTip = "How to get help";
+inline constexpr const char* kCloseTip = "Closes this window";
+inline constexpr const char* kSavePdfCaption = "Save as P&DF...";
+inline constexpr const char* kSavePictureCaption = "&Save Picture...";
+inline constexpr const char* kViewPlanCaption = "&View Plan";
+inline constexpr const char* kViewPlanTip = "Draws the panel in plan";
+
 QString FromUtf8(std::string_view text);
 
 // "optLam" and 0 make "optLam(0)", the name of a member of a control array.
@@ -28,6 +38,11 @@ QString IndexedName(const char* array, int index);
 
 // A control with its name and caption.
 QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent);
+// With its tip and what a click does.
+QPushButton* NewButton(const char* name, const char* caption, const char* tip, QWidget& form,
+                       std::function<void()> action);
+// The button "Help", which shows what all of them show.
+QPushButton* NewHelpButton(const char* name, Session& session, QWidget* form, const char* tip = "");
 QLabel* NewLabel(const QString& name, const QString& caption, QWidget* parent);
 QCheckBox* NewCheckBox(const char* name, const QString& caption, QWidget* parent);
 QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent);
