@@ -1,7 +1,9 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <minizip/unzip.h>
+#include <sys/resource.h>
 
-#include <fstream>
+#include <csignal>
 #include <pugixml.hpp>
 
 #include "charts/LayOutChart.h"
@@ -10,6 +12,7 @@
 #include "graphs/SweepChart.h"
 #include "graphs/SweepNotes.h"
 #include "pictures/PaintPicture.h"
+#include "support/ExpectError.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
 
@@ -48,13 +51,15 @@ TEST(GraphTitles, AreMadeForTheirUnitSystem) {
   EXPECT_EQ(settings.YAxisTitle[1], "Barrier Stability Factor");
   settings.XAxisTitle[kDepthGraph] = "Cover";
   settings.GraphTitle = "Mine";
-  settings.SymbolSize = 9;
+  settings.SymbolSize = settings.GridStyle = settings.GraphStyle = 1;
+  settings.CurveLegend = false;
   PrepareTitles(settings, kDepthGraph, kMetric);
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Cover");
   PrepareTitles(settings, kDepthGraph, kEnglish);
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
   EXPECT_EQ(settings.GraphTitle, "Korva Panel Review - Strondel");
   EXPECT_EQ(settings.SymbolSize, 5);
+  EXPECT_TRUE(settings.GridStyle == 0 && settings.GraphStyle == 3 && settings.CurveLegend);
   settings.XAxisTitle[kDepthGraph] = "Depth of Cover";  // as a settings file without titles reads
   settings.GridStyle = 3;
   PrepareTitles(settings, kDepthGraph, kEnglish);
@@ -142,6 +147,15 @@ TEST(SweepChart, ACurveWithoutABarrierIsNotDrawnAtZero) {
   EXPECT_EQ(drawn.find("e+"), std::string::npos) << "nothing far away";
   data.GraphIndex = kDepthGraph;
   EXPECT_TRUE(CurvesWithoutFactor(data).empty()) << "the zone always has a factor";
+  data = Line(2);
+  data.PointCount = 1;
+  for (const auto& [graph, barrier] :
+       {std::pair(kFirstBarrierGraph, "first"), {kSecondBarrierGraph, "second"}}) {
+    data.GraphIndex = graph;
+    data.GraphData[0] = data.GraphData[1] = {0};  // no barrier is where its sweep begins
+    EXPECT_EQ(SweepNotes(data, 2),
+              std::vector{fmt::format("No {} barrier, so no factor: Development (KORVA)", barrier)});
+  }
 }
 
 TEST(SweepChart, IsAFileOfTheKindAskedFor) {
@@ -176,33 +190,100 @@ std::string Entry(const std::string& workbook, const char* name) {
   return bytes;
 }
 
-TEST(GraphWorkbook, HasAPairOfColumnsForEveryCurveAndAChart) {
+// What an XPath expression gives for the part of a workbook.
+void ExpectPart(const std::string& workbook, const char* name,
+                const std::vector<std::pair<const char*, const char*>>& values) {
+  pugi::xml_document part;
+  ASSERT_TRUE(part.load_string(Entry(workbook, name).c_str()));
+  for (const auto& [path, value] : values) {
+    EXPECT_EQ(pugi::xpath_query(path).evaluate_string(part), std::string(value)) << path;
+  }
+}
+
+constexpr const char* kSheetPart = "xl/worksheets/sheet1.xml";
+constexpr const char* kChartPart = "xl/charts/chart1.xml";
+constexpr const char* kPlacePart = "xl/drawings/drawing1.xml";
+
+TEST(GraphWorkbook, HasAPairOfColumnsForEveryCurve) {
   const std::string workbook = GraphWorkbook(ChartOf(Line(2), 2, Titles(), false));
   pugi::xml_document sheet;
-  ASSERT_TRUE(sheet.load_string(Entry(workbook, "xl/worksheets/sheet1.xml").c_str()));
+  ASSERT_TRUE(sheet.load_string(Entry(workbook, kSheetPart).c_str()));
   std::string cells;
-  for (const pugi::xml_node row : sheet.child("worksheet").child("sheetData").children("row")) {
-    for (const pugi::xml_node cell : row.children("c")) {
-      cells += std::string(cell.attribute("r").value()) + "=" + cell.child_value("v") + " ";
-    }
+  for (const pugi::xpath_node& cell : sheet.select_nodes("//c")) {
+    cells += std::string(cell.node().attribute("r").value()) + "=" + cell.node().child_value("v") + " ";
   }
   EXPECT_EQ(cells,
             "A1=0 B1=1 C1=0 D1=2 A2=100 B2=3 C2=100 D2=3 A3=150 B3=2.25 C3=150 D3=2.25 A4=200 "
             "B4=0.1000000014901161 C4=200 D4=0.1000000014901161 ");
-  const std::string strings = Entry(workbook, "xl/sharedStrings.xml");
-  EXPECT_LT(strings.find("X-coord"), strings.find("Development (KORVA)"));
-  EXPECT_NE(Entry(workbook, "xl/charts/chart1.xml").find("Graph!$C$2:$C$4"), std::string::npos);
-  const std::string marked = GraphWorkbook(ChartOf(Doubtful(), 4, Titles(), false));
-  ASSERT_TRUE(sheet.load_string(Entry(marked, "xl/worksheets/sheet1.xml").c_str()));
-  EXPECT_TRUE(sheet.select_node("//c[@r='I4']") && !sheet.select_node("//c[@r='I3']")) << "notices";
-  EXPECT_TRUE(sheet.select_node("//c[@r='J4']")) << "remarks";
-  EXPECT_FALSE(sheet.select_node("//c[@r='F4']")) << "a point that was not computed";
-  EXPECT_NE(Entry(marked, "xl/sharedStrings.xml").find("the pillars have no length; the arch"),
-            std::string::npos);
-  EXPECT_NE(Entry(marked, "xl/charts/chart1.xml").find("<c:dPt>"), std::string::npos) << "hollow symbols";
+  ExpectPart(workbook, "xl/sharedStrings.xml", {{"//si[1]", "X-coord"}, {"//si[2]", "Development (KORVA)"}});
+  ExpectPart(GraphWorkbook(ChartOf(Doubtful(), 4, Titles(), false)), kSheetPart,
+             {{"concat(count(//c[@r='I4']), count(//c[@r='I3']))", "10"},  // notices
+              {"count(//c[@r='J4'])", "1"},                                // remarks
+              {"count(//c[@r='F4'])", "0"}});                              // a point that was not computed
+}
+
+TEST(GraphWorkbook, HasTheChartAsItIsShown) {
+  GraphSettings settings = Titles();
+  std::string workbook = GraphWorkbook(ChartOf(Line(2), 2, settings, false));
+  ExpectPart(workbook, kChartPart,
+             {{"//c:chart/c:title//a:t", "Korva Panel Review - Strondel"},
+              {"//c:valAx[1]/c:title//a:t", "Depth of Cover (ft)"},
+              {"//c:valAx[2]/c:title//a:t", "Stability Factor"},
+              {"concat(//c:valAx[1]//c:min/@val, ' ', //c:valAx[1]//c:max/@val)", "100 200"},
+              {"count(//c:majorGridlines)", "0"},
+              {"count(//c:legend)", "1"},
+              {"//c:ser[2]//c:xVal//c:f", "Graph!$C$2:$C$4"},
+              {"//c:ser[2]//c:yVal//c:f", "Graph!$D$2:$D$4"},
+              {"//c:ser[2]/c:tx//c:f", "Graph!$D$1"},
+              {"//c:ser[2]/c:spPr/a:ln[@w='25400']//a:srgbClr/@val", "CD5C5C"},
+              {"//c:ser[2]/c:marker[c:size/@val='5'][c:symbol/@val='square']//a:srgbClr/@val", "CD5C5C"},
+              {"count(//c:dPt)", "0"}});
+  ExpectPart(workbook, kPlacePart,
+             {{"concat(//xdr:from/xdr:col, ' ', //xdr:from/xdr:row)", "5 1"},
+              {"concat(//xdr:to/xdr:col, ' ', //xdr:to/xdr:row)", "16 24"}});
+  ExpectPart(workbook, kSheetPart,
+             {{"//pageSetup[@fitToHeight='0']/@orientation", "landscape"},
+              {"//pageSetUpPr/@fitToPage", "1"},
+              {"count(//col[@width>28])", "2"}});
+  settings.CurveLegend = false;
+  settings.GridStyle = 2;
+  settings.GraphStyle = 2;
+  workbook = GraphWorkbook(ChartOf(Doubtful(), 4, settings, false));
+  ExpectPart(workbook, kChartPart,
+             {{"count(//c:legend)", "0"},
+              {"concat(count(//c:valAx[1]/c:majorGridlines), count(//c:majorGridlines))", "11"},
+              {"count(//c:ser/c:spPr/a:ln/a:noFill)", "4"},
+              {"count(//c:dPt)", "6"},  // hollow symbols
+              {"//c:ser[2]/c:dPt[2]/c:idx/@val", "2"},
+              {"//c:ser[2]/c:dPt[2]//a:ln//a:srgbClr/@val", "CD5C5C"}});
+  ExpectPart(workbook, kPlacePart, {{"//xdr:from/xdr:col", "11"}});
+  settings.GridStyle = 1;
+  settings.GraphStyle = 1;
+  ExpectPart(GraphWorkbook(ChartOf(Line(1), 1, settings, false)), kChartPart,
+             {{"concat(count(//c:valAx[2]/c:majorGridlines), count(//c:majorGridlines))", "11"},
+              {"//c:symbol/@val", "none"}});
   SweepData none = Line(2);
   none.PointCount = 0;
   EXPECT_FALSE(GraphWorkbook(ChartOf(none, 2, Titles(), false)).empty());
+}
+
+// Its parts are larger than the workbook, whose writer does not notice that they do not fit.
+TEST(GraphWorkbook, IsWholeOrAnError) {
+  Chart chart = ChartOf(Line(2), 2, Titles(), false);
+  chart.Curves[0].X.resize(2000, 150);
+  chart.Curves[0].Y.resize(2000, 3);
+  const std::size_t size = GraphWorkbook(chart).size();
+  rlimit free{};
+  ::getrlimit(RLIMIT_FSIZE, &free);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full = {size + 4096, free.rlim_max};
+  ::setrlimit(RLIMIT_FSIZE, &full);
+  const std::string lost = ExpectError(ErrorNumber::kDeviceIo, [&] { GraphWorkbook(chart); });
+  ::setrlimit(RLIMIT_FSIZE, &free);
+  EXPECT_EQ(lost, "the workbook: a part was cut off");
+  chart.Notes = {std::string(40000, 'x')};
+  EXPECT_NE(ExpectError(ErrorNumber::kDeviceIo, [&] { GraphWorkbook(chart); }).find("32,767"),
+            std::string::npos);
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ TEST(StepsOfSweep, AreWorkedByHand) {
   // (1.5 + 1 - 1) / 10 = 0.15; 0.5 / 0.15 + 2 = 5.33.
   EXPECT_EQ(StepsOfSweep(kDepthGraph, 100, {100, 150}, true).PointCapacity, 5);
   EXPECT_EQ(StepsOfSweep(kFirstBarrierGraph, 0, {50, 150}, false).Step, 1);
+  EXPECT_EQ(StepsOfSweep(kDepthGraph, 100, {150, 50}, false).Step, 100) << "no range, no step";
   EXPECT_EQ(StepsOfSweep(kDepthGraph, 10, {50, 50}, false).PointCapacity, 2);
   ExpectError(ErrorNumber::kOverflow, [] { StepsOfSweep(kDepthGraph, 1e39, {50, 150}, false); });
 }
