@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "model/KORVAmodel.h"
+#include "support/ExpectError.h"
 #include "support/Panels.h"
 
 namespace korva {
@@ -11,10 +12,13 @@ using test::TwoSideGobs;
 TEST(PrepareCalculation, DerivesThePanel) {
   Project p = TwoSideGobs();
   p.XcutCenters[5] = 90.5;
-  const WorkValues w = PrepareCalculation(p, kEnglish).Run.Work;
+  p.ArchFactor = 0.5F;
+  const Calculation run = PrepareCalculation(p, kEnglish).Run;
+  const WorkValues& w = run.Work;
   EXPECT_EQ(w.CoalStress, 129600);  // 900 psi in psf
   EXPECT_EQ(w.PanelWidth, 330.5);
   EXPECT_NEAR(w.XcutAngleRadians, 1.570796326794895, 1e-14);  // 90 times the table's 0.017453292519943278
+  EXPECT_TRUE(w.GobExtent[2] == 1000 && w.SlabDepth[3] == 20 && run.Out.Fpa == 0.5F);
   p.CoalStrength = 6.25;
   EXPECT_EQ(PrepareCalculation(p, kMetric).Run.Work.CoalStress, 6250);  // MPa in kPa
 }
@@ -29,6 +33,16 @@ TEST(PrepareCalculation, CapsSteepGobAngles) {
   EXPECT_NEAR(prepared.Run.Work.GobAngle[3], 1.5699236621688978,
               1e-13);  // 89.95 degrees, steeper than the cap
   EXPECT_EQ(prepared.Refusal, "Invalid abutment angle of second gob");
+}
+
+TEST(PrepareCalculation, NamesWhatIsTooLarge) {
+  Project p = TwoSideGobs();
+  p.XcutCenters[1] = p.XcutCenters[2] = 1e308;
+  ExpectError(ErrorNumber::kOverflow, [&] { PrepareCalculation(p, kEnglish); });
+  p.XcutSpacing = 1e308;
+  p.EntryWidth = -1e308;
+  EXPECT_EQ(ExpectError(ErrorNumber::kOverflow, [&] { PrepareCalculation(p, kEnglish); }),
+            "in the calculation of XcutClear");
 }
 
 }  // namespace

@@ -90,6 +90,32 @@ TEST(RandomPanels, UnitSystemsAgree) {
   }
 }
 
+TEST(RandomPanels, SidesAreAlike) {
+  PanelSource panels;
+  for (int n = 0; n < 200; ++n) {
+    Project p = test::AtCondition(panels.Next(), 3);
+    p.SlabcutSecondGob = p.BarrierSecondGob / 3;
+    p.AbutmentAngleSecondGob = 30;
+    p.RowD = 1;
+    p.WidthRowD = 30;
+    const Results here = ResultsOf(p);
+    std::swap(p.ExtentFirstGob, p.ExtentSecondGob);
+    std::swap(p.AbutmentAngleFirstGob, p.AbutmentAngleSecondGob);
+    std::swap(p.BarrierFirstGob, p.BarrierSecondGob);
+    std::swap(p.SlabcutFirstGob, p.SlabcutSecondGob);
+    std::swap(p.RowC, p.RowD);
+    std::swap(p.WidthRowC, p.WidthRowD);
+    const Results there = ResultsOf(p);
+    for (int c = kDevelopment; c <= kRetreat; ++c) {
+      EXPECT_NEAR(there.SFKorva[c], here.SFKorva[c], 1e-9 * here.SFKorva[c]) << n;
+      EXPECT_NEAR(there.BarrierSF[c][3], here.BarrierSF[c][4], 1e-9 * here.BarrierSF[c][4]) << n;
+      EXPECT_NEAR(there.BarrierSF[c][4], here.BarrierSF[c][3], 1e-9 * here.BarrierSF[c][3]) << n;
+    }
+    EXPECT_NEAR(there.RemnantSF[4], here.RemnantSF[3], 1e-9 * std::abs(here.RemnantSF[3])) << n;
+    EXPECT_NEAR(there.SideStressFirst[1], here.SideStressSecond[1], 1e-9 * here.SideStressSecond[1]) << n;
+  }
+}
+
 // Without a gob near, and with breadth and arch factor entered, capacity does not know the depth and the load
 // is proportional to it. (An automatic arch factor takes off more the deeper the panel lies, in steps of
 // 0.01.)

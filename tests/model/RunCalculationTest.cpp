@@ -55,14 +55,13 @@ std::vector<std::uint64_t> BitsOf(const Results& results) {
 }
 
 // A panel whose depth is 100 ft, whose front abutment falls on the AMZ as a whole (AMZ breadth and abutment
-// extent are both 93 ft) and whose gob angle has the tangent 1, so that the critical half width is 100 ft as
-// well.
-Project ShapePanel(int rows, double extent) {
+// extent are both 93 ft); the critical half width is the tangent of the gob angle times 100 ft.
+Project ShapePanel(int rows, double extent, double tangent = 1) {
   Project p = AtCondition(TwoSideGobs(), 2);
   p.DepthCover = 100;
   p.BreadthAMZ = 93;
   p.UnitWeight = 1;
-  p.AbutmentAngleActiveGob = 45;
+  p.AbutmentAngleActiveGob = std::atan(tangent) / kRadiansPerDegree;
   p.SlabcutFirstGob = 0;
   SetRows(p, rows, 60);
   p.ExtentActiveGob = extent;
@@ -119,22 +118,24 @@ TEST(RunCalculation, AngledCrosscuts) {
 
 TEST(RunCalculation, FrontAbutmentShapes) {
   const double twiceCritHalf = 2 * ResultsOf(ShapePanel(5, 400)).CritHalf;
-  for (const auto& [rows, extent, front, backToBarrier, remnantLength] :
-       std::vector<std::tuple<int, double, double, double, double>>{
+  for (const auto& [rows, extent, tangent, front, backToBarrier, remnantLength] :
+       std::vector<std::tuple<int, double, double, double, double, double>>{
            // A: W 60 < E 120, a = 30: 2 (30 x 70 x 15 + 30 x 30 x 10), half of it for each barrier.
-           {1, 120, 81000, 40500, 30},
+           {1, 120, 1, 81000, 40500, 30},
            // B: W 300, E 120, e = 60, m = 180: 2 (60 x 40 x 30 + 60 x 60 x 20) + 180 x 40 x 60 + 180 x 60 x
            // 30. For the barriers half of what is left of the gob's load, (300 (100 x 60 - 120^2/8) - B)/2.
-           {5, 120, 1044000, 108000, 60},
+           {5, 120, 1, 1044000, 108000, 60},
+           // B with d = 50: W 300, e = 40, hS = 20, m = 220.
+           {5, 80, 0.5, 2 * (16000 + 128000.0 / 3) + 176000 + 352000, 112000.0 / 3, 40},
            // B at W = E = 120, where A would give the same front but mark the panel as narrow.
-           {2, 120, 288000, 108000, 60},
+           {2, 120, 1, 288000, 108000, 60},
            // C: W 300, E 400, d = 100: 2 100^3/3 + (300 - 200) x 100 x 50; the gob carries 100^2/2.
-           {5, 400, 2e6 / 3 + 500000, (1000000 - 2e6 / 3) / 2, 100},
-           {5, twiceCritHalf, 2e6 / 3 + 500000, (1000000 - 2e6 / 3) / 2, 100},  // the limit: still C
+           {5, 400, 1, 2e6 / 3 + 500000, (1000000 - 2e6 / 3) / 2, 100},
+           {5, twiceCritHalf, 1, 2e6 / 3 + 500000, (1000000 - 2e6 / 3) / 2, 100},  // the limit: still C
            // W/2 below it and W below E: A again, however wide the gob.
-           {2, 400, 2 * (60 * 40 * 30 + 60 * 60 * 20), 144000, 60},
+           {2, 400, 1, 2 * (60 * 40 * 30 + 60 * 60 * 20), 144000, 60},
        }) {
-    const Results r = ResultsOf(ShapePanel(rows, extent));
+    const Results r = ResultsOf(ShapePanel(rows, extent, tangent));
     EXPECT_VALUE(r.AMZLoad[kRetreat][2], front);
     EXPECT_VALUE(r.LFBAR[kRetreat][3], backToBarrier);
     EXPECT_VALUE(r.RemnantLength, remnantLength);
@@ -145,7 +146,7 @@ TEST(RunCalculation, BarriersCutAwayMissingOrThin) {
   Project p = TwoSideGobs();
   p.SlabcutFirstGob = p.BarrierFirstGob;  // sends the whole front back
   Results r = ResultsOf(p);
-  EXPECT_EQ(r.RemnantLoad[kRetreat][3], 0);
+  EXPECT_TRUE(r.RemnantLoad[kRetreat][3] == 0 && r.RemnantSF[3] == 0);
   EXPECT_GT(r.LTRANSREM[kRetreat][3], 0);
   EXPECT_EQ(r.LTRANSREM[kRetreat][3], r.LFBAR[kRetreat][3]);
 
@@ -188,6 +189,12 @@ TEST(RunCalculation, FullSideShareIsShownAsAlmostOne) {
   EXPECT_VALUE(r.SideStressFirst[1], r.LTRANSBAR[kRetreat][3] / 93 * 80 / 2400);
   p.BreadthAMZ = 200;
   EXPECT_EQ(ResultsOf(p).RFront, 1);
+
+  p = ShapePanel(3, 120);
+  p.BarrierFirstGob = 0.5;  // thin, and yet one: the share behind it counts from its end
+  const Results thin = ResultsOf(p);
+  EXPECT_VALUE(thin.SideStressFirst[1], (thin.LTRANSBAR[kRetreat][3] + thin.AMZLoad[kRetreat][3]) / 93 *
+                                            (1 - std::pow(32.5 / 82.5, 3)) * 80 / 2400);
 }
 
 // The factor of a remnant is proportional to the coal's strength, and so is that of a barrier in development,
@@ -234,6 +241,11 @@ TEST(RunCalculation, CasesAndSidesThatPlayNoPart) {
   EXPECT_EQ(r.BarrierSF[kRetreat][4], 0);
   EXPECT_GT(r.BarrierCapacity[4], 0);  // computed at any condition
   EXPECT_EQ(BitsOf(r), BitsOf(ResultsOf(AtCondition(TwoSideGobs(), 4))));
+  p = TwoSideGobs();
+  p.SlabcutSecondGob = 5;
+  EXPECT_EQ(BitsOf(r), BitsOf(ResultsOf(AtCondition(p, 2))));
+  p.SlabcutFirstGob = 0;
+  EXPECT_EQ(BitsOf(ResultsOf(AtCondition(p, 1))), BitsOf(ResultsOf(AtCondition(TwoSideGobs(), 1))));
 }
 
 TEST(RunCalculation, RepeatsBitByBit) {
@@ -265,6 +277,24 @@ TEST(RunCalculation, FaultsNameTheQuantity) {
            {1, [](Project& p) { SetRows(p, 1, 60), p.RowA = 1; }, kDivisionByZero, "SFKorva[1]"},
            {1, [](Project& p) { SetRows(p, 2, 60), p.RowA = p.RowB = 1; }, kDivisionByZero, "SFKorva[1]"},
            {0, [](Project& p) { p.UnitWeight = 1e308; }, kOverflow, "DevLoad"},
+           {0, [](Project& p) { p.XcutCenters[1] = 1e39; }, kOverflow, "Fpa"},
+           {0, [](Project& p) { SetRows(p, 1, 1e-30), p.DepthCover = 1e300; }, kOverflow, "Fpa"},
+           {0,
+            [](Project& p) { SetRows(p, 2, 24), p.XcutCenters[1] = 18, p.RowA = 1, p.CoalStrength = 4e301; },
+            kOverflow, "NetAMZCapacity"},  // row A would take load off
+           {1, [](Project& p) { p.XcutCenters[4] = 5e267, p.DepthCover = 1e36, p.ArchAuto = 0; }, kOverflow,
+            "AMZLoad[2]"},
+           {3, [](Project& p) { p.EntryHeight = 1e-284, p.BreadthAMZ = 1e-15, p.BarrierSecondGob = 1e9; },
+            kOverflow, "RemnantCapacity[4]"},
+           {2, [](Project& p) { p.UnitWeight = 1e-300, p.BreadthAMZ = 1e20, p.RowC = 1, p.WidthRowC = 40; },
+            kOverflow, "RemnantSF[3]"},
+           {2,
+            [](Project& p) {
+              p.XcutCenters[4] = 1e277, p.UnitWeight = 1e26, p.ArchAuto = 0, p.ArchFactor = 0.5F;
+            },
+            kOverflow, "BarArchLoad[3]"},
+           {2, [](Project& p) { p.DepthCover = 1e298, p.EntryWidth = 1e8; }, kOverflow, "BarTotalLoad[3]"},
+           {2, [](Project& p) { p.UnitWeight = 1e-320; }, kOverflow, "BarrierSF[3]"},
            // A share that is capped at 1 all the same.
            {1, [](Project& p) { p.BreadthAMZ = 1e110; }, kOverflow, "RFront"},
            {-1, [](Project&) {}, kSubscript, "condition"},
@@ -282,7 +312,7 @@ TEST(RunCalculation, FaultsNameTheQuantity) {
 
   Project p = DevelopmentPanel();
   p.XcutCenters[2] = 20;  // a center as wide as the entry is no fault without side gob
-  EXPECT_EQ(ResultsOf(p).PillarCapacity[2], 0);
+  EXPECT_EQ(ResultsOf(p).PillarStrength[2], 0);
 }
 
 // One value at a time beyond what a quantity can bear; what was computed before it is still a number.
@@ -330,6 +360,7 @@ TEST(CalcArchFactor, LimitsAndEnteredFactor) {
   };
   EXPECT_EQ(factor(180, 100, kEnglish, 1), 0.84F);  // H - 80 is W, not below it: 1 - 0.28 ln 1.8 = 0.8354
   EXPECT_EQ(factor(180, 100.001, kEnglish, 1), 1.0F);
+  EXPECT_EQ(factor(180, 0, kEnglish, 1), 1.0F);     // no row at all
   EXPECT_EQ(factor(25, 1, kEnglish, 1), 1.0F);      // shallow: H - 80 is below any width
   EXPECT_EQ(factor(1000, 50, kEnglish, 1), 0.28F);  // 0.16, raised
   EXPECT_EQ(factor(100, 21, kMetric, 1), 1.0F);     // 25 and 80 as they stand: 100 - 80 is below 21 m
