@@ -1,8 +1,12 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <random>
 
 #include "charts/FitText.h"
@@ -252,6 +256,95 @@ TEST(LayOutChart, GivesUpTheLegendLast) {
   EXPECT_TRUE(below.Legend && below.Legend->Top > below.XTitle.Bottom);
   const ChartLayout beside = LayOutChart(chart, {500, 300}, TextWidth);
   EXPECT_TRUE(beside.Legend && beside.Legend->Left > beside.Plot.Right);
+}
+
+// A chart with a part of every kind.
+Chart AllParts() {
+  Chart chart;
+  chart.Title = "All parts";
+  chart.XAxis = {"Across (ft)", true, {}};
+  chart.YAxis = {"Up", true, {}};
+  chart.Cells = {{0, 40, 0, 4, 10}, {40, 80, 0, 4, 35}, {80, 120, 4, 8, 60}};
+  chart.CellTitle = "Stress (psi)";
+  chart.Bands = {{10, 30}};
+  chart.Bars = {{0, 20, 0, 3, 0x2F6F9F}, {20, 40, 0, 5, 0xCD5C5C}};
+  chart.Curves = {{.Label = "first",
+                   .Colour = 0x0000FF,
+                   .X = {0, 40, 80, 120, 160},
+                   .Y = {9, 7, 8, kChartHole, 1},
+                   .Symbol = SymbolShape::kSquare,
+                   .Hollow = {false, true}},
+                  {.Label = "the second",
+                   .Colour = 0x006400,
+                   .X = {0, 80, 160},
+                   .Y = {4, 6, 5},
+                   .Low = {3, 5, 4.5},
+                   .High = {5, 6.5, 7}},
+                  {.Label = "third",
+                   .Colour = 0xCD5C5C,
+                   .X = {60, 150},
+                   .Y = {2, 9.5},
+                   .Line = false,
+                   .Symbol = SymbolShape::kTriangle},
+                  {.Label = "", .Colour = 0, .X = {30, 50}, .Y = {1, 2}, .Symbol = SymbolShape::kDiamond}};
+  chart.SymbolSize = 7;
+  chart.References = {{1.5, "1.5"}, {100, "limit", true}, {500, "out of sight", true}};
+  chart.Labels = {{60, 2, "right"}, {158, 5, "left"}, {80, 8, "one over"}, {80, 8, "the other"}};
+  chart.Notes = {
+      "A note that is so long that it does not stand in one line of a picture as small as this one",
+      "Another note"};
+  FitScales(chart);
+  chart.XAxis.Scale = ScaleFor(0, 160);
+  return chart;
+}
+
+std::string Told(const std::vector<DrawPoint>& points) {
+  std::string told;
+  for (const DrawPoint& at : points) {
+    told += fmt::format(" {:.2f},{:.2f}", at.X, at.Y);
+  }
+  return told;
+}
+
+std::string Told(const Picture& picture) {
+  const auto pen = [](const PicturePen& p) { return fmt::format("{:06X}/{}/{}", p.Colour, p.Width, p.Dash); };
+  std::string told = fmt::format("picture of {} by {}, clip {:.2f} {:.2f} {:.2f} {:.2f}\n",
+                                 picture.Size.Width, picture.Size.Height, picture.Clip.Left, picture.Clip.Top,
+                                 picture.Clip.Right, picture.Clip.Bottom);
+  for (const auto& record : picture.Records) {
+    if (const auto* path = std::get_if<PicturePath>(&record)) {
+      told += fmt::format("path {} {}{}{}:{}\n", pen(path->Pen), path->Closed ? "closed " : "",
+                          path->Fill ? fmt::format("{:06X} ", *path->Fill) : "",
+                          path->Clipped ? "clipped" : "", Told(path->Points));
+    } else if (const auto* symbol = std::get_if<PictureSymbol>(&record)) {
+      told +=
+          fmt::format("symbol {} {} {} {:06X} {}:{}\n", static_cast<int>(symbol->Shape), symbol->Radius,
+                      pen(symbol->Pen), symbol->Fill, symbol->Clipped ? "clipped" : "", Told({symbol->At}));
+    } else if (const auto* text = std::get_if<PictureText>(&record)) {
+      told += fmt::format("text {} {} {}{:06X} \"{}\":{}\n", text->Pixels, text->Along,
+                          text->Upright ? "upright " : "", text->Colour, text->Text, Told({text->At}));
+    }
+  }
+  return told;
+}
+
+// scripts/renew-goldens names a file that takes what is drawn now.
+TEST(LayOutChart, DrawsEveryPartWhereItStood) {
+  const auto measure = [](const std::string& text, double pixels) {
+    return 0.55 * pixels * static_cast<double>(text.size());
+  };
+  std::string told;
+  for (const PictureSize size : {PictureSize{760, 520}, {300, 420}}) {
+    told += Told(LayOutChart(AllParts(), size, measure).Drawn);
+  }
+  told += Told(LayOutChart(Falling(), {700, 400}, measure).Drawn);
+  told += Told(LayOutChart(Falling(), {500, 200}, measure, ChartWindow{{110, 190}, {1, 2}}).Drawn);
+  if (const char* renewed = std::getenv("KORVA_RENEWED_CHARTS"); renewed != nullptr) {
+    std::ofstream(renewed, std::ios::binary) << told;
+    return;
+  }
+  std::ifstream file(KORVA_GOLDEN "/charts.txt", std::ios::binary);
+  EXPECT_EQ(told, std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 TEST(LayOutChart, NotesAreBrokenIntoLines) {
