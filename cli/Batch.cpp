@@ -97,13 +97,13 @@ std::string TableText(const std::vector<BatchRow>& rows) {
         [&](int c, int k, double value) {
           return shown(c) && k <= LastStage(row.LoadCond) ? Format(value, "##0.00") : "-";
         });
-    text += fmt::format("  {:<7}  {:<11}", UnitSystemName(row.Units), ModelName(row.CalcMode));
+    text += "  " + PadRight(UnitSystemName(row.Units), 7) + "  " + PadRight(ModelName(row.CalcMode), 11);
     for (const std::string& result : results) {
       text += " " + PadLeft(result, 7);
     }
     // No rule judges a laminated run.
     const std::string rules = row.Laminated ? "-" : fmt::format("{}", fmt::join(row.RuleFlags, " "));
-    text += fmt::format("  [{}] {}{}\n", rules, Printable(row.Title), NoticeText(row));
+    text += "  [" + rules + "] " + Printable(row.Title) + NoticeText(row) + "\n";
   }
   return text;
 }

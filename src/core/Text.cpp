@@ -115,12 +115,12 @@ std::string WrapText(std::string_view text, std::size_t width) {
 }
 
 SplitLine TakeLine(std::string_view text) {
-  const auto end = text.find_first_of("\r\n");
-  if (end == std::string_view::npos) {
+  const auto* end = std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+  if (end == text.end()) {
     return {text, {}, false};
   }
-  const std::size_t length = text.substr(end).starts_with(kLineEnd) ? 2 : 1;
-  return {text.substr(0, end), text.substr(end + length), true};
+  const std::string_view rest(end, text.end());
+  return {{text.begin(), end}, rest.substr(rest.starts_with(kLineEnd) ? kLineEnd.size() : 1), true};
 }
 
 std::string WithFileLineEnds(std::string_view text) {

@@ -14,7 +14,6 @@ namespace korva {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kLineEnds = "\r\n";
 // So many lines behind the last value have a notice of their own.
 constexpr int kMostRestNotices = 20;
 
@@ -132,7 +131,8 @@ FieldCursor::Field FieldCursor::TakeField(std::string_view expected) {
     Advance(1);
   }
   // A quote that nothing closes ends with its line, so that it cannot swallow the values behind it.
-  const std::string_view text = rest_.substr(0, rest_.find_first_of(quoted ? "\"\r\n" : ",\r\n"));
+  const auto ends = [end = quoted ? '"' : ','](char c) { return c == end || c == '\r' || c == '\n'; };
+  const std::string_view text(rest_.begin(), std::find_if(rest_.begin(), rest_.end(), ends));
   Advance(text.size());
   if (quoted && rest_.starts_with('"')) {
     Advance(1);
@@ -153,10 +153,10 @@ FieldCursor::End FieldCursor::TakeDelimiter() {
     Advance(1);
     return End::kComma;
   }
-  if (kLineEnds.find(rest_.front()) == std::string_view::npos) {
+  if (rest_.front() != '\r' && rest_.front() != '\n') {
     return End::kQuote;
   }
-  rest_ = TakeLine(rest_).rest;
+  Advance(rest_.starts_with(kLineEnd) ? kLineEnd.size() : 1);
   ++line_;
   return End::kLine;
 }

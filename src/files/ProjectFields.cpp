@@ -20,7 +20,7 @@ class FieldReader {
   void operator()(PaddedSingle single) const { (*this)(single.member); }
   void operator()(Centers) const {
     for (int i = 1; i < p_.NumberEntries; ++i) {
-      p_.XcutCenters[i] = cursor_.ReadNumber(fmt::format("{} {}", line_.name, i));
+      p_.XcutCenters[i] = cursor_.ReadNumber(std::string(line_.name) + " " + std::to_string(i));
     }
   }
   void operator()(PanelLoading Project::*member) const { p_.*member = PanelLoading{ReadWhole()}; }
