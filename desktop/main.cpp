@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QStandardPaths>
 #include <cstdio>
 #include <functional>
@@ -184,6 +183,6 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("korva-strond"));
   QApplication::setQuitOnLastWindowClosed(false);
   InitResources();
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/korva/korva-strond.svg")));
+  QApplication::setWindowIcon(ProgramIcon());
   return RunProgram(application);
 }

@@ -9,6 +9,9 @@ namespace korva::desktop {
 // Makes the pictures known; called once, before the first is asked for.
 void InitResources();
 
+// The program's own.
+QIcon ProgramIcon();
+
 // The toolbar picture of that name in the colours of `palette`, with a paler one for disabled buttons.
 QIcon ThemedIcon(const QString& name, const QPalette& palette);
 
