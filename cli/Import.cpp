@@ -9,12 +9,12 @@
 #include "Commands.h"
 #include "commands/CaseImport.h"
 #include "commands/FileCommands.h"
+#include "commands/Formats.h"
 #include "files/FileReader.h"
 #include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/VoskFile.h"
 #include "workbook/CaseRow.h"
-#include "workbook/ReadSheet.h"
 
 namespace korva::cli {
 
@@ -123,7 +123,7 @@ bool ImportRow(Korva& korva, const Sheet& sheet, const CasesCall& call, Imported
 }
 
 int ImportCases(Korva& korva, const CasesCall& call) {
-  const Sheet sheet = ReadSheet(call.Workbook, kCaseSheet, [] { return true; });
+  const Sheet sheet = Formats().ReadSheet(call.Workbook, kCaseSheet, [] { return true; });
   const std::vector<int> rows = RowsOf(sheet, call);
   MakeFolder(call.Folder);
   std::vector<ImportedRow> done;

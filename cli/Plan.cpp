@@ -5,10 +5,10 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
+#include "commands/Formats.h"
 #include "commands/PlanCommands.h"
 #include "core/Tables.h"
 #include "model/KORVAmodel.h"
-#include "pictures/DrawingPicture.h"
 #include "services/PagePrinter.h"
 
 namespace korva::cli {
@@ -103,8 +103,8 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
     Print(JsonText(PlanJson(*plan)));
     return kDone;
   }
-  WriteOrPrint(
-      call, DrawingPicture(PictureOf(*plan), static_cast<double>(plan->PlanHeight) * kPlanTextShare, kind));
+  WriteOrPrint(call, Formats().DrawingPicture(PictureOf(*plan),
+                                              static_cast<double>(plan->PlanHeight) * kPlanTextShare, kind));
   return kDone;
 }
 

@@ -5,10 +5,10 @@
 
 #include "Commands.h"
 #include "commands/Calculate.h"
+#include "commands/Formats.h"
 #include "commands/PrintCommands.h"
 #include "pictures/PictureKind.h"
 #include "services/PagePrinter.h"
-#include "services/PagesPdf.h"
 
 namespace korva::cli {
 
@@ -48,7 +48,7 @@ std::string ReportPdf(const Korva& korva, const ReportCall& call) {
                           : call.Paper == "a4" ? kA4Paper
                                                : kLetterPaper;
   const auto sheets = SheetsOf(PagesText(korva, call.Pages, ""), paper, LocalTimeNow());
-  return PagesPdf(sheets, paper, DocumentTitle(korva));
+  return Formats().PagesPdf(sheets, paper, DocumentTitle(korva));
 }
 
 void CheckCall(const ReportCall& call) {

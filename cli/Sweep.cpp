@@ -7,6 +7,7 @@
 #include "Commands.h"
 #include "charts/LayOutChart.h"
 #include "commands/FileMenu.h"
+#include "commands/Formats.h"
 #include "commands/SweepCommand.h"
 #include "core/ClassifyError.h"
 #include "core/Tables.h"
@@ -14,7 +15,6 @@
 #include "graphs/GraphTitles.h"
 #include "graphs/SweepChart.h"
 #include "graphs/SweepNotes.h"
-#include "pictures/PaintPicture.h"
 
 namespace korva::cli {
 
@@ -172,8 +172,9 @@ void PrintSweep(Korva& korva, const SweepCall& call, PictureKind kind,
   const std::string& xTitle = settings.XAxisTitle[sweep.GraphIndex];
   if (!call.Out.empty()) {
     const int curves = DisplayCurves(korva.ProjectCalc, sweep);
-    const ChartLayout laidOut = LayOutChart(ChartOf(sweep, curves, settings, true), kChartSheet, TextWidth);
-    WriteFileSafely(call.Out, PictureBytes(kind, laidOut.Drawn));
+    const ChartLayout laidOut =
+        LayOutChart(ChartOf(sweep, curves, settings, true), kChartSheet, Formats().TextWidth);
+    WriteFileSafely(call.Out, Formats().PictureBytes(kind, laidOut.Drawn));
   } else if (call.AsJson && failure) {
     TerminalMessages messages(call.File);
     ClassifyError(korva, messages, *failure, true);

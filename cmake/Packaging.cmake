@@ -51,8 +51,8 @@ if(KORVA_DESKTOP)
 endif()
 
 # All that is installed, without tests and benchmarks.
-add_custom_target(korva_package DEPENDS korva korva-xls korvastrond korva_words)
-foreach(part IN ITEMS korva-strond korva_docs korva_packed)
+add_custom_target(korva_package DEPENDS korva korva-xls korvastrond korvaformats korva_words)
+foreach(part IN ITEMS korva-strond korvafetch korva_docs korva_packed)
   if(TARGET ${part})
     add_dependencies(korva_package ${part})
   endif()

@@ -8,7 +8,7 @@ else()
 endif()
 
 # The library is the programs' own, so it lies in a folder of its own, by the kind of machine where the system does so.
-set(KORVA_SOLVER_FOLDER ${CMAKE_INSTALL_LIBDIR}/korva-strond)
+set(KORVA_LIBRARY_FOLDER ${CMAKE_INSTALL_LIBDIR}/korva-strond)
 if(CMAKE_LIBRARY_ARCHITECTURE AND NOT CMAKE_INSTALL_LIBDIR MATCHES "${CMAKE_LIBRARY_ARCHITECTURE}")
-  set(KORVA_SOLVER_FOLDER ${CMAKE_INSTALL_LIBDIR}/${CMAKE_LIBRARY_ARCHITECTURE}/korva-strond)
+  set(KORVA_LIBRARY_FOLDER ${CMAKE_INSTALL_LIBDIR}/${CMAKE_LIBRARY_ARCHITECTURE}/korva-strond)
 endif()

@@ -14,7 +14,7 @@
 #include "core/FontNames.h"
 #include "core/Version.h"
 #include "desktop/core/frmMain.h"
-#include "desktop/services/QtFetch.h"
+#include "desktop/services/LateFetch.h"
 #include "desktop/services/QtPorts.h"
 #include "desktop/services/QtPrinter.h"
 #include "desktop/services/QtValues.h"
@@ -149,7 +149,7 @@ int RunProgram(Application& application) {
   QtBusy busy;
   QtDocuments documents;
   QtPrinter printer;
-  QtFetch fetches;
+  LateFetch fetches;
   QtValues values;
   Ports ports{messages, files, clipboard, programs, busy, documents, printer, fetches, values};
   application.Report = [&](const RuntimeError& error) { ClassifyError(korva, messages, error, true); };

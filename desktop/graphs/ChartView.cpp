@@ -5,9 +5,9 @@
 #include <cmath>
 #include <utility>
 
+#include "commands/Formats.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/PaintPicture.h"
-#include "pictures/PaintPicture.h"
 
 namespace korva::desktop {
 
@@ -50,7 +50,7 @@ void ChartView::ShowWhole() {
 }
 
 void ChartView::Arrange() {
-  layout_ = LayOutChart(chart_, {double(width()), double(height())}, TextWidth, seen_);
+  layout_ = LayOutChart(chart_, {double(width()), double(height())}, Formats().TextWidth, seen_);
   QStringList notes;
   for (const std::string& note : chart_.Notes) {
     notes << FromUtf8(note);
@@ -66,7 +66,7 @@ void ChartView::Arrange() {
 Picture ChartView::Sheet() const {
   const PictureSize size = {std::max<double>(width(), kLeastSheet.Width),
                             std::max<double>(height(), kLeastSheet.Height)};
-  return LayOutChart(chart_, size, TextWidth, seen_).Drawn;
+  return LayOutChart(chart_, size, Formats().TextWidth, seen_).Drawn;
 }
 
 std::optional<ChartPoint> ChartView::PointAt(const QPointF& position) const {

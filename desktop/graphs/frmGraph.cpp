@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "commands/Attempt.h"
+#include "commands/Formats.h"
 #include "commands/GraphCommands.h"
 #include "commands/SavePicture.h"
 #include "core/Format.h"
@@ -21,7 +22,6 @@
 #include "desktop/support/PaintPicture.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/SweepChart.h"
-#include "pictures/PaintPicture.h"
 
 namespace korva::desktop {
 
@@ -185,7 +185,7 @@ void frmGraph::FileItem(int index) {
       break;
     case kPictureIndex:
       SavePicture(session_.State, session_.Outside, "Graph",
-                  [this](PictureKind kind) { return PictureBytes(kind, graph1_->Sheet()); });
+                  [this](PictureKind kind) { return Formats().PictureBytes(kind, graph1_->Sheet()); });
       break;
     default:
       close();

@@ -15,12 +15,12 @@
 #include <cmath>
 
 #include "commands/Attempt.h"
+#include "commands/Formats.h"
 #include "commands/PlanCommands.h"
 #include "commands/SavePicture.h"
 #include "desktop/plan/PlanView.h"
 #include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
-#include "pictures/DrawingPicture.h"
 #include "services/PagePrinter.h"
 
 namespace korva::desktop {
@@ -174,7 +174,8 @@ void frmPicture::SavePlan() {
     PlanRequest whole = view_->Request();
     whole.Zoom = 1;
     const Plan plan = DrawPlan(whole).value();
-    return DrawingPicture(PictureOf(plan), static_cast<double>(plan.PlanHeight) * whole.TextShare, kind);
+    return Formats().DrawingPicture(PictureOf(plan), static_cast<double>(plan.PlanHeight) * whole.TextShare,
+                                    kind);
   });
 }
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/support/FormTools.h"
 #include "services/HttpAnswer.h"
 #include "services/UpdateRules.h"
 
@@ -49,11 +48,9 @@ class QtRunning final : public QObject, public FetchPort::Running {
     ends(limit_, "it took too long");
     ends(silence_, "the server stopped responding");
     limit_.start(question.Limit);
-    const QUrl address(FromUtf8(question.Address), QUrl::StrictMode);
+    const QUrl address(QString::fromStdString(question.Address), QUrl::StrictMode);
     if (!IsTrusted(address)) {
       EndLater(QStringLiteral("the address is not a safe one"));
-    } else if (!CanExist(address.host().toStdString())) {
-      EndLater(QStringLiteral("this program was built without a server to ask"));
     } else {
       QTimer::singleShot(0, this, [this, address] { Ask(address); });  // which may fail at once
     }
@@ -121,9 +118,9 @@ class QtRunning final : public QObject, public FetchPort::Running {
     if (!answer_.HasEnded()) {
       return;
     }
-    const QUrl location(FromUtf8(answer_.Location()), QUrl::StrictMode);
+    const QUrl location(QString::fromStdString(answer_.Location()), QUrl::StrictMode);
     if (!answer_.Fault().empty() || answer_.Location().empty()) {
-      End(FromUtf8(answer_.Fault()));
+      End(QString::fromStdString(answer_.Fault()));
     } else {
       Redirect(location.isValid() ? address_.resolved(location) : location);
     }

@@ -3,9 +3,9 @@
 #include <QPolygonF>
 #include <algorithm>
 
+#include "commands/Formats.h"
 #include "core/FontNames.h"
 #include "desktop/support/FormTools.h"
-#include "pictures/PaintPicture.h"
 
 namespace korva::desktop {
 
@@ -85,7 +85,8 @@ void Paint(QPainter& painter, const PictureText& text) {
   if (text.Upright) {
     painter.rotate(-90);
   }
-  painter.drawText(QPointF(-text.Along * TextWidth(text.Text, text.Pixels), 0), FromUtf8(text.Text));
+  painter.drawText(QPointF(-text.Along * Formats().TextWidth(text.Text, text.Pixels), 0),
+                   FromUtf8(text.Text));
   painter.restore();
 }
 

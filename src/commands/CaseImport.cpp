@@ -7,6 +7,7 @@
 #include <new>
 
 #include "commands/FileCommands.h"
+#include "commands/Formats.h"
 #include "core/Description.h"
 #include "core/Encoding.h"
 #include "core/FileNames.h"
@@ -17,7 +18,6 @@
 #include "files/ProjectFile.h"
 #include "input/FieldNumber.h"
 #include "workbook/CaseRow.h"
-#include "workbook/ReadSheet.h"
 
 namespace korva {
 
@@ -121,7 +121,7 @@ class DialogImport {
  private:
   void Import(std::string_view rowText) {
     const std::string workbook = ChooseWorkbook(korva_, ports_.Files);
-    const Sheet sheet = ReadSheet(workbook, kCaseSheet, [this] { return steps_.GoOn(state_); });
+    const Sheet sheet = Formats().ReadSheet(workbook, kCaseSheet, [this] { return steps_.GoOn(state_); });
     steps_.KeepWork();
     folder_ = FolderOfCases(korva_.Preferences);
     const CaseRows rows = RowsOf(rowText);

@@ -2,11 +2,11 @@
 
 #include <fmt/format.h>
 
+#include "commands/Formats.h"
 #include "core/FileNames.h"
 #include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
-#include "graphs/GraphWorkbook.h"
 
 namespace korva {
 
@@ -39,7 +39,7 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   std::string file;
   {
     const BusyPointer busy(ports.Busy);
-    const std::string bytes = GraphWorkbook(chart);
+    const std::string bytes = Formats().GraphWorkbook(chart);
     TryMakeFolderPath(korva.Places.TempRoot);  // writing tells what went wrong
     file = FreeWorkbookName(korva.Places.TempRoot, korva.ProjectFileName);
     WriteFileSafely(file, bytes);

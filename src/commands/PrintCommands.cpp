@@ -2,11 +2,11 @@
 
 #include "commands/Attempt.h"
 #include "commands/Calculate.h"
+#include "commands/Formats.h"
 #include "core/FileNames.h"
 #include "core/Text.h"
 #include "files/SafeWriter.h"
 #include "services/PagePrinter.h"
-#include "services/PagesPdf.h"
 
 namespace korva {
 
@@ -94,7 +94,8 @@ void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text) {
   }
   const BusyPointer busy(ports.Busy);
   const PaperSize paper = PaperInUse(korva, ports.Printer);
-  WriteFileSafely(*file, PagesPdf(SheetsOf(text, paper, LocalTimeNow()), paper, DocumentTitle(korva)));
+  WriteFileSafely(*file,
+                  Formats().PagesPdf(SheetsOf(text, paper, LocalTimeNow()), paper, DocumentTitle(korva)));
   HistoryLog(korva.SessionHistory, korva.Preferences, "Output saved to file: " + *file);
 }
 

@@ -10,7 +10,6 @@
 #include <new>
 
 #include "core/RuntimeError.h"
-#include "core/Text.h"
 
 namespace korva {
 
@@ -75,17 +74,6 @@ std::string SvgBytes(PictureSize size, const std::function<void(cairo_t*)>& pain
 }
 
 }  // namespace
-
-std::optional<PictureKind> PictureKindOf(std::string_view fileName) {
-  const std::string lower = LowerCase(fileName);
-  for (const auto& [extension, kind] :
-       {std::pair{".svg", PictureKind::kSvg}, {".pdf", PictureKind::kPdf}, {".png", PictureKind::kPng}}) {
-    if (lower.ends_with(extension)) {
-      return kind;
-    }
-  }
-  return std::nullopt;
-}
 
 std::string PictureBytes(PictureKind kind, PictureSize size, const std::function<void(cairo_t*)>& paint) {
   switch (kind) {

@@ -9,6 +9,7 @@
 #include <QTcpSocket>
 #include <QTest>
 
+#include "desktop/services/LateFetch.h"
 #include "desktop/services/QtFetch.h"
 #include "support/TempFolder.h"
 
@@ -58,7 +59,7 @@ QByteArray Page(const QByteArray& body, const QByteArray& head = {}) {
 }
 
 // The answer to one question; a fetch that never ends fails the test.
-FetchAnswer Fetched(QtFetch& port, const std::string& address, std::uint64_t most = 1000,
+FetchAnswer Fetched(FetchPort& port, const std::string& address, std::uint64_t most = 1000,
                     std::chrono::milliseconds limit = 5s) {
   std::optional<FetchAnswer> answer;
   const auto running = port.Fetch(
@@ -94,6 +95,19 @@ TEST(QtFetch, BringsAFileAsItIs) {
   server.Request.clear();
   EXPECT_TRUE(Fetched(port, server.Address()).Complete);
   EXPECT_FALSE(server.Request.contains("Cookie")) << server.Request.toStdString();
+}
+
+TEST(LateFetch, LoadsTheSocketsAndAsksNoServerThatCannotExist) {
+  LateFetch port;
+  EXPECT_EQ(Fetched(port, "https://www.example.invalid/file").Reason,
+            "this program was built without a server to ask");
+  PlainServer server(Page("1106"));
+  EXPECT_EQ(Fetched(port, server.Address()).Bytes, "1106");
+  auto ended = port.Fetch(
+      {server.Address(), 6, 5s}, [](std::uint64_t) {}, [](const FetchAnswer&) { FAIL(); });
+  ended.reset();
+  QTest::qWait(50);
+  EXPECT_EQ(server.Requests, 1);
 }
 
 TEST(QtFetch, RefusesWhatIsNotTheWholeFile) {
@@ -152,8 +166,6 @@ TEST(QtFetch, FollowsOnlySafeRedirects) {
                               "file:///etc/hostname", "", "http://127.0.0.1@www.example.invalid/"}) {
     EXPECT_EQ(Fetched(port, address).Reason, "the address is not a safe one") << address;
   }
-  EXPECT_EQ(Fetched(port, "https://www.example.invalid/file").Reason,
-            "this program was built without a server to ask");
 }
 
 TEST(QtFetch, FollowsFiveRedirectsAndAsksOnceForEach) {
