@@ -46,6 +46,7 @@ GraphSettings Titles() {
 TEST(GraphTitles, AreMadeForTheirUnitSystem) {
   GraphSettings settings;
   PrepareTitles(settings, kXcutAngleGraph, kMetric);
+  EXPECT_EQ(settings.XAxisTitle[kEntryHeightGraph], "Entry Height (m)");
   EXPECT_EQ(settings.XAxisTitle[kXcutAngleGraph], "Crosscut Angle (deg)");
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (m)");
   EXPECT_EQ(settings.YAxisTitle[1], "Barrier Stability Factor");
@@ -241,10 +242,11 @@ TEST(GraphWorkbook, HasTheChartAsItIsShown) {
   ExpectPart(workbook, kPlacePart,
              {{"concat(//xdr:from/xdr:col, ' ', //xdr:from/xdr:row)", "5 1"},
               {"concat(//xdr:to/xdr:col, ' ', //xdr:to/xdr:row)", "16 24"}});
-  ExpectPart(workbook, kSheetPart,
-             {{"//pageSetup[@fitToHeight='0']/@orientation", "landscape"},
-              {"//pageSetUpPr/@fitToPage", "1"},
-              {"count(//col[@width>28])", "2"}});
+  ExpectPart(
+      workbook, kSheetPart,
+      {{"//pageSetup[@fitToHeight='0'][not(@fitToWidth)]/@orientation", "landscape"},
+       {"//pageSetUpPr/@fitToPage", "1"},
+       {"concat(count(//col), //col[1]/@min, //col[1]/@max, ' ', //col[1]/@width)", "222 28.7109375"}});
   settings.CurveLegend = false;
   settings.GridStyle = 2;
   settings.GraphStyle = 2;
@@ -255,12 +257,18 @@ TEST(GraphWorkbook, HasTheChartAsItIsShown) {
               {"count(//c:ser/c:spPr/a:ln/a:noFill)", "4"},
               {"count(//c:dPt)", "6"},  // hollow symbols
               {"//c:ser[2]/c:dPt[2]/c:idx/@val", "2"},
-              {"//c:ser[2]/c:dPt[2]//a:ln//a:srgbClr/@val", "CD5C5C"}});
+              {"//c:ser[2]/c:dPt[2]//a:ln//a:srgbClr/@val", "CD5C5C"},
+              {"//c:ser[2]/c:dPt[2]//c:spPr/a:solidFill/a:srgbClr/@val", "FFFFFF"},
+              {"//c:ser[3]/c:marker//a:srgbClr/@val", "000000"}});
   ExpectPart(workbook, kPlacePart, {{"//xdr:from/xdr:col", "11"}});
   settings.GridStyle = 1;
   settings.GraphStyle = 1;
-  ExpectPart(GraphWorkbook(ChartOf(Line(1), 1, settings, false)), kChartPart,
-             {{"concat(count(//c:valAx[2]/c:majorGridlines), count(//c:majorGridlines))", "11"},
+  Chart half = ChartOf(Line(2), 2, settings, false);
+  half.Curves[1].X.clear();
+  half.Curves[1].Y.clear();
+  ExpectPart(GraphWorkbook(half), kChartPart,
+             {{"count(//c:ser)", "1"},
+              {"concat(count(//c:valAx[2]/c:majorGridlines), count(//c:majorGridlines))", "11"},
               {"//c:symbol/@val", "none"}});
   SweepData none = Line(2);
   none.PointCount = 0;
