@@ -266,7 +266,10 @@ TEST(GraphWorkbook, HasTheChartAsItIsShown) {
   Chart half = ChartOf(Line(2), 2, settings, false);
   half.Curves[1].X.clear();
   half.Curves[1].Y.clear();
-  ExpectPart(GraphWorkbook(half), kChartPart,
+  half.Curves[0].Y[1] = kChartHole;
+  workbook = GraphWorkbook(half);
+  ExpectPart(workbook, kSheetPart, {{"count(//c)", "9"}, {"count(//c[@r='B3'])", "0"}});
+  ExpectPart(workbook, kChartPart,
              {{"count(//c:ser)", "1"},
               {"concat(count(//c:valAx[2]/c:majorGridlines), count(//c:majorGridlines))", "11"},
               {"//c:symbol/@val", "none"}});

@@ -51,6 +51,7 @@ TEST(StepsOfSweep, AreWorkedByHand) {
 TEST(RunSweep, CountsItsStepsByTheRange) {
   const Project panel = test::TwoSideGobs();
   EXPECT_EQ(Traditional(kDepthGraph, panel).PointCount, 26);
+  EXPECT_EQ(Traditional(kDepthGraph, panel).CurveCount, 2);
   EXPECT_EQ(Traditional(kFirstBarrierGraph, panel).PointCount, 25) << "60 ft: widths are narrowed each time";
   EXPECT_EQ(Traditional(kDepthGraph, panel, {70, 70}).PointCount, 1);
   EXPECT_EQ(Traditional(kBarrierDepthGraph, panel).PointCount, 6) << "coarse in any model";
@@ -64,7 +65,8 @@ TEST(RunSweep, CountsItsStepsByTheRange) {
 }
 
 TEST(RunSweep, APointIsARunAtItsValue) {
-  const Project panel = test::TwoSideGobs();
+  Project panel = test::TwoSideGobs();
+  panel.BarrierSecondGob = 33.3;
   const SweepData depths = Traditional(kDepthGraph, panel);
   Calculation run = PrepareCalculation(panel, kEnglish).Run;
   double x = static_cast<double>(static_cast<float>(0.5 * panel.DepthCover));
@@ -76,9 +78,38 @@ TEST(RunSweep, APointIsARunAtItsValue) {
     EXPECT_EQ(depths.GraphData[2][i], static_cast<float>(run.Out.SFKorva[kRetreat]));
     x += static_cast<double>(static_cast<float>(static_cast<double>(0.04F) * panel.DepthCover));
   }
-  const SweepData barriers = Traditional(kSecondBarrierGraph, panel);
-  EXPECT_LT(barriers.GraphData[1][0], barriers.GraphData[1][24]);
-  EXPECT_GT(barriers.GraphData[1][5], barriers.GraphData[2][5]);
+  for (const auto& [graph, side] :
+       {std::pair(kFirstBarrierGraph, kFirstSide), {kSecondBarrierGraph, kSecondSide}}) {
+    const SweepData barriers = Traditional(graph, panel);
+    run = PrepareCalculation(panel, kEnglish).Run;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(barriers.PointCount); ++i) {
+      run.Work.BarrierWidth[side] = static_cast<double>(barriers.GraphData[0][i]);
+      RunCalculation(run);
+      EXPECT_EQ(barriers.GraphData[1][i], static_cast<float>(run.Out.BarrierSF[kDevelopment][side]));
+      EXPECT_EQ(barriers.GraphData[2][i], static_cast<float>(run.Out.BarrierSF[kRetreat][side]));
+    }
+  }
+}
+
+TEST(RunSweep, ChangesItsParameterAlone) {
+  const LaminatedSweep laminated = EchoSweep();
+  for (const auto& [graph, member] :
+       std::vector<std::pair<GraphKind, double Project::*>>{{kEntryHeightGraph, &Project::EntryHeight},
+                                                            {kDepthGraph, &Project::DepthCover},
+                                                            {kXcutAngleGraph, &Project::XcutAngle},
+                                                            {kXcutSpacingGraph, &Project::XcutSpacing},
+                                                            {kFirstBarrierGraph, &Project::BarrierFirstGob},
+                                                            {kSecondBarrierGraph, &Project::BarrierSecondGob},
+                                                            {kBarrierDepthGraph, &Project::DepthCover}}) {
+    const Project before = test::TwoSideGobs();
+    Project panel = before;
+    const auto data =
+        RunSweep(graph, {80, 90}, PrepareCalculation(before, kEnglish).Run, panel, &laminated).Data;
+    EXPECT_EQ(data.GraphIndex, graph);
+    EXPECT_NEAR(panel.*member, 0.8 * before.*member, 1e-5 * before.*member) << "one step of a tenth and more";
+    panel.*member = before.*member;
+    EXPECT_EQ(panel, before) << graph;
+  }
 }
 
 TEST(RunSweep, AnglesEndAtTheRightAngleInDegrees) {
@@ -93,7 +124,8 @@ TEST(RunSweep, AnglesEndAtTheRightAngleInDegrees) {
   panel.XcutAngle = 90;
   const Calculation prepared = PrepareCalculation(panel, kEnglish).Run;
   const auto both = RunSweep(kXcutAngleGraph, {100, 150}, prepared, panel, &laminated);
-  EXPECT_EQ(both.Data.GraphData[4][0], 90) << "never above";
+  EXPECT_EQ(both.Data.PointCount, 1);
+  EXPECT_EQ(panel.XcutAngle, 90) << "never above";
   ExpectError(ErrorNumber::kSubscript, [&] {
     RunSweep(kXcutAngleGraph, {150, 150}, prepared, panel, nullptr);
   });
