@@ -118,6 +118,7 @@ TEST(SweepChart, TellsWhatIsToBeKnownOfItsPoints) {
   EXPECT_EQ(chart.Bands[0].From, chart.XAxis.Scale.Low);
   EXPECT_EQ(chart.Bands[0].To, 125);
   EXPECT_EQ(chart.Bands[1].From, 175);
+  EXPECT_EQ(chart.Bands[1].To, chart.XAxis.Scale.High);
   EXPECT_TRUE(IsHollow(chart.Curves[1], 2) && !IsHollow(chart.Curves[1], 1));
   EXPECT_EQ(chart.Notes,
             (std::vector<std::string>{"Hollow, shaded: pillars without length (100.00, 200.00)",

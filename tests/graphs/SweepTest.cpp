@@ -52,6 +52,7 @@ TEST(RunSweep, CountsItsStepsByTheRange) {
   const Project panel = test::TwoSideGobs();
   EXPECT_EQ(Traditional(kDepthGraph, panel).PointCount, 26);
   EXPECT_EQ(Traditional(kDepthGraph, panel).CurveCount, 2);
+  EXPECT_EQ(Traditional(kDepthGraph, panel).Partial, "");
   EXPECT_EQ(Traditional(kFirstBarrierGraph, panel).PointCount, 25) << "60 ft: widths are narrowed each time";
   EXPECT_EQ(Traditional(kDepthGraph, panel, {70, 70}).PointCount, 1);
   EXPECT_EQ(Traditional(kBarrierDepthGraph, panel).PointCount, 6) << "coarse in any model";
