@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/PlanLooks.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Theme.h"
 
@@ -13,58 +14,6 @@ namespace korva::desktop {
 namespace {
 
 constexpr double kLeastPoints = 8;
-constexpr double kOutline = 1.5;
-constexpr double kHatchStep = 8;  // pixels at 100 percent
-constexpr double kDotStep = 7;
-constexpr double kDot = 1.6;
-constexpr float kPlate = 0.85F;  // how much of a pattern it covers
-
-enum class Pattern { kNone, kHatch, kDots };
-
-struct LayerLook {
-  QPen Pen;
-  QBrush Brush;
-  Pattern Over = Pattern::kNone;  // drawn in the pen's colour
-};
-
-LayerLook Filled(QRgb line, QRgb fill, double width = 1, Pattern over = Pattern::kNone) {
-  return {QPen(QColor(line), width), QBrush(QColor(fill)), over};
-}
-
-LayerLook Pick(bool dark, const LayerLook& inLight, const LayerLook& inDark) {
-  return dark ? inDark : inLight;
-}
-
-LayerLook Hatched(QRgb colour) {
-  return {QPen(QColor(colour), 1), Qt::NoBrush, Pattern::kHatch};
-}
-
-LayerLook Dashed(QRgb colour) {
-  return {QPen(QColor(colour), 2, Qt::DashLine), Qt::NoBrush, Pattern::kNone};
-}
-
-// Colours of the theme; on paper also what tells the kinds apart without colour.
-LayerLook LookOf(DrawLayer layer, const PaintStyle& style) {
-  const bool dark = IsDark(style.Palette);
-  switch (layer) {
-    case DrawLayer::kPillar:
-      return Pick(dark, Filled(0x4a4a4a, 0xd9d9d9), Filled(0xc8c8c8, 0x3a3a3a));
-    case DrawLayer::kBarrier:
-      if (style.Paper) {
-        return Filled(0x8a6d3b, 0xf0e4cc, kOutline, Pattern::kDots);
-      }
-      return Pick(dark, Filled(0x8a6d3b, 0xf0e4cc, kOutline), Filled(0xd8b36a, 0x4a3d22, kOutline));
-    case DrawLayer::kLeaveRow:
-      return Pick(dark, Filled(0x2f6f9f, 0xd6e6f2, kOutline), Filled(0x8cc0e8, 0x1f3a50, kOutline));
-    case DrawLayer::kGob:
-      return Pick(dark, Hatched(0x9a9a9a), Hatched(0x7a7a7a));
-    case DrawLayer::kActiveMiningZone:
-      return Pick(dark, Dashed(0xb5451b), Dashed(0xff9d6b));
-    case DrawLayer::kText:
-      break;
-  }
-  return {QPen(style.Palette.color(QPalette::WindowText)), Qt::NoBrush, Pattern::kNone};
-}
 
 // Lines at 45 degrees, in step over the whole drawing.
 void Hatch(QPainter& painter, const QRectF& room, double step) {
@@ -86,15 +35,20 @@ void Dots(QPainter& painter, const QRectF& room, double step) {
   painter.drawPoints(dots);
 }
 
-void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& look,
-                  const PaintStyle& style) {
+// In colours of the theme; on paper also with what tells the kinds apart without colour.
+void PaintPolygon(QPainter& painter, const QPolygonF& outline, DrawLayer layer, const PaintStyle& style) {
   const double unit = style.Unit;
-  QPen pen = look.Pen;
-  pen.setWidthF(pen.widthF() * unit);
+  const PlanLook& look = LookOf(layer);
+  const PlanColours& colours = IsDark(style.Palette) ? look.Dark : look.Light;
+  QPen pen(QColor(colours.Line), look.ScreenWidth * unit);
+  if (look.Dashed) {  // in widths of the line
+    pen.setDashPattern(
+        {kScreenSizes.Dashes[0] / look.ScreenWidth, kScreenSizes.Dashes[1] / look.ScreenWidth});
+  }
   painter.setPen(pen);
-  painter.setBrush(look.Brush);
+  painter.setBrush(colours.Fill ? QBrush(QColor(*colours.Fill)) : QBrush(Qt::NoBrush));
   painter.drawPolygon(outline);
-  if (look.Over == Pattern::kNone) {
+  if (look.Over == PlanPattern::kNone || (look.Over == PlanPattern::kDots && !style.Paper)) {
     return;
   }
   painter.save();
@@ -103,11 +57,11 @@ void PaintPolygon(QPainter& painter, const QPolygonF& outline, const LayerLook& 
   painter.setRenderHint(QPainter::Antialiasing, style.Paper);  // on the screen it would take most of the time
   painter.setClipPath(path, Qt::IntersectClip);
   const QRectF room = outline.boundingRect().intersected(painter.clipBoundingRect());
-  if (look.Over == Pattern::kHatch) {
-    Hatch(painter, room, kHatchStep * unit);
+  if (look.Over == PlanPattern::kHatch) {
+    Hatch(painter, room, kScreenSizes.HatchStep * unit);
   } else {
-    painter.setPen(QPen(look.Pen.color(), kDot * unit, Qt::SolidLine, Qt::RoundCap));
-    Dots(painter, room, kDotStep * unit);
+    painter.setPen(QPen(QColor(colours.Line), kScreenSizes.Dot * unit, Qt::SolidLine, Qt::RoundCap));
+    Dots(painter, room, kScreenSizes.DotStep * unit);
   }
   painter.restore();
 }
@@ -145,7 +99,7 @@ class Legend {
       QPointF corner = at + QPointF(item.x, item.row * RowHeight());
       if (item.entry != nullptr) {
         const QRectF room(corner + QPointF(1, 0.15 * swatch), QSizeF(1.1 * swatch, 0.7 * swatch));
-        PaintPolygon(painter, room, LookOf(item.entry->Layer, style_), style_);
+        PaintPolygon(painter, room, item.entry->Layer, style_);
         corner += QPointF(1.5 * swatch, 0);
       }
       painter.setPen(style_.Palette.color(QPalette::WindowText));
@@ -218,7 +172,7 @@ void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const Pa
                      metrics.height());
   if (text.Plate) {
     QColor back = style.Palette.color(QPalette::Window);
-    back.setAlphaF(kPlate);
+    back.setAlphaF(static_cast<float>(kPlateShare));
     painter.fillRect(plate, back);
   }
   painter.drawText(plate, Qt::AlignCenter, words);
@@ -248,7 +202,7 @@ void PaintDrawing(QPainter& painter, const QRectF& room, const Drawing& drawing,
     for (const DrawPoint& corner : polygon.Corners) {
       outline << fit(corner);
     }
-    PaintPolygon(painter, outline, LookOf(polygon.Layer, style), style);
+    PaintPolygon(painter, outline, polygon.Layer, style);
   }
   if (!style.Texts) {
     return;

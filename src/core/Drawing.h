@@ -12,7 +12,7 @@ struct DrawPoint {
 };
 
 // What a record stands for; painters choose its look by it.
-enum class DrawLayer { kPillar, kBarrier, kLeaveRow, kGob, kActiveMiningZone, kText };
+enum class DrawLayer { kPillar, kBarrier, kLeaveRow, kGob, kActiveMiningZone };
 
 struct DrawPolygon {
   DrawLayer Layer = DrawLayer::kPillar;

@@ -1,13 +1,12 @@
 #include "pictures/DrawingPicture.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdint>
 #include <numbers>
 #include <vector>
 
 #include "core/FontNames.h"
+#include "core/PlanLooks.h"
 #include "pictures/CairoTools.h"
 #include "pictures/PictureFile.h"
 
@@ -18,42 +17,8 @@ namespace {
 // Points.
 constexpr double kSide = 720;
 constexpr double kThin = 0.6;
-constexpr double kOutline = 1;
-constexpr double kHeavy = 1.4;
-constexpr std::array<double, 2> kDashes = {6, 3};
-constexpr double kHatchStep = 7;
-constexpr double kDotStep = 6;
-constexpr double kDot = 0.7;
-constexpr double kPlate = 0.85;       // how much of a pattern it covers
+constexpr Rgb kPaper = 0xffffff;
 constexpr double kLineHeight = 1.15;  // of the font's size
-
-enum class Pattern { kNone, kHatch, kDots };
-
-struct Look {
-  std::uint32_t Line = 0;
-  std::uint32_t Fill = 0xffffff;
-  double Width = kOutline;
-  Pattern Over = Pattern::kNone;
-  bool Dashed = false;  // an outline alone
-};
-
-Look LookOf(DrawLayer layer) {
-  switch (layer) {
-    case DrawLayer::kPillar:
-      return {0x4a4a4a, 0xd9d9d9};
-    case DrawLayer::kBarrier:
-      return {0x8a6d3b, 0xf0e4cc, kOutline, Pattern::kDots};
-    case DrawLayer::kLeaveRow:
-      return {0x2f6f9f, 0xd6e6f2, kHeavy};
-    case DrawLayer::kGob:
-      return {0x9a9a9a, 0xffffff, kThin, Pattern::kHatch};
-    case DrawLayer::kActiveMiningZone:
-      return {0xb5451b, 0xffffff, kHeavy, Pattern::kNone, true};
-    case DrawLayer::kText:
-      break;
-  }
-  return {};
-}
 
 class Painter {
  public:
@@ -88,28 +53,29 @@ class Painter {
   double Y(const DrawPoint& point) const { return (drawing_.High.Y - point.Y) * scale_; }
 
   void PaintPolygon(const DrawPolygon& polygon) {
-    const Look look = LookOf(polygon.Layer);
+    const PlanLook& look = LookOf(polygon.Layer);
     cairo_new_path(cairo_);
     for (const DrawPoint& corner : polygon.Corners) {
       cairo_line_to(cairo_, X(corner), Y(corner));
     }
     cairo_close_path(cairo_);
     if (!look.Dashed) {
-      SetColour(cairo_, look.Fill);
+      SetColour(cairo_, look.Light.Fill.value_or(kPaper));
       cairo_fill_preserve(cairo_);
     }
-    if (look.Over != Pattern::kNone) {
+    if (look.Over != PlanPattern::kNone) {
       PaintPattern(look);
     }
-    SetColour(cairo_, look.Line);
-    cairo_set_line_width(cairo_, look.Width);
-    cairo_set_dash(cairo_, kDashes.data(), look.Dashed ? static_cast<int>(kDashes.size()) : 0, 0);
+    SetColour(cairo_, look.Light.Line);
+    cairo_set_line_width(cairo_, look.FileWidth);
+    cairo_set_dash(cairo_, kFileSizes.Dashes.data(),
+                   look.Dashed ? static_cast<int>(kFileSizes.Dashes.size()) : 0, 0);
     cairo_stroke(cairo_);
     cairo_set_dash(cairo_, nullptr, 0, 0);
   }
 
   // Inside the path that stands, which stays.
-  void PaintPattern(const Look& look) {
+  void PaintPattern(const PlanLook& look) {
     cairo_path_t* outline = cairo_copy_path(cairo_);
     double left = 0;
     double top = 0;
@@ -118,8 +84,8 @@ class Painter {
     cairo_path_extents(cairo_, &left, &top, &right, &bottom);
     cairo_save(cairo_);
     cairo_clip(cairo_);
-    SetColour(cairo_, look.Line);
-    if (look.Over == Pattern::kHatch) {
+    SetColour(cairo_, look.Light.Line);
+    if (look.Over == PlanPattern::kHatch) {
       Hatch(left, top, right, bottom);
     } else {
       Dots(left, top, right, bottom);
@@ -133,9 +99,9 @@ class Painter {
   // Lines at 45 degrees, in step over the whole drawing.
   void Hatch(double left, double top, double right, double bottom) {
     cairo_set_line_width(cairo_, kThin);
-    const int last = static_cast<int>(std::ceil((right + bottom) / kHatchStep));
-    for (int i = static_cast<int>(std::floor((left + top) / kHatchStep)); i <= last; ++i) {
-      const double sum = i * kHatchStep;
+    const int last = static_cast<int>(std::ceil((right + bottom) / kFileSizes.HatchStep));
+    for (int i = static_cast<int>(std::floor((left + top) / kFileSizes.HatchStep)); i <= last; ++i) {
+      const double sum = i * kFileSizes.HatchStep;
       cairo_move_to(cairo_, sum - top, top);
       cairo_line_to(cairo_, sum - bottom, bottom);
     }
@@ -143,12 +109,13 @@ class Painter {
   }
 
   void Dots(double left, double top, double right, double bottom) {
-    const auto index = [](double at) { return static_cast<int>(std::floor(at / kDotStep)); };
+    const auto index = [](double at) { return static_cast<int>(std::floor(at / kFileSizes.DotStep)); };
     for (int row = index(top); row <= index(bottom) + 1; ++row) {
       for (int column = index(left); column <= index(right) + 1; ++column) {
-        const double shift = row % 2 == 0 ? 0 : kDotStep / 2;
+        const double shift = row % 2 == 0 ? 0 : kFileSizes.DotStep / 2;
         cairo_new_sub_path(cairo_);
-        cairo_arc(cairo_, column * kDotStep + shift, row * kDotStep, kDot, 0, 2 * std::numbers::pi);
+        cairo_arc(cairo_, column * kFileSizes.DotStep + shift, row * kFileSizes.DotStep, kFileSizes.Dot / 2,
+                  0, 2 * std::numbers::pi);
       }
     }
     cairo_fill(cairo_);
@@ -190,7 +157,7 @@ class Painter {
       const double width = Advance(line);
       const double x = -text.Along * width;
       if (text.Plate) {
-        SetColour(cairo_, 0xffffff, kPlate);
+        SetColour(cairo_, kPaper, kPlateShare);
         cairo_rectangle(cairo_, x - 1, y, width + 2, height);
         cairo_fill(cairo_);
       }
