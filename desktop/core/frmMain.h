@@ -111,8 +111,8 @@ class frmMain final : public QMainWindow, public MainWindow {
   std::unique_ptr<frmHelp> help_;
   ContextHelp contextHelp_;
   std::unique_ptr<FetchPort::Running> versionFetch_;
-  std::string versionFile_;  // that has come and was not asked about yet
-  QTimer answerTimer_;
+  std::string versionFile_;                       // that has come and was not asked about yet
+  QTimer answerTimer_{this};                      // until the question can be asked
   std::unique_ptr<frmStrondCalc> sweepProgress_;  // while a laminated sweep is going on
   std::unique_ptr<SweepRunner> sweep_;            // which ends before it
 };

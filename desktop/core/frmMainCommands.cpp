@@ -299,6 +299,7 @@ void frmMain::ShowHelp(const std::vector<std::string>& labels) {
 }
 
 void frmMain::CheckForUpdates() {
+  answerTimer_.setObjectName(QStringLiteral("answerTimer"));
   answerTimer_.setInterval(kAnswerInterval);
   connect(&answerTimer_, &QTimer::timeout, this, [this] { AnswerUpdates(); });
   versionFetch_ = FetchVersionFile(korva_, ports_, [this](const FetchAnswer& answer) {

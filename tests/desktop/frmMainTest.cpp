@@ -62,6 +62,15 @@ class MainForm : public testing::Test {
     }
     return nullptr;
   }
+  // Has the time to the next question about a new version run out. Whether there will be another one.
+  bool AsksLater() const {
+    auto& timer = The<QTimer>(*main, "answerTimer");
+    if (timer.isActive()) {
+      QTimerEvent out(timer.timerId());
+      QCoreApplication::sendEvent(&timer, &out);
+    }
+    return timer.isActive();
+  }
   // All that is kept of unsaved work, with line ends as here.
   std::string Copy() const {
     std::string copies;
@@ -525,15 +534,14 @@ TEST_F(MainForm, TheQuestionAboutANewVersionWaitsForTheWindow) {
   main->Begin({});
   main->EditParameters();
   ports.Fetches.Give("1106\r\n");
-  QTest::qWait(500);
+  EXPECT_TRUE(AsksLater());
   EXPECT_TRUE(ports.Messages.Shown.empty()) << "nobody is interrupted";
   ports.Messages.Expect("A new KORVA-STROND version is available. ", MessageButtons::kYesNoCancel,
                         MessageAnswer::kNo);
   Click(*Window("frmKORVAParm"), "cmdCancel");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !ports.Messages.Shown.empty(); }));
+  EXPECT_FALSE(AsksLater()) << "it asks once";
+  EXPECT_EQ(ports.Messages.Shown.size(), 1U);
   EXPECT_EQ(FindWindow("frmUpdate"), nullptr);
-  QTest::qWait(500);
-  EXPECT_EQ(ports.Messages.Shown.size(), 1U) << "it asks once";
 }
 
 TEST_F(MainForm, NothingIsAskedThatTheWindowOfUpdatesHasTold) {
@@ -543,7 +551,7 @@ TEST_F(MainForm, NothingIsAskedThatTheWindowOfUpdatesHasTold) {
   QWidget help;  // a window that stands aside
   help.show();
   ports.Fetches.Give("1106");
-  QTest::qWait(500);
+  EXPECT_TRUE(AsksLater());
   EXPECT_TRUE(ports.Messages.Shown.empty()) << "somebody reads or types there";
   const auto lookAtUpdates = [this] {
     QTimer::singleShot(0, main.get(), [] { Window("frmUpdate")->close(); });
@@ -551,7 +559,7 @@ TEST_F(MainForm, NothingIsAskedThatTheWindowOfUpdatesHasTold) {
   };
   lookAtUpdates();
   help.close();
-  QTest::qWait(500);
+  EXPECT_FALSE(AsksLater());
   EXPECT_TRUE(ports.Messages.Shown.empty());
   main->CheckForUpdates();  // as at a start whose answer is late
   lookAtUpdates();
@@ -564,7 +572,7 @@ TEST_F(MainForm, NoAnswerAtTheStartIsNoMatter) {
   main->Begin({});
   const std::string history = korva.SessionHistory.Text;
   ports.Fetches.Fail("the server did not answer");
-  QTest::qWait(300);
+  EXPECT_FALSE(AsksLater());
   EXPECT_EQ(korva.SessionHistory.Text, history);
 }
 
