@@ -59,10 +59,6 @@ bool FitsOne(const QString& name, const QStringList& patterns) {
 
 }  // namespace
 
-bool FitsFilter(const QString& name, const QString& filter) {
-  return FitsOne(name, PatternsOf(filter));
-}
-
 void FileList::SetNames(std::vector<std::string> names) {
   beginResetModel();
   names_ = std::move(names);

@@ -7,14 +7,12 @@
 
 namespace korva::desktop {
 
-// Patterns with "*" and "?", separated by ";"; capital and small letters are alike, and a name without a
-// point fits as if one stood at its end. A blank filter takes every name. Names that begin with a point only
-// fit a pattern that begins so, too.
-bool FitsFilter(const QString& name, const QString& filter);
-
 class FileList final : public QAbstractListModel {
  public:
   void SetNames(std::vector<std::string> names);
+  // Patterns with "*" and "?", separated by ";"; capital and small letters are alike, and a name without a
+  // point fits as if one stood at its end. A blank filter takes every name. Names that begin with a point
+  // only fit a pattern that begins so, too.
   void SetFilter(const QString& filter);
   const std::string& NameAt(int row) const;
 

@@ -45,8 +45,8 @@ struct Korva {
   bool ProjectSaved = true;
   bool ProjectEmpty = true;
   bool ProjectUnitsLocked = false;
-  int ProjectFileMode = 0;
-  int ProjectFormatVersion = 0;
+  int ProjectFileMode = 0;       // kept with the recent files, which nobody asks for it
+  int ProjectFormatVersion = 0;  // of the file that was read last; nobody reads it
   KnownFile OpenFile;
   std::vector<FileNotice> FileNotices;  // what the open file held beyond what was read
 
@@ -56,7 +56,7 @@ struct Korva {
   // The plan view: single-precision copies, what the pillars show (1 to 5), which window opened it (1 the
   // parameters form, 2 the results), and what the last run says about the pillars.
   IndexedArray<float, 1, 10> PlotXcutSpacing;
-  float PlotXcutAngle = 0;
+  float PlotXcutAngle = 0;  // nobody reads it: the plan has the working copy's
   int PlotType = 1;
   int PlotCaller = 0;
   std::optional<PlanValues> PillarValues;
@@ -68,12 +68,12 @@ struct Korva {
   std::optional<RunSummary> LastRun;
 
   // The last laminated run: its results, the file that they were read from, and one that its solver may
-  // leave.
+  // leave. Nobody reads them here: the pages are made from the run's own.
   StrondResults Strond;
   std::string StrondResultFile;
   std::string StrondOutFile;
 
-  // What the file conversion dialog was left with.
+  // What the file conversion dialog was left with; it alone reads it.
   int ConvertFileOption = 0;
 
   // The last parametric sweep.

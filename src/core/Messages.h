@@ -33,7 +33,7 @@ class MessagePort {
 struct MessageTitles {
   std::string TitleMessage = "Message";
   std::string TitleRangeError = "Range Error";
-  std::string TitleRangeWarning = "Range Warning";
+  std::string TitleRangeWarning = "Range Warning";  // of no message
   std::string TitleInvalidCharacter = "Invalid Character";
   std::string TitleError = "Error";
   std::string TitleLogicError = "Logic Error";

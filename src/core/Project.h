@@ -63,7 +63,7 @@ struct StoredProject {
   Project ProjectInput;
   std::string ProjectTitle;
   std::string ProjectDescription;   // lines joined by CR LF
-  int ProjectDescriptionLines = 0;  // count kept while the description is read and normalized
+  int ProjectDescriptionLines = 0;  // counted as the description is read; nobody reads it
   UnitSystem ProjectUnits = kEnglish;
 };
 

@@ -35,7 +35,7 @@ inline constexpr std::array<std::string_view, 4> LoadingConditionTitles = {
     "DEVELOPMENT LOAD (NO NEARBY GOB)", "ONE ACTIVE RETREAT SECTION", "ONE ACTIVE SECTION AND ONE SIDE GOB",
     "ONE ACTIVE SECTION AND TWO SIDE GOBS"};
 
-// By load case.
+// By load case; nobody reads them.
 inline constexpr std::array<std::string_view, 6> LoadCaseTitles = {"TRIBUTARY AREA",       "ACTIVE GOB",
                                                                    "DEVELOPMENT & 1S GOB", "ACTIVE + 1S GOB",
                                                                    "DEVELOPMENT & 2S GOB", "ACTIVE + 2S GOB"};

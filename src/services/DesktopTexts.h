@@ -22,9 +22,7 @@ std::string ExecValue(std::string_view program);
 // The desktop entry of `program`, a full path or a name to look up.
 std::string ProgramEntryText(std::string_view program);
 
-// How much a type's pattern weighs against those of other types: the standard's own, and one above it for
-// what a person has asked for.
-inline constexpr int kUsualWeight = 50;
+// How much a type's pattern weighs that a person has asked for: more than the 50 of other types.
 inline constexpr int kAskedWeight = 60;
 
 // The type of files whose names end in `extension`, capital letters and digits, in whatever case.

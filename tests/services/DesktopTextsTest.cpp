@@ -57,7 +57,7 @@ TEST(DesktopTexts, ExecNamesTheProgramWhateverItsPathHolds) {
 TEST(DesktopTexts, AreThoseOfThePackage) {
   const std::string packaging = KORVA_PACKAGING;
   EXPECT_EQ(TempFolder::Bytes(packaging + "/korva-strond.desktop"), ProgramEntryText("korva-strond"));
-  EXPECT_EQ(TempFolder::Bytes(packaging + "/korva-strond.xml"), ProjectTypeText("KVL", kUsualWeight));
+  EXPECT_EQ(TempFolder::Bytes(packaging + "/korva-strond.xml"), ProjectTypeText("KVL", 50));
   EXPECT_NE(ProjectTypeText("K1", 60).find("<glob weight=\"60\" pattern=\"*.K1\"/>\n    <glob weight=\"60\" "
                                            "pattern=\"*.k1\"/>\n  </mime-type>"),
             std::string::npos);
