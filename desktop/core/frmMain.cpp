@@ -219,19 +219,15 @@ void frmMain::SetInputEnabled(bool enabled) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  bool mayExit = false;
+  bool ended = false;
   if (isEnabled() && sweep_ == nullptr) {
-    Run([this, &mayExit] { mayExit = fileMenu_.MayExit(); });
+    Run([this, &ended] { ended = fileMenu_.Exit(); });
   }
-  if (!mayExit) {
-    event->ignore();
-    return;
+  event->setAccepted(ended);
+  if (ended) {
+    help_.reset();
+    QCoreApplication::quit();
   }
-  SaveSettings(korva_, SettingsSection::kFileMenu);
-  recovery_.EndCleanly();
-  help_.reset();
-  event->accept();
-  QCoreApplication::quit();
 }
 
 void frmMain::changeEvent(QEvent* event) {

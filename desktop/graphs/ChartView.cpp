@@ -104,6 +104,7 @@ void ChartView::ZoomBy(double factor, QPointF around) {
 void ChartView::EditTitle(std::string& title, const char* what) {
   title = Edit(FromUtf8(title), QLatin1String(what)).toStdString();
   Arrange();
+  emit TitleEdited();
 }
 
 void ChartView::paintEvent(QPaintEvent*) {

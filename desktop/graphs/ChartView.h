@@ -43,6 +43,7 @@ class ChartView final : public QWidget {
 
  signals:
   void PointerMoved(QPointF position);
+  void TitleEdited();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

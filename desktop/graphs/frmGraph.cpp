@@ -67,6 +67,8 @@ void frmGraph::BuildBody() {
   graph1_->setObjectName(QStringLiteral("graph1"));
   graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
   graph1_->Edit = [this](const QString& title, const QString& what) { return Edited(title, what); };
+  connect(graph1_, &ChartView::TitleEdited, this,
+          [this] { TakeTitles(graph1_->Shown(), index_, session_.State.Preferences.Graph); });
   connect(graph1_, &ChartView::PointerMoved, this, &frmGraph::TrackPoint);
   BuildPointFrame(body);
   auto* all = new QVBoxLayout(body);
@@ -175,7 +177,6 @@ void frmGraph::TrackPoint(QPointF position) {
 }
 
 void frmGraph::FileItem(int index) {
-  ReadBack();  // titles may have been edited in the chart
   switch (index) {
     case kPrintIndex:
       Print();
@@ -234,13 +235,11 @@ void frmGraph::OptionsItem(int index) {
       graph1_->unsetCursor();
       break;
     case kBasicOptionsIndex: {
-      ReadBack();
       frmGraphOpt options(session_, *this);
       options.exec();
       break;
     }
     default:
-      ReadBack();
       showReference_ = !showReference_;
       DrawCurve();
       break;
@@ -253,25 +252,7 @@ QString frmGraph::Edited(const QString& title, const QString& what) {
   return edited ? FromUtf8(*edited) : title;
 }
 
-// What was edited in the chart itself stays.
-void frmGraph::ReadBack() {
-  GraphSettings& settings = session_.State.Preferences.Graph;
-  const Chart& shown = graph1_->Shown();
-  settings.GraphTitle = shown.Title;
-  settings.XAxisTitle[index_] = shown.XAxis.Title;
-  settings.YAxisTitle[YTitleOf(index_)] = shown.YAxis.Title;
-  settings.GridStyle = (shown.YAxis.Grid ? 1 : 0) + (shown.XAxis.Grid ? 2 : 0);
-}
-
-void frmGraph::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
-    ReadBack();
-  }
-  QMainWindow::changeEvent(event);
-}
-
 void frmGraph::closeEvent(QCloseEvent* event) {
-  ReadBack();
   session_.Main.SetInputEnabled(true);
   session_.Main.Refresh();
   event->accept();

@@ -35,7 +35,6 @@ class frmGraph final : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void BuildMenus();
@@ -46,7 +45,6 @@ class frmGraph final : public QMainWindow {
   void ShowPointFrame(bool shown);
   void Print();
   void Copy();
-  void ReadBack();
   void TrackPoint(QPointF position);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);

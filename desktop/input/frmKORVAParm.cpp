@@ -243,26 +243,10 @@ void frmKORVAParm::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
 }
 
-bool frmKORVAParm::MayDiscard() {
-  Korva& korva = session_.State;
-  return !korva.Preferences.Options.IssueWarningCancel ||
-         !ParametersChanged(Texts(), korva.Stored.ProjectInput) ||
-         ShowMessage(korva, session_.Outside.Messages,
-                     {"Changes in Input Data will be discarded. Proceed?",
-                      MessageButtons::kYesNo,
-                      MessageIcon::kNone,
-                      {},
-                      {},
-                      "messages-forms"}) == MessageAnswer::kYes;
-}
-
 void frmKORVAParm::closeEvent(QCloseEvent* event) {
-  if (!accepted_ && !MayDiscard()) {
+  if (!accepted_ && !DiscardParameters(session_.State, session_.Outside.Messages, Texts())) {
     event->ignore();
     return;
-  }
-  if (!accepted_) {
-    DiscardParameters(session_.State);
   }
   session_.Main.SetInputEnabled(true);
   session_.Main.Refresh();

@@ -62,7 +62,6 @@ class frmKORVAParm final : public QDialog {
   void Say(const std::string& text);
   void Run(const std::function<void()>& step);
   bool CheckAndShow();
-  bool MayDiscard();
   void ShowHidden(FieldBox& box);
   void StoreCalcParameters();
 

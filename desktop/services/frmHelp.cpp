@@ -70,9 +70,7 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
   });
   connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
     ShowMessage(session_.State, session_.Outside.Messages,
-                {
-                    .text = "This link leads out of the help: " + link.toDisplayString().toStdString(),
-                });
+                {.text = "This link leads out of the help: " + link.toDisplayString().toStdString()});
   });
 
   auto* halves = new QSplitter(this);

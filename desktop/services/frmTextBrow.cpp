@@ -260,13 +260,8 @@ bool frmTextBrow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmTextBrow::done(int result) {
-  Korva& korva = session_.State;
-  BrowseSettings& settings = korva.Preferences.TextBrowse;
   loader_->Clear();
-  settings.BrowseDefaultFilter = filter_->text().toStdString();
-  settings.BrowseUseNotepad = external_->isChecked();
-  korva.LastBrowseFolder = folder_;
-  SaveSettings(korva, SettingsSection::kTextBrowse);
+  KeepBrowsing(session_.State, filter_->text().toStdString(), external_->isChecked(), folder_);
   QDialog::done(result);
 }
 

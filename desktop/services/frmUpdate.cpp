@@ -6,7 +6,6 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
-#include "commands/SettingsCommands.h"
 #include "core/Version.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/LinkLabel.h"
@@ -139,12 +138,8 @@ void frmUpdate::ShowView() {
   ProgressBar1_->setVisible(view.Busy);  // an empty bar would look like a box for text
 }
 
-// The settings are written however the window is closed.
 void frmUpdate::done(int result) {
-  if (chkShow_->isChecked()) {
-    session_.State.Preferences.RemindAnnualUpdates = false;
-  }
-  SaveSettings(session_.State, SettingsSection::kSettings);
+  updates_.Close(chkShow_->isChecked());
   QDialog::done(result);
 }
 

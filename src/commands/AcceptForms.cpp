@@ -4,6 +4,14 @@
 
 namespace korva {
 
+namespace {
+
+void LogNotModified(Korva& korva) {
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Not Modified");
+}
+
+}  // namespace
+
 void TakeTexts(const std::string& title, const std::string& description, StoredProject& project) {
   project.ProjectTitle = title;
   for (char& c : project.ProjectTitle) {
@@ -29,7 +37,7 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
 void AcceptParameters(Korva& korva, const ParameterTexts& texts) {
   korva.ProjectUnitsLocked = true;
   if (!ParametersChanged(texts, korva.Stored.ProjectInput)) {
-    DiscardParameters(korva);
+    LogNotModified(korva);
     return;
   }
   StoreParameters(texts, korva.Stored.ProjectInput);
@@ -38,8 +46,16 @@ void AcceptParameters(Korva& korva, const ParameterTexts& texts) {
   HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Modified");
 }
 
-void DiscardParameters(Korva& korva) {
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Not Modified");
+bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts) {
+  if (korva.Preferences.Options.IssueWarningCancel && ParametersChanged(texts, korva.Stored.ProjectInput) &&
+      ShowMessage(korva, messages,
+                  {.text = "Changes in Input Data will be discarded. Proceed?",
+                   .buttons = MessageButtons::kYesNo,
+                   .topic = "messages-forms"}) != MessageAnswer::kYes) {
+    return false;
+  }
+  LogNotModified(korva);
+  return true;
 }
 
 }  // namespace korva

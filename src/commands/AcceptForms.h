@@ -27,7 +27,8 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts);
 // can be changed no more either way.
 void AcceptParameters(Korva& korva, const ParameterTexts& texts);
 
-// Leaves the project as it is.
-void DiscardParameters(Korva& korva);
+// Leaves the project as it is; if that discards something and the options say so, only after a question.
+// False if the form has to stay open.
+bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts);
 
 }  // namespace korva

@@ -232,6 +232,15 @@ bool FileMenu::MayExit() {
   return false;
 }
 
+bool FileMenu::Exit() {
+  if (!MayExit()) {
+    return false;
+  }
+  SaveSettings(korva_, SettingsSection::kFileMenu);
+  recovery_.EndCleanly();
+  return true;
+}
+
 // Puts the open project at the front of the recent files: an entry of the same caption changes places with
 // the first, a new one moves all others down and is saved.
 void FileMenu::AddRecentFile() {

@@ -36,10 +36,12 @@ class FileMenu {
   // shows only after the next start.
   const IndexedArray<std::string, 1, kMostRecentFiles>& RecentCaptions() const { return captions_; }
 
-  // The question before the program ends. False if the program has to stay.
-  bool MayExit();
+  // Ends the session: asks about unsaved work, saves the recent files, drops the recovery copy. False if the
+  // program has to stay.
+  bool Exit();
 
  private:
+  bool MayExit();
   // Reads ProjectFileName, after the question for unsaved work. True if a project was opened.
   bool LoadProjFile();
   // Runs `read` after that question; its result.

@@ -73,4 +73,11 @@ void SaveSettings(Korva& korva, SettingsSection section) {
   }
 }
 
+void KeepBrowsing(Korva& korva, std::string filter, bool useEditor, std::string folder) {
+  korva.Preferences.TextBrowse.BrowseDefaultFilter = std::move(filter);
+  korva.Preferences.TextBrowse.BrowseUseNotepad = useEditor;
+  korva.LastBrowseFolder = std::move(folder);
+  SaveSettings(korva, SettingsSection::kTextBrowse);
+}
+
 }  // namespace korva

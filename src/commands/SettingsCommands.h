@@ -15,4 +15,7 @@ void LoadSettings(Korva& korva, const SettingsSurroundings& surroundings);
 // settings in memory stand.
 void SaveSettings(Korva& korva, SettingsSection section);
 
+// Keeps and saves what the viewer of text files was left with.
+void KeepBrowsing(Korva& korva, std::string filter, bool useEditor, std::string folder);
+
 }  // namespace korva

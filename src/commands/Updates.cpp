@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "commands/Attempt.h"
+#include "commands/SettingsCommands.h"
 #include "core/Text.h"
 #include "core/Version.h"
 #include "files/FileReader.h"
@@ -67,6 +68,13 @@ void Updates::OpenProductPage() {
   if (!ports_.Documents.OpenPage(korva_.Updates.ProductPageUrl)) {
     Show(kOperationFailed);
   }
+}
+
+void Updates::Close(bool disabled) {
+  if (disabled) {
+    korva_.Preferences.RemindAnnualUpdates = false;
+  }
+  SaveSettings(korva_, SettingsSection::kSettings);
 }
 
 void Updates::RunAll() {

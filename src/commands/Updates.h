@@ -51,6 +51,8 @@ class Updates {
   void RunAll();
   // Opens the program's page on the web; if that fails, it tells so.
   void OpenProductPage();
+  // Saves the settings, however the window is closed; `disabled` takes the yearly reminder off.
+  void Close(bool disabled);
 
  private:
   void Compare(const FetchAnswer& answer);

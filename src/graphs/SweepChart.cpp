@@ -85,4 +85,10 @@ Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, 
   return chart;
 }
 
+void TakeTitles(const Chart& chart, int index, GraphSettings& settings) {
+  settings.GraphTitle = chart.Title;
+  settings.XAxisTitle[index] = chart.XAxis.Title;
+  settings.YAxisTitle[YTitleOf(index)] = chart.YAxis.Title;
+}
+
 }  // namespace korva

@@ -13,4 +13,7 @@ double ReferenceFactor(int graph);
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);
 
+// Takes titles that were edited in the chart of graph `index` into the settings.
+void TakeTitles(const Chart& chart, int index, GraphSettings& settings);
+
 }  // namespace korva

@@ -164,8 +164,7 @@ TEST_F(FileMenuTest, NothingIsReplacedUnseen) {
   EXPECT_TRUE(menu->Save(true));
 }
 
-TEST_F(FileMenuTest, ExitAsksAboutUnsavedWork) {
-  EXPECT_TRUE(menu->MayExit());
+TEST_F(FileMenuTest, ExitAsksAboutUnsavedWorkAndEndsTheSession) {
   const struct {
     MessageAnswer answer;
     std::optional<std::string> name;
@@ -174,13 +173,18 @@ TEST_F(FileMenuTest, ExitAsksAboutUnsavedWork) {
                {MessageAnswer::kNo, "", true},
                {MessageAnswer::kYes, std::nullopt, false},
                {MessageAnswer::kYes, folder / "a.KVL", true}};
+  korva.Places.IniFile = folder / "settings.ini";
+  double depth = 500;
   for (const auto& c : cases) {
-    Edit(500);
+    Edit(++depth);
     ports.Messages.Expect("Save changes to: Untitled?", MessageButtons::kYesNoCancel, c.answer);
     if (c.answer == MessageAnswer::kYes) {
       ports.Files.Expect(c.name);
     }
-    EXPECT_EQ(menu->MayExit(), c.exits);
+    recovery->KeepCopy();
+    EXPECT_EQ(menu->Exit(), c.exits);
+    EXPECT_EQ(std::filesystem::is_empty(folder / "sessions"), c.exits) << "the copy of what was given up";
+    EXPECT_EQ(std::filesystem::remove(korva.Places.IniFile), c.exits) << "the recent files";
   }
 }
 
