@@ -157,6 +157,7 @@ std::vector<std::string> NewestFiles(const std::string& folder, std::string_view
   });
   std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first > b.first; });
   std::vector<std::string> names;
+  names.reserve(found.size());
   for (auto& [time, name] : found) {
     names.push_back(std::move(name));
   }
