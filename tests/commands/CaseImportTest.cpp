@@ -4,6 +4,7 @@
 
 #include "commands/CaseImport.h"
 #include "commands/FileCommands.h"
+#include "commands/Formats.h"
 #include "support/ExpectError.h"
 #include "support/ScriptedPorts.h"
 #include "support/TempFolder.h"
@@ -19,6 +20,7 @@ constexpr const char* kQuestion = "This operation will override current data. Pr
 class CaseImportTest : public testing::Test {
  protected:
   CaseImportTest() : before_(fs::current_path()) {
+    Formats();  // which may have been named from the folder that the tests began in
     fs::current_path(folder_ / "");
     korva_.Preferences.DataPath = folder_ / "";
     FileNew(korva_, true, true);
