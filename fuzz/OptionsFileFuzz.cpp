@@ -10,9 +10,8 @@
 using namespace korva;
 
 static void CheckRanges(const OptionSettings& o) {
-  for (const int choice : {static_cast<int>(o.OutputStrUnits), static_cast<int>(o.OutputStrGradUnits)}) {
-    Require(choice == 0 || choice == 1, "an output unit is 0 or 1");
-  }
+  Require(static_cast<std::size_t>(o.OutputStrUnits) < kStressUnits.size(), "a unit of stress that there is");
+  Require(static_cast<std::size_t>(o.OutputStrGradUnits) < kLoadUnits.size(), "a unit of load that there is");
   Require(o.PlotRangeMin >= 0 && o.PlotRangeMin <= 150, "PlotRangeMin is in 0 to 150");
   Require(o.PlotRangeMax >= 0 && o.PlotRangeMax <= 150, "PlotRangeMax is in 0 to 150");
   const int rounding = static_cast<int>(o.RoundKORVASF);

@@ -78,6 +78,16 @@ struct OptionRow {
                FactorRounding OptionSettings::*, SolverFolder OptionSettings::*>
       Value;
 };
+
+template <class Units>
+std::vector<const char*> Captions(const Units& units) {
+  std::vector<const char*> captions;
+  for (const OutputUnit& unit : units) {
+    captions.push_back(unit.Caption);
+  }
+  return captions;
+}
+
 const std::vector<OptionRow>& OptionRows() {
   static const std::vector<OptionRow> rows = {
       {"Plot gob width options",
@@ -88,10 +98,9 @@ const std::vector<OptionRow>& OptionRows() {
        "Option4",
        {"Round to two decimals", "Truncate to two decimals", "Do not round"},
        &OptionSettings::RoundKORVASF},
-      {"Output units (pressure/strength)", "Option1", {"psi", "psf"}, &OptionSettings::OutputStrUnits},
-      {"Output units (load, load gradient)",
-       "Option2",
-       {"lbs,  lbs/ft", "tons, tons/ft"},
+      {"Output units (pressure/strength)", "Option1", Captions(kStressUnits),
+       &OptionSettings::OutputStrUnits},
+      {"Output units (load, load gradient)", "Option2", Captions(kLoadUnits),
        &OptionSettings::OutputStrGradUnits},
       {"Temporary File Location",
        "optTmpDir",

@@ -5,13 +5,9 @@
 #include <string>
 
 #include "core/IndexedArray.h"
-#include "core/UnitSystem.h"
+#include "core/OutputUnits.h"
 
 namespace korva {
-
-// What pages and plan show stresses and loads of English projects in.
-enum class StressUnit : int { kPsi = 0, kPsf = 1 };
-enum class LoadUnit : int { kPounds = 0, kTons = 1 };
 
 // How a stability factor is rounded, see RoundSF.
 enum class FactorRounding : int { kTwoDecimals = 0, kNone = 1, kTruncated = 2 };

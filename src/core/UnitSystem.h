@@ -10,4 +10,7 @@ enum class UnitSystem : int {
 };
 using enum UnitSystem;
 
+inline constexpr double kPoundsPerTon = 2000;  // short tons
+inline constexpr double kSquareInchesPerSquareFoot = 144;
+
 }  // namespace korva

@@ -20,8 +20,8 @@ constexpr double kNoBound = 32767;
 constexpr double kLargestRange = 150;
 
 constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
-    {"OutputStrUnits", &OptionSettings::OutputStrUnits, "0"},
-    {"OutputStrGradUnits", &OptionSettings::OutputStrGradUnits, "0"},
+    {"OutputStrUnits", &OptionSettings::OutputStrUnits, "0", 0, kStressUnits.size() - 1},
+    {"OutputStrGradUnits", &OptionSettings::OutputStrGradUnits, "0", 0, kLoadUnits.size() - 1},
     {"ShowInputScreenOnLoad", &OptionSettings::ShowInputScreenOnLoad, "0"},
     {"IssueWarningCancel", &OptionSettings::IssueWarningCancel, "1"},
     {"ViewChildWindow", &OptionSettings::ViewChildWindow, "1"},

@@ -6,6 +6,7 @@
 
 #include "core/NumberParsing.h"
 #include "core/RuntimeError.h"
+#include "core/UnitSystem.h"
 
 namespace korva {
 
@@ -15,7 +16,6 @@ namespace {
 constexpr double kInchesPerFoot = 12.0;
 constexpr double kCmPerInch = 2.54;
 constexpr double kCmPerMeter = 100.0;
-constexpr double kPoundsPerTon = 2000.0;
 constexpr double kKNPerPound = 0.004448220489393218;
 constexpr double kKNPerTon = 8.896440978786435;
 constexpr double kKNPerKip = 4.448220489393218;

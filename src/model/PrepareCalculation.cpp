@@ -5,7 +5,6 @@ namespace korva {
 
 namespace {
 
-constexpr double kSquareInchesPerSquareFoot = 144;
 constexpr double kKPaPerMPa = 1000;
 
 double GobAngleRadians(double degrees) {

@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "plan/KORVAgraf.h"
 
@@ -6,7 +5,6 @@ namespace korva {
 
 namespace {
 
-constexpr double kSquareInchesPerSquareFoot = 144;
 constexpr double kPaPerKPa = 1000;
 
 void AddSideStress(PlanValues& values, int line, double stress) {

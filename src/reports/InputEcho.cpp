@@ -23,8 +23,8 @@ class EchoPage {
   void Head(const std::string& fileName, const OptionSettings& options) {
     page_.Line("KORVA-STROND module build: ", ProgramVersionText(true));
     page_.Text(WrapText("Project File: " + fileName, kPageWidth));
-    std::string_view stress = options.OutputStrUnits == StressUnit::kPsi ? " (psi)" : " (psf)";
-    std::string_view load = options.OutputStrGradUnits == LoadUnit::kPounds ? " (lbs)" : " (tons)";
+    std::string_view stress = UnitOf(options.OutputStrUnits).Label;
+    std::string_view load = UnitOf(options.OutputStrGradUnits).Label;
     if (units_ == kMetric) {
       stress = UnitLabel(UnitKind::kMetricStress, units_);
       load = UnitLabel(UnitKind::kMetricLoad, units_);
@@ -71,14 +71,16 @@ class EchoPage {
                                                                  ? LoadingConditionTitles[condition]
                                                                  : std::string_view{});
     page_.Line();
-    if (condition >= 1 && condition <= 3) {
-      ActiveGob();
-    }
-    if (condition == 2 || condition == 3) {
-      FirstGob();
-    }
-    if (condition == 3) {
-      SecondGob();
+    if (p_.LoadingCondition <= PanelLoading::kWithBothSideGobs) {
+      if (HasActiveGob(p_.LoadingCondition)) {
+        ActiveGob();
+      }
+      if (HasFirstSideGob(p_.LoadingCondition)) {
+        FirstGob();
+      }
+      if (HasSecondSideGob(p_.LoadingCondition)) {
+        SecondGob();
+      }
     }
     page_.Line().Line();
   }

@@ -4,9 +4,6 @@ namespace korva {
 
 namespace {
 
-constexpr double kPoundsPerTon = 2000;
-constexpr double kSquareFeetPerSquareInch = 0.006944444444444444;
-
 template <class Array, class Change>
 void ChangeAll(Array& values, Change change) {
   for (auto& value : values) {
@@ -23,21 +20,21 @@ void ChangeEach(Change change, Arrays&... arrays) {
   (ChangeAll(arrays, change), ...);
 }
 
-void LoadsToTons(Results& r) {
-  const auto toTons = [](double& load) { load /= kPoundsPerTon; };
-  toTons(r.DevLoad);
-  toTons(r.AMZCapacity);
-  ChangeEach(toTons, r.AbutLoad, r.LTRANSBAR, r.LTRANSREM, r.AMZLoad, r.AMZTotalLoad, r.SlabLoad,
+void ChangeLoads(Results& r, double scale) {
+  const auto change = [scale](double& load) { load /= scale; };
+  change(r.DevLoad);
+  change(r.AMZCapacity);
+  ChangeEach(change, r.AbutLoad, r.LTRANSBAR, r.LTRANSREM, r.AMZLoad, r.AMZTotalLoad, r.SlabLoad,
              r.BarArchLoad, r.BarTribLoad, r.BarFrontLoad, r.BarSideLoad, r.BarTotalLoad, r.LFBAR,
              r.RemnantLoad, r.BarrierCapacity, r.RowCapacity, r.RowTribLoad, r.RowExcess, r.RemnantCapacity,
              r.PillarCapacity);
 }
 
-void StressesToPsi(Results& r) {
-  const auto toPsi = [](double& stress) { stress *= kSquareFeetPerSquareInch; };
-  ChangeEach(toPsi, r.PillarStrength, r.BarrierStrength, r.RowStrength, r.SideStressFirst, r.SideStressSecond,
-             r.BarTribStress, r.BarFrontStress, r.BarSideStress, r.BarTotalStress);
-  r.TribStress = static_cast<float>(static_cast<double>(r.TribStress) * kSquareFeetPerSquareInch);
+void ChangeStresses(Results& r, double scale) {
+  const auto change = [scale](double& stress) { stress *= scale; };
+  ChangeEach(change, r.PillarStrength, r.BarrierStrength, r.RowStrength, r.SideStressFirst,
+             r.SideStressSecond, r.BarTribStress, r.BarFrontStress, r.BarSideStress, r.BarTotalStress);
+  r.TribStress = static_cast<float>(static_cast<double>(r.TribStress) * scale);
 }
 
 }  // namespace
@@ -47,16 +44,12 @@ OutputResults ConvertResultUnits(const Calculation& calculation, const OutputUni
   if (calculation.Work.Units == kMetric) {
     return output;
   }
-  output.LoadLabel = " (lbs)";
-  if (units.OutputStrGradUnits == LoadUnit::kTons) {
-    output.LoadLabel = " (tons)";
-    LoadsToTons(output.Out);
-  }
-  output.StressLabel = " (psf)";
-  if (units.OutputStrUnits == StressUnit::kPsi) {
-    output.StressLabel = " (psi)";
-    StressesToPsi(output.Out);
-  }
+  const OutputUnit& load = UnitOf(units.OutputStrGradUnits);
+  output.LoadLabel = load.Label;
+  ChangeLoads(output.Out, load.Scale);
+  const OutputUnit& stress = UnitOf(units.OutputStrUnits);
+  output.StressLabel = stress.Label;
+  ChangeStresses(output.Out, stress.Scale);
   return output;
 }
 

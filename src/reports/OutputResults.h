@@ -3,16 +3,10 @@
 
 #include <string_view>
 
-#include "core/Settings.h"
+#include "core/OutputUnits.h"
 #include "model/Calculation.h"
 
 namespace korva {
-
-// The choice of units for the output of an English project.
-struct OutputUnits {
-  StressUnit OutputStrUnits = StressUnit::kPsi;
-  LoadUnit OutputStrGradUnits = LoadUnit::kTons;
-};
 
 // A calculation whose loads and stresses carry these labels.
 struct OutputResults {

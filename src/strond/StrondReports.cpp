@@ -88,7 +88,6 @@ std::string PillarPage(const StrondResults& results, const Project& project, Uni
 template <class Data>
 std::string BearingPage(std::string_view title, std::string_view heading, const Data& data, UnitSystem units,
                         const Shown& shown) {
-  constexpr double kPoundsPerTon = 2000;
   constexpr double kNewtonsPerKN = 1000;
   const std::string length(UnitLabel(UnitKind::kLength, units));
   const std::string stress = units == kMetric ? "(Pa)" : "(psi)";
