@@ -2,7 +2,6 @@
 
 #include <gsf/gsf.h>
 
-#include <cstdint>
 #include <memory>
 
 #include "xls/Failure.h"

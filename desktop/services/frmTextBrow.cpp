@@ -12,6 +12,7 @@
 #include "commands/Attempt.h"
 #include "commands/ExternalViewer.h"
 #include "commands/SettingsCommands.h"
+#include "core/FileNames.h"
 #include "desktop/reports/PageView.h"
 #include "desktop/services/DriveBox.h"
 #include "desktop/services/QtValues.h"
@@ -27,10 +28,6 @@ constexpr int kTextColumns = 84;
 constexpr int kTextLines = 30;
 constexpr int kListColumns = 34;
 constexpr int kListLines = 6;
-
-std::string NameWithin(const std::string& folder, const std::string& name) {
-  return folder.ends_with('/') ? folder + name : folder + "/" + name;
-}
 
 // The folder and all above it, the root first.
 std::vector<std::string> WayTo(const std::string& folder) {

@@ -1,7 +1,6 @@
 #include "desktop/support/ScrollBody.h"
 
 #include <QTimer>
-#include <algorithm>
 
 namespace korva::desktop {
 

@@ -3,7 +3,6 @@
 #include <exception>
 #include <fstream>
 #include <new>
-#include <sstream>
 #include <string>
 #include <string_view>
 

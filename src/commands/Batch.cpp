@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cctype>
 #include <mutex>
 #include <system_error>
 #include <thread>
 
 #include "commands/FileCommands.h"
 #include "commands/PrivateFiles.h"
+#include "core/FileNames.h"
 #include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/ProjectFile.h"
@@ -29,17 +29,16 @@ class SilentMessages final : public MessagePort {
 // Adds the project files in `folder` and below it. A folder that cannot be read stands among them itself, so
 // that its row tells why. Links to folders are not followed.
 void AddFilesOfFolder(const std::string& folder, std::vector<std::string>& files) {
-  const std::string within = folder.ends_with('/') ? folder : folder + "/";
   try {
     const FolderContent content = ReadFolder(folder);
     for (const std::string& name : content.Folders) {
-      if (!IsLink(within + name)) {
-        AddFilesOfFolder(within + name, files);
+      if (const std::string below = NameWithin(folder, name); !IsLink(below)) {
+        AddFilesOfFolder(below, files);
       }
     }
     for (const std::string& name : content.Files) {
       if (HasProjectExtension(name)) {
-        files.push_back(within + name);
+        files.push_back(NameWithin(folder, name));
       }
     }
   } catch (const RuntimeError&) {

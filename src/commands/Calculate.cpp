@@ -1,7 +1,5 @@
 #include "commands/Calculate.h"
 
-#include <algorithm>
-
 #include "core/Description.h"
 #include "core/Format.h"
 #include "core/RuntimeError.h"

@@ -48,7 +48,7 @@ std::string CaseFileName(const std::string& folder, const std::string& name, int
     const std::string mark = copy == 0   ? std::string()
                              : copy == 1 ? fmt::format(" (row {})", row)
                                          : fmt::format(" (row {}, {})", row, copy);
-    std::string path = fmt::format("{}{}{}.{}", folder, name, mark, kProjectExtension);
+    std::string path = NameWithin(folder, fmt::format("{}{}.{}", name, mark, kProjectExtension));
     if (MayTake(path, bytes)) {
       return path;
     }
@@ -189,8 +189,7 @@ std::string ImportCase(Korva& korva, const Sheet& sheet, int row, const std::str
   korva.Stored = std::move(read.Stored);
   korva.ProjectSaved = false;
   korva.ProjectEmpty = false;
-  const bool bare = folder.empty() || folder.ends_with('/');
-  korva.ProjectFileName = CaseFileName(bare ? folder : folder + "/", name, row, bytes);
+  korva.ProjectFileName = CaseFileName(folder, name, row, bytes);
   FileSave(korva);
   return korva.ProjectFileName;
 }

@@ -1,7 +1,5 @@
 #include "commands/ExternalViewer.h"
 
-#include <system_error>
-
 #include "commands/Attempt.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "core/FileNames.h"
 #include "core/RuntimeError.h"
 #include "core/Tables.h"

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <system_error>
 #include <utility>
 
 #include "commands/Attempt.h"

@@ -27,6 +27,11 @@ std::string FolderOf(const std::string& path) {
   return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
+std::string NameWithin(const std::string& folder, std::string_view name) {
+  const bool bare = folder.empty() || folder.ends_with('/');
+  return folder + (bare ? "" : "/") + std::string(name);
+}
+
 std::string SafeFileName(std::string_view text) {
   constexpr std::string_view kRefused = "/\\:*?\"<>|";
   constexpr std::size_t kLongest = 180;

@@ -15,9 +15,11 @@ std::string FileBaseName(const std::string& path, bool strip);
 // root.
 std::string FolderOf(const std::string& path);
 
-// The text as the stem of a file's name on any system: what a name cannot hold ("/", "\\", ":", "*", "?",
-// "<",
-// ">", "|", double quotes, control characters) is "_", and what is longer than 180 bytes is cut between
+// The name of what stands in `folder`, which may have a separator at its end or be empty.
+std::string NameWithin(const std::string& folder, std::string_view name);
+
+// The text as the stem of a file's name on any system: what a name cannot hold (separators, ":", "*", "?",
+// "<", ">", "|", double quotes, control characters) is "_", and what is longer than 180 bytes is cut between
 // characters.
 std::string SafeFileName(std::string_view text);
 

@@ -13,6 +13,7 @@
 
 #include "core/RuntimeError.h"
 #include "files/ChildProcess.h"
+#include "files/DescriptorPosix.h"
 #include "files/PlatformFile.h"
 
 namespace korva {
@@ -88,18 +89,11 @@ class Child {
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
       ThrowNotStarted(errno, call.Program);
     }
-    output_ = ends[0];
-    try {
-      process_ = Preparation(ends[1]).Start(call);
-    } catch (...) {
-      ::close(ends[0]);
-      ::close(ends[1]);
-      throw;
-    }
-    ::close(ends[1]);
+    output_ = Descriptor(ends[0]);
+    const Descriptor printed(ends[1]);
+    process_ = Preparation(printed.Get()).Start(call);
   }
   ~Child() {
-    ::close(output_);
     if (!status_) {
       ::kill(process_, SIGKILL);
       Reap(0);
@@ -110,13 +104,13 @@ class Child {
 
   // Adds what it prints within `time` to `output`; false once it has closed its output.
   bool Read(milliseconds time, std::string& output) const {
-    pollfd waiting{output_, POLLIN, 0};
+    pollfd waiting{output_.Get(), POLLIN, 0};
     const int ready = ::poll(&waiting, 1, static_cast<int>(time.count()));
     if (ready <= 0) {
       return true;  // nothing yet, or a signal came between
     }
     std::array<char, std::size_t{64} << 10> room{};
-    const auto count = ::read(output_, room.data(), room.size());
+    const auto count = ::read(output_.Get(), room.data(), room.size());
     if (count < 0) {
       return errno == EINTR;
     }
@@ -135,10 +129,7 @@ class Child {
  private:
   void Reap(int how) {
     int status = 0;
-    pid_t reaped = 0;
-    do {
-      reaped = ::waitpid(process_, &status, how);
-    } while (reaped < 0 && errno == EINTR);
+    const pid_t reaped = Uninterrupted([&] { return ::waitpid(process_, &status, how); });
     if (reaped == process_) {
       status_ = status;
     } else if (reaped < 0) {
@@ -147,7 +138,7 @@ class Child {
   }
 
   pid_t process_ = -1;
-  int output_ = -1;
+  Descriptor output_;
   std::optional<int> status_;
 };
 

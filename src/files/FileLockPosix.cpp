@@ -2,6 +2,7 @@
 #include <sys/file.h>
 
 #include <cerrno>
+#include <cstdio>
 
 #include "files/DescriptorPosix.h"
 #include "files/FileLock.h"

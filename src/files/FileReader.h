@@ -1,6 +1,7 @@
 // Reading files.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstdio>
 
 #include "core/FileNames.h"
 #include "files/DescriptorPosix.h"

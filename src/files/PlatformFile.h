@@ -15,7 +15,6 @@ struct FileState {
   bool exists = false;
   bool isRegular = false;
   bool isFolder = false;
-  std::uint64_t size = 0;
   std::uint32_t mode = 0;
 };
 

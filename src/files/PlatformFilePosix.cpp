@@ -12,7 +12,6 @@
 #include "core/FileNames.h"
 #include "core/FilePaths.h"
 #include "core/RuntimeError.h"
-#include "files/FileTree.h"
 #include "files/PlatformFile.h"
 
 namespace korva {
@@ -58,7 +57,6 @@ FileState StateOfFile(const std::string& path) {
   return {.exists = true,
           .isRegular = S_ISREG(state.st_mode),
           .isFolder = S_ISDIR(state.st_mode),
-          .size = static_cast<std::uint64_t>(state.st_size),
           .mode = state.st_mode & 07777};
 }
 
@@ -100,7 +98,7 @@ std::string ProgramOnSearchPath(std::string_view name) {
   while (!rest.empty()) {
     const auto end = std::min(rest.find(':'), rest.size());
     std::string path = std::string(rest.substr(0, end)).append("/").append(name);
-    if (rest.starts_with('/') && IsFile(path) && ::access(path.c_str(), X_OK) == 0) {
+    if (rest.starts_with('/') && !FolderExists(path) && ::access(path.c_str(), X_OK) == 0) {
       return path;
     }
     rest.remove_prefix(std::min(end + 1, rest.size()));

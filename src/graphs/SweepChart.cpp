@@ -1,6 +1,5 @@
 #include "graphs/SweepChart.h"
 
-#include <algorithm>
 #include <array>
 
 #include "core/Format.h"

@@ -3,7 +3,6 @@
 // a row here and a member of the record.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <limits>

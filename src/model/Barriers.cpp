@@ -1,7 +1,6 @@
 // Leave rows, barrier and remnant pillars: what they carry, and what they throw back on the active mining
 // zone.
 #include <algorithm>
-#include <cmath>
 
 #include "model/Steps.h"
 

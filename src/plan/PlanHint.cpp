@@ -1,7 +1,5 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "core/Format.h"
 #include "core/Tables.h"
 #include "plan/PlanRecords.h"

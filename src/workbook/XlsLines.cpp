@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <utility>
 
 #include "workbook/SheetBuilder.h"
 #include "workbook/XmlPart.h"

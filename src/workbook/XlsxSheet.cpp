@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
