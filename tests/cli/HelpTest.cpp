@@ -3,9 +3,11 @@
 //   <!-- check: korva ARGUMENTS [with FIELD=VALUE...] [in metric units] -->  text that the command prints, in
 //                                                           pieces between lines of "..."
 //   <!-- check: calc FILE -->          a table whose first cell names a result and whose last one holds it
-//   <!-- check: table FILE NAME... --> a table with a column for each name: project fields first, which are
-//                                      set, then results as calc names them, or RULES for the rules that
-//                                      spoke, or WARNINGS for those that print a text, by name
+//   <!-- check: table FILE NAME... --> a table with a column for each name: fields of the parameters form
+//   first,
+//                                      by their controls' names without txt or chk, which are set, then
+//                                      results as calc names them, or RULES for the rules that spoke, or
+//                                      WARNINGS for those that print a text, by name
 //   <!-- check: rows FILE NAME... : FIELD=VALUE... : ... -->  a table with words in its first column and one
 //   for
 //                                      each name; behind each colon stands what a row changes, "-" for
@@ -24,10 +26,12 @@
 #include <string>
 #include <vector>
 
-#include "core/Project.h"
+#include "commands/FileCommands.h"
 #include "files/ProjectFile.h"
 #include "input/ConvertProjectUnits.h"
+#include "input/ParameterTable.h"
 #include "support/RunProgram.h"
+#include "support/ScriptedMessages.h"
 #include "support/TempFolder.h"
 
 namespace korva {
@@ -77,44 +81,25 @@ bool Shows(const std::string& shown, double value) {
   return std::abs(std::stod(shown) - value) <= half * (1 + 1e-6);
 }
 
+// Sets a field of the parameters form by its control's name without "txt" or "chk", or what has another
+// control.
 bool SetField(Project& p, const std::string& name, double value) {
-  static const std::map<std::string, double Project::*> kValues = {
-      {"EntryHeight", &Project::EntryHeight},
-      {"DepthCover", &Project::DepthCover},
-      {"EntryWidth", &Project::EntryWidth},
-      {"XcutAngle", &Project::XcutAngle},
-      {"XcutSpacing", &Project::XcutSpacing},
-      {"CoalStrength", &Project::CoalStrength},
-      {"UnitWeight", &Project::UnitWeight},
-      {"BreadthAMZ", &Project::BreadthAMZ},
-      {"ExtentActiveGob", &Project::ExtentActiveGob},
-      {"AbutmentAngleActiveGob", &Project::AbutmentAngleActiveGob},
-      {"ExtentFirstGob", &Project::ExtentFirstGob},
-      {"AbutmentAngleFirstGob", &Project::AbutmentAngleFirstGob},
-      {"BarrierFirstGob", &Project::BarrierFirstGob},
-      {"SlabcutFirstGob", &Project::SlabcutFirstGob},
-      {"ExtentSecondGob", &Project::ExtentSecondGob},
-      {"BarrierSecondGob", &Project::BarrierSecondGob},
-      {"SlabcutSecondGob", &Project::SlabcutSecondGob},
-  };
-  static const std::map<std::string, int Project::*> kChoices = {
-      {"ArchAuto", &Project::ArchAuto},
-      {"RowD", &Project::RowD},
-      {"RowA", &Project::RowA},
-      {"RowB", &Project::RowB},
-      {"RowC", &Project::RowC},
-      {"AMZAuto", &Project::AMZAuto},
-      {"NumberEntries", &Project::NumberEntries},
-  };
-  static const std::map<std::string, float Project::*> kSingles = {{"ArchFactor", &Project::ArchFactor},
-                                                                   {"WidthRowC", &Project::WidthRowC}};
   constexpr std::string_view kCenters = "XcutCenters.";
-  if (const auto found = kValues.find(name); found != kValues.end()) {
-    p.*found->second = value;
-  } else if (const auto choice = kChoices.find(name); choice != kChoices.end()) {
-    p.*choice->second = static_cast<int>(value);
-  } else if (const auto single = kSingles.find(name); single != kSingles.end()) {
-    p.*single->second = static_cast<float>(value);
+  for (const NumberField& field : kNumberFields) {
+    if (field.Control == "txt" + name) {
+      std::visit([&](auto member) { p.*member = static_cast<std::decay_t<decltype(p.*member)>>(value); },
+                 field.Member);
+      return true;
+    }
+  }
+  for (const FlagField& field : kFlagFields) {
+    if (field.Control == "chk" + name) {
+      p.*field.Member = static_cast<int>(value);
+      return true;
+    }
+  }
+  if (name == "NumberEntries") {
+    p.NumberEntries = static_cast<int>(value);
   } else if (name == "LoadingCondition") {
     p.LoadingCondition = static_cast<PanelLoading>(value);
   } else if (name.starts_with(kCenters)) {
@@ -162,13 +147,11 @@ class HelpPage {
  private:
   // Writes the example with these changes, under its own name.
   void PutProject(const std::string& example, const Changes& changes, bool metric = false) {
-    std::ifstream file(fs::path(KORVA_EXAMPLES) / example, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    StoredProject project;
-    std::vector<FileNotice> notices;
-    const auto format = DetectProjectFormat(text, example);
-    ASSERT_TRUE(format);
-    ReadProject(text, example, *format, project, notices);
+    Korva korva;
+    korva.ProjectFileName = std::string(KORVA_EXAMPLES) + "/" + example;
+    ScriptedMessages none;
+    ASSERT_TRUE(FileOpen(korva, none));
+    StoredProject& project = korva.Stored;
     for (const auto& [name, value] : changes) {
       ASSERT_TRUE(SetField(project.ProjectInput, name, value)) << name;
     }
@@ -224,6 +207,11 @@ class HelpPage {
     return results.at(pointer).get<double>();
   }
 
+  void ExpectNumber(const std::string& shown, const std::string& name, const json& results) const {
+    const double value = Value(results, name);
+    EXPECT_TRUE(Shows(shown, value)) << lines_[at_] << ": " << name << " is " << value;
+  }
+
   // Moves to the rows behind the heading of a table.
   bool NextRow(std::size_t& row) {
     at_ += row == 0 ? 2 : 1;
@@ -236,8 +224,7 @@ class HelpPage {
     const json results = Results(example, false);
     for (std::size_t row = 0; NextRow(row);) {
       const auto cells = Cells(lines_[at_]);
-      EXPECT_TRUE(Shows(cells.back(), Value(results, cells.front())))
-          << cells.front() << " is " << Value(results, cells.front()) << ", not " << cells.back();
+      ExpectNumber(cells.back(), cells.front(), results);
     }
   }
 
@@ -285,8 +272,7 @@ class HelpPage {
       PutProject(words.at(1), changes);
       const json results = Results(words.at(1), false);
       for (std::size_t i = 0; i < names.size(); ++i) {
-        const double value = Value(results, names[i]);
-        EXPECT_TRUE(Shows(cells[i + 1], value)) << lines_[at_] << ": " << names[i] << " is " << value;
+        ExpectNumber(cells[i + 1], names[i], results);
       }
     }
     EXPECT_EQ(word, words.end()) << "a row is missing";
@@ -314,8 +300,7 @@ class HelpPage {
         } else if (names[column] == "WARNINGS") {
           EXPECT_EQ(cells[column], Warnings(words.at(1))) << lines_[at_];
         } else {
-          const double value = Value(results, names[column]);
-          EXPECT_TRUE(Shows(cells[column], value)) << lines_[at_] << ": " << names[column] << " is " << value;
+          ExpectNumber(cells[column], names[column], results);
         }
       }
     }
