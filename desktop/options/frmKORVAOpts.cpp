@@ -82,6 +82,7 @@ struct OptionRow {
 template <class Units>
 std::vector<const char*> Captions(const Units& units) {
   std::vector<const char*> captions;
+  captions.reserve(units.size());
   for (const OutputUnit& unit : units) {
     captions.push_back(unit.Caption);
   }
