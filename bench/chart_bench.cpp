@@ -1,5 +1,5 @@
-// A redraw of a chart of four curves of 200 points: laying it out, and painting it on a window's worth of
-// pixels.
+// A redraw of a chart of four curves of 200 points, and of a map of 200 by 200 values: laying it out, and
+// painting it on a window's worth of pixels.
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -63,6 +63,41 @@ void FileOfFourCurves(benchmark::State& state) {
   }
 }
 BENCHMARK(FileOfFourCurves)->Unit(benchmark::kMillisecond);
+
+Chart Map() {
+  constexpr int kSide = 200;
+  Chart chart;
+  chart.Cells = ChartCells{{0}, {0}, {}, "Stress (psi)"};
+  for (int y = 0; y < kSide; ++y) {
+    chart.Cells->XEdges.push_back(5 * (y + 1));
+    chart.Cells->YEdges.push_back(5 * (y + 1));
+    for (int x = 0; x < kSide; ++x) {
+      chart.Cells->Values.push_back(1000 * std::sin(0.07 * x) * std::cos(0.05 * y) + x % 7);
+    }
+  }
+  FitScales(chart);
+  return chart;
+}
+
+void RedrawMap(benchmark::State& state) {
+  const Chart chart = Map();
+  QImage window(QSizeF(kSize.Width, kSize.Height).toSize(), QImage::Format_ARGB32_Premultiplied);
+  for (auto turn : state) {
+    QPainter painter(&window);
+    PaintPicture(painter, LayOutChart(chart, kSize, TextWidth).Drawn);
+  }
+}
+BENCHMARK(RedrawMap)->Unit(benchmark::kMillisecond);
+
+void FileOfMap(benchmark::State& state) {
+  const Chart chart = Map();
+  for (auto turn : state) {
+    const Picture drawn = LayOutChart(chart, kSize, TextWidth).Drawn;
+    const auto kind = static_cast<PictureKind>(state.range(0));
+    state.counters["bytes"] = static_cast<double>(PictureBytes(kind, drawn).size());
+  }
+}
+BENCHMARK(FileOfMap)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace korva::desktop

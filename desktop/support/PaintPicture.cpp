@@ -68,6 +68,12 @@ void Paint(QPainter& painter, const PictureSymbol& symbol, bool likeLast) {
   }
 }
 
+void Paint(QPainter& painter, const PictureRaster& raster) {
+  const QImage image(reinterpret_cast<const uchar*>(raster.Pixels.data()), static_cast<int>(raster.Columns),
+                     static_cast<int>(raster.Rows()), QImage::Format_ARGB32_Premultiplied);
+  painter.drawImage(QRectF(raster.Box.Left, raster.Box.Top, raster.Box.Width(), raster.Box.Height()), image);
+}
+
 // The font of the engine's measure; its widths grow with its size here, too.
 QFont PictureFont(double pixels) {
   QFont font{QLatin1String(kSansFont)};
@@ -95,6 +101,7 @@ void Paint(QPainter& painter, const PictureText& text) {
 void PaintPicture(QPainter& painter, const Picture& picture) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
   const PictureBox& clip = picture.Clip;
   const QRectF room(clip.Left, clip.Top, clip.Width(), clip.Height());
   painter.setClipRect(room.toAlignedRect(),
@@ -111,6 +118,8 @@ void PaintPicture(QPainter& painter, const Picture& picture) {
       Paint(painter, *path);
     } else if (symbol != nullptr) {
       Paint(painter, *symbol, last != nullptr && last->Fill == symbol->Fill && last->Pen == symbol->Pen);
+    } else if (const auto* raster = std::get_if<PictureRaster>(&record)) {
+      Paint(painter, *raster);
     } else {
       Paint(painter, std::get<PictureText>(record));
     }

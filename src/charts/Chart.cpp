@@ -25,6 +25,12 @@ struct Extent {
   AxisScale Scale() const { return Low > High ? AxisScale{} : ScaleFor(Low, High); }
 };
 
+// Named places stand half a step from the ends.
+AxisScale ScaleOf(const ChartAxis& axis, const Extent& shown) {
+  return axis.Names.empty() ? shown.Scale()
+                            : AxisScale{-0.5, static_cast<double>(axis.Names.size()) - 0.5, 1};
+}
+
 }  // namespace
 
 bool IsHollow(const ChartCurve& curve, std::size_t point) {
@@ -46,14 +52,19 @@ void FitScales(Chart& chart) {
       y.Take(*values);
     }
   }
-  const auto take = [&](const auto& box) {
-    x.Take({box.Left, box.Right});
-    y.Take({box.Low, box.High});
-  };
-  std::for_each(chart.Bars.begin(), chart.Bars.end(), take);
-  std::for_each(chart.Cells.begin(), chart.Cells.end(), take);
-  chart.XAxis.Scale = x.Scale();
-  chart.YAxis.Scale = y.Scale();
+  for (const ChartBar& bar : chart.Bars) {
+    x.Take({bar.Left, bar.Right});
+    y.Take({bar.Low, bar.High});
+  }
+  if (chart.Cells) {
+    x.Take(chart.Cells->XEdges);
+    y.Take(chart.Cells->YEdges);
+    Extent values;
+    values.Take(chart.Cells->Values);
+    chart.Cells->Scale = values.Scale();
+  }
+  chart.XAxis.Scale = ScaleOf(chart.XAxis, x);
+  chart.YAxis.Scale = ScaleOf(chart.YAxis, y);
 }
 
 }  // namespace korva

@@ -15,8 +15,9 @@ inline constexpr double kChartHole = 1e308;
 
 struct ChartAxis {
   std::string Title;
-  bool Grid = false;  // lines at its labels
-  AxisScale Scale;    // of the whole chart
+  bool Grid = false;                    // lines at its labels
+  AxisScale Scale = {};                 // of the whole chart
+  std::vector<std::string> Names = {};  // its labels at 0, 1, 2 and so on, instead of numbers
 };
 
 // A curve, or scattered points where it has no line.
@@ -26,9 +27,12 @@ struct ChartCurve {
   std::vector<double> X;
   std::vector<double> Y;
   bool Line = true;
+  double Width = 3;  // of the line, as its dashes in pixels
+  double Dash = 0;
   std::optional<SymbolShape> Symbol = {};
   std::vector<bool> Hollow = {};  // by point; none where it is shorter
-  std::vector<double> Low = {};   // the ends of an interval around each point; none, or as many as points
+  // The ends of an interval around each point; none, or as many as points, some of which may have no value.
+  std::vector<double> Low = {};
   std::vector<double> High = {};
 };
 
@@ -36,6 +40,8 @@ struct ChartCurve {
 struct ChartBand {
   double From = 0;
   double To = 0;
+  Rgb Colour = 0xEAE3D5;
+  std::string Label = {};  // in the legend; empty: not there
 };
 
 // A filled rectangle: a bar of a histogram, or one that lies.
@@ -45,15 +51,16 @@ struct ChartBar {
   double Low = 0;
   double High = 0;
   Rgb Colour = 0;
+  std::string Label = {};  // in the legend, of one of the bars that look alike
 };
 
-// A rectangle whose colour tells a value.
-struct ChartCell {
-  double Left = 0;
-  double Right = 0;
-  double Low = 0;
-  double High = 0;
-  double Value = 0;
+// Rectangles between edges whose colours tell values.
+struct ChartCells {
+  std::vector<double> XEdges;  // ascending, from the first column's left
+  std::vector<double> YEdges;  // ascending, from the first row's lower
+  std::vector<double> Values;  // row by row; kChartHole: nothing is drawn there
+  std::string Title;           // of the values
+  AxisScale Scale = {};        // of the colours
 };
 
 // A dashed line through the chart, with a text at its end.
@@ -75,8 +82,7 @@ struct Chart {
   ChartAxis XAxis;
   ChartAxis YAxis;
   std::vector<ChartBand> Bands;
-  std::vector<ChartCell> Cells;
-  std::string CellTitle;  // of their values
+  std::optional<ChartCells> Cells;
   std::vector<ChartBar> Bars;
   std::vector<ChartCurve> Curves;
   double SymbolSize = 5;  // pixels
@@ -90,7 +96,7 @@ struct Chart {
 // Whether the symbol of a point is hollow: something is to be known about it.
 bool IsHollow(const ChartCurve& curve, std::size_t point);
 
-// Gives both axes scales that hold all that the chart shows.
+// Gives axes and colours scales that hold all that the chart shows.
 void FitScales(Chart& chart);
 
 }  // namespace korva

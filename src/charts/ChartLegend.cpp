@@ -13,20 +13,31 @@ constexpr double kInset = 10;            // from the frame of the plot
 constexpr double kLeastPlotWidth = 160;  // that is left where the legend stands beside
 constexpr double kLeastPlotHeight = 56;
 
-std::vector<const ChartCurve*> Entries(const Chart& chart) {
-  std::vector<const ChartCurve*> entries;
+struct LegendEntry {
+  std::string Label;
+  Rgb Fill = 0;                       // of a bar or band
+  const ChartCurve* Curve = nullptr;  // or a curve
+};
+
+std::vector<LegendEntry> Entries(const Chart& chart) {
+  std::vector<LegendEntry> entries;
   for (const ChartCurve& curve : chart.Curves) {
-    if (chart.Legend && !curve.Label.empty()) {
-      entries.push_back(&curve);
-    }
+    entries.push_back({curve.Label, 0, &curve});
   }
+  for (const ChartBar& bar : chart.Bars) {
+    entries.push_back({bar.Label, bar.Colour});
+  }
+  for (const ChartBand& band : chart.Bands) {
+    entries.push_back({band.Label, band.Colour});
+  }
+  std::erase_if(entries, [&](const LegendEntry& entry) { return !chart.Legend || entry.Label.empty(); });
   return entries;
 }
 
 double ColumnWidth(const ChartWork& work) {
   double width = 0;
-  for (const ChartCurve* curve : Entries(work.Of)) {
-    width = std::max(width, work.Width(curve->Label));
+  for (const LegendEntry& entry : Entries(work.Of)) {
+    width = std::max(width, work.Width(entry.Label));
   }
   return kSample + kPad + width + kPad;
 }
@@ -65,10 +76,10 @@ bool CurveCrosses(const ChartWork& work, const ChartCurve& curve, const PictureB
       return true;
     }
     // An interval is filled from one end to the other, and to the next one.
-    if (i < curve.Low.size() && i > 0) {
-      const DrawPoint low = out.Place(curve.X[i - 1], std::min(curve.Low[i - 1], curve.Low[i]));
-      const DrawPoint high = out.Place(curve.X[i], std::max(curve.High[i - 1], curve.High[i]));
-      if (box.Meets({low.X, high.Y, high.X, low.Y})) {
+    if (HasInterval(curve, i)) {
+      const std::size_t from = i > 0 && HasInterval(curve, i - 1) ? i - 1 : i;
+      if (box.Meets(PlacedBox(out, {curve.X[from], std::min(curve.Low[from], curve.Low[i])},
+                              {curve.X[i], std::max(curve.High[from], curve.High[i])}))) {
         return true;
       }
     }
@@ -78,18 +89,15 @@ bool CurveCrosses(const ChartWork& work, const ChartCurve& curve, const PictureB
 
 bool IsFree(const ChartWork& work, const PictureBox& box) {
   const ChartLayout& out = work.Out;
-  const auto holds = [&](const auto& filled) {
-    const DrawPoint low = out.Place(filled.Left, filled.Low);
-    const DrawPoint high = out.Place(filled.Right, filled.High);
-    return box.Meets({low.X, high.Y, high.X, low.Y});
+  const auto holds = [&](const ChartBar& bar) {
+    return box.Meets(PlacedBox(out, {bar.Left, bar.Low}, {bar.Right, bar.High}));
   };
   const auto crossed = [&](const ChartReference& line) {
     const DrawPoint at = out.Place(line.At, line.At);
     return line.Upright ? at.X > box.Left && at.X < box.Right : at.Y > box.Top && at.Y < box.Bottom;
   };
   const Chart& chart = work.Of;
-  return std::none_of(chart.Cells.begin(), chart.Cells.end(), holds) &&
-         std::none_of(chart.Bars.begin(), chart.Bars.end(), holds) &&
+  return !chart.Cells && std::none_of(chart.Bars.begin(), chart.Bars.end(), holds) &&
          std::none_of(chart.References.begin(), chart.References.end(), crossed) &&
          std::none_of(chart.Curves.begin(), chart.Curves.end(),
                       [&](const ChartCurve& curve) { return CurveCrosses(work, curve, box); });
@@ -164,16 +172,20 @@ void DrawLegend(ChartWork& work) {
   work.AddBox(box, kPaper, {kGridColour, 1});
   const double width = ColumnWidth(work);
   std::size_t entry = 0;
-  for (const ChartCurve* curve : Entries(work.Of)) {
+  for (const auto& [label, fill, curve] : Entries(work.Of)) {
     const std::size_t column = entry / work.LegendRows;
     const std::size_t row = entry % work.LegendRows;
     const double left = box.Left + kPad + static_cast<double>(column) * width;
     const double y = box.Top + kPad - 2 + (static_cast<double>(row) + 0.5) * kRowHeight;
-    if (curve->Line) {
-      work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, kCurveWidth});
+    if (curve == nullptr) {
+      work.AddBox({left, y - kSample / 4, left + kSample, y + kSample / 4}, fill, {});
+    } else {
+      if (curve->Line) {
+        work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, curve->Width, curve->Dash});
+      }
+      DrawSymbol(work, *curve, {left + kSample / 2, y}, false, false);
     }
-    DrawSymbol(work, *curve, {left + kSample / 2, y}, false, false);
-    work.AddText({curve->Label, {left + kSample + kPad, y + kMiddleLine * kTextPixels}, kTextPixels});
+    work.AddText({label, {left + kSample + kPad, y + kMiddleLine * kTextPixels}, kTextPixels});
     ++entry;
   }
   work.Taken.push_back(box);

@@ -11,64 +11,106 @@ namespace {
 constexpr double kHollowWidth = 1.5;
 constexpr double kStrip = 14;  // the width of the scale of colours
 constexpr int kStripParts = 64;
+constexpr double kSamples = 2;  // of the cells' colours in a pixel
 
 // Dark to light, in steps that look alike to all eyes.
-Rgb CellColour(double share) {
+std::uint32_t CellPixel(double share) {
   constexpr std::array<Rgb, 5> kStops = {0x440154, 0x3B528B, 0x21918C, 0x5EC962, 0xFDE725};
   const double place = std::clamp(share, 0.0, 1.0) * (kStops.size() - 1);
   const std::size_t stop = std::min(static_cast<std::size_t>(place), kStops.size() - 2);
-  Rgb colour = 0;
+  std::uint32_t pixel = kOpaque;
   for (const unsigned shift : {16U, 8U, 0U}) {
     const auto part = [shift](Rgb of) { return static_cast<double>((of >> shift) & 0xFFU); };
     const double low = part(kStops[stop]);
     const double mixed = low + (place - static_cast<double>(stop)) * (part(kStops[stop + 1]) - low);
-    colour |= static_cast<Rgb>(std::lround(mixed)) << shift;
+    pixel |= static_cast<Rgb>(std::lround(mixed)) << shift;
   }
-  return colour;
+  return pixel;
 }
 
 Rgb Paled(Rgb colour) {
   return (colour >> 2U & 0x3F3F3FU) + 0xC0C0C0U;
 }
 
-// A rectangle in the units of the axes.
-template <class Filled>
-void DrawFilled(ChartWork& work, const Filled& filled, Rgb colour, const PicturePen& pen) {
-  const DrawPoint low = work.Out.Place(filled.Left, filled.Low);
-  const DrawPoint high = work.Out.Place(filled.Right, filled.High);
-  work.AddBox({low.X, high.Y, high.X, low.Y}, colour, pen, true);
+// The row or column that each sample along an axis lies in, counted from 1 on; 0 or the number of edges
+// outside of them all.
+std::vector<std::size_t> CellsAlong(const std::vector<double>& edges, double length, const AxisRange& axis) {
+  std::vector<std::size_t> cells(static_cast<std::size_t>(kSamples * length));
+  const double step = (axis.High - axis.Low) / static_cast<double>(cells.size());
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const double value = axis.Low + (static_cast<double>(i) + 0.5) * step;
+    cells[i] = static_cast<std::size_t>(std::upper_bound(edges.begin(), edges.end(), value) - edges.begin());
+  }
+  return cells;
+}
+
+// As samples, for cells may be of any size, and nobody smooths what is finer than a pixel.
+void DrawCells(ChartWork& work, const ChartCells& cells) {
+  const std::size_t rows = cells.YEdges.size();
+  const std::size_t columns = cells.XEdges.size();
+  std::vector<std::uint32_t> pixels((rows + 1) * (columns + 1));  // by cell, with nothing around them
+  for (std::size_t row = 1; row < rows; ++row) {
+    for (std::size_t column = 1; column < columns; ++column) {
+      const double value = cells.Values.at((row - 1) * (columns - 1) + column - 1);
+      if (value != kChartHole) {
+        pixels[row * (columns + 1) + column] =
+            CellPixel((value - cells.Scale.Low) / (cells.Scale.High - cells.Scale.Low));
+      }
+    }
+  }
+  const PictureBox& plot = work.Out.Plot;
+  const ChartWindow& seen = work.Out.Seen;
+  const std::vector<std::size_t> across = CellsAlong(cells.XEdges, plot.Width(), seen.X);
+  PictureRaster raster = {plot, across.size(), {}};
+  raster.Pixels.reserve(across.size() * static_cast<std::size_t>(kSamples * plot.Height()));
+  for (const std::size_t row : CellsAlong(cells.YEdges, plot.Height(), {seen.Y.High, seen.Y.Low})) {
+    for (const std::size_t column : across) {
+      raster.Pixels.push_back(pixels[row * (columns + 1) + column]);
+    }
+  }
+  work.Add(std::move(raster));
+}
+
+// Calls `act` with the first point of each run of those that are there, and the one behind its last.
+template <class There, class Act>
+void ForRuns(const ChartCurve& curve, There&& isThere, Act&& act) {
+  const std::size_t points = curve.X.size();
+  for (std::size_t first = 0, end = 0; first < points; first = end + 1) {
+    for (end = first; end < points && isThere(end);) {
+      ++end;
+    }
+    if (end > first) {
+      act(first, end);
+    }
+  }
 }
 
 void DrawInterval(ChartWork& work, const ChartCurve& curve) {
-  PicturePath area = {.Points = {}, .Pen = {}, .Closed = true, .Fill = Paled(curve.Colour), .Clipped = true};
-  for (std::size_t i = 0; i < curve.High.size(); ++i) {
-    area.Points.push_back(work.Out.Place(curve.X[i], curve.High[i]));
-  }
-  for (std::size_t i = curve.Low.size(); i-- > 0;) {
-    area.Points.push_back(work.Out.Place(curve.X[i], curve.Low[i]));
-  }
-  if (!area.Points.empty()) {
+  const auto isThere = [&curve](std::size_t i) { return HasInterval(curve, i); };
+  ForRuns(curve, isThere, [&](std::size_t first, std::size_t end) {
+    const Rgb colour = Paled(curve.Colour);  // as a line around it, too, for a point alone
+    PicturePath area = {.Points = {}, .Pen = {colour, 1}, .Closed = true, .Fill = colour, .Clipped = true};
+    for (std::size_t i = first; i < end; ++i) {
+      area.Points.push_back(work.Out.Place(curve.X[i], curve.High[i]));
+    }
+    for (std::size_t i = end; i-- > first;) {
+      area.Points.push_back(work.Out.Place(curve.X[i], curve.Low[i]));
+    }
     work.Add(std::move(area));
-  }
+  });
 }
 
-// A line for each run of points that have a value.
 void DrawCurveLine(ChartWork& work, const ChartCurve& curve) {
-  PicturePath line = {.Points = {}, .Pen = {curve.Colour, kCurveWidth}, .Clipped = true};
-  const auto end = [&] {
-    if (line.Points.size() > 1) {
-      work.Add(line);
-    }
-    line.Points.clear();
-  };
-  for (std::size_t i = 0; i < curve.X.size(); ++i) {
-    if (curve.Y[i] == kChartHole) {
-      end();
-    } else {
+  const auto isThere = [&curve](std::size_t i) { return curve.Y[i] != kChartHole; };
+  ForRuns(curve, isThere, [&](std::size_t first, std::size_t end) {
+    PicturePath line = {.Points = {}, .Pen = {curve.Colour, curve.Width, curve.Dash}, .Clipped = true};
+    for (std::size_t i = first; i < end; ++i) {
       line.Points.push_back(work.Out.Place(curve.X[i], curve.Y[i]));
     }
-  }
-  end();
+    if (line.Points.size() > 1) {
+      work.Add(std::move(line));
+    }
+  });
 }
 
 void DrawCurve(ChartWork& work, std::size_t index) {
@@ -87,6 +129,16 @@ void DrawCurve(ChartWork& work, std::size_t index) {
 
 }  // namespace
 
+PictureBox PlacedBox(const ChartLayout& layout, const DrawPoint& from, const DrawPoint& to) {
+  const DrawPoint a = layout.Place(from.X, from.Y);
+  const DrawPoint b = layout.Place(to.X, to.Y);
+  return {std::min(a.X, b.X), std::min(a.Y, b.Y), std::max(a.X, b.X), std::max(a.Y, b.Y)};
+}
+
+bool HasInterval(const ChartCurve& curve, std::size_t point) {
+  return point < curve.Low.size() && curve.Low[point] != kChartHole && curve.High[point] != kChartHole;
+}
+
 void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, bool hollow, bool clipped) {
   if (curve.Symbol) {
     work.Add(PictureSymbol{*curve.Symbol,
@@ -102,18 +154,17 @@ void DrawGround(ChartWork& work) {
   const ChartLayout& out = work.Out;
   for (const ChartBand& band : work.Of.Bands) {
     work.AddBox({out.Place(band.From, 0).X, out.Plot.Top, out.Place(band.To, 0).X, out.Plot.Bottom},
-                kBandColour, {}, true);
+                band.Colour, {}, true);
   }
-  const AxisScale& scale = work.CellLabels;
-  for (const ChartCell& cell : work.Of.Cells) {
-    const Rgb colour = CellColour((cell.Value - scale.Low) / (scale.High - scale.Low));
-    DrawFilled(work, cell, colour, {colour, 1});  // without seams
+  if (work.Of.Cells) {
+    DrawCells(work, *work.Of.Cells);
   }
 }
 
 void DrawMarks(ChartWork& work) {
   for (const ChartBar& bar : work.Of.Bars) {
-    DrawFilled(work, bar, bar.Colour, {kPaper, 1});
+    work.AddBox(PlacedBox(work.Out, {bar.Left, bar.Low}, {bar.Right, bar.High}), bar.Colour, {kPaper, 1},
+                true);
   }
   for (const ChartCurve& curve : work.Of.Curves) {
     DrawInterval(work, curve);
@@ -123,39 +174,35 @@ void DrawMarks(ChartWork& work) {
   }
 }
 
-double CellScaleRoom(ChartWork& work) {
-  if (work.Of.Cells.empty()) {
+double CellScaleRoom(const ChartWork& work) {
+  if (!work.Of.Cells) {
     return 0;
   }
-  const auto [low, high] =
-      std::minmax_element(work.Of.Cells.begin(), work.Of.Cells.end(),
-                          [](const ChartCell& a, const ChartCell& b) { return a.Value < b.Value; });
-  work.CellLabels = ScaleFor(low->Value, high->Value);
+  const AxisScale& scale = work.Of.Cells->Scale;
   double labels = 0;
-  for (int i = 0; i < work.CellLabels.Labels(); ++i) {
-    labels = std::max(labels, work.Width(work.CellLabels.Text(i)));
+  for (int i = 0; i < scale.Labels(); ++i) {
+    labels = std::max(labels, work.Width(scale.Text(i)));
   }
-  return kStrip + kEdge + labels + (work.Of.CellTitle.empty() ? 0 : kTextPixels + kEdge);
+  return kStrip + kEdge + labels + (work.Of.Cells->Title.empty() ? 0 : kTextPixels + kEdge);
 }
 
 void DrawCellScale(ChartWork& work) {
-  if (work.Of.Cells.empty() || work.CellsLeft + kStrip > work.Size.Width) {
+  if (!work.Of.Cells || work.CellsLeft + kStrip > work.Size.Width) {
     return;
   }
   const PictureBox& plot = work.Out.Plot;
   const double left = work.CellsLeft;
-  const double part = plot.Height() / kStripParts;
-  for (int i = 0; i < kStripParts; ++i) {
-    const Rgb colour = CellColour((i + 0.5) / kStripParts);
-    const double bottom = plot.Bottom - i * part;
-    work.AddBox({left, bottom - part, left + kStrip, bottom}, colour, {colour, 1});
+  PictureRaster strip = {{left, plot.Top, left + kStrip, plot.Bottom}, 1, {}};
+  for (int i = kStripParts; i-- > 0;) {
+    strip.Pixels.push_back(CellPixel((i + 0.5) / kStripParts));
   }
-  const AxisScale& scale = work.CellLabels;
+  work.Add(std::move(strip));
+  const AxisScale& scale = work.Of.Cells->Scale;
   for (int i = 0; i < scale.Labels(); ++i) {
     const double y = plot.Bottom - (scale.Value(i) - scale.Low) / (scale.High - scale.Low) * plot.Height();
     work.AddText({scale.Text(i), {left + kStrip + kEdge / 2, y + kMiddleLine * kTextPixels}, kTextPixels});
   }
-  work.AddText({work.Of.CellTitle,
+  work.AddText({work.Of.Cells->Title,
                 {work.CellsLeft + CellScaleRoom(work) - kEdge / 2, plot.Down()},
                 kTextPixels,
                 0.5,

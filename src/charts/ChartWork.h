@@ -14,14 +14,18 @@ inline constexpr double kTextPixels = 12;
 inline constexpr double kEdge = 8;       // around the whole
 inline constexpr double kAxisRoom = 44;  // below the plot, for its labels and title
 inline constexpr double kLegendGap = 14;
-inline constexpr double kCurveWidth = 3;
 inline constexpr double kMiddleLine = 0.36;  // of a font's size: from the middle of a letter to its base line
 
 inline constexpr Rgb kPaper = 0xFFFFFF;
 inline constexpr Rgb kBlack = 0x000000;
 inline constexpr Rgb kQuiet = 0x808080;
 inline constexpr Rgb kGridColour = 0xE0E0E0;
-inline constexpr Rgb kBandColour = 0xEAE3D5;
+
+// A label of an axis, and what it stands at.
+struct AxisLabel {
+  double Value = 0;
+  std::string Text;
+};
 
 struct ChartWork {
   ChartWork(const Chart& chart, PictureSize size, const TextMeasure& measure)
@@ -31,9 +35,8 @@ struct ChartWork {
   PictureSize Size;
   const TextMeasure& Measure;
   ChartLayout Out;
-  AxisScale XLabels;
-  AxisScale YLabels;
-  AxisScale CellLabels;
+  std::vector<AxisLabel> XLabels;
+  std::vector<AxisLabel> YLabels;
   double NotesTop = 0;
   double CellsLeft = 0;           // where the scale of the cells' colours begins
   double RightRoom = 0;           // right of the plot, without a legend
@@ -57,6 +60,12 @@ struct ChartWork {
 // In the middle of a pixel, where thin lines are sharp.
 double Snapped(double place);
 
+// Where a rectangle in the units of the axes stands.
+PictureBox PlacedBox(const ChartLayout& layout, const DrawPoint& from, const DrawPoint& to);
+
+// Whether an interval is around a point of a curve.
+bool HasInterval(const ChartCurve& curve, std::size_t point);
+
 // Gives the plot its place, with so much room kept right of it and below it, and both axes their labels.
 void PlaceFrame(ChartWork& work, double right = 0, double below = 0);
 
@@ -70,7 +79,7 @@ void DrawMarks(ChartWork& work);
 void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, bool hollow, bool clipped);
 
 // The room that the scale of the cells' colours takes; 0 if there are none.
-double CellScaleRoom(ChartWork& work);
+double CellScaleRoom(const ChartWork& work);
 void DrawCellScale(ChartWork& work);
 
 }  // namespace korva

@@ -16,6 +16,7 @@ constexpr double kHeadingLine = 22;
 constexpr double kTop = 36;  // of the plot
 constexpr double kTick = 5;
 constexpr double kGap = 4;
+constexpr double kXLabelGap = 10;
 constexpr double kLabelLine = 19;  // of labels, below the plot
 constexpr double kTitleLine = 36;
 constexpr double kNoteHeight = 15;
@@ -58,31 +59,40 @@ void DrawTitles(ChartWork& work) {
                    out.Plot.Height() + 2 * kGap, kLeastPixels);
 }
 
-// The labels of an axis that lie in the part that is seen.
-template <class Act>
-void ForLabels(const AxisScale& labels, const AxisRange& seen, Act&& act) {
-  const double slack = 1e-9 * (seen.High - seen.Low);
-  for (int i = 0; i < labels.Labels(); ++i) {
-    if (labels.Value(i) >= seen.Low - slack && labels.Value(i) <= seen.High + slack) {
-      act(labels.Value(i), labels.Text(i));
-    }
+// The labels of an axis that lie in the part that is seen: its names, cut off where they are wider than
+// `most`, or the numbers of `scale`.
+std::vector<AxisLabel> LabelsOf(const ChartWork& work, const ChartAxis& axis, const AxisRange& seen,
+                                const AxisScale& scale, double most) {
+  std::vector<AxisLabel> labels;
+  for (const std::string& name : axis.Names) {
+    PictureText text = {name, {}, kTextPixels};
+    FitText(text, most, kTextPixels, work.Measure);
+    labels.push_back({static_cast<double>(labels.size()), text.Text});
   }
+  for (int i = 0; axis.Names.empty() && i < scale.Labels(); ++i) {
+    labels.push_back({scale.Value(i), scale.Text(i)});
+  }
+  const double slack = 1e-9 * (seen.High - seen.Low);
+  std::erase_if(labels, [&](const AxisLabel& label) {
+    return label.Value < seen.Low - slack || label.Value > seen.High + slack;
+  });
+  return labels;
 }
 
 void DrawGrid(ChartWork& work) {
   const ChartLayout& out = work.Out;
   const PicturePen pen = {kGridColour, 1};
   if (work.Of.XAxis.Grid) {
-    ForLabels(work.XLabels, out.Seen.X, [&](double value, const std::string&) {
-      const double x = Snapped(out.Place(value, 0).X);
+    for (const AxisLabel& label : work.XLabels) {
+      const double x = Snapped(out.Place(label.Value, 0).X);
       work.AddLine({x, out.Plot.Top}, {x, out.Plot.Bottom}, pen);
-    });
+    }
   }
   if (work.Of.YAxis.Grid) {
-    ForLabels(work.YLabels, out.Seen.Y, [&](double value, const std::string&) {
-      const double y = Snapped(out.Place(0, value).Y);
+    for (const AxisLabel& label : work.YLabels) {
+      const double y = Snapped(out.Place(0, label.Value).Y);
       work.AddLine({out.Plot.Left, y}, {out.Plot.Right, y}, pen);
-    });
+    }
   }
 }
 
@@ -90,16 +100,16 @@ void DrawAxes(ChartWork& work) {
   const ChartLayout& out = work.Out;
   const PictureBox& plot = out.Plot;
   const PicturePen pen = {kBlack, 1};
-  ForLabels(work.XLabels, out.Seen.X, [&](double value, const std::string& text) {
+  for (const auto& [value, text] : work.XLabels) {
     const double x = Snapped(out.Place(value, 0).X);
     work.AddLine({x, plot.Bottom}, {x, plot.Bottom + kTick}, pen);
     work.AddText({text, {x, plot.Bottom + kLabelLine}, kTextPixels, 0.5});
-  });
-  ForLabels(work.YLabels, out.Seen.Y, [&](double value, const std::string& text) {
+  }
+  for (const auto& [value, text] : work.YLabels) {
     const double y = Snapped(out.Place(0, value).Y);
     work.AddLine({plot.Left - kTick, y}, {plot.Left, y}, pen);
     work.AddText({text, {plot.Left - kTick - kGap, y + kMiddleLine * kTextPixels}, kTextPixels, 1});
-  });
+  }
   work.AddBox(plot, {}, pen);
 }
 
@@ -194,18 +204,23 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   }
   plot.Top = Snapped(top);
   plot.Bottom = std::max(plot.Top + 1, Snapped(work.NotesTop - kAxisRoom - below));
-  work.YLabels =
+  const double mostLabels = work.Size.Width / 3;
+  const AxisScale yScale =
       ScaleThatFits(y.Low, y.High, plot.Height(), kGap, [](const std::string&) { return kTextPixels; });
+  work.YLabels = LabelsOf(work, work.Of.YAxis, y, yScale, mostLabels);
   double labels = 0;
-  ForLabels(work.YLabels, y,
-            [&](double, const std::string& text) { labels = std::max(labels, work.Width(text)); });
-  plot.Left = Snapped(kEdge + kTextPixels + kEdge + std::min(labels, work.Size.Width / 3) + kGap + kTick);
+  for (const AxisLabel& label : work.YLabels) {
+    labels = std::max(labels, work.Width(label.Text));
+  }
+  plot.Left = Snapped(kEdge + kTextPixels + kEdge + std::min(labels, mostLabels) + kGap + kTick);
   const double room = std::clamp(texts, kLeastRight, std::max(kLeastRight, work.Size.Width / 4));
   work.RightRoom = room + CellScaleRoom(work);
   plot.Right = std::max(plot.Left + 1, Snapped(work.Size.Width - kEdge - work.RightRoom - right));
   work.CellsLeft = plot.Right + room;
-  work.XLabels = ScaleThatFits(work.Out.Seen.X.Low, work.Out.Seen.X.High, plot.Width(), 10,
-                               [&work](const std::string& text) { return work.Width(text); });
+  const AxisRange& x = work.Out.Seen.X;
+  const AxisScale xScale = ScaleThatFits(x.Low, x.High, plot.Width(), kXLabelGap,
+                                         [&work](const std::string& text) { return work.Width(text); });
+  work.XLabels = LabelsOf(work, work.Of.XAxis, x, xScale, plot.Width() / (x.High - x.Low) - kXLabelGap);
 }
 
 DrawPoint ChartLayout::Place(double x, double y) const {

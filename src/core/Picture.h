@@ -59,7 +59,7 @@ struct PicturePath {
   bool Clipped = false;  // painted within the clip alone, as are symbols
 };
 
-enum class SymbolShape { kDisc, kSquare, kTriangle, kDiamond };
+enum class SymbolShape { kDisc, kSquare, kTriangle, kDiamond, kCross };
 
 struct PictureSymbol {
   SymbolShape Shape = SymbolShape::kDisc;
@@ -81,10 +81,20 @@ struct PictureText {
   Rgb Colour = 0;
 };
 
+// Pixels that fill a box without smoothing, row by row from its upper left corner.
+struct PictureRaster {
+  PictureBox Box;
+  std::size_t Columns = 0;
+  std::vector<std::uint32_t> Pixels;  // kOpaque with a colour, or 0: nothing is painted
+
+  std::size_t Rows() const { return Columns == 0 ? 0 : Pixels.size() / Columns; }
+};
+inline constexpr std::uint32_t kOpaque = 0xFF000000;
+
 struct Picture {
   PictureSize Size;
   PictureBox Clip;
-  std::vector<std::variant<PicturePath, PictureSymbol, PictureText>> Records;
+  std::vector<std::variant<PicturePath, PictureSymbol, PictureText, PictureRaster>> Records;
 };
 
 // The width of a text at a size of its font, both in pixels.
@@ -100,9 +110,13 @@ inline std::vector<DrawPoint> SymbolCorners(SymbolShape shape, double r) {
     case SymbolShape::kTriangle:
       return {{0, -r}, {r, r}, {-r, r}};
     case SymbolShape::kDiamond:
+      return {{0, -r}, {r, 0}, {0, r}, {-r, 0}};
+    case SymbolShape::kCross:
       break;
   }
-  return {{0, -r}, {r, 0}, {0, r}, {-r, 0}};
+  const double arm = r / 4;  // half its width
+  return {{-arm, -r}, {arm, -r}, {arm, -arm}, {r, -arm}, {r, arm},   {arm, arm},
+          {arm, r},   {-arm, r}, {-arm, arm}, {-r, arm}, {-r, -arm}, {-arm, -arm}};
 }
 
 }  // namespace korva

@@ -89,8 +89,9 @@ void MarkPoints(lxw_chart_series* series, const ChartCurve& curve, lxw_color_t c
 }
 
 // By the shapes of the symbols.
-constexpr std::array<std::uint8_t, 4> kMarkers = {LXW_CHART_MARKER_CIRCLE, LXW_CHART_MARKER_SQUARE,
-                                                  LXW_CHART_MARKER_TRIANGLE, LXW_CHART_MARKER_DIAMOND};
+constexpr std::array<std::uint8_t, 5> kMarkers = {LXW_CHART_MARKER_CIRCLE, LXW_CHART_MARKER_SQUARE,
+                                                  LXW_CHART_MARKER_TRIANGLE, LXW_CHART_MARKER_DIAMOND,
+                                                  LXW_CHART_MARKER_PLUS};
 
 void AddCurve(lxw_chart* drawn, const Chart& chart, std::size_t i) {
   const ChartCurve& curve = chart.Curves[i];

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <memory>
 #include <numbers>
 
@@ -74,6 +75,24 @@ void Paint(cairo_t* cairo, const PictureText& text) {
   cairo_move_to(cairo, -text.Along * TextWidth(text.Text, text.Pixels), 0);
   cairo_show_text(cairo, text.Text.c_str());
   cairo_new_path(cairo);
+  cairo_restore(cairo);
+}
+
+void Paint(cairo_t* cairo, const PictureRaster& raster) {
+  const auto columns = static_cast<int>(raster.Columns);
+  const auto rows = static_cast<int>(raster.Rows());
+  const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> image(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows), cairo_surface_destroy);
+  if (unsigned char* pixels = cairo_image_surface_get_data(image.get()); pixels != nullptr) {
+    std::memcpy(pixels, raster.Pixels.data(), 4 * raster.Columns * raster.Rows());
+    cairo_surface_mark_dirty(image.get());
+  }
+  cairo_save(cairo);  // and in error if there is no memory for the image
+  cairo_translate(cairo, raster.Box.Left, raster.Box.Top);
+  cairo_scale(cairo, raster.Box.Width() / columns, raster.Box.Height() / rows);
+  cairo_set_source_surface(cairo, image.get(), 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_NEAREST);
+  cairo_paint(cairo);
   cairo_restore(cairo);
 }
 

@@ -81,8 +81,9 @@ class ChartMaker {
 
   void AddCurve() {
     ChartCurve curve = {.Label = Words(2), .Colour = 0x0000FF, .X = {}, .Y = {}, .Line = Coin()};
+    curve.Dash = Count(5);
     if (!curve.Line || Coin()) {
-      curve.Symbol = static_cast<SymbolShape>(Count(3));
+      curve.Symbol = static_cast<SymbolShape>(Count(4));
     }
     const int points = Count(40);
     const bool interval = Coin();
@@ -91,8 +92,8 @@ class ChartMaker {
       curve.Y.push_back(Count(9) == 0 ? kChartHole : Y());
       curve.Hollow.push_back(Coin());
       if (interval) {
-        curve.Low.push_back(Y() - span_);
-        curve.High.push_back(curve.Low.back() + Real(0, span_));
+        curve.Low.push_back(Count(9) == 0 ? kChartHole : Y() - span_);
+        curve.High.push_back(Count(9) == 0 ? kChartHole : curve.Low.back() + Real(0, span_));
       }
     }
     chart_.Curves.push_back(curve);
@@ -100,19 +101,35 @@ class ChartMaker {
 
   void AddBoxes() {
     const int parts = Count(12);
-    const int kind = Count(3);
+    const int kind = Count(4);
+    if (kind == 1) {
+      AddCells(parts);
+    }
     for (int i = 0; i < parts; ++i) {
       const double left = low_ + span_ * i / parts;
       const double right = low_ + span_ * (i + 1) / parts;
       if (kind == 0) {
-        chart_.Bars.push_back({left, right, 0, std::abs(Y()), 0x2F6F9F});
-      } else if (kind == 1) {
-        chart_.Cells.push_back({left, right, 0, span_, Y()});
-        chart_.CellTitle = "Stress (psi)";
+        chart_.Bars.push_back({left, right, 0, std::abs(Y()), 0x2F6F9F, Words(1)});
       } else if (kind == 2 && Coin()) {
-        chart_.Bands.push_back({left, right});
+        chart_.Bands.push_back({left, right, 0xEAE3D5, Words(1)});
+      } else if (kind == 3) {  // bars that lie, by name
+        chart_.Curves.clear();
+        chart_.Bars.push_back({0, Y(), i - 0.4, i + 0.4, 0x2F6F9F});
+        chart_.YAxis.Names.push_back(Words(3));
       }
     }
+  }
+
+  void AddCells(int side) {
+    ChartCells cells = {{}, {}, {}, Words(2)};
+    for (int i = 0; i <= side; ++i) {
+      cells.XEdges.push_back(low_ + span_ * i / 12);
+      cells.YEdges.push_back(span_ * (i - 6) / 3);
+    }
+    for (int i = 0; i < side * side; ++i) {
+      cells.Values.push_back(Count(9) == 0 ? kChartHole : Y());
+    }
+    chart_.Cells = cells;
   }
 
   std::mt19937 random_;
@@ -136,40 +153,51 @@ void ExpectNoneOverAnother(const Picture& picture) {
       for (const DrawPoint& point : path->Points) {
         EXPECT_TRUE((path->Clipped ? sheet.Grown(1e9) : sheet).Contains(point)) << point.X << " " << point.Y;
       }
+    } else if (const auto* raster = std::get_if<PictureRaster>(&record)) {
+      EXPECT_TRUE(sheet.Contains(raster->Box));
+      EXPECT_EQ(raster->Columns * raster->Rows(), raster->Pixels.size());
     }
   }
-  EXPECT_TRUE(sheet.Contains(picture.Clip.Grown(-12)));
+  EXPECT_TRUE(sheet.Contains(picture.Clip));
 }
 
-// The legend covers nothing that is drawn in the plot: whether it stands inside, beside or below.
+// Whether any of the line between two points lies in the box, by many points on it.
+bool PassesThrough(const PictureBox& box, const DrawPoint& from, const DrawPoint& to) {
+  for (int i = 0; i <= 64; ++i) {
+    const double t = i / 64.0;
+    if (box.Contains(DrawPoint{from.X + t * (to.X - from.X), from.Y + t * (to.Y - from.Y)})) {
+      return true;
+    }
+  }
+  return false;
+}
+
+// The legend covers nothing that is drawn in the plot but shaded stretches: where it stands inside, no
+// symbol, line, outline or reference, and no filled part around it.
 void ExpectLegendClear(const Chart& chart, const ChartLayout& layout) {
-  if (!layout.Legend) {
+  if (!layout.Legend || !layout.Legend->Meets(layout.Plot)) {
     return;
   }
   const PictureBox& legend = *layout.Legend;
-  const auto expectAway = [&](const auto& filled) {
-    const DrawPoint low = layout.Place(filled.Left, filled.Low);
-    const DrawPoint high = layout.Place(filled.Right, filled.High);
-    EXPECT_FALSE(legend.Meets({low.X, high.Y, high.X, low.Y}) && legend.Meets(layout.Plot));
-  };
-  std::for_each(chart.Bars.begin(), chart.Bars.end(), expectAway);
-  std::for_each(chart.Cells.begin(), chart.Cells.end(), expectAway);
+  std::size_t bands = chart.Bands.size();  // they are drawn first
   for (const auto& record : layout.Drawn.Records) {
-    if (const auto* symbol = std::get_if<PictureSymbol>(&record); symbol != nullptr && symbol->Clipped) {
-      EXPECT_FALSE(legend.Contains(symbol->At) && layout.Plot.Contains(symbol->At));
-    }
+    EXPECT_FALSE(std::holds_alternative<PictureRaster>(record));
+    const auto* symbol = std::get_if<PictureSymbol>(&record);
+    EXPECT_FALSE(symbol != nullptr && symbol->Clipped && legend.Grown(symbol->Radius).Contains(symbol->At));
     const auto* path = std::get_if<PicturePath>(&record);
-    if (path == nullptr || !path->Clipped || path->Closed) {
+    if (path == nullptr || (path->Clipped && bands > 0 && bands-- > 0)) {
       continue;
     }
-    for (std::size_t i = 1; i < path->Points.size(); ++i) {
-      for (double t = 0; t <= 1; t += 1.0 / 64) {
-        const DrawPoint& a = path->Points[i - 1];
-        const DrawPoint& b = path->Points[i];
-        const DrawPoint at = {a.X + t * (b.X - a.X), a.Y + t * (b.Y - a.Y)};
-        ASSERT_FALSE(legend.Contains(at) && layout.Plot.Contains(at));
-      }
+    const bool reference = path->Pen.Dash > 0 && path->Pen.Colour != 0x0000FF;  // not a curve in the legend
+    PictureBox around = {1e9, 1e9, -1e9, -1e9};
+    for (std::size_t i = 0; (path->Clipped || reference) && i < path->Points.size(); ++i) {
+      const DrawPoint& to = path->Points[i];
+      const DrawPoint& from = path->Points[i > 0 ? i - 1 : path->Closed ? path->Points.size() - 1 : i];
+      ASSERT_FALSE(PassesThrough(legend, from, to));
+      around = {std::min(around.Left, to.X), std::min(around.Top, to.Y), std::max(around.Right, to.X),
+                std::max(around.Bottom, to.Y)};
     }
+    EXPECT_FALSE(path->Closed && path->Points.size() == 4 && around.Meets(legend)) << "a bar";
   }
 }
 
@@ -248,10 +276,10 @@ Chart AllParts() {
   chart.Title = "All parts";
   chart.XAxis = {"Across (ft)", true, {}};
   chart.YAxis = {"Up", true, {}};
-  chart.Cells = {{0, 40, 0, 4, 10}, {40, 80, 0, 4, 35}, {80, 120, 4, 8, 60}};
-  chart.CellTitle = "Stress (psi)";
-  chart.Bands = {{10, 30}};
-  chart.Bars = {{0, 20, 0, 3, 0x2F6F9F}, {20, 40, 0, 5, 0xCD5C5C}};
+  chart.Cells =
+      ChartCells{{0, 40, 80, 120}, {0, 4, 8}, {10, 35, kChartHole, kChartHole, 20, 60}, "Stress (psi)"};
+  chart.Bands = {{10, 30, 0xEAE3D5, "failed"}};
+  chart.Bars = {{0, 20, 0, 3, 0x2F6F9F, "runs"}, {20, 40, 0, 5, 0xCD5C5C}};
   chart.Curves = {{.Label = "first",
                    .Colour = 0x0000FF,
                    .X = {0, 40, 80, 120, 160},
@@ -262,6 +290,7 @@ Chart AllParts() {
                    .Colour = 0x006400,
                    .X = {0, 80, 160},
                    .Y = {4, 6, 5},
+                   .Dash = 4,
                    .Low = {3, 5, 4.5},
                    .High = {5, 6.5, 7}},
                   {.Label = "third",
@@ -269,7 +298,7 @@ Chart AllParts() {
                    .X = {60, 150},
                    .Y = {2, 9.5},
                    .Line = false,
-                   .Symbol = SymbolShape::kTriangle},
+                   .Symbol = SymbolShape::kCross},
                   {.Label = "", .Colour = 0, .X = {30, 50}, .Y = {1, 2}, .Symbol = SymbolShape::kDiamond}};
   chart.SymbolSize = 7;
   chart.References = {{1.5, "1.5"}, {100, "limit", true}, {500, "out of sight", true}};
@@ -315,6 +344,13 @@ std::string Told(const ChartLayout& layout) {
       told += fmt::format("symbol {} {} {} {:06X} {}:{}\n", static_cast<int>(symbol->Shape), symbol->Radius,
                           pen(symbol->Pen), symbol->Fill, symbol->Clipped ? "clipped" : "",
                           Told(std::vector{symbol->At}));
+    } else if (const auto* raster = std::get_if<PictureRaster>(&record)) {
+      told += fmt::format("raster of {} by {}:{}\n", raster->Columns, raster->Rows(),
+                          Told(std::vector<DrawPoint>{{raster->Box.Left, raster->Box.Top},
+                                                      {raster->Box.Right, raster->Box.Bottom}}));
+      for (std::size_t i = 0; i < raster->Pixels.size(); i += raster->Pixels.size() / 16) {
+        told += fmt::format("pixel {}: {:08X}\n", i, raster->Pixels[i]);
+      }
     } else if (const auto* text = std::get_if<PictureText>(&record)) {
       told +=
           fmt::format("text {} {} {}{:06X} \"{}\":{}\n", text->Pixels, text->Along,
