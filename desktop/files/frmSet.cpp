@@ -1,12 +1,14 @@
 #include "desktop/files/frmSet.h"
 
+#include <fmt/format.h>
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include "commands/AcceptForms.h"
 #include "commands/Attempt.h"
 #include "commands/ExternalViewer.h"
-#include "commands/SettingsCommands.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
 #include "desktop/services/frmPath.h"
@@ -20,36 +22,33 @@ namespace {
 constexpr int kTitleSlot = 10;
 constexpr int kHistoryDigits = 6;
 
-// A check box, its caption, what it means, and its setting.
-struct CheckRow {
-  const char* Name;
-  const char* Caption;
-  const char* ToolTip;
-  bool Settings::*Value;
-};
-constexpr std::array<CheckRow, 9> kChecks = {{
-    {"chkDispHist", "Display command history window", "Keeps and shows the history of commands and messages",
-     &Settings::DisplayHistoryWin},
-    {"chkMaxMenu", "Maximize main window", "Starts with the main window as large as the screen",
-     &Settings::MaxMainMenu},
-    {"chkEnableTB", "Enable main menu toolbar", "Shows the buttons below the menu",
+constexpr const char* kHistoryChecks = "history";
+constexpr const char* kWindowChecks = "window";
+constexpr const char* kFileChecks = "files";
+constexpr std::array<CheckRow<Settings>, 9> kChecks = {{
+    {kHistoryChecks, "chkDispHist", "Display command history window",
+     "Keeps and shows the history of commands and messages", &Settings::DisplayHistoryWin},
+    {kWindowChecks, "chkMaxMenu", "Maximize main window",
+     "Starts with the main window as large as the screen", &Settings::MaxMainMenu},
+    {kWindowChecks, "chkEnableTB", "Enable main menu toolbar", "Shows the buttons below the menu",
      &Settings::EnableMainMenuToolbar},
-    {"chkShowDiscl", "Show disclaimer at start", "Asks for acceptance of the disclaimer at each start",
-     &Settings::ShowDisclaim},
-    {"chkKeepRecentFL", "Keep recent filelist", "Lists the last four projects in the file menu",
+    {kWindowChecks, "chkShowDiscl", "Show disclaimer at start",
+     "Asks for acceptance of the disclaimer at each start", &Settings::ShowDisclaim},
+    {kFileChecks, "chkKeepRecentFL", "Keep recent filelist", "Lists the last four projects in the file menu",
      &Settings::KeepFileNames},
-    {"chkShortNames", "Short names in  file list", "Lists recent projects without their folders",
+    {kFileChecks, "chkShortNames", "Short names in  file list", "Lists recent projects without their folders",
      &Settings::ShortRecentFiles},
-    {"chkLoadLastInputFile", "Load last input file", "Opens the latest recent project at the start",
-     &Settings::LoadLastInputFile},
-    {"chkCopyExamples", "Copy example files", "Copies missing example projects at the start",
+    {kFileChecks, "chkLoadLastInputFile", "Load last input file",
+     "Opens the latest recent project at the start", &Settings::LoadLastInputFile},
+    {kFileChecks, "chkCopyExamples", "Copy example files", "Copies missing example projects at the start",
      &Settings::CopyExampleFiles},
-    {"chkUpdate", "Remind of annual updates", "Kept for later versions", &Settings::RemindAnnualUpdates},
+    {kFileChecks, "chkUpdate", "Remind of annual updates", "Kept for later versions",
+     &Settings::RemindAnnualUpdates},
 }};
 
 }  // namespace
 
-frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmSet"));
   setWindowTitle(QStringLiteral("Settings"));
   session.State.Titles = MessageTitlesOf(kTitleSlot);
@@ -60,17 +59,13 @@ frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(se
   CenterForm(*this);
 }
 
-FieldBox* frmSet::NewBox(const char* name, const char* caption, const char* explanation) {
+FieldBox* frmSet::NewBox(const char* name, const char* caption, const std::string& explanation) {
   auto* box = new FieldBox(QLatin1String(name), 0, this);
-  box->Explain(QLatin1String(caption), QLatin1String(explanation));
+  box->Explain(QLatin1String(caption), FromUtf8(explanation));
   return box;
 }
 
 void frmSet::Build() {
-  for (const CheckRow& row : kChecks) {
-    checks_[row.Name] = NewCheckBox(row.Name, QLatin1String(row.Caption), this);
-    checks_[row.Name]->setToolTip(QLatin1String(row.ToolTip));
-  }
   auto* grid = new QGridLayout;
   grid->addWidget(UnitsFrame(), 0, 0);
   grid->addWidget(WindowFrame(), 1, 0);
@@ -96,7 +91,11 @@ QGroupBox* frmSet::UnitsFrame() {
 
 QGroupBox* frmSet::WindowFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Main window"), this);
-  size_ = NewBox("Text3", kHistorySizeCaption, "Characters that the history keeps. Accepted: 4096 to 16384.");
+  auto* grid = new QGridLayout(frame);
+  checks_.AddTo(*frame, *grid, kHistoryChecks);
+  size_ = NewBox(
+      kHistorySizeBox, kHistorySizeCaption,
+      fmt::format("Characters that the history keeps. Accepted: {} to {}.", kLeastHistory, kGreatestHistory));
   font_ = NewButton("Command5", QStringLiteral("&History Font"), this);
   font_->setToolTip(QStringLiteral("Font of the history, applied at once"));
   auto* label =
@@ -104,24 +103,20 @@ QGroupBox* frmSet::WindowFrame() {
   size_->HoldNumber();
   SetColumns(*size_, kHistoryDigits);
   label->setBuddy(size_);
-  auto* grid = new QGridLayout(frame);
-  grid->addWidget(checks_["chkDispHist"], 0, 0, 1, 2);
-  grid->addWidget(label, 1, 0);
-  grid->addWidget(size_, 1, 1, Qt::AlignLeft);
-  grid->addWidget(font_, 2, 1, Qt::AlignLeft);
+  const int row = grid->rowCount();
+  grid->addWidget(label, row, 0);
+  grid->addWidget(size_, row, 1, Qt::AlignLeft);
+  grid->addWidget(font_, row + 1, 1, Qt::AlignLeft);
   grid->setColumnStretch(1, 1);
-  int line = 3;
-  for (const char* name : {"chkMaxMenu", "chkEnableTB", "chkShowDiscl"}) {
-    grid->addWidget(checks_[name], line++, 0, 1, 2);
-  }
+  checks_.AddTo(*frame, *grid, kWindowChecks);
   return frame;
 }
 
 QGroupBox* frmSet::FilesFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Files"), this);
-  extension_ = NewBox("Text1", "Default extension for data files",
+  extension_ = NewBox(kExtensionBox, "Default extension for data files",
                       "Extension of project files. Accepted: letters A to Z and digits, or nothing.");
-  path_ = NewBox("Text2", "Path for data files",
+  path_ = NewBox(kDataPathBox, "Path for data files",
                  "Folder that the file dialogs open in. Accepted: a folder that exists.");
   path_->setMinimumWidth(QFontMetrics(path_->font()).averageCharWidth() * 48);
   auto* setPath = NewButton("cmdSetPath", QStringLiteral("Set / Change Path"), this);
@@ -138,12 +133,8 @@ QGroupBox* frmSet::FilesFrame() {
   grid->addWidget(pathLabel, 1, 0);
   grid->addWidget(setPath, 1, 1);
   grid->addWidget(path_, 2, 0, 1, 2);
-  int line = 3;
-  for (const char* name :
-       {"chkKeepRecentFL", "chkShortNames", "chkLoadLastInputFile", "chkCopyExamples", "chkUpdate"}) {
-    grid->addWidget(checks_[name], line++, 0, 1, 2);
-  }
-  grid->setRowStretch(line, 1);
+  checks_.AddTo(*frame, *grid, kFileChecks);
+  grid->setRowStretch(grid->rowCount(), 1);
   return frame;
 }
 
@@ -183,13 +174,11 @@ QBoxLayout* frmSet::Buttons() {
 void frmSet::Load() {
   const Settings& settings = session_.State.Preferences;
   SetArrayIndex(units_, static_cast<int>(settings.DefaultUnits));
-  for (const CheckRow& row : kChecks) {
-    checks_[row.Name]->setChecked(settings.*row.Value == 1);
-  }
+  checks_.Fill(settings);
   size_->Fill(std::to_string(settings.MaxDisplaySize));
   size_->setEnabled(settings.DisplayHistoryWin);
   font_->setEnabled(settings.DisplayHistoryWin);
-  checks_["chkShortNames"]->setEnabled(settings.KeepFileNames);
+  checks_.Of(&Settings::ShortRecentFiles)->setEnabled(settings.KeepFileNames);
   editor_->Fill(settings.ExternalEditor);
   path_->Fill(settings.DataPath);
   extension_->Fill(settings.FileExtension);
@@ -197,20 +186,20 @@ void frmSet::Load() {
 }
 
 void frmSet::Wire() {
-  connect(checks_["chkDispHist"], &QCheckBox::toggled, this, [this](bool on) {
-    size_->setEnabled(on);
-    font_->setEnabled(on);
-  });
-  connect(checks_["chkKeepRecentFL"], &QCheckBox::toggled, checks_["chkShortNames"], &QWidget::setEnabled);
+  const QCheckBox* history = checks_.Of(&Settings::DisplayHistoryWin);
+  connect(history, &QCheckBox::toggled, size_, &QWidget::setEnabled);
+  connect(history, &QCheckBox::toggled, font_, &QWidget::setEnabled);
+  QCheckBox* shortNames = checks_.Of(&Settings::ShortRecentFiles);
+  connect(checks_.Of(&Settings::KeepFileNames), &QCheckBox::toggled, shortNames, &QWidget::setEnabled);
   const auto say = [this](std::string text, std::string title) {
     if (!loading_) {
       ShowMessage(session_.State, session_.Outside.Messages,
                   {.text = std::move(text), .title = std::move(title), .topic = "messages-forms"});
     }
   };
-  connect(checks_["chkShortNames"], &QCheckBox::toggled, this,
+  connect(shortNames, &QCheckBox::toggled, this,
           [say] { say("Option will take effect upon restarting this program", "Message"); });
-  connect(checks_["chkCopyExamples"], &QCheckBox::toggled, this, [this, say](bool on) {
+  connect(checks_.Of(&Settings::CopyExampleFiles), &QCheckBox::toggled, this, [this, say](bool on) {
     if (on) {
       say("When this option is enabled, every time the program runs, it will try to copy the example files from the "
           "install directory to the " +
@@ -266,6 +255,8 @@ SettingsTexts frmSet::Texts() const {
 void frmSet::Check() {
   const auto refusal = CheckSettings(Texts(), FolderExists);
   if (!refusal) {
+    AcceptSettings(session_.State, Entered());
+    session_.Main.ApplyDisplaySettings();
     accept();
     return;
   }
@@ -279,29 +270,20 @@ void frmSet::Check() {
   findChild<FieldBox*>(FromUtf8(refusal->Control))->ShowRefused(FromUtf8(refusal->Text));
 }
 
-void frmSet::Store() {
-  Settings& settings = session_.State.Preferences;
+Settings frmSet::Entered() const {
+  Settings settings = session_.State.Preferences;
   settings.DefaultUnits = static_cast<UnitSystem>(GetArrayIndex(units_));
-  for (const CheckRow& row : kChecks) {
-    settings.*row.Value = checks_[row.Name]->isChecked();
-  }
+  checks_.Store(settings);
   settings.MaxDisplaySize = static_cast<int>(RoundHalfEven(FieldNumber(size_->Text()), 0));
   settings.ExternalEditor = editor_->Text();
   settings.DataPath = FolderText(path_->Text());
   settings.FileExtension = extension_->Text();
+  return settings;
 }
 
-void frmSet::done(int result) {
-  Korva& korva = session_.State;
-  if (result == Accepted) {
-    Store();
-    session_.Main.ApplyDisplaySettings();
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Modified");
-    SaveSettings(korva, SettingsSection::kSettings);
-  } else {
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Not Modified");
-  }
-  QDialog::done(result);
+void frmSet::reject() {
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Settings Not Modified");
+  QDialog::reject();
 }
 
 }  // namespace korva::desktop

@@ -3,9 +3,9 @@
 
 #include <QDialog>
 #include <array>
-#include <map>
 #include <string>
 
+#include "desktop/support/CheckTable.h"
 #include "desktop/support/FieldBox.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/Session.h"
@@ -21,7 +21,7 @@ class frmSet final : public QDialog {
  public:
   explicit frmSet(Session& session, QWidget* parent = nullptr);
 
-  void done(int result) override;
+  void reject() override;
 
  private:
   void Build();
@@ -33,17 +33,17 @@ class frmSet final : public QDialog {
   void Load();
   void Wire();
   void Check();
-  void Store();
   void ChooseFont();
   void ChooseEditor();
   void ChoosePath();
   void ExtensionTyped(const QString& text);
-  FieldBox* NewBox(const char* name, const char* caption, const char* explanation);
+  FieldBox* NewBox(const char* name, const char* caption, const std::string& explanation);
   SettingsTexts Texts() const;
+  Settings Entered() const;
 
   Session& session_;
   std::array<QRadioButton*, 2> units_{};
-  std::map<std::string, QCheckBox*> checks_;
+  CheckTable<Settings> checks_;
   FieldBox* extension_ = nullptr;  // Text1
   FieldBox* path_ = nullptr;       // Text2
   FieldBox* size_ = nullptr;       // Text3

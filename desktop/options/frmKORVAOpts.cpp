@@ -1,5 +1,7 @@
 #include "desktop/options/frmKORVAOpts.h"
 
+#include <fmt/format.h>
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QTabBar>
@@ -9,7 +11,7 @@
 #include <type_traits>
 #include <variant>
 
-#include "commands/SettingsCommands.h"
+#include "commands/AcceptForms.h"
 #include "core/NumberText.h"
 #include "desktop/options/AssociationBox.h"
 #include "desktop/options/CaseImportBox.h"
@@ -27,15 +29,7 @@ constexpr int kTitleSlot = 7;
 constexpr int kOutputTab = 2;
 constexpr int kRangeDigits = 6;
 
-// A check box: the title of its frame, its name and caption, what it means, and its option.
-struct CheckRow {
-  std::string_view Frame;
-  const char* Name;
-  const char* Caption;
-  const char* ToolTip;
-  bool OptionSettings::*Value;
-};
-constexpr CheckRow kChecks[] = {
+constexpr CheckRow<OptionSettings> kChecks[] = {
     {"Edit menu options", "Check1", "Load the input form on file open / file new",
      "New opens the project description, Open the project parameters",
      &OptionSettings::ShowInputScreenOnLoad},
@@ -113,7 +107,8 @@ const std::vector<OptionRow>& OptionRows() {
 
 }  // namespace
 
-frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmKORVAOpts"));
   setWindowTitle(QStringLiteral("Options"));
   session.State.Titles = MessageTitlesOf(kTitleSlot);
@@ -130,7 +125,8 @@ void frmKORVAOpts::Build() {
   BuildPlotTab();
   BuildOutputTab();
   BuildStrondelTab();
-  connect(checks_["Check5"], &QCheckBox::toggled, checks_["Check7"], &QWidget::setEnabled);
+  connect(checks_.Of(&OptionSettings::PlotXcutDims), &QCheckBox::toggled,
+          checks_.Of(&OptionSettings::PlotSingleXcutDims), &QWidget::setEnabled);
   QPushButton* help = NewHelpButton("Command3", session_, this);
   QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
   QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
@@ -156,14 +152,7 @@ QGroupBox* frmKORVAOpts::NewFrame(QWidget* tab, const char* caption) {
   auto* frame = new QGroupBox(QLatin1String(caption), tab);
   auto* grid = new QGridLayout(frame);
   tab->layout()->addWidget(frame);
-  for (const CheckRow& row : kChecks) {
-    if (row.Frame == caption) {
-      QCheckBox* box = NewCheckBox(row.Name, QLatin1String(row.Caption), frame);
-      box->setToolTip(QLatin1String(row.ToolTip));
-      checks_[row.Name] = box;
-      grid->addWidget(box);
-    }
-  }
+  checks_.AddTo(*frame, *grid, caption);
   for (const OptionRow& row : OptionRows()) {
     for (std::size_t i = 0; row.Frame == caption && i < row.Captions.size(); ++i) {
       options_[row.Array].push_back(
@@ -175,9 +164,9 @@ QGroupBox* frmKORVAOpts::NewFrame(QWidget* tab, const char* caption) {
 }
 
 FieldBox* frmKORVAOpts::AddBox(QGroupBox* frame, const char* name, const char* caption,
-                               const char* explanation) {
+                               const std::string& explanation) {
   auto* box = new FieldBox(QLatin1String(name), 0, frame);
-  box->Explain(QLatin1String(caption), QLatin1String(explanation));
+  box->Explain(QLatin1String(caption), FromUtf8(explanation));
   box->HoldNumber();
   SetColumns(*box, kRangeDigits);
   auto* label = new QLabel(QLatin1String(caption), frame);
@@ -227,9 +216,10 @@ void frmKORVAOpts::BuildOutputTab() {
   NewFrame(tab, "Rounding of KORVA SF");
   NewFrame(tab, "Graph export options");
   QGroupBox* range = NewFrame(tab, "Range of parametric analysis");
-  AddBox(range, "Text1", "Minimum value (%)",
-         "Where a parametric graph begins, in percent of the project's value. Accepted: 2 to 150.");
-  AddBox(range, "Text2", "Maximum value (%)", "Where it ends. Accepted: 2 to 150, more than the minimum.");
+  const std::string accepted = fmt::format("Accepted: {} to {}", kLeastRange, kGreatestRange);
+  AddBox(range, kRangeMinBox, "Minimum value (%)",
+         "Where a parametric graph begins, in percent of the project's value. " + accepted + '.');
+  AddBox(range, kRangeMaxBox, "Maximum value (%)", "Where it ends. " + accepted + ", more than the minimum.");
   NewFrame(tab, "Output units (pressure/strength)");
   NewFrame(tab, "Output units (load, load gradient)");
   static_cast<QVBoxLayout*>(tab->layout())->addStretch();
@@ -255,24 +245,24 @@ void frmKORVAOpts::AddHiddenFrames(QWidget* tab) {
 
 void frmKORVAOpts::Load() {
   const OptionSettings& options = session_.State.Preferences.Options;
-  for (const CheckRow& row : kChecks) {
-    checks_[row.Name]->setChecked(options.*row.Value);
-  }
+  checks_.Fill(options);
   for (const OptionRow& row : OptionRows()) {
     std::visit([&](auto member) { SetArrayIndex(options_[row.Array], static_cast<int>(options.*member)); },
                row.Value);
   }
-  checks_["Check7"]->setEnabled(checks_["Check5"]->isChecked());
-  boxes_["Text1"]->Fill(GeneralText(options.PlotRangeMin));
-  boxes_["Text2"]->Fill(GeneralText(options.PlotRangeMax));
+  checks_.Of(&OptionSettings::PlotSingleXcutDims)->setEnabled(options.PlotXcutDims);
+  boxes_[kRangeMinBox]->Fill(GeneralText(options.PlotRangeMin));
+  boxes_[kRangeMaxBox]->Fill(GeneralText(options.PlotRangeMax));
   boxes_["txtCellSizeEng"]->Fill(std::to_string(options.CellSizeEnglish));
   boxes_["txtCellSizeMet"]->Fill(GeneralText(options.CellSizeMetric));
   SSTab1_->setCurrentIndex(0);
 }
 
 void frmKORVAOpts::Check() {
-  const auto refusal = CheckOptions(boxes_["Text1"]->Text(), boxes_["Text2"]->Text());
+  const auto refusal = CheckOptions(boxes_[kRangeMinBox]->Text(), boxes_[kRangeMaxBox]->Text());
   if (!refusal) {
+    AcceptOptions(session_.State, Entered());
+    session_.Main.Refresh();
     accept();
     return;
   }
@@ -288,26 +278,25 @@ void frmKORVAOpts::Check() {
   boxes_[refusal->Control]->ShowRefused(FromUtf8(refusal->Text));
 }
 
-void frmKORVAOpts::Store() {
-  OptionSettings& options = session_.State.Preferences.Options;
-  for (const CheckRow& row : kChecks) {
-    options.*row.Value = checks_[row.Name]->isChecked();
-  }
+OptionSettings frmKORVAOpts::Entered() const {
+  OptionSettings options = session_.State.Preferences.Options;
+  checks_.Store(options);
   for (const OptionRow& row : OptionRows()) {
     std::visit(
         [&](auto member) {
           using Choice = std::remove_reference_t<decltype(options.*member)>;
-          options.*member = static_cast<Choice>(GetArrayIndex(options_[row.Array]));
+          options.*member = static_cast<Choice>(GetArrayIndex(options_.at(row.Array)));
         },
         row.Value);
   }
-  const auto number = [this](const char* box) { return FieldNumber(boxes_[box]->Text()); };
+  const auto number = [this](const char* box) { return FieldNumber(boxes_.at(box)->Text()); };
   using Whole = std::numeric_limits<std::int16_t>;
-  options.PlotRangeMin = static_cast<float>(number("Text1"));
-  options.PlotRangeMax = static_cast<float>(number("Text2"));
+  options.PlotRangeMin = static_cast<float>(number(kRangeMinBox));
+  options.PlotRangeMax = static_cast<float>(number(kRangeMaxBox));
   options.CellSizeEnglish = static_cast<int>(
       std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), Whole::min(), Whole::max()));
   options.CellSizeMetric = static_cast<float>(number("txtCellSizeMet"));
+  return options;
 }
 
 // While rows are imported, the window's own ways out end that first.
@@ -316,20 +305,8 @@ void frmKORVAOpts::reject() {
     import_->Cancel();
     return;
   }
+  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Options Not Modified");
   QDialog::reject();
-}
-
-void frmKORVAOpts::done(int result) {
-  Korva& korva = session_.State;
-  if (result == Accepted) {
-    Store();
-    SaveSettings(korva, SettingsSection::kOptions);
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Options Modified");
-    session_.Main.Refresh();
-  } else {
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Options Not Modified");
-  }
-  QDialog::done(result);
 }
 
 }  // namespace korva::desktop

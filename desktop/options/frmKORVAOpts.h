@@ -1,12 +1,12 @@
 // The dialog "Options": preferences of the section "KORVAOptions".
 #pragma once
 
-#include <QCheckBox>
 #include <QDialog>
 #include <map>
 #include <string>
 #include <vector>
 
+#include "desktop/support/CheckTable.h"
 #include "desktop/support/Session.h"
 
 class QGroupBox;
@@ -22,14 +22,13 @@ class frmKORVAOpts final : public QDialog {
  public:
   explicit frmKORVAOpts(Session& session, QWidget* parent = nullptr);
 
-  void done(int result) override;
   void reject() override;
 
  private:
   void Build();
   QWidget* NewTab(const char* caption);
   QGroupBox* NewFrame(QWidget* tab, const char* caption);
-  FieldBox* AddBox(QGroupBox* frame, const char* name, const char* caption, const char* explanation);
+  FieldBox* AddBox(QGroupBox* frame, const char* name, const char* caption, const std::string& explanation);
   void BuildEditTab();
   void BuildPlotTab();
   void BuildOutputTab();
@@ -38,12 +37,12 @@ class frmKORVAOpts final : public QDialog {
   void AddImport(QWidget* tab);
   void Load();
   void Check();
-  void Store();
+  OptionSettings Entered() const;
 
   Session& session_;
   FormTabs* SSTab1_ = nullptr;
   CaseImportBox* import_ = nullptr;
-  std::map<std::string, QCheckBox*> checks_;
+  CheckTable<OptionSettings> checks_;
   std::map<std::string, std::vector<QRadioButton*>> options_;
   std::map<std::string, FieldBox*> boxes_;
 };

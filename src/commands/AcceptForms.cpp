@@ -1,6 +1,7 @@
 #include "commands/AcceptForms.h"
 
 #include "commands/FileCommands.h"
+#include "commands/SettingsCommands.h"
 
 namespace korva {
 
@@ -56,6 +57,18 @@ bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts
   }
   LogNotModified(korva);
   return true;
+}
+
+void AcceptSettings(Korva& korva, const Settings& settings) {
+  korva.Preferences = settings;
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Modified");
+  SaveSettings(korva, SettingsSection::kSettings);
+}
+
+void AcceptOptions(Korva& korva, const OptionSettings& options) {
+  korva.Preferences.Options = options;
+  SaveSettings(korva, SettingsSection::kOptions);
+  HistoryLog(korva.SessionHistory, korva.Preferences, "Options Modified");
 }
 
 }  // namespace korva

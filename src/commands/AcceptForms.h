@@ -1,4 +1,4 @@
-// What OK of the description form and of the parameters form changes in the project.
+// What OK of the forms changes in the project, the settings and the options.
 #pragma once
 
 #include <string>
@@ -30,5 +30,9 @@ void AcceptParameters(Korva& korva, const ParameterTexts& texts);
 // Leaves the project as it is; if that discards something and the options say so, only after a question.
 // False if the form has to stay open.
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts);
+
+// Takes the settings or options over and saves them.
+void AcceptSettings(Korva& korva, const Settings& settings);
+void AcceptOptions(Korva& korva, const OptionSettings& options);
 
 }  // namespace korva

@@ -9,9 +9,6 @@ namespace korva {
 
 namespace {
 
-constexpr double kLeastHistory = 4096;
-constexpr double kGreatestHistory = 16384;
-
 bool IsExtensionCharacter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
@@ -30,14 +27,14 @@ std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
                                              const std::function<bool(const std::string&)>& folderExists) {
   using Kind = SettingsRefusal::Kind;
   if (Trimmed(texts.DataPath).empty() || !folderExists(FolderText(texts.DataPath))) {
-    return SettingsRefusal{"Invalid Path for Data Files", Kind::kError, "Text2"};
+    return SettingsRefusal{"Invalid Path for Data Files", Kind::kError, kDataPathBox};
   }
   if (auto fault =
           CheckFieldRange(texts.MaxDisplaySize, kLeastHistory, kGreatestHistory, kHistorySizeCaption)) {
-    return SettingsRefusal{*fault, Kind::kRange, "Text3"};
+    return SettingsRefusal{*fault, Kind::kRange, kHistorySizeBox};
   }
   if (!std::all_of(texts.FileExtension.begin(), texts.FileExtension.end(), IsExtensionCharacter)) {
-    return SettingsRefusal{"Invalid character in file extension", Kind::kInvalidCharacter, "Text1"};
+    return SettingsRefusal{"Invalid character in file extension", Kind::kInvalidCharacter, kExtensionBox};
   }
   return std::nullopt;
 }

@@ -7,14 +7,19 @@
 
 namespace korva {
 
-// What screen readers and refusals call the box of the history's size.
+// The names of the boxes that are checked; the history's size as refusals call it, and its range.
+inline constexpr const char* kExtensionBox = "Text1";
+inline constexpr const char* kDataPathBox = "Text2";
+inline constexpr const char* kHistorySizeBox = "Text3";
 inline constexpr const char* kHistorySizeCaption = "Size of Command History Window";
+inline constexpr int kLeastHistory = 4096;
+inline constexpr int kGreatestHistory = 16384;
 
 // The texts of the dialog that are checked.
 struct SettingsTexts {
-  std::string DataPath;        // Text2
-  std::string MaxDisplaySize;  // Text3
-  std::string FileExtension;   // Text1
+  std::string DataPath;
+  std::string MaxDisplaySize;
+  std::string FileExtension;
 };
 
 struct SettingsRefusal {
