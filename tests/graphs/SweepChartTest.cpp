@@ -80,7 +80,9 @@ TEST(SweepChart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   GraphSettings settings = Titles();
   settings.GridStyle = 2;
   settings.GraphStyle = 2;
+  settings.SymbolSize = 9;
   const Chart chart = ChartOf(Line(4), 2, settings, true);
+  EXPECT_EQ(chart.SymbolSize, 9);
   ASSERT_EQ(chart.Curves.size(), 2U);
   EXPECT_EQ(chart.Curves[1].Label, "Retreat (KORVA)");
   EXPECT_EQ(chart.Curves[1].Colour, 0xCD5C5CU);
@@ -132,6 +134,13 @@ TEST(SweepChart, TellsWhatIsToBeKnownOfItsPoints) {
   EXPECT_EQ(Drawn(plain, PictureKind::kSvg).find(shade), std::string::npos);
 }
 
+TEST(SweepNotes, PointsSideBySideAreARange) {
+  SweepData data = Line(2);
+  const FormNotice flat = {"flat", "flat at this angle"};
+  data.Notices = {{flat}, {flat}, {flat}};
+  EXPECT_EQ(SweepNotes(data, 2), std::vector<std::string>{"Hollow, shaded: flat (100.00 to 200.00)"});
+}
+
 TEST(SweepChart, ACurveWithoutABarrierIsNotDrawnAtZero) {
   SweepData data = Line(4);
   data.GraphIndex = kBarrierDepthGraph;
@@ -145,8 +154,16 @@ TEST(SweepChart, ACurveWithoutABarrierIsNotDrawnAtZero) {
             std::vector<std::string>{
                 "No second barrier, so no factor: Development (KORVA-STROND), Retreat (KORVA-STROND)"});
   EXPECT_LT(chart.YAxis.Scale.High, 10);
+  EXPECT_EQ(ChartOf(data, 3, settings, false).Curves[2].Y, std::vector<double>(3, kChartHole));
   const std::string drawn = Drawn(chart, PictureKind::kSvg);
   EXPECT_EQ(drawn.find("e+"), std::string::npos) << "nothing far away";
+  data.GraphData[2] = data.GraphData[3];
+  EXPECT_EQ(SweepNotes(data, 4),
+            (std::vector<std::string>{
+                "No first barrier, so no factor: Retreat (KORVA)",
+                "No second barrier, so no factor: Development (KORVA-STROND), Retreat (KORVA-STROND)"}));
+  data.LaminatedCount = 0;
+  EXPECT_EQ(CurvesWithoutFactor(data), std::vector<int>{2}) << "no point tells nothing";
   data.GraphIndex = kDepthGraph;
   EXPECT_TRUE(CurvesWithoutFactor(data).empty()) << "the zone always has a factor";
   data = Line(2);
