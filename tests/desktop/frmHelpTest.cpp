@@ -360,7 +360,7 @@ TEST_F(HelpWindow, NothingIsSaidOfPagesThatWereNotRead) {
   std::set<std::string> said;
   for (int i = 0; i < 5; ++i) {
     QTest::keyClick(&query, Qt::Key_Return);
-    QTest::qWait(5);
+    QCoreApplication::processEvents();
     said.insert(found.text().toStdString());
   }
   EXPECT_TRUE(QTest::qWaitFor(
