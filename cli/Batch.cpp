@@ -66,8 +66,7 @@ std::vector<std::string> ResultTexts(const BatchRow& row, FactorText factor, Oth
 
 // Without control characters, which a title or a file name might bring to the terminal.
 std::string Printable(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+  std::replace_if(text.begin(), text.end(), IsControl, '?');
   return text;
 }
 

@@ -179,8 +179,8 @@ int main(int argc, char** argv) {
   DropRelativeFolders();
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   Application application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("korva-strond"));
-  QApplication::setDesktopFileName(QStringLiteral("korva-strond"));
+  QApplication::setApplicationName(FromUtf8(korva::ProgramFile));
+  QApplication::setDesktopFileName(FromUtf8(korva::ProgramFile));
   QApplication::setQuitOnLastWindowClosed(false);
   InitResources();
   QApplication::setWindowIcon(ProgramIcon());

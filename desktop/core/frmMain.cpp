@@ -14,7 +14,6 @@
 
 #include "commands/Attempt.h"
 #include "commands/FileCommands.h"
-#include "commands/SettingsCommands.h"
 #include "core/Version.h"
 #include "desktop/core/ProjectCard.h"
 #include "desktop/core/StartPage.h"
@@ -58,7 +57,7 @@ frmMain::frmMain(Korva& korva, Ports& ports, PicturePrinter& pictures)
       menus_(*this, Commands()),
       contextHelp_([this](const std::vector<std::string>& labels) { ShowHelp(labels); }) {
   setObjectName(QStringLiteral("frmMain"));
-  setWindowTitle(QStringLiteral("KORVA-STROND"));
+  setWindowTitle(FromUtf8(ExeName));
   setAcceptDrops(true);
   BuildBody();
   menus_.ShowRecentFiles(fileMenu_.RecentCaptions());

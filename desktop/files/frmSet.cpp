@@ -9,6 +9,7 @@
 #include "commands/AcceptForms.h"
 #include "commands/Attempt.h"
 #include "commands/ExternalViewer.h"
+#include "core/Limits.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
 #include "desktop/services/frmPath.h"

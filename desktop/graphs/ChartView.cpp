@@ -15,7 +15,6 @@ namespace {
 
 constexpr double kNearPoint = 4;  // pixels
 constexpr double kWheelStep = 0.85;
-constexpr double kWheelUnit = 120;   // of an angle, for one notch
 constexpr double kLeastSpan = 1e-3;  // of the whole
 constexpr double kMostSpan = 10;
 constexpr PictureSize kLeastSheet = {480, 330};
@@ -118,7 +117,8 @@ void ChartView::resizeEvent(QResizeEvent*) {
 
 void ChartView::wheelEvent(QWheelEvent* event) {
   if (event->angleDelta().y() != 0 && layout_.Plot.Contains(PointOf(event->position()))) {
-    ZoomBy(std::pow(kWheelStep, -event->angleDelta().y() / kWheelUnit), event->position());
+    ZoomBy(std::pow(kWheelStep, -event->angleDelta().y() / double{QWheelEvent::DefaultDeltasPerStep}),
+           event->position());
   }
   event->accept();
 }

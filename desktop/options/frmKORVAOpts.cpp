@@ -12,6 +12,7 @@
 #include <variant>
 
 #include "commands/AcceptForms.h"
+#include "core/Limits.h"
 #include "core/NumberText.h"
 #include "desktop/options/AssociationBox.h"
 #include "desktop/options/CaseImportBox.h"

@@ -16,7 +16,6 @@ namespace {
 
 constexpr double kMostZoom = 20;
 constexpr double kWheelStep = 1.2;
-constexpr double kWheelUnit = 120;  // of an angle, for one notch
 constexpr double kLeastShare = 1.0 / 400;
 constexpr double kMostShare = 1.0 / 20;
 constexpr int kSmallSide = 12;  // font heights
@@ -173,7 +172,8 @@ void PlanView::mouseDoubleClickEvent(QMouseEvent*) {
 }
 
 void PlanView::wheelEvent(QWheelEvent* event) {
-  ZoomBy(std::pow(kWheelStep, event->angleDelta().y() / kWheelUnit), event->position());
+  ZoomBy(std::pow(kWheelStep, event->angleDelta().y() / double{QWheelEvent::DefaultDeltasPerStep}),
+         event->position());
   event->accept();
 }
 

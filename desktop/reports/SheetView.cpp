@@ -12,7 +12,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr double kTwipsInInch = 1440;
 constexpr double kLeastScale = 0.4;  // of the size on paper
 constexpr double kGreatestScale = 1.5;
 constexpr int kShadow = 90;  // its opacity of 255

@@ -16,7 +16,7 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr double kTwipsInMillimetre = 1440 / 25.4;
+constexpr double kTwipsInMillimetre = kTwipsInInch / 25.4;
 
 [[noreturn]] void ThrowPrinter(const QPrinter& printer) {
   throw RuntimeError(ErrorNumber::kPrinter,

@@ -12,6 +12,7 @@
 
 #include "commands/Attempt.h"
 #include "commands/HelpCommands.h"
+#include "core/Version.h"
 #include "desktop/services/HelpBrowser.h"
 #include "desktop/services/HelpContents.h"
 #include "desktop/services/HelpSearch.h"
@@ -49,7 +50,7 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
       file_(std::move(file)),
       browser_(new HelpBrowser(*file_, this)) {
   setObjectName(QStringLiteral("frmHelp"));
-  setWindowTitle(QStringLiteral("Help for ") + QLatin1String("KORVA-STROND"));
+  setWindowTitle(QStringLiteral("Help for ") + FromUtf8(ExeName));
   setProperty(kAsideProperty, true);
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName(QStringLiteral("tabHelp"));

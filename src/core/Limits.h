@@ -23,4 +23,9 @@ inline constexpr float kLeastArchFactorSingle = 0.28F;
 inline constexpr double kSoundSF = 1.5;
 inline constexpr double kSoundBarrierSF = 2;
 
+// Characters of the history box, and percent of the project's value to which a graph goes.
+inline constexpr int kLeastHistory = 4096;
+inline constexpr int kGreatestHistory = 16384;
+inline constexpr double kGreatestRange = 150;
+
 }  // namespace korva

@@ -19,7 +19,7 @@ struct OutputUnit {
 };
 
 // By StressUnit; psf are multiplied by the scale.
-inline constexpr std::array<OutputUnit, 2> kStressUnits = {{{" (psi)", "psi", 0.006944444444444444},  //
+inline constexpr std::array<OutputUnit, 2> kStressUnits = {{{" (psi)", "psi", kPsiPerPsf},  //
                                                             {" (psf)", "psf", 1}}};
 // By LoadUnit; pounds are divided by the scale.
 inline constexpr std::array<OutputUnit, 2> kLoadUnits = {{{" (lbs)", "lbs,  lbs/ft", 1},  //

@@ -1,4 +1,4 @@
-// A printed sheet as a list of records in twips (1/1440 inch) from the upper left corner of the paper.
+// A printed sheet as a list of records in twips from the upper left corner of the paper.
 // Painters give it a font; tests read it.
 #pragma once
 
@@ -6,6 +6,8 @@
 #include <vector>
 
 namespace korva {
+
+inline constexpr double kTwipsInInch = 1440;
 
 struct PaperSize {
   int Width = 0;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/IndexedArray.h"
+#include "core/Limits.h"
 #include "core/OutputUnits.h"
 
 namespace korva {
@@ -86,7 +87,7 @@ struct Settings {
   // Section "Settings".
   UnitSystem DefaultUnits = kEnglish;  // of new projects
   bool DisplayHistoryWin = false;      // 1 keeps and shows the history
-  int MaxDisplaySize = 4096;           // characters of the history
+  int MaxDisplaySize = kLeastHistory;  // characters of the history
   FontSettings DisplayFont;            // of the history
   bool KeepFileNames = true;           // keep the recent files
   bool ShowDisclaim = true;            // show the disclaimer at the start

@@ -12,5 +12,6 @@ using enum UnitSystem;
 
 inline constexpr double kPoundsPerTon = 2000;  // short tons
 inline constexpr double kSquareInchesPerSquareFoot = 144;
+inline constexpr double kPsiPerPsf = 0.006944444444444444;
 
 }  // namespace korva

@@ -21,11 +21,7 @@ constexpr int kMostRestNotices = 20;
 std::string Shown(std::string_view found) {
   static constexpr std::size_t kLongest = 40;
   std::string shown(found.substr(0, BytesOfCharacters(found, kLongest)));
-  for (char& c : shown) {
-    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-      c = '?';
-    }
-  }
+  std::replace_if(shown.begin(), shown.end(), IsControl, '?');
   return shown.size() < found.size() ? shown + "..." : shown;
 }
 

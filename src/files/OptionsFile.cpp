@@ -16,8 +16,6 @@ constexpr std::string_view kSection = "KORVAOptions";
 
 // Cell sizes have no bound but that of their type; 0 becomes the value of a missing key.
 constexpr double kNoBound = 32767;
-// Percentages of a swept range, read as whole numbers though they are held as fractions.
-constexpr double kLargestRange = 150;
 
 constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
     {"OutputStrUnits", &OptionSettings::OutputStrUnits, "0", 0, kStressUnits.size() - 1},
@@ -31,8 +29,8 @@ constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
     {"PlotGobDims", &OptionSettings::PlotGobDims, "1"},
     {"PlotSingleXcutDims", &OptionSettings::PlotSingleXcutDims, "1"},
     {"PlotGobExtLoose", &OptionSettings::PlotGobExtLoose, "1"},
-    {"PlotRangeMin", &OptionSettings::PlotRangeMin, "100", 0, kLargestRange},
-    {"PlotRangeMax", &OptionSettings::PlotRangeMax, "150", 0, kLargestRange},
+    {"PlotRangeMin", &OptionSettings::PlotRangeMin, "100", 0, kGreatestRange},
+    {"PlotRangeMax", &OptionSettings::PlotRangeMax, "150", 0, kGreatestRange},
     {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, "1"},
     {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, "1"},
     {"RoundKORVASF", &OptionSettings::RoundKORVASF, "0", 0, 2},
@@ -76,7 +74,8 @@ OptionSettings ReadOptions(std::string_view text, bool* reset) {
   for (const auto& option : kOptions) {
     const std::string value = GetIniValue(text, kSection, option.Key, std::string(option.Missing));
     const double number = ParseNumberPrefix(value).value;
-    Store(options, option, option.High == kLargestRange ? std::nearbyint(number) : number);
+    // Percentages of a swept range are read as whole numbers though they are held as fractions.
+    Store(options, option, option.High == kGreatestRange ? std::nearbyint(number) : number);
   }
   const bool empty = options.PlotRangeMin == options.PlotRangeMax;
   if (reset != nullptr) {

@@ -24,7 +24,7 @@ constexpr int kBuiltInDisplaySize = 2048;
 constexpr auto kSettingsTable = std::to_array<Setting<Settings>>({
     {"DefaultUnits", &Settings::DefaultUnits},
     {"DisplayHistoryWin", &Settings::DisplayHistoryWin},
-    {"MaxDisplaySize", &Settings::MaxDisplaySize, "0", 4096, 16384},
+    {"MaxDisplaySize", &Settings::MaxDisplaySize, "0", kLeastHistory, kGreatestHistory},
     {"KeepFileNames", &Settings::KeepFileNames},
     {"ShowDisclaim", &Settings::ShowDisclaim},
     {"MaxMainMenu", &Settings::MaxMainMenu},

@@ -1,5 +1,6 @@
 #include "input/CheckOptions.h"
 
+#include "core/Limits.h"
 #include "input/CheckFieldRange.h"
 #include "input/FieldNumber.h"
 

@@ -7,12 +7,11 @@
 
 namespace korva {
 
-// The names of the boxes of the range of parametric graphs, and what they take, in percent. The settings file
-// may hold less.
+// The names of the boxes of the range of parametric graphs, and the least that they take, in percent. The
+// settings file may hold less.
 inline constexpr const char* kRangeMinBox = "Text1";
 inline constexpr const char* kRangeMaxBox = "Text2";
 inline constexpr int kLeastRange = 2;
-inline constexpr int kGreatestRange = 150;
 
 struct OptionsRefusal {
   std::string Text;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/Limits.h"
 #include "core/Text.h"
 #include "input/CheckFieldRange.h"
 

@@ -7,13 +7,11 @@
 
 namespace korva {
 
-// The names of the boxes that are checked; the history's size as refusals call it, and its range.
+// The names of the boxes that are checked; the history's size as refusals call it.
 inline constexpr const char* kExtensionBox = "Text1";
 inline constexpr const char* kDataPathBox = "Text2";
 inline constexpr const char* kHistorySizeBox = "Text3";
 inline constexpr const char* kHistorySizeCaption = "Size of Command History Window";
-inline constexpr int kLeastHistory = 4096;
-inline constexpr int kGreatestHistory = 16384;
 
 // The texts of the dialog that are checked.
 struct SettingsTexts {

@@ -22,7 +22,6 @@ constexpr double kKNPerKip = 4.448220489393218;
 constexpr double kThousand = 1000.0;
 constexpr double kTwelfth = 0.08333333333333333;
 constexpr double kKNPerMeter = 0.014593899243416069;  // per lbsF/ft
-constexpr double kPsiPerPsf = 0.006944444444444444;
 constexpr double kPaPerPsi = 6894.757293;
 constexpr double kMillion = 1000000.0;
 constexpr double kPaPerMeter = 271447.137519685;  // per psi/in

@@ -10,7 +10,7 @@ namespace korva {
 
 namespace {
 
-constexpr double kTwipsInPoint = 20;
+constexpr double kTwipsInPoint = kTwipsInInch / 72;
 
 void PaintSheet(cairo_t* cairo, const PrintedSheet& sheet) {
   cairo_scale(cairo, 1 / kTwipsInPoint, 1 / kTwipsInPoint);
