@@ -103,6 +103,9 @@ TEST_F(PlanCommand, ShowsWhatTheModelOfTheProjectComputes) {
   Put("two.KVL", p);
   EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "3", "--json"}).Out), "(tons)"));
   EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "5", "--json"}).Out), "Total (psi)"));
+  for (const char* option : {"PlotEntryDims=0", "PlotGobExtLoose=0"}) {
+    EXPECT_NE(Call({"two.KVL", "--set", option}).Out, Call({"two.KVL"}).Out) << option;
+  }
   p.CalcMode = kLaminatedModel;
   Put("laminated.KVL", p);
   const ProgramResult strength = Call({"laminated.KVL", "--plot", "2", "--json"});

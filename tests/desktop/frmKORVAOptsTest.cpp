@@ -1,21 +1,16 @@
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QTabWidget>
 #include <QTimer>
 #include <filesystem>
 
-#include "commands/Calculate.h"
-#include "commands/FileCommands.h"
-#include "commands/PlanCommands.h"
 #include "commands/SettingsCommands.h"
 #include "commands/SweepCommand.h"
 #include "desktop/FormBench.h"
 #include "desktop/options/frmKORVAOpts.h"
+#include "support/Panels.h"
 #include "support/TempFolder.h"
 
 namespace korva::desktop {
@@ -72,20 +67,51 @@ TEST_F(OptionsForm, AssociatesProjectFilesAndTakesThatBack) {
   EXPECT_FALSE(std::filesystem::exists(folder_ / "config/mimeapps.list"));
 }
 
+TEST_F(OptionsForm, EachCheckBoxIsOfItsOwnOption) {
+  const std::pair<const char*, bool OptionSettings::*> boxes[] = {
+      {"Check1", &OptionSettings::ShowInputScreenOnLoad},
+      {"chkInputCancel", &OptionSettings::IssueWarningCancel},
+      {"Check2", &OptionSettings::ViewChildWindow},
+      {"Check3", &OptionSettings::PrintModuleHeader},
+      {"Check4", &OptionSettings::PlotEntryDims},
+      {"Check5", &OptionSettings::PlotXcutDims},
+      {"Check6", &OptionSettings::PlotGobDims},
+      {"Check7", &OptionSettings::PlotSingleXcutDims},
+      {"Check8", &OptionSettings::PrintPlotReminder},
+      {"chkOffice", &OptionSettings::AskOfficeInstall},
+      {"chkStrond2DOut", &OptionSettings::Strond2DViewOutput},
+      {"chkStrond2DProgress", &OptionSettings::Strond2DViewProgress},
+      {"chkStrond2DProgOutput", &OptionSettings::Strond2DViewProgOutput}};
+  for (const auto& [name, option] : boxes) {
+    for (const auto& box : boxes) {
+      Options().*box.second = box.second == option;
+    }
+    frmKORVAOpts form(bench_.Forms);
+    EXPECT_TRUE(Button(form, name).isChecked()) << name;
+    EXPECT_EQ(Button(form, "Check7").isEnabled(), option == &OptionSettings::PlotXcutDims);
+    Options().*option = false;
+    Click(form, "Command2");
+    Start();
+    for (const auto& box : boxes) {
+      EXPECT_EQ(Options().*box.second, box.second == option) << name << " stored as " << box.first;
+    }
+  }
+}
+
 TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
+  Options().CellSizeEnglish = 7;  // which it does not show
+  Options().CellSizeMetric = 0.25F;
   {
     frmKORVAOpts form(bench_.Forms);
     form.show();
-    for (const char* box : {"Check1", "chkInputCancel", "Check2", "Check3", "Check4", "Check6", "Check7",
-                            "Check8", "chkOffice", "Check5"}) {
-      Button(form, box).click();
-    }
-    EXPECT_FALSE(Button(form, "Check7").isEnabled()) << "without crosscut dimensions";
-    for (const char* option : {"Option1(1)", "Option2(0)", "Option3(0)", "Option4(2)", "optTmpDir(1)"}) {
+    for (const char* option : {"Option1(1)", "Option2(0)", "Option3(0)", "Option4(2)", "optTmpDir(0)"}) {
       Button(form, option).click();
     }
     The<QLineEdit>(form, "Text1").setText(QStringLiteral("40"));
     The<QLineEdit>(form, "Text2").setText(QStringLiteral("120"));
+    The<QTabWidget>(form, "SSTab1").setCurrentIndex(3);
+    EXPECT_FALSE(The<QLineEdit>(form, "txtCellSizeEng").isVisible());
+    EXPECT_FALSE(Button(form, "chkStrond2DOut").isVisible());
     Click(form, "Command2");
     EXPECT_FALSE(form.isVisible());
   }
@@ -93,19 +119,19 @@ TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
   EXPECT_NE(bench_.History().find("Options Modified"), std::string::npos);
   Options() = {};
   Start();
-  const OptionSettings& o = Options();
-  const std::vector<int> flags = {o.ShowInputScreenOnLoad, o.IssueWarningCancel, o.ViewChildWindow,
-                                  o.PrintModuleHeader,     o.PlotEntryDims,      o.PlotXcutDims,
-                                  o.PlotGobDims,           o.PlotSingleXcutDims, o.PrintPlotReminder,
-                                  o.AskOfficeInstall};
-  EXPECT_EQ(flags, std::vector<int>(10, 0));
   EXPECT_EQ(Options().OutputStrUnits, StressUnit{1});
   EXPECT_EQ(Options().OutputStrGradUnits, LoadUnit{0});
   EXPECT_EQ(Options().PlotGobExtLoose, 0);
-  EXPECT_EQ(Options().iOptDir, SolverFolder{1});
-  EXPECT_EQ(Options().PlotRangeMin, 40);
-  EXPECT_EQ(Options().PlotRangeMax, 120);
+  EXPECT_EQ(Options().iOptDir, SolverFolder{0});
   EXPECT_EQ(Options().RoundKORVASF, FactorRounding{0}) << "each start begins with two decimals";
+  EXPECT_EQ(Options().CellSizeEnglish, 7);
+  EXPECT_EQ(Options().CellSizeMetric, 0.25F);
+
+  bench_.State.Stored = test::Stored(test::DevelopmentPanel());
+  const auto job = PrepareSweep(bench_.State, bench_.Outside.Messages, kDepthGraph);
+  EXPECT_EQ(job->Range.Min, 40);
+  EXPECT_EQ(job->Range.Max, 120);
+  EXPECT_EQ(job->Place.iOptDir, SolverFolder{0});
 }
 
 TEST_F(OptionsForm, CancelLeavesTheFileByteByByte) {
@@ -117,21 +143,6 @@ TEST_F(OptionsForm, CancelLeavesTheFileByteByByte) {
   EXPECT_EQ(Options().PlotEntryDims, 1);
   EXPECT_EQ(File(), before);
   EXPECT_EQ(bench_.History(), "1. Editing KORVA Options\r\n2. Options Not Modified\r\n");
-}
-
-TEST_F(OptionsForm, KeepsWhatItDoesNotShow) {
-  Options().CellSizeEnglish = 7;
-  Options().CellSizeMetric = 0.25F;
-  Options().Strond2DViewOutput = true;
-  frmKORVAOpts form(bench_.Forms);
-  form.show();
-  The<QTabWidget>(form, "SSTab1").setCurrentIndex(3);
-  EXPECT_FALSE(The<QLineEdit>(form, "txtCellSizeEng").isVisible());
-  EXPECT_FALSE(Button(form, "chkStrond2DOut").isVisible());
-  Click(form, "Command2");
-  EXPECT_EQ(Options().CellSizeEnglish, 7);
-  EXPECT_EQ(Options().CellSizeMetric, 0.25F);
-  EXPECT_EQ(Options().Strond2DViewOutput, 1);
 }
 
 TEST_F(OptionsForm, RefusesARangeThatIsNone) {
@@ -147,82 +158,6 @@ TEST_F(OptionsForm, RefusesARangeThatIsNone) {
   bench_.Outside.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
   Click(form, "Command2");
   EXPECT_TRUE(form.isVisible());
-}
-
-// Switches options in the dialog and looks at what changes elsewhere.
-class OptionsAct : public OptionsForm {
- protected:
-  OptionsAct() {
-    bench_.State.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
-    FileOpen(bench_.State, bench_.Outside.Messages);
-  }
-
-  void Choose(std::initializer_list<const char*> names) {
-    frmKORVAOpts form(bench_.Forms);
-    form.show();
-    for (const char* name : names) {
-      Button(form, name).click();
-    }
-    Click(form, "Command2");
-  }
-
-  std::string Page(int page) {
-    EXPECT_TRUE(CalculateStabilityFactors(bench_.State, bench_.Outside.Messages));
-    return bench_.State.OutBuf[page];
-  }
-
-  // The texts of the plan, and how far its side gobs reach.
-  std::string PlanTexts() {
-    const auto plan = DrawPlan(PlanRequestOf(bench_.State, true));
-    std::string texts;
-    for (const DrawText& text : plan->Panel.Texts) {
-      texts += text.Text + "|";
-    }
-    for (const PlanGob& gob : plan->Gobs) {
-      texts += fmt::format("{:.1f}|", gob.Outline.at(1).X - gob.Outline.at(0).X);
-    }
-    return texts;
-  }
-
-  static bool Holds(const std::string& text, const char* part) { return text.find(part) != text.npos; }
-};
-
-TEST_F(OptionsAct, OnPages) {
-  EXPECT_TRUE(Holds(Page(0), "module build"));
-  EXPECT_TRUE(Holds(Page(3), "View Plots->Settings"));
-  EXPECT_TRUE(Holds(Page(3), "(psi)") && Holds(Page(3), "(tons)"));
-  EXPECT_TRUE(Holds(Page(1), ".....  2.21"));
-  Choose({"Check3", "Check8", "Option1(1)", "Option2(0)", "Option4(2)"});
-  EXPECT_FALSE(Holds(Page(0), "module build"));
-  EXPECT_FALSE(Holds(Page(3), "View Plots"));
-  EXPECT_TRUE(Holds(Page(3), "(psf)") && Holds(Page(3), "(lbs)"));
-  EXPECT_TRUE(Holds(Page(1), ".....  2.20")) << "\"Do not round\" truncates";
-  Choose({"Option4(1)"});
-  EXPECT_TRUE(Holds(Page(1), ".....  2.21")) << "\"Truncate to two decimals\" leaves the value to the page";
-}
-
-TEST_F(OptionsAct, OnThePlan) {
-  Page(1);
-  std::string before = PlanTexts();
-  for (const char* name : {"Check4", "Check6", "Check7", "Check5", "Option3(0)"}) {
-    Choose({name});
-    const std::string after = PlanTexts();
-    EXPECT_NE(after, before) << name;
-    before = after;
-  }
-}
-
-TEST_F(OptionsAct, OnGraphsAndTheSolversFiles) {
-  frmKORVAOpts form(bench_.Forms);
-  form.show();
-  The<QLineEdit>(form, "Text1").setText(QStringLiteral("80"));
-  The<QLineEdit>(form, "Text2").setText(QStringLiteral("90"));
-  Button(form, "optTmpDir(0)").click();
-  Click(form, "Command2");
-  const auto job = PrepareSweep(bench_.State, bench_.Outside.Messages, kDepthGraph);
-  EXPECT_EQ(job->Range.Min, 80);
-  EXPECT_EQ(job->Range.Max, 90);
-  EXPECT_EQ(job->Place.iOptDir, SolverFolder{0});
 }
 
 class CaseImportInTheForm : public OptionsForm {
