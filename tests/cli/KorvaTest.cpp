@@ -145,7 +145,7 @@ TEST_F(KorvaCommand, OptionsAndModels) {
   folder_.Put("my.ini", "[KORVAOptions]\nOutputStrUnits=1\nRoundKORVASF=2\n");
   const std::string retreat = "Retreat (KORVA)..............................  0.";
   for (const auto& [options, line] : std::vector<std::pair<std::vector<std::string>, std::string>>{
-           {{"--set", "outputstrunits=1", "--set", "OutputStrGradUnits = 0"}, "Units:  (ft) (psf) (lbs)"},
+           {{"--set", "outputstrunits=1", "--set", "OutputStrGradUnits = 0"}, "(psf)         (lbs)"},
            {{}, retreat + "61"},
            {{"--set", "RoundKORVASF=2"}, retreat + "60"},
            {{"--settings", "my.ini"}, retreat + "61"},

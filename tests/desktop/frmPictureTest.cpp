@@ -31,9 +31,7 @@ class PlanWindow : public testing::Test {
     CalculateStabilityFactors(bench_.State, bench_.Outside.Messages);
   }
   ~PlanWindow() override {
-    if (window_) {
-      window_->close();
-    }
+    ClosePlans();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
@@ -46,13 +44,12 @@ class PlanWindow : public testing::Test {
   QAction& Item(const char* name) { return The<QAction>(*window_, name); }
   PlanView& View() { return The<PlanView>(*window_, "picPlan"); }
 
-  std::string Caption() {
-    for (const DrawText& text : View().Shown().Frame.Texts) {
-      if (text.Room > 0) {
-        return text.Text;
+  static void ClosePlans() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (auto* plan = qobject_cast<frmPicture*>(window)) {
+        plan->close();
       }
     }
-    return {};
   }
 
   FormBench bench_;
@@ -72,13 +69,14 @@ TEST_F(PlanWindow, FromTheFormShowsDimensionsAlone) {
 TEST_F(PlanWindow, SettingsChooseWhatThePillarsShow) {
   OpenFor(kPlanFromResults);
   EXPECT_TRUE(Item("mnuPlotSetItem(0)").isChecked());
+  EXPECT_EQ(View().Request().Title.Model, "traditional");
   Item("mnuPlotSetItem(2)").trigger();
   EXPECT_EQ(bench_.State.PlotType, 3);
   EXPECT_TRUE(Item("mnuPlotSetItem(2)").isChecked());
   EXPECT_FALSE(Item("mnuPlotSetItem(0)").isChecked());
-  EXPECT_EQ(Caption(), "KORVA: Pillar Load Bearing Capacity (tons).  Entries shown from left to right.");
+  EXPECT_EQ(View().Request().PlotType, kPlotCapacity);
   Item("mnuPlotSetItem(1)").trigger();
-  EXPECT_EQ(Caption(), "KORVA: Unit Pillar Strength (psi).  Entries shown from left to right.");
+  EXPECT_EQ(View().Request().PlotType, kPlotStrength);
 }
 
 TEST_F(PlanWindow, TheLaminatedModelOffersNoCapacity) {
@@ -102,22 +100,11 @@ TEST_F(PlanWindow, FontStepsChangeTheLayout) {
   EXPECT_LT(View().Request().TextShare, before);
 }
 
-TEST_F(PlanWindow, StaysSquare) {
-  OpenFor(kPlanFromForm);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
-  window_->resize(420, window_->height());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == 420; }));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return View().height() == 420; }));
-  window_->resize(420, 500);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->height() == 500; }));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
-}
-
 TEST_F(PlanWindow, MaximisingEndsInOneSizeWhateverTheWindowManagerRestores) {
   OpenFor(kPlanFromForm);
   const QRect room = window_->screen()->availableGeometry();
   const int tall = static_cast<int>(room.height() * 0.9);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return View().width() == View().height(); }));
+  ASSERT_SOON(View().width() == View().height());
   for (const QSize restored : {QSize(420, 440), room.size(), QSize(300, 500)}) {
     window_->move(room.bottomRight() - QPoint(300, 300));  // from where it has to come back
     window_->showMaximized();
@@ -128,9 +115,12 @@ TEST_F(PlanWindow, MaximisingEndsInOneSizeWhateverTheWindowManagerRestores) {
              room.contains(window_->frameGeometry());
     }));
   }
+  // The size of a person is followed again, whichever side was pulled.
   window_->resize(420, window_->height());
-  EXPECT_TRUE(
-      QTest::qWaitFor([&] { return View().height() == 420; }));  // the size of a person is followed again
+  ASSERT_SOON(View().height() == 420);
+  window_->resize(420, 500);
+  ASSERT_SOON(window_->height() == 500);
+  ASSERT_SOON(View().width() == View().height());
 }
 
 TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
@@ -154,24 +144,14 @@ TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
   EXPECT_GT(painted, sheet.height() / 4) << "as large as the sheet allows";
 }
 
-TEST_F(PlanWindow, ZoomsAroundThePointerAndTellsWhatStandsThere) {
+TEST_F(PlanWindow, ZoomsAndGoesBackToTheWholePlan) {
   OpenFor(kPlanFromResults);
   View().ZoomBy(4, {10, 10});
-  EXPECT_DOUBLE_EQ(View().Zoom(), 4);
+  EXPECT_DOUBLE_EQ(View().Request().Zoom, 4);
   View().ZoomBy(100, {10, 10});
   EXPECT_DOUBLE_EQ(View().Zoom(), 20);
   QTest::mouseDClick(&View(), Qt::LeftButton);
   EXPECT_DOUBLE_EQ(View().Zoom(), 1);
-
-  const Plan& plan = View().Shown();
-  const auto& corners = plan.Pillars.front().Corners;
-  const DrawPoint middle = {static_cast<double>(corners[0].X + corners[2].X) / 2,
-                            static_cast<double>(corners[0].Y + corners[2].Y) / 2};
-  const std::string hint = PlanHintAt(View().Request(), plan, middle);
-  EXPECT_EQ(hint.substr(0, hint.find("Strength")), "Pillar 1, row 1\n40 x 60 ft\n");
-  EXPECT_NE(hint.find("psi"), std::string::npos);
-  EXPECT_NE(hint.find("Load bearing capacity"), std::string::npos);
-  EXPECT_EQ(PlanHintAt(View().Request(), plan, {0, 0}), "");
 }
 
 TEST_F(PlanWindow, TheFrameStaysWhileThePanelIsEnlarged) {
@@ -195,18 +175,7 @@ TEST_F(PlanWindow, TheFrameStaysWhileThePanelIsEnlarged) {
   EXPECT_EQ(above(enlarged), above(whole)) << "the caption";
   EXPECT_NE(enlarged, whole);
   EXPECT_NE(sheet(), wholeSheet) << "prints what the window shows";
-  const auto texts = [this] {
-    QStringList all;
-    for (const DrawText& text : View().Shown().Frame.Texts) {
-      all << QString::fromStdString(text.Text);
-    }
-    return all;
-  };
-  EXPECT_TRUE(texts().contains(QStringLiteral("Title: Sample panel")));
-  EXPECT_TRUE(texts().contains(QStringLiteral("Model: traditional")));
-  const QStringList near = texts();
   Item("mnuViewItem(2)").trigger();
-  EXPECT_NE(texts(), near) << "the length of the scale";
   EXPECT_EQ(View().grab().toImage(), whole);
 }
 
@@ -228,14 +197,6 @@ TEST_F(PlanWindow, OffersWhatTheRunComputed) {
   EXPECT_FALSE(Item("mnuPlotSetItem(2)").isEnabled());
 }
 
-TEST_F(PlanWindow, GivesItsOpenerBack) {
-  opener_.setEnabled(false);
-  OpenFor(kPlanFromResults);
-  window_->close();
-  EXPECT_TRUE(opener_.isEnabled());
-  EXPECT_TRUE(opener_.isVisible());
-}
-
 TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
   auto* results = new frmResTxtPlt(bench_.Forms, nullptr);
   bench_.State.WarningText.clear();
@@ -246,11 +207,7 @@ TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
   bench_.State.OutBuf[1] = "the page as it is now";
   results->close();
   EXPECT_TRUE(results->isVisible()) << "the plan stands in front of it";
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (auto* plan = qobject_cast<frmPicture*>(window)) {
-      plan->close();
-    }
-  }
+  ClosePlans();
   EXPECT_TRUE(results->isEnabled());
   EXPECT_EQ(The<QPlainTextEdit>(*results, "RichTextBox1").toPlainText(), "the page as it is now");
   results->close();
@@ -275,11 +232,7 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
   bench_.State.Preferences.Options.ViewChildWindow = true;
   Click(*form, "cmdView");
   EXPECT_FALSE(form->isVisible());
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (auto* plan = qobject_cast<frmPicture*>(window)) {
-      plan->close();
-    }
-  }
+  ClosePlans();
   EXPECT_TRUE(form->isVisible());
   bench_.State.Preferences.Options.IssueWarningCancel = false;
   form->close();

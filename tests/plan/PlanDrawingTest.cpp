@@ -247,6 +247,7 @@ TEST(PlanDrawing, TellsWhichPillarSizeTheStrengthIsOf) {
   EXPECT_NE(hint.find(" psi, of 49.28 x 63.51 ft (page 3)\nLoad bearing capacity "), std::string::npos)
       << hint;
   EXPECT_EQ(hint.find('('), hint.find("(page")) << "one form of unit";
+  EXPECT_EQ(PlanHintAt(request, plan, {0, 0}), "");
   p.XcutSpacing = 120;
   EXPECT_FALSE(Says(DrawPlan(AfterRun(p, kPlotDimensions)).value(), "page 3")) << "they are the same";
 }
