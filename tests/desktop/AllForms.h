@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "commands/Calculate.h"
@@ -33,21 +35,36 @@
 
 namespace korva::desktop {
 
-// The forms on a calculated example project; `bench` has folders already. The last ones stand on others and
-// go first.
+// A graph of the open project, run and shown.
+inline std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph,
+                                           std::optional<OverburdenModel> model = {}) {
+  auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
+  KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
+  auto window = std::make_unique<frmGraph>(bench.Forms);
+  window->GraphInit(graph);
+  window->DrawCurve();
+  window->show();
+  QCoreApplication::processEvents();
+  return window;
+}
+
+// The forms on the open project, or on an example; `bench` has folders already. The last ones stand on others
+// and go first.
 class AllForms {
  public:
   explicit AllForms(FormBench& bench) {
     Korva& korva = bench.State;
-    korva.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
-    FileOpen(korva, bench.Outside.Messages);
-    CalculateStabilityFactors(korva, bench.Outside.Messages);
-    korva.WarningText.clear();
+    if (korva.ProjectEmpty) {
+      korva.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
+      FileOpen(korva, bench.Outside.Messages);
+      CalculateStabilityFactors(korva, bench.Outside.Messages);
+    }
+    const std::string warnings = std::exchange(korva.WarningText, {});
     Add<frmMain>(korva, bench.Outside.All, bench.Pictures);
     Add<frmKORVADesc>(bench.Forms);
     Add<frmKORVAParm>(bench.Forms);
     Add<frmResTxtPlt>(bench.Forms, nullptr);
-    Add<frmPopUp>("warnings");
+    Add<frmPopUp>(warnings);
     Add<frmSet>(bench.Forms);
     Add<frmPath>(bench.Forms);
     Add<frmKORVAOpts>(bench.Forms);
@@ -62,7 +79,10 @@ class AllForms {
     if (auto help = frmHelp::Open(bench.Forms)) {
       forms_.push_back(std::move(help));
     }
-    AddGraph(bench);
+    auto graph = OpenGraph(bench, kDepthGraph, kTraditionalModel);
+    frmGraph& window = *graph;
+    forms_.push_back(std::move(graph));
+    Add<frmGraphOpt>(bench.Forms, window);
     korva.PlotCaller = kPlanFromResults;
     forms_.emplace_back(frmPicture::Open(bench.Forms, *forms_.front()));
   }
@@ -80,17 +100,6 @@ class AllForms {
   template <class Form, class... Arguments>
   void Add(Arguments&&... arguments) {
     forms_.push_back(std::make_unique<Form>(std::forward<Arguments>(arguments)...));
-  }
-
-  void AddGraph(FormBench& bench) {
-    auto job = PrepareSweep(bench.State, bench.Outside.Messages, kDepthGraph, kTraditionalModel);
-    KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
-    auto graph = std::make_unique<frmGraph>(bench.Forms);
-    graph->GraphInit(kDepthGraph);
-    graph->DrawCurve();
-    frmGraph& window = *graph;
-    forms_.push_back(std::move(graph));
-    Add<frmGraphOpt>(bench.Forms, window);
   }
 
   std::vector<std::unique_ptr<QWidget>> forms_;

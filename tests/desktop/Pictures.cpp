@@ -12,33 +12,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <ranges>
 
-#include "commands/Calculate.h"
-#include "commands/FileCommands.h"
-#include "commands/PlanCommands.h"
-#include "commands/SweepCommand.h"
-#include "desktop/FormBench.h"
-#include "desktop/core/frmMain.h"
-#include "desktop/files/frmSet.h"
-#include "desktop/graphs/frmGraph.h"
-#include "desktop/graphs/frmGraphOpt.h"
-#include "desktop/graphs/frmStrondCalc.h"
-#include "desktop/input/frmKORVADesc.h"
-#include "desktop/input/frmKORVAParm.h"
-#include "desktop/options/frmConvert.h"
-#include "desktop/options/frmKORVAOpts.h"
-#include "desktop/options/frmUnits.h"
+#include "desktop/AllForms.h"
 #include "desktop/plan/SchematicView.h"
-#include "desktop/plan/frmPicture.h"
-#include "desktop/reports/frmPopUp.h"
-#include "desktop/reports/frmResTxtPlt.h"
-#include "desktop/services/frmDisclaimer.h"
-#include "desktop/services/frmHelp.h"
-#include "desktop/services/frmPath.h"
-#include "desktop/services/frmPreview.h"
-#include "desktop/services/frmResource.h"
-#include "desktop/services/frmTextBrow.h"
-#include "desktop/services/frmUpdate.h"
 #include "desktop/support/Icons.h"
 #include "desktop/support/Theme.h"
 #include "plan/PanelPicture.h"
@@ -61,17 +38,6 @@ void Save(QWidget& form, const QString& name) {
   }
 }
 
-void SaveParameters(FormBench& bench) {
-  auto* form = new frmKORVAParm(bench.Forms);
-  auto& tabs = The<QTabWidget>(*form, "SSTab1");
-  for (int tab = 0; tab < tabs.count(); ++tab) {
-    tabs.setCurrentIndex(tab);
-    Save(*form, QStringLiteral("frmKORVAParm-%1").arg(tabs.tabText(tab).toLower()));
-  }
-  delete form;
-}
-
-// Each loading condition; straight and angled crosscuts; rows A to D; slab cuts; few and many entries.
 // The tab of the import while rows are written, and after a row that could not be taken.
 void SaveCaseImport() {
   FormBench bench;
@@ -89,38 +55,34 @@ void SaveCaseImport() {
   std::filesystem::current_path(before);
 }
 
+frmPicture* OpenPlan(FormBench& bench, QWidget& opener) {
+  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+  bench.State.PlotCaller = kPlanFromResults;
+  return frmPicture::Open(bench.Forms, opener);
+}
+
+// Each loading condition; straight and angled crosscuts; rows A to D; slab cuts; few and many entries.
 void SavePlans(FormBench& bench) {
-  const auto save = [&bench](const QString& name, const char* example, auto change) {
-    bench.State.ProjectFileName = example;
+  const auto save = [&bench](const char* example, const char* name, auto change) {
+    bench.State.ProjectFileName = example + std::string(".KVL");
     FileOpen(bench.State, bench.Outside.Messages);
-    change(bench.State);
-    CalculateStabilityFactors(bench.State, bench.Outside.Messages);
-    bench.State.PlotCaller = kPlanFromResults;
+    change(bench.State.Stored.ProjectInput);
     QWidget opener;
-    frmPicture* plan = frmPicture::Open(bench.Forms, opener);
-    if (name.endsWith(QStringLiteral("capacity"))) {
-      The<QAction>(*plan, "mnuPlotSetItem(2)").trigger();
-    }
-    Save(*plan, QStringLiteral("frmPicture-") + name);
+    frmPicture* plan = OpenPlan(bench, opener);
+    Save(*plan, QStringLiteral("frmPicture-") + QLatin1String(name));
     plan->close();
   };
-  const auto asItIs = [](Korva&) {};
-  save(QStringLiteral("development"), "development.KVL", asItIs);
-  save(QStringLiteral("active"), "leave-rows-a-b.KVL", asItIs);
-  save(QStringLiteral("one-side"), "metric-one-side-gob.KVL", asItIs);
-  save(QStringLiteral("two-sides-capacity"), "two-side-gobs.KVL", asItIs);
-  save(QStringLiteral("angled"), "angled-crosscuts.KVL", asItIs);
-  save(QStringLiteral("bleeders"), "bleeder-rows-c-d.KVL",
-       [](Korva& korva) { korva.Preferences.Options.PlotGobExtLoose = false; });
-  save(QStringLiteral("slab-cuts"), "slab-cuts.KVL", [](Korva& korva) {
-    korva.Preferences.Options.PlotGobExtLoose = true;
-    korva.Stored.ProjectInput.XcutAngle = 70;
-  });
-  save(QStringLiteral("two-entries"), "development.KVL",
-       [](Korva& korva) { korva.Stored.ProjectInput.NumberEntries = 2; });
-  save(QStringLiteral("ten-entries"), "two-side-gobs.KVL", [](Korva& korva) {
-    korva.Preferences.Options.PlotSingleXcutDims = false;
-    Project& p = korva.Stored.ProjectInput;
+  for (const char* example :
+       {"development", "leave-rows-a-b", "metric-one-side-gob", "two-side-gobs", "angled-crosscuts"}) {
+    save(example, example, [](Project&) {});
+  }
+  save("slab-cuts", "slab-cuts", [](Project& p) { p.XcutAngle = 70; });
+  save("development", "two-entries", [](Project& p) { p.NumberEntries = 2; });
+  bench.State.Preferences.Options.PlotGobExtLoose = false;
+  save("bleeder-rows-c-d", "bleeder-rows-c-d", [](Project&) {});
+  bench.State.Preferences.Options.PlotGobExtLoose = true;
+  bench.State.Preferences.Options.PlotSingleXcutDims = false;
+  save("two-side-gobs", "ten-entries", [](Project& p) {
     p.NumberEntries = 10;
     p.XcutAngle = 60;
     p.XcutCenters[9] = 95;
@@ -143,24 +105,10 @@ void SaveSchematics() {
   Save(sheet, QStringLiteral("schematics"));
 }
 
-std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph, OverburdenModel model) {
-  auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
-  KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
-  auto window = std::make_unique<frmGraph>(bench.Forms);
-  window->GraphInit(graph);
-  window->DrawCurve();
-  window->show();
-  QApplication::processEvents();
-  return window;
-}
-
 // One, two and four curves, and the windows around them.
 void SaveGraphs(FormBench& bench) {
-  const auto open = [&bench](GraphKind graph, OverburdenModel model) {
-    return OpenGraph(bench, graph, model);
-  };
-  Save(*open(kDepthGraph, kTraditionalModel), QStringLiteral("frmGraph-two"));
-  const auto four = open(kXcutSpacingGraph, kComparedModels);
+  Save(*OpenGraph(bench, kDepthGraph, kTraditionalModel), QStringLiteral("frmGraph-two"));
+  const auto four = OpenGraph(bench, kXcutSpacingGraph, kComparedModels);
   The<QAction>(*four, "GraphOptionsItem(0)").trigger();
   Save(*four, QStringLiteral("frmGraph"));
   frmGraphOpt options(bench.Forms, *four);
@@ -170,7 +118,7 @@ void SaveGraphs(FormBench& bench) {
   progress.ShowStep(3, 7);
   Save(progress, QStringLiteral("frmStrondCalc"));
   bench.State.Stored.ProjectInput.LoadingCondition = PanelLoading{0};
-  Save(*open(kEntryHeightGraph, kTraditionalModel), QStringLiteral("frmGraph-one"));
+  Save(*OpenGraph(bench, kEntryHeightGraph, kTraditionalModel), QStringLiteral("frmGraph-one"));
 }
 
 void SaveTextBrow(FormBench& bench) {
@@ -195,14 +143,11 @@ void SaveTutorial() {
   FormBench bench;
   bench.State.ProjectFileName = "tutorial.KVL";
   FileOpen(bench.State, bench.Outside.Messages);
-  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
-  auto* form = new frmKORVAParm(bench.Forms);
-  The<QTabWidget>(*form, "SSTab1").setCurrentIndex(2);
-  Save(*form, QStringLiteral("tutorial-retreat"));
-  delete form;
-  bench.State.PlotCaller = kPlanFromResults;
+  frmKORVAParm form(bench.Forms);
+  The<QTabWidget>(form, "SSTab1").setCurrentIndex(2);
+  Save(form, QStringLiteral("tutorial-retreat"));
   QWidget opener;
-  frmPicture* plan = frmPicture::Open(bench.Forms, opener);
+  frmPicture* plan = OpenPlan(bench, opener);
   The<QAction>(*plan, "mnuPlotSetItem(2)").trigger();
   Save(*plan, QStringLiteral("tutorial-plan"));
   plan->close();
@@ -213,7 +158,6 @@ void SaveTutorial() {
 
 // The start page and a topic; nothing where the documents were not built.
 void SaveHelp(FormBench& bench) {
-  bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
   if (!QFileInfo::exists(QStringLiteral(KORVA_BUILT_DOCS "/korva-strond.qch"))) {
     return;
   }
@@ -229,65 +173,52 @@ void SaveHelp(FormBench& bench) {
   Save(*help, QStringLiteral("frmHelp-index"));
 }
 
+// Every form, with each of its tabs in front.
+void SaveForms(FormBench& bench) {
+  const AllForms forms(bench);
+  for (const auto& form : forms.List() | std::views::drop(1)) {  // the main window has its own
+    const QString name = form->objectName();
+    auto* tabs = form->findChild<QTabWidget*>();
+    Save(*form, name);
+    for (int tab = 0; tabs != nullptr && tab < tabs->count(); ++tab) {
+      tabs->setCurrentIndex(tab);
+      Save(*form, name + QLatin1Char('-') + tabs->tabText(tab).remove('&').section(' ', 0, 0).toLower());
+    }
+  }
+}
+
 void SaveAll() {
   FormBench bench;
   bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
       "/home/ann/Documents/MyFolvane/KORVA-STROND/";
+  bench.State.Places.LastPath = "/usr/";
+  bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
+  bench.State.LastBrowseFolder = KORVA_EXAMPLES;
   bench.State.Preferences.DisplayFont.Name = "Liberation Sans";
-  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
-  FileNew(bench.State, true, true);
-  main.Refresh();
-  Save(main, QStringLiteral("frmMain-start"));
+  const TempFolder solverFiles;
+  bench.State.Places.TempRoot = solverFiles / "";
+  bench.State.Updates = BuiltInUpdateSource();
   QDir::setCurrent(QStringLiteral(KORVA_EXAMPLES));
+  FileNew(bench.State, true, true);
+  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  const auto saveMain = [&main](const char* name) {
+    main.Refresh();
+    Save(main, QLatin1String(name));
+  };
+  saveMain("frmMain-start");
   bench.State.ProjectFileName = "two-side-gobs.KVL";
   FileOpen(bench.State, bench.Outside.Messages);
   bench.State.ProjectFileName = "/home/ann/mine/two-side-gobs.KVL";
   CalculateStabilityFactors(bench.State, bench.Outside.Messages);
-  main.Refresh();
-  Save(main, QStringLiteral("frmMain"));
+  saveMain("frmMain");
   bench.State.Stored.ProjectInput.DepthCover += 100;
   bench.State.ProjectSaved = false;
-  main.Refresh();
-  Save(main, QStringLiteral("frmMain-changed"));
-  SaveParameters(bench);
+  saveMain("frmMain-changed");
+  SaveForms(bench);
   SaveSchematics();
-  frmPopUp popUp(bench.State.WarningText);
-  Save(popUp, QStringLiteral("frmPopUp"));
-  bench.State.WarningText.clear();
-  Save(*new frmResTxtPlt(bench.Forms, nullptr), QStringLiteral("frmResTxtPlt"));
-  frmPreview preview(bench.Forms);
-  Save(preview, QStringLiteral("frmPreview-text"));
-  The<QTabWidget>(preview, "tabPages").setCurrentIndex(1);
-  Save(preview, QStringLiteral("frmPreview"));
-  frmKORVADesc description(bench.Forms);
-  Save(description, QStringLiteral("frmKORVADesc"));
-  frmSet settings(bench.Forms);
-  Save(settings, QStringLiteral("frmSet"));
-  frmResource resources(bench.Forms);
-  Save(resources, QStringLiteral("frmResource"));
   SaveHelp(bench);
-  frmDisclaimer disclaimer(bench.Forms);
-  Save(disclaimer, QStringLiteral("frmDisclaimer"));
-  bench.State.Places.LastPath = "/usr/";
-  frmPath path(bench.Forms);
-  Save(path, QStringLiteral("frmPath"));
   SaveTextBrow(bench);
-  const TempFolder solverFiles;
-  bench.State.Places.TempRoot = solverFiles / "";
-  frmKORVAOpts options(bench.Forms);
-  auto& tabs = The<QTabWidget>(options, "SSTab1");
-  for (int tab = 0; tab < tabs.count(); ++tab) {
-    tabs.setCurrentIndex(tab);
-    Save(options, QStringLiteral("frmKORVAOpts-%1").arg(tab));
-  }
   SaveCaseImport();
-  bench.State.Updates = BuiltInUpdateSource();
-  frmUpdate updates(bench.Forms);
-  Save(updates, QStringLiteral("frmUpdate"));
-  frmUnits units(bench.Forms);
-  Save(units, QStringLiteral("frmUnits"));
-  frmConvert convert(bench.Forms);
-  Save(convert, QStringLiteral("frmConvert"));
   SaveGraphs(bench);
   SavePlans(bench);
   SaveTutorial();
