@@ -21,20 +21,7 @@ TEST(ShowMessage, LogsUnderItsTitleAndFallsBackToTheProgramTitle) {
   EXPECT_EQ(port.Shown[1].title, "Range Error");
 }
 
-TEST(MessageTitles, CarryThePrefixOfTheirSlot) {
-  const MessageTitles titles = MessageTitlesOf(2);
-  EXPECT_EQ(titles.TitleMessage + "|" + titles.TitleRangeError + "|" + titles.TitleRangeWarning,
-            "Message|Project Parameters: Range Error|Project Parameters: Range Warning");
-  EXPECT_EQ(titles.TitleInvalidCharacter + "|" + titles.TitleLogicError,
-            "Project Parameters: Invalid Character|Project Parameters: Logic Error");
-  std::string errors;
-  for (int slot = 1; slot <= 13; ++slot) {
-    errors += MessageTitlesOf(slot).TitleError + "|";
-  }
-  EXPECT_EQ(
-      errors,
-      "Project Description: Error|Project Parameters: Error|Error|Error|Error|Error|Program Options: Error|"
-      "Settings: Error|Error|Error|Error|Error|Error|");
+TEST(MessageTitles, HaveNoSlot0) {
   ExpectError(ErrorNumber::kSubscript, [] { MessageTitlesOf(0); });
 }
 

@@ -92,13 +92,6 @@ TEST_F(GraphWindow, ShowsTheCurvesOfTheSweep) {
   EXPECT_TRUE(bench.Main.Enabled);
 }
 
-TEST_F(GraphWindow, OneCurveWithoutAnActiveGob) {
-  bench.State.Stored.ProjectInput = test::DevelopmentPanel();
-  Open(kEntryHeightGraph);
-  ASSERT_EQ(Shown().Curves.size(), 1U);
-  EXPECT_EQ(Shown().Curves[0].Label, "Development (KORVA)");
-}
-
 TEST_F(GraphWindow, TellsPointsThatTheFormWouldRefuse) {
   bench.State.Preferences.Options.PlotRangeMin = 5;
   Open(kXcutSpacingGraph);

@@ -27,81 +27,78 @@ struct Change {
   const char* Text;
 };
 
-// Applies the changes and gives the refusal as "text|title|tab|control".
-std::string Refused(std::initializer_list<Change> changes, int condition = 3) {
+std::optional<ParameterRefusal> Check(std::initializer_list<Change> changes, int condition = 3) {
   T texts = GoodTexts();
   texts.LoadingCondition = static_cast<PanelLoading>(condition);
   for (const auto& [member, text] : changes) {
     texts[member] = text;
   }
-  const auto refusal = CheckParameters(texts);
-  if (!refusal) {
-    return "taken";
-  }
-  return refusal->Text + (refusal->Kind == RefusalKind::kLogic ? "|Logic|" : "|Range|") +
-         std::to_string(static_cast<int>(refusal->Tab)) + "|" + refusal->Control;
+  return CheckParameters(texts);
 }
 
 TEST(CheckParameters, EachRowRefusesWithItsOwnWords) {
-  EXPECT_EQ(Refused({}), "taken");
-  EXPECT_EQ(Refused({{&Project::EntryHeight, ""}}), "Invalid entry height|Range|0|txtEntryHeight");
-  EXPECT_EQ(Refused({{&Project::DepthCover, "-1"}}), "Invalid depth of cover|Range|0|txtDepthCover");
-  EXPECT_EQ(Refused({{&Project::XcutAngle, ""}}), "Blank field not allowed|Range|0|txtXcutAngle");
-  EXPECT_EQ(Refused({{&Project::XcutAngle, " 29.99 "}}),
-            "Value '29.99' is outside input range\r\nValid range is: 30-90|Range|0|txtXcutAngle");
-  EXPECT_EQ(Refused({{&Project::EntryWidth, "x"}}), "Invalid entry width|Range|0|txtEntryWidth");
-  EXPECT_EQ(Refused({{&Project::XcutSpacing, "20"}}), "Invalid crosscut spacing|Range|0|txtXcutSpacing");
-  EXPECT_EQ(Refused({{&Project::CoalStrength, "0"}}),
-            "Invalid in situ coal strength|Range|1|txtCoalStrength");
-  EXPECT_EQ(Refused({{&Project::UnitWeight, "0"}, {&Project::BreadthAMZ, "0"}}),
-            "Invalid overburden unit weight|Range|1|txtUnitWeight");
-  EXPECT_EQ(Refused({{&Project::BreadthAMZ, "0"}}), "Invalid breadth of AMZ|Range|1|txtBreadthAMZ");
-  EXPECT_EQ(Refused({{&Project::ArchFactor, "0.279"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
-  EXPECT_EQ(Refused({{&Project::ArchFactor, "1.01"}}), "Invalid Arch Factor|Range|1|txtArchFactor");
-  EXPECT_EQ(Refused({{&Project::WidthRowC, "0"}}, 0), "Invalid Pillar Width for Row C|Range|2|txtWidthC");
-  EXPECT_EQ(Refused({{&Project::WidthRowD, ""}}), "Invalid Pillar Width for Row D|Range|2|txtWidthD");
-  EXPECT_EQ(
-      Refused({{&Project::SlabcutFirstGob, "5"}}, 2),
-      "Cannot take slab cut from first side barrier when Row A pillars are left|Logic|2|txtSlabcutFirstGob");
-  EXPECT_EQ(
-      Refused({{&Project::SlabcutSecondGob, "5"}}, 2),
-      "Cannot take slab cut from second side barrier when Row B pillars are left|Logic|2|txtSlabcutFirstGob");
-  EXPECT_EQ(Refused({{&Project::ExtentActiveGob, "-1"}}, 0),
-            "Invalid extent of active gob|Range|2|txtExtentActiveGob");
-  EXPECT_EQ(Refused({{&Project::AbutmentAngleActiveGob, "91"}}, 0),
-            "Invalid abutment angle of active gob|Range|2|txtAbutmentAngleActiveGob");
-  EXPECT_EQ(Refused({{&Project::ExtentFirstGob, "-1"}}, 2),
-            "Invalid extent of first gob|Range|2|txtExtentFirstGob");
-  EXPECT_EQ(Refused({{&Project::AbutmentAngleFirstGob, "-1"}}, 2),
-            "Invalid abutment angle of first gob|Range|2|txtAbutmentAngleFirstGob");
-  EXPECT_EQ(Refused({{&Project::BarrierFirstGob, "-1"}}, 2),
-            "Invalid extent of barrier of first gob|Range|2|txtBarrierFirstGob");
-  EXPECT_EQ(Refused({{&Project::SlabcutFirstGob, "-1"}}, 2),
-            "Invalid extent of slab cut in barrier of first gob|Range|2|txtSlabcutFirstGob");
-  EXPECT_EQ(Refused({{&Project::ExtentSecondGob, "-1"}}),
-            "Invalid extent of second gob|Logic|2|txtExtentSecondGob");
-  EXPECT_EQ(Refused({{&Project::AbutmentAngleSecondGob, "91"}}),
-            "Invalid abutment angle of second gob|Range|2|txtAbutmentAngleSecondGob");
-  EXPECT_EQ(Refused({{&Project::BarrierSecondGob, "-1"}}),
-            "Invalid extent of barrier of second gob|Range|2|txtBarrierSecondGob");
-  EXPECT_EQ(Refused({{&Project::SlabcutSecondGob, "-1"}}),
-            "Invalid extent of slab cut in barrier of second gob|Range|2|txtSlabcutSecondGob");
+  const struct {
+    NumberIndex Field;
+    const char* Text;
+    const char* Refusal;
+    int Condition = 3;
+  } rows[] = {
+      {&Project::EntryHeight, "", "Invalid entry height"},
+      {&Project::DepthCover, "-1", "Invalid depth of cover"},
+      {&Project::XcutAngle, "", "Blank field not allowed"},
+      {&Project::XcutAngle, " 29.99 ", "Value '29.99' is outside input range\r\nValid range is: 30-90"},
+      {&Project::EntryWidth, "x", "Invalid entry width"},
+      {&Project::XcutSpacing, "20", "Invalid crosscut spacing"},
+      {&Project::CoalStrength, "0", "Invalid in situ coal strength"},
+      {&Project::UnitWeight, "0", "Invalid overburden unit weight"},
+      {&Project::BreadthAMZ, "0", "Invalid breadth of AMZ"},
+      {&Project::ArchFactor, "0.279", "Invalid Arch Factor"},
+      {&Project::ArchFactor, "1.01", "Invalid Arch Factor"},
+      {&Project::WidthRowC, "0", "Invalid Pillar Width for Row C", 0},
+      {&Project::WidthRowD, "", "Invalid Pillar Width for Row D"},
+      {&Project::ExtentActiveGob, "-1", "Invalid extent of active gob", 0},
+      {&Project::AbutmentAngleActiveGob, "91", "Invalid abutment angle of active gob", 0},
+      {&Project::ExtentFirstGob, "-1", "Invalid extent of first gob", 2},
+      {&Project::AbutmentAngleFirstGob, "-1", "Invalid abutment angle of first gob", 2},
+      {&Project::BarrierFirstGob, "-1", "Invalid extent of barrier of first gob", 2},
+      {&Project::SlabcutFirstGob, "-1", "Invalid extent of slab cut in barrier of first gob", 2},
+      {&Project::ExtentSecondGob, "-1", "Invalid extent of second gob"},
+      {&Project::AbutmentAngleSecondGob, "91", "Invalid abutment angle of second gob"},
+      {&Project::BarrierSecondGob, "-1", "Invalid extent of barrier of second gob"},
+      {&Project::SlabcutSecondGob, "-1", "Invalid extent of slab cut in barrier of second gob"},
+  };
+  for (const auto& row : rows) {
+    const auto refusal = Check({{row.Field, row.Text}}, row.Condition);
+    ASSERT_TRUE(refusal) << row.Refusal;
+    EXPECT_EQ(refusal->Text, row.Refusal);
+    EXPECT_EQ(refusal->Control, RowOf(row.Field).Control) << row.Refusal;
+    EXPECT_EQ(refusal->Tab, RowOf(RowOf(row.Field).Frame).Tab) << row.Refusal;
+    EXPECT_EQ(refusal->Kind, row.Field.At == NumberIndex(&Project::ExtentSecondGob).At ? RefusalKind::kLogic
+                                                                                       : RefusalKind::kRange);
+  }
+  EXPECT_EQ(Check({{&Project::UnitWeight, "0"}, {&Project::BreadthAMZ, "0"}})->Control, "txtUnitWeight");
+  for (const auto& [cut, words] :
+       {std::pair{NumberIndex(&Project::SlabcutFirstGob), "first side barrier when Row A"},
+        {NumberIndex(&Project::SlabcutSecondGob), "second side barrier when Row B"}}) {
+    const auto refusal = Check({{cut, "5"}}, 2);
+    EXPECT_EQ(refusal->Text, std::string("Cannot take slab cut from ") + words + " pillars are left");
+    EXPECT_EQ(refusal->Kind, RefusalKind::kLogic);
+    EXPECT_EQ(refusal->Control, "txtSlabcutFirstGob") << "of either side";
+  }
 }
 
 TEST(CheckParameters, BoundsPassAndGobsOfOtherConditionsAreLeftAlone) {
   for (const char* angle : {"30", "90"}) {
-    EXPECT_EQ(Refused({{&Project::XcutAngle, angle}}), "taken");
+    EXPECT_FALSE(Check({{&Project::XcutAngle, angle}}));
   }
   for (const char* factor : {"0.28", "1"}) {
-    EXPECT_EQ(Refused({{&Project::ArchFactor, factor}}), "taken");
+    EXPECT_FALSE(Check({{&Project::ArchFactor, factor}}));
   }
-  EXPECT_EQ(Refused({{&Project::ExtentFirstGob, "-1"},
-                     {&Project::BarrierFirstGob, "-1"},
-                     {&Project::SlabcutSecondGob, "9"}},
-                    1),
-            "taken");
-  EXPECT_EQ(Refused({{&Project::ExtentSecondGob, "-1"}, {&Project::AbutmentAngleSecondGob, "99"}}, 2),
-            "taken");
+  EXPECT_FALSE(Check({{&Project::ExtentFirstGob, "-1"},
+                      {&Project::BarrierFirstGob, "-1"},
+                      {&Project::SlabcutSecondGob, "9"}},
+                     1));
+  EXPECT_FALSE(Check({{&Project::ExtentSecondGob, "-1"}, {&Project::AbutmentAngleSecondGob, "99"}}, 2));
   T texts = GoodTexts();
   texts[&Project::RowA] = 0;
   texts[&Project::SlabcutFirstGob] = texts[&Project::BarrierFirstGob];

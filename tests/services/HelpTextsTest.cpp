@@ -1,21 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "services/HelpTexts.h"
 #include "services/HelpTopics.h"
 
 namespace korva {
 namespace {
 
 using Labels = std::vector<std::string>;
-
-TEST(HelpTexts, AboutTellsNameVersionAndDate) {
-  EXPECT_EQ(AboutText(),
-            "KORVA-STROND\r\n\nVersion: 1.1.05\r\n\nRevision Date: 19-Feb-2023\r\n\n"
-            "This program was originally created by:\r\n   The KORVA-STROND contributors\r\n\r\n"
-            "Development of windows version:\r\n   The KORVA-STROND contributors\r\n\r\n"
-            "Development of Strond2D routines:\r\n   The KORVA-STROND contributors\r\n");
-  EXPECT_EQ(AboutTitle(), "About the KORVA-STROND Program");
-}
 
 TEST(HelpTopics, LabelsOfFormsControlsAndArrays) {
   EXPECT_EQ(HelpLabel("frmKORVAParm"), "frmkorvaparm");

@@ -52,23 +52,13 @@ TEST(UpdateRules, TrustsHttpsAndThisMachine) {
   EXPECT_FALSE(MayRedirect("http", "http", "mirror.example.org"));
 }
 
-TEST(UpdateRules, TellsVersionsDaysAndBytes) {
-  EXPECT_EQ(RevisionDateText(), "19-Feb-2023");
+TEST(UpdateRules, TellsDaysAndBytes) {
   EXPECT_TRUE(ReleasedText(sys_days{2024y / February / 19})
                   .starts_with("This version was released 365 days ago. \r\n\r\nAlthough"));
-  EXPECT_EQ(CurrentVersionText(), "Current Program Version: 1.1.05\r\nCurrent Revision Date: 19-Feb-2023");
-  EXPECT_EQ(VersionsText("1106"), "Server Version: 1106 / Current Version: 1105");
-  EXPECT_EQ(SetupName("1106"), "KORVA-STROND1106.exe");
   EXPECT_EQ(ProgressOfDownload(0), 0);
   EXPECT_EQ(ProgressOfDownload(1), 1);
   EXPECT_EQ(ProgressOfDownload(16384 * 99), 99);
   EXPECT_EQ(ProgressOfDownload(16384 * 99 + 1), 0);
-}
-
-TEST(UpdateRules, TheBuiltInAddressIsASafeOne) {
-  const UpdateSource source = BuiltInUpdateSource();
-  EXPECT_TRUE(source.DownloadBaseUrl.ends_with("/wp-content/uploads/2023/01/"));
-  EXPECT_TRUE(source.ProductPageUrl.ends_with("/pillar-stability-strond/"));
 }
 
 constexpr std::string_view kName = "KORVA-STROND1106.exe";
