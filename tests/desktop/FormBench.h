@@ -69,6 +69,19 @@ struct FormBench {
   const std::string& History() const { return State.SessionHistory.Text; }
 };
 
+// The box around all that is darker than grey.
+inline QRect Ink(const QImage& image) {
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qGray(image.pixel(x, y)) < 0x80) {
+        ink |= QRect(x, y, 1, 1);
+      }
+    }
+  }
+  return ink;
+}
+
 // The control of that name; a test that names one that is not there ends.
 template <class Control>
 Control& The(const QWidget& form, const char* name) {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QImage>
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include "desktop/FormBench.h"
 #include "desktop/reports/SheetView.h"
 #include "desktop/services/PaintSheet.h"
 #include "desktop/services/QtPrinter.h"
@@ -12,19 +12,6 @@
 
 namespace korva::desktop {
 namespace {
-
-// The box around all that is not white.
-QRect Ink(const QImage& image) {
-  QRect ink;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (qGray(image.pixel(x, y)) < 0x80) {
-        ink |= QRect(x, y, 1, 1);
-      }
-    }
-  }
-  return ink;
-}
 
 // One sheet in pixels of ten twips, its corner at (50, 30).
 QImage Painted(const PrintedSheet& sheet) {

@@ -141,8 +141,7 @@ MachineFolders FoldersIn(const std::string& folder) {
 // One run of the program, from its start to its end.
 class Program {
  public:
-  explicit Program(World& world)
-      : world_(world), printer_(world), documents_(world), programs_(world), fetches_(world) {}
+  explicit Program(World& world) : world_(world), printer_(world), programs_(world), fetches_(world) {}
 
   void Run(Checks& checks) {
     StartUp(korva_, FoldersIn(world_.Folder), [] { return std::string("Arial"); });
@@ -194,11 +193,10 @@ class Program {
   QtClipboard clipboard_;
   QtBusy busy_;
   SomePrinter printer_;
-  SomeDocuments documents_;
   SomePrograms programs_;
   SomeFetches fetches_;
   QtValues values_;
-  Ports ports_{messages_, files_, clipboard_, programs_, busy_, documents_, printer_, fetches_, values_};
+  Ports ports_{messages_, files_, clipboard_, programs_, busy_, programs_, printer_, fetches_, values_};
 };
 
 void TakeMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <set>
 
 #include "core/Description.h"
@@ -58,11 +57,6 @@ std::optional<std::string> TextOfFile(const std::string& text, UnitSystem units)
   }
 }
 
-std::string Read(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // A copy of unsaved work ends in the project's name.
 constexpr std::string_view kNameMark = "##Recovery##";
 
@@ -74,7 +68,7 @@ std::set<std::string> ProjectsIn(const std::string& folder) {
     if (!entry.is_regular_file(failure)) {
       continue;
     }
-    const std::string text = TextFromFileBytes(Read(entry.path()));
+    const std::string text = TextFromFileBytes(Read(entry.path().string()));
     const auto mark = text.rfind(kNameMark);
     if (const auto project = TextOfFile(text.substr(0, mark), kEnglish)) {
       projects.insert(*project);

@@ -8,9 +8,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/Encoding.h"
+#include "commands/FileCommands.h"
 #include "desktop/RandomActionsWorld.h"
 #include "files/ProjectFile.h"
+#include "support/ScriptedMessages.h"
 #include "support/VoskPanel.h"
 
 namespace korva::desktop::random {
@@ -18,15 +19,6 @@ namespace korva::desktop::random {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Read(const std::string& path) {
-  std::error_code failure;
-  if (!fs::is_regular_file(path, failure)) {
-    return {};
-  }
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
@@ -200,17 +192,25 @@ void Drop(World& world) {
 // The example under another name, for the other models.
 void PutModel(const std::string& folder, const std::string& example, OverburdenModel model,
               const std::string& name) {
-  const std::string path = folder + example;
-  const std::string text = TextFromFileBytes(Read(path));
-  StoredProject project;
-  project.ProjectInput = EmptyProject(kEnglish);
-  std::vector<FileNotice> notices;
-  ReadProject(text, path, *DetectProjectFormat(text, path), project, notices);
-  project.ProjectInput.CalcMode = model;
-  Write(folder + name, FileBytesFromText(ComposeProject(project)));
+  Korva korva;
+  ScriptedMessages none;
+  korva.ProjectFileName = folder + example;
+  FileOpen(korva, none);
+  korva.Stored.ProjectInput.CalcMode = model;
+  korva.ProjectFileName = folder + name;
+  FileSave(korva);
 }
 
 }  // namespace
+
+std::string Read(const std::string& path) {
+  std::error_code failure;
+  if (!fs::is_regular_file(path, failure)) {
+    return {};
+  }
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 std::string SomeFile(World& world) {
   static constexpr std::array kNames = {"new.KVL",

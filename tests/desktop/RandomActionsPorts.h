@@ -48,19 +48,11 @@ class SomePrinter final : public PrinterPort, public PicturePrinter {
   World& world_;
 };
 
-class SomeDocuments final : public DocumentPort {
- public:
-  explicit SomeDocuments(World& world) : world_(world) {}
-  bool Open(const std::string& /*file*/) override { return world_.Random.Chance(50); }
-  bool OpenPage(const std::string& /*address*/) override { return world_.Random.Chance(50); }
-
- private:
-  World& world_;
-};
-
-class SomePrograms final : public ProgramPort {
+class SomePrograms final : public DocumentPort, public ProgramPort {
  public:
   explicit SomePrograms(World& world) : world_(world) {}
+  bool Open(const std::string& /*file*/) override { return world_.Random.Chance(50); }
+  bool OpenPage(const std::string& /*address*/) override { return world_.Random.Chance(50); }
   bool Run(const std::string& /*program*/, const std::vector<std::string>& /*arguments*/) override {
     return world_.Random.Chance(50);
   }

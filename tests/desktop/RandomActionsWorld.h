@@ -76,6 +76,8 @@ bool AnswerDialog(World& world);
 // Closes what stands in front, at last the main window, without saving.
 void CloseFront(World& world);
 
+// What a file holds; nothing if it is none or cannot be read.
+std::string Read(const std::string& path);
 // A file of the folder, one that is not there, or one that cannot be.
 std::string SomeFile(World& world);
 // A text that people do not type but paste.

@@ -248,19 +248,9 @@ TEST_F(GraphWindow, PrintsItselfInItsProportions) {
   Choose("GraphFileItem(0)");
   EXPECT_NE(bench.History().find("Printing Graph"), std::string::npos);
   EXPECT_EQ(bench.Pictures.Title, QStringLiteral("Korva Panel Review - Strondel"));
-  const QImage& sheet = bench.Pictures.Sheet;
-  const auto inked = [&sheet](int from, int to) {
-    for (int x = from; x < to; ++x) {
-      for (int y = 0; y < sheet.height(); ++y) {
-        if (sheet.pixelColor(x, y) != Qt::white) {
-          return true;
-        }
-      }
-    }
-    return false;
-  };
-  EXPECT_TRUE(inked(0, sheet.width() / 2));
-  EXPECT_FALSE(inked(sheet.width() * 3 / 4, sheet.width())) << "upright, not stretched";
+  const QRect ink = Ink(bench.Pictures.Sheet);
+  EXPECT_LT(ink.left(), bench.Pictures.Sheet.width() / 2);
+  EXPECT_LT(ink.right(), bench.Pictures.Sheet.width() * 3 / 4) << "upright, not stretched";
 }
 
 TEST_F(GraphWindow, CopiesExportsAndSavesPictures) {

@@ -12,22 +12,11 @@ TEST(VoskFile, TakesThePanelAndSkipsTheRest) {
   std::vector<FileNotice> notices;
   read.ProjectInput.LoadingConditionAux = 7;
   ReadVoskProject(test::VoskPanel(), "a.VSK", read, notices);
-  Project expected;
-  std::tie(expected.EntryHeight, expected.DepthCover, expected.XcutAngle, expected.EntryWidth,
-           expected.XcutSpacing, expected.NumberEntries) = std::tuple(6.5, 812.5, 70, 19, 85, 3);
-  std::tie(expected.XcutCenters[1], expected.XcutCenters[2]) = std::tuple(81, 82);
-  std::tie(expected.CoalStrength, expected.UnitWeight, expected.BreadthAMZ) = std::tuple(910, 161, 143);
-  std::tie(expected.AMZAuto, expected.ArchFactor, expected.ArchAuto) = std::tuple(0, 0.87F, 2);
-  expected.LoadingCondition = PanelLoading{5};  // the project file's own reader would make it 3
-  std::tie(expected.ExtentActiveGob, expected.AbutmentAngleActiveGob) = std::tuple(1001, 22);
-  std::tie(expected.ExtentFirstGob, expected.AbutmentAngleFirstGob, expected.BarrierFirstGob,
-           expected.SlabcutFirstGob) = std::tuple(1002, 23, 151, 31);
-  std::tie(expected.ExtentSecondGob, expected.AbutmentAngleSecondGob, expected.BarrierSecondGob,
-           expected.SlabcutSecondGob) = std::tuple(1003, 24, 152, 32);
-  std::tie(expected.RowA, expected.RowB, expected.RowC, expected.RowD) = std::tuple(1, 2, 3, 4);
-  std::tie(expected.WidthRowC, expected.WidthRowD) = std::tuple(55.5F, 66.25F);
-  expected.LoadingConditionAux = 7;
-  EXPECT_EQ(read.ProjectInput, expected);
+  // Each value's place is looked at in the form; here, what the form does not show.
+  const Project& p = read.ProjectInput;
+  EXPECT_EQ(p.LoadingCondition, PanelLoading{5}) << "the project file's own reader would make it 3";
+  EXPECT_EQ(std::tuple(p.ArchAuto, p.RowA, p.RowB, p.RowC, p.RowD), std::tuple(2, 1, 2, 3, 4));
+  EXPECT_EQ(std::tuple(p.AMZAuto, p.ArchFactor, p.LoadingConditionAux), std::tuple(0, 0.87F, 7));
   EXPECT_EQ(read.ProjectUnits, kMetric);
   EXPECT_EQ(read.ProjectTitle, "North, \"four\"");
   EXPECT_EQ(read.ProjectDescription, "First line, whole\r\nsecond\r\nits rest\r\n");
