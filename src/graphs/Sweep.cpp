@@ -163,7 +163,7 @@ SweepData RoomFor(GraphKind graph, const SweepSteps& steps, bool laminated) {
   data.GraphIndex = graph;
   data.CurveCount = laminated ? 4 : 2;
   data.PointCapacity = steps.PointCapacity;
-  if (data.PointCapacity < 1) {
+  if (steps.Low > steps.High) {
     throw RuntimeError(ErrorNumber::kSubscript,
                        fmt::format("no {} lies in the range of the sweep",
                                    DefaultXAxisTitles[static_cast<std::size_t>(graph)]));

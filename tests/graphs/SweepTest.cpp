@@ -102,7 +102,8 @@ TEST(RunSweep, ChangesItsParameterAlone) {
                                                             {kFirstBarrierGraph, &Project::BarrierFirstGob},
                                                             {kSecondBarrierGraph, &Project::BarrierSecondGob},
                                                             {kBarrierDepthGraph, &Project::DepthCover}}) {
-    const Project before = test::TwoSideGobs();
+    Project before = test::TwoSideGobs();
+    before.XcutAngle = 60;
     Project panel = before;
     const auto data =
         RunSweep(graph, {80, 90}, PrepareCalculation(before, kEnglish).Run, panel, &laminated).Data;
@@ -127,9 +128,10 @@ TEST(RunSweep, AnglesEndAtTheRightAngleInDegrees) {
   const auto both = RunSweep(kXcutAngleGraph, {100, 150}, prepared, panel, &laminated);
   EXPECT_EQ(both.Data.PointCount, 1);
   EXPECT_EQ(panel.XcutAngle, 90) << "never above";
-  ExpectError(ErrorNumber::kSubscript, [&] {
-    RunSweep(kXcutAngleGraph, {150, 150}, prepared, panel, nullptr);
-  });
+  for (const SweepRange beyond : {SweepRange{150, 150}, {101, 101}, {101, 150}}) {
+    ExpectError(ErrorNumber::kSubscript,
+                [&] { RunSweep(kXcutAngleGraph, beyond, prepared, panel, nullptr); });
+  }
 }
 
 TEST(RunSweep, WritesTheValueIntoTheWorkingCopyAndKeepsTheMixUpOfSides) {
