@@ -6,11 +6,9 @@
 
 #include "Commands.h"
 #include "charts/LayOutChart.h"
-#include "commands/FileMenu.h"
 #include "commands/Formats.h"
 #include "commands/SweepCommand.h"
 #include "core/ClassifyError.h"
-#include "core/Tables.h"
 #include "files/SafeWriter.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/SweepChart.h"
@@ -21,7 +19,7 @@ namespace korva::cli {
 namespace {
 
 struct SweepCall : ProjectCall {
-  int Graph = 0;
+  GraphKind Graph = kEntryHeightGraph;
   bool AsCsv = false;
 };
 
@@ -127,12 +125,9 @@ Json SweepJson(const SweepData& data) {
 }
 
 void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
-  const BarrierGraphs graphs = GraphsOf(korva.ProjectCalc);
-  const bool second = call.Graph == kSecondBarrierGraph;
-  const bool shown = second ? graphs.Second : graphs.First;
-  if (call.Graph >= kFirstBarrierGraph && !shown) {
+  if (!HasBarrierOf(call.Graph, korva.ProjectCalc)) {
     Complain(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
-                         second ? "second" : "first"));
+                         call.Graph == kSecondBarrierGraph ? "second" : "first"));
   }
 }
 
@@ -151,11 +146,11 @@ std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
 void TellNotes(const Korva& korva, const SweepCall& call) {
   const auto tell = [&call](std::string_view text) { Warn(call.File, text); };
   for (const NoticeRange& range : NoticeRanges(korva.Sweep)) {
-    tell(fmt::format("{} {}: {}", DefaultXAxisTitles[static_cast<std::size_t>(call.Graph)], range.Values,
-                     range.Reason));
+    tell(fmt::format("{} {}: {}", ParameterName(call.Graph), range.Values, range.Reason));
   }
   const std::vector<int> without = CurvesWithoutFactor(korva.Sweep);
-  if (!without.empty() && without.front() > 2) {  // a graph without any was told of before the sweep
+  // A graph without any was told of before the sweep.
+  if (!without.empty() && IsLaminatedCurve(without.front())) {
     tell("there is no second barrier; the laminated factors are 0");
   }
   if (!korva.Sweep.Partial.empty()) {
@@ -188,8 +183,7 @@ void PrintSweep(Korva& korva, const SweepCall& call, PictureKind kind,
 
 int Sweep(Korva& korva, const SweepCall& call, PictureKind kind) {
   RefusalMessages messages(call.File);
-  const auto graph = static_cast<GraphKind>(call.Graph);
-  auto job = PrepareSweep(korva, messages, graph, korva.ProjectCalc.CalcMode);
+  auto job = PrepareSweep(korva, messages, call.Graph, korva.ProjectCalc.CalcMode);
   if (!job) {
     if (call.AsJson) {
       Print(JsonText({{"file", call.File}, {"refused", messages.Text}}));
@@ -216,8 +210,8 @@ Command AddSweep(CLI::App& app, const CommonOptions& common) {
   CLI::App* parser = app.add_subcommand("sweep", "Stability factors over a range of one parameter");
   AddFile(*parser, call->File);
   parser
-      ->add_option(
-          "GRAPH", call->Graph,
+      ->add_option_function<int>(
+          "GRAPH", [call](int graph) { call->Graph = static_cast<GraphKind>(graph); },
           "0 entry height, 1 depth of cover, 2 crosscut angle, 3 crosscut spacing; barrier factors over "
           "4 first, 5 second barrier width, 6 depth of cover")
       ->required()

@@ -26,14 +26,13 @@
 #include "desktop/services/frmResource.h"
 #include "desktop/services/frmTextBrow.h"
 #include "desktop/services/frmUpdate.h"
+#include "graphs/GraphTitles.h"
 #include "services/HelpTexts.h"
 
 namespace korva::desktop {
 
 namespace {
 
-constexpr int kBarrierGraphs[] = {4, 6};
-constexpr int kSecondBarrierGraph = 5;
 constexpr int kAnswerInterval = 200;  // milliseconds
 
 }  // namespace
@@ -340,11 +339,9 @@ void frmMain::EndAtOnce() {
 }
 
 void frmMain::SetGraphMenu() {
-  const BarrierGraphs graphs = GraphsOf(korva_.ProjectCalc);
-  for (const int item : kBarrierGraphs) {
-    menus_.Item("mnuCalcGrafItem", item).setEnabled(graphs.First);
+  for (int i = 0; i < kGraphs; ++i) {
+    menus_.Item("mnuCalcGrafItem", i).setEnabled(HasBarrierOf(static_cast<GraphKind>(i), korva_.ProjectCalc));
   }
-  menus_.Item("mnuCalcGrafItem", kSecondBarrierGraph).setEnabled(graphs.Second);
 }
 
 }  // namespace korva::desktop

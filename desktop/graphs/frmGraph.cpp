@@ -68,7 +68,7 @@ void frmGraph::BuildBody() {
   graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
   graph1_->Edit = [this](const QString& title, const QString& what) { return Edited(title, what); };
   connect(graph1_, &ChartView::TitleEdited, this,
-          [this] { TakeTitles(graph1_->Shown(), index_, session_.State.Preferences.Graph); });
+          [this] { TakeTitles(graph1_->Shown(), graph_, session_.State.Preferences.Graph); });
   connect(graph1_, &ChartView::PointerMoved, this, &frmGraph::TrackPoint);
   BuildPointFrame(body);
   auto* all = new QVBoxLayout(body);
@@ -138,10 +138,10 @@ void frmGraph::Run(Command&& command) {
   Attempt(session_.State, session_.Outside.Messages, command);
 }
 
-void frmGraph::GraphInit(int index) {
+void frmGraph::GraphInit(GraphKind graph) {
   Korva& korva = session_.State;
-  index_ = index;
-  PrepareTitles(korva.Preferences.Graph, index, korva.Stored.ProjectUnits);
+  graph_ = graph;
+  PrepareTitles(korva.Preferences.Graph, graph, korva.Stored.ProjectUnits);
   DisplayCurves_ = korva::DisplayCurves(korva.ProjectCalc, korva.Sweep);
   DrawCurve();
 }

@@ -22,14 +22,14 @@ class frmGraph final : public QMainWindow {
   // Deletes itself when it is closed, and then enables the main window.
   explicit frmGraph(Session& session);
 
-  // Shows graph `index`, with titles made for it.
-  void GraphInit(int index);
+  // Shows `graph`, with titles made for it.
+  void GraphInit(GraphKind graph);
   // Shows the points of the sweep by the settings as they are now.
   void DrawCurve();
   // Empties it.
   void ClearGraph();
 
-  int ShownGraph() const { return index_; }
+  GraphKind ShownGraph() const { return graph_; }
 
   QSize sizeHint() const override;
 
@@ -54,7 +54,7 @@ class frmGraph final : public QMainWindow {
   void Run(Command&& command);
 
   Session& session_;
-  int index_ = 0;
+  GraphKind graph_ = kEntryHeightGraph;
   int DisplayCurves_ = 0;
   bool showReference_ = true;
   ChartView* graph1_ = nullptr;

@@ -289,9 +289,4 @@ std::string CaptionFileName(const std::string& fileName) {
          fileName.substr(BytesOfCharacters(fileName, length - kTail));
 }
 
-BarrierGraphs GraphsOf(const Project& project) {
-  return {project.BarrierFirstGob > 0 && HasFirstSideGob(project),
-          project.BarrierSecondGob > 0 && project.LoadingCondition == PanelLoading::kWithBothSideGobs};
-}
-
 }  // namespace korva

@@ -66,11 +66,4 @@ class FileMenu {
 // their last 37.
 std::string CaptionFileName(const std::string& fileName);
 
-// The barrier graphs that the working copy allows.
-struct BarrierGraphs {
-  bool First = false;
-  bool Second = false;
-};
-BarrierGraphs GraphsOf(const Project& project);
-
 }  // namespace korva

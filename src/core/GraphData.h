@@ -22,16 +22,27 @@ enum GraphKind : int {
 };
 inline constexpr int kGraphs = 7;
 
-inline constexpr int kMostCurves = 4;  // development and retreat: traditional, then laminated
+// Whether a graph shows the factors of barriers.
+constexpr bool IsBarrierGraph(GraphKind graph) {
+  return graph >= kFirstBarrierGraph;
+}
+
+// Development and retreat: of the traditional model, then of the laminated one.
+inline constexpr int kTraditionalCurves = 2;
+inline constexpr int kMostCurves = 4;
+
+constexpr bool IsLaminatedCurve(int curve) {
+  return curve > kTraditionalCurves;
+}
 
 struct SweepData {
-  int GraphIndex = 0;
-  int CurveCount = 2;              // 2, or 4 with the laminated model
-  std::int32_t PointCount = 0;     // that are filled
-  std::int32_t PointCapacity = 0;  // at least one more than points are filled
-  // Column 0 the swept values (degrees for the crosscut angle), 1 to 4 the curves; points from 0 on.
+  GraphKind GraphIndex = kEntryHeightGraph;
+  int CurveCount = kTraditionalCurves;  // or kMostCurves with the laminated model
+  std::int32_t PointCount = 0;          // that are filled
+  std::int32_t PointCapacity = 0;       // at least one more than points are filled
+  // Column 0 the swept values (degrees for the crosscut angle), the curves from 1 on; points from 0 on.
   IndexedArray<std::vector<float>, 0, kMostCurves> GraphData;
-  // Points of curves 3 and 4; fewer than PointCount where the laminated model did not come to the end.
+  // Points of the laminated curves; fewer than PointCount where the laminated model did not come to the end.
   std::int32_t LaminatedCount = 0;
   // What the input form would refuse of the panel at each point; as many as PointCount, or none if nobody
   // asked.
@@ -39,7 +50,7 @@ struct SweepData {
   // Why points are missing at the end; empty for a whole sweep.
   std::string Partial;
 
-  std::int32_t PointsOf(int curve) const { return curve > 2 ? LaminatedCount : PointCount; }
+  std::int32_t PointsOf(int curve) const { return IsLaminatedCurve(curve) ? LaminatedCount : PointCount; }
 };
 
 }  // namespace korva

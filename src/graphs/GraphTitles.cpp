@@ -1,41 +1,43 @@
 #include "graphs/GraphTitles.h"
 
-#include "core/Tables.h"
-
 namespace korva {
 
 namespace {
 
-std::string DefaultXTitle(int graph, UnitSystem units) {
-  std::string title(DefaultXAxisTitles[static_cast<std::size_t>(graph)]);
+std::string DefaultXTitle(GraphKind graph, UnitSystem units) {
+  std::string title(ParameterName(graph));
   return title.append(graph == kXcutAngleGraph ? " (deg)" : UnitLabel(UnitKind::kLength, units));
 }
 
 }  // namespace
 
-void SetDefaultTitles(GraphSettings& graph, UnitSystem units) {
+void SetDefaultTitles(GraphSettings& settings, UnitSystem units) {
+  const auto parameters = settings.GraphSetParams;
+  settings = GraphSettings();
+  settings.GraphSetParams = parameters;
+  settings.GraphUnits = units;
   for (int i = 0; i < kGraphs; ++i) {
-    graph.XAxisTitle[i] = DefaultXTitle(i, units);
+    settings.XAxisTitle[i] = DefaultXTitle(static_cast<GraphKind>(i), units);
   }
   for (int i = 0; i < 2; ++i) {
-    graph.YAxisTitle[i] = DefaultYAxisTitles[static_cast<std::size_t>(i)];
+    settings.YAxisTitle[i] = DefaultYAxisTitles[static_cast<std::size_t>(i)];
   }
-  const GraphSettings defaults;
-  graph.GraphTitle = defaults.GraphTitle;
-  graph.GraphUnits = units;
-  graph.GridStyle = defaults.GridStyle;
-  graph.GraphStyle = defaults.GraphStyle;
-  graph.CurveLegend = defaults.CurveLegend;
-  graph.SymbolSize = defaults.SymbolSize;
 }
 
-void PrepareTitles(GraphSettings& graph, int index, UnitSystem units) {
-  std::string& title = graph.XAxisTitle[index];
-  if (title.empty() || graph.GraphUnits != units) {
-    SetDefaultTitles(graph, units);
-  } else if (title == DefaultXAxisTitles[static_cast<std::size_t>(index)]) {
-    title = DefaultXTitle(index, units);  // as a settings file without titles reads
+void PrepareTitles(GraphSettings& settings, GraphKind graph, UnitSystem units) {
+  std::string& title = settings.XAxisTitle[graph];
+  if (title.empty() || settings.GraphUnits != units) {
+    SetDefaultTitles(settings, units);
+  } else if (title == ParameterName(graph)) {
+    title = DefaultXTitle(graph, units);  // as a settings file without titles reads
   }
+}
+
+bool HasBarrierOf(GraphKind graph, const Project& project) {
+  if (graph == kSecondBarrierGraph) {
+    return project.BarrierSecondGob > 0 && project.LoadingCondition == PanelLoading::kWithBothSideGobs;
+  }
+  return !IsBarrierGraph(graph) || (project.BarrierFirstGob > 0 && HasFirstSideGob(project));
 }
 
 int DisplayCurves(const Project& project, const SweepData& data) {

@@ -9,6 +9,7 @@
 #include "core/GraphData.h"
 #include "core/Project.h"
 #include "core/Settings.h"
+#include "core/Tables.h"
 
 namespace korva {
 
@@ -16,17 +17,25 @@ namespace korva {
 inline constexpr std::array<std::uint32_t, kMostCurves> CurveColours = {0x0000FF, 0xCD5C5C, 0x000000,
                                                                         0x006400};
 
-// Which of the two Y titles a graph has.
-constexpr int YTitleOf(int graph) {
-  return graph > kXcutSpacingGraph ? 1 : 0;
+// The parameter of a graph, without its unit.
+constexpr std::string_view ParameterName(GraphKind graph) {
+  return DefaultXAxisTitles[static_cast<std::size_t>(graph)];
 }
 
-// All titles in the unit system `units`, and the default format, over those of `graph`.
-void SetDefaultTitles(GraphSettings& graph, UnitSystem units);
+// Which of the two Y titles a graph has.
+constexpr int YTitleOf(GraphKind graph) {
+  return IsBarrierGraph(graph) ? 1 : 0;
+}
 
-// Makes titles and format anew if those of graph `index` were never made, or for another unit system. A
-// default X title without its unit gets that: an axis always tells it.
-void PrepareTitles(GraphSettings& graph, int index, UnitSystem units);
+// All titles in the unit system `units`, and the default format, over those of `settings`.
+void SetDefaultTitles(GraphSettings& settings, UnitSystem units);
+
+// Makes titles and format anew if those of `graph` were never made, or for another unit system. A default X
+// title without its unit gets that: an axis always tells it.
+void PrepareTitles(GraphSettings& settings, GraphKind graph, UnitSystem units);
+
+// Whether the panel has the barrier that a graph is about; graphs of no barrier need none.
+bool HasBarrierOf(GraphKind graph, const Project& project);
 
 // The curves of a sweep that are shown: one alone, of the development, for a panel without an active gob.
 int DisplayCurves(const Project& project, const SweepData& data);

@@ -10,7 +10,7 @@
 #include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
-#include "core/Tables.h"
+#include "graphs/GraphTitles.h"
 #include "model/KORVAmodel.h"
 
 namespace korva {
@@ -126,7 +126,7 @@ void AtValue(GraphKind graph, double x, Step&& step) {
     step();
   } catch (const RuntimeError& error) {
     throw RuntimeError(error.Number(),
-                       fmt::format("{} = {}: {}", DefaultXAxisTitles[static_cast<std::size_t>(graph)],
+                       fmt::format("{} = {}: {}", ParameterName(graph),
                                    GeneralText(Narrowed(ShownValue(graph, x), "a value")), error.Detail()));
   }
 }
@@ -161,12 +161,11 @@ Project PanelAt(const Project& project, GraphKind graph, float shown) {
 SweepData RoomFor(GraphKind graph, const SweepSteps& steps, bool laminated) {
   SweepData data;
   data.GraphIndex = graph;
-  data.CurveCount = laminated ? 4 : 2;
+  data.CurveCount = laminated ? kMostCurves : kTraditionalCurves;
   data.PointCapacity = steps.PointCapacity;
   if (steps.Low > steps.High) {
     throw RuntimeError(ErrorNumber::kSubscript,
-                       fmt::format("no {} lies in the range of the sweep",
-                                   DefaultXAxisTitles[static_cast<std::size_t>(graph)]));
+                       fmt::format("no {} lies in the range of the sweep", ParameterName(graph)));
   }
   for (int column = 0; column <= data.CurveCount; ++column) {
     data.GraphData[column].resize(static_cast<std::size_t>(steps.PointCapacity));

@@ -52,8 +52,8 @@ void AddNotices(Chart& chart, const SweepData& data) {
 
 }  // namespace
 
-double ReferenceFactor(int graph) {
-  return YTitleOf(graph) == 0 ? kSoundSF : kSoundBarrierSF;
+double ReferenceFactor(GraphKind graph) {
+  return IsBarrierGraph(graph) ? kSoundBarrierSF : kSoundSF;
 }
 
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference) {
@@ -84,10 +84,10 @@ Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, 
   return chart;
 }
 
-void TakeTitles(const Chart& chart, int index, GraphSettings& settings) {
+void TakeTitles(const Chart& chart, GraphKind graph, GraphSettings& settings) {
   settings.GraphTitle = chart.Title;
-  settings.XAxisTitle[index] = chart.XAxis.Title;
-  settings.YAxisTitle[YTitleOf(index)] = chart.YAxis.Title;
+  settings.XAxisTitle[graph] = chart.XAxis.Title;
+  settings.YAxisTitle[YTitleOf(graph)] = chart.YAxis.Title;
 }
 
 }  // namespace korva

@@ -8,12 +8,12 @@
 namespace korva {
 
 // The stability factor that a graph is read against: 2 for barriers, 1.5 for the others.
-double ReferenceFactor(int graph);
+double ReferenceFactor(GraphKind graph);
 
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);
 
-// Takes titles that were edited in the chart of graph `index` into the settings.
-void TakeTitles(const Chart& chart, int index, GraphSettings& settings);
+// Takes titles that were edited in the chart of `graph` into the settings.
+void TakeTitles(const Chart& chart, GraphKind graph, GraphSettings& settings);
 
 }  // namespace korva

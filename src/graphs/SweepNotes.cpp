@@ -34,8 +34,9 @@ std::string RangesOf(const SweepData& data, const std::string& reason) {
 }
 
 // The barrier that a curve of a graph of barriers is about.
-std::string_view BarrierOf(int graph, int curve) {
-  const bool second = graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && curve > 2);
+std::string_view BarrierOf(GraphKind graph, int curve) {
+  const bool second =
+      graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && IsLaminatedCurve(curve));
   return second ? "second" : "first";
 }
 
@@ -69,7 +70,7 @@ std::string NoticeText(const std::vector<FormNotice>& notices) {
 
 std::vector<int> CurvesWithoutFactor(const SweepData& data) {
   std::vector<int> curves;
-  for (int i = 1; i <= data.CurveCount && YTitleOf(data.GraphIndex) == 1; ++i) {
+  for (int i = 1; i <= data.CurveCount && IsBarrierGraph(data.GraphIndex); ++i) {
     const auto& factors = data.GraphData[i];
     const auto points = static_cast<std::ptrdiff_t>(data.PointsOf(i));
     if (points > 0 &&

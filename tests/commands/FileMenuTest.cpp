@@ -292,14 +292,5 @@ TEST(CaptionFileName, ShortensFrom51Characters) {
   EXPECT_EQ(CaptionFileName("0123456789" + std::string(41, 'y')), "0123456789..." + std::string(37, 'y'));
 }
 
-TEST(GraphsOf, BarrierGraphsNeedTheirBarrierAndCondition) {
-  Project panel = test::TwoSideGobs();
-  EXPECT_TRUE(GraphsOf(panel).First && GraphsOf(panel).Second);
-  panel.LoadingCondition = PanelLoading{2};
-  EXPECT_TRUE(GraphsOf(panel).First && !GraphsOf(panel).Second);
-  panel.BarrierFirstGob = 0;
-  EXPECT_FALSE(GraphsOf(panel).First);
-}
-
 }  // namespace
 }  // namespace korva

@@ -37,6 +37,15 @@ std::string Drawn(const Chart& chart, PictureKind kind) {
   return PictureBytes(kind, LayOutChart(chart, kChartSheet, TextWidth).Drawn);
 }
 
+TEST(GraphTitles, GraphsOfABarrierNeedItAndItsGob) {
+  Project panel = test::TwoSideGobs();
+  EXPECT_TRUE(HasBarrierOf(kFirstBarrierGraph, panel) && HasBarrierOf(kSecondBarrierGraph, panel));
+  panel.LoadingCondition = PanelLoading::kWithFirstSideGob;
+  EXPECT_TRUE(HasBarrierOf(kBarrierDepthGraph, panel) && !HasBarrierOf(kSecondBarrierGraph, panel));
+  panel.BarrierFirstGob = 0;
+  EXPECT_TRUE(HasBarrierOf(kDepthGraph, panel) && !HasBarrierOf(kBarrierDepthGraph, panel));
+}
+
 GraphSettings Titles() {
   GraphSettings settings;
   PrepareTitles(settings, kDepthGraph, kEnglish);
