@@ -17,8 +17,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kDefaultParameters = 0;
-constexpr int kLastUsed = 1;
 constexpr int kLeastSymbol = 3;
 constexpr int kGreatestSymbol = 20;
 
@@ -49,7 +47,7 @@ frmGraphOpt::frmGraphOpt(Session& session, frmGraph& graph)
   setObjectName(QStringLiteral("frmGraphOpt"));
   setWindowTitle(QStringLiteral("Graph Parameters and Options"));
   Build();
-  SetArrayIndex(Option1_, draft_.GraphSetParams);
+  Option1_[draft_.GraphSetParams ? 1 : 0]->setChecked(true);
   InitForm();
   ChooseParameters(draft_.GraphSetParams);
   CenterForm(*this);
@@ -62,7 +60,7 @@ void frmGraphOpt::Build() {
   for (int i = 0; i < 2; ++i) {
     QRadioButton* option =
         NewOption(IndexedName("Option1", i), QLatin1String(kCaptions.at(static_cast<std::size_t>(i))), this);
-    connect(option, &QRadioButton::clicked, this, [this, i] { ChooseParameters(i); });
+    connect(option, &QRadioButton::clicked, this, [this, i] { ChooseParameters(i == 1); });
     Option1_.at(static_cast<std::size_t>(i)) = option;
     all->addWidget(option);
   }
@@ -147,8 +145,8 @@ void frmGraphOpt::InitForm() {
   for (const auto& [text, title] : titles_) {
     text->setText(FromUtf8(*title));
   }
-  Combo1_->setCurrentIndex(draft_.GridStyle);
-  Combo2_->setCurrentIndex(draft_.GraphStyle - 1);
+  Combo1_->setCurrentIndex(static_cast<int>(draft_.GridStyle));
+  Combo2_->setCurrentIndex(static_cast<int>(draft_.GraphStyle) - 1);
   Check1_->setChecked(draft_.CurveLegend);
   HScroll1_->setValue(draft_.SymbolSize);
   txtSS_->setText(QString::number(draft_.SymbolSize));
@@ -156,18 +154,18 @@ void frmGraphOpt::InitForm() {
 }
 
 // Default parameters cannot be edited.
-void frmGraphOpt::ChooseParameters(int index) {
-  if (index == kDefaultParameters) {
-    draft_.GraphSetParams = kDefaultParameters;
+void frmGraphOpt::ChooseParameters(bool lastUsed) {
+  if (!lastUsed) {
+    draft_.GraphSetParams = false;
     SetDefaultTitles(draft_, session_.State.Stored.ProjectUnits);
     InitForm();
   }
   for (QWidget* control :
        std::initializer_list<QWidget*>{Combo1_, Combo2_, Check1_, HScroll1_, txtSS_, lblSS_}) {
-    control->setEnabled(index == kLastUsed);
+    control->setEnabled(lastUsed);
   }
   for (const auto& title : titles_) {
-    title.first->setEnabled(index == kLastUsed);
+    title.first->setEnabled(lastUsed);
   }
 }
 
@@ -189,11 +187,11 @@ void frmGraphOpt::accept() {
   for (const auto& [text, title] : titles_) {
     *title = text->text().toStdString();
   }
-  draft_.GridStyle = Combo1_->currentIndex();
-  draft_.GraphStyle = Combo2_->currentIndex() + 1;
+  draft_.GridStyle = static_cast<GridLines>(Combo1_->currentIndex());
+  draft_.GraphStyle = static_cast<CurveStyle>(Combo2_->currentIndex() + 1);
   draft_.CurveLegend = Check1_->isChecked();
   draft_.SymbolSize = HScroll1_->value();
-  draft_.GraphSetParams = GetArrayIndex(Option1_);
+  draft_.GraphSetParams = Option1_[1]->isChecked();
   session_.State.Preferences.Graph = draft_;
   SaveSettings(session_.State, SettingsSection::kGraph);
   graph_.DrawCurve();

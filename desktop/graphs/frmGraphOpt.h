@@ -36,7 +36,7 @@ class frmGraphOpt final : public QDialog {
   QWidget* BuildTitles();
   QWidget* BuildFormat();
   void InitForm();
-  void ChooseParameters(int index);
+  void ChooseParameters(bool lastUsed);
   void ShowSymbolControls();
   void CheckChoice(QComboBox& list);
 

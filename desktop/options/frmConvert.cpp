@@ -62,8 +62,7 @@ void frmConvert::Load() {
   const bool metric = session_.State.Stored.ProjectUnits == kMetric;
   units_[metric ? 1 : 0]->setEnabled(false);
   units_[metric ? 0 : 1]->setChecked(true);
-  files_[session_.State.ConvertFileOption == kKeepOriginal ? kKeepOriginal : kLoadConverted]->setChecked(
-      true);
+  files_[session_.State.ConvertKeepsOriginal ? kKeepOriginal : kLoadConverted]->setChecked(true);
   files_[kKeepOriginal]->setEnabled(false);
 }
 
@@ -79,7 +78,7 @@ void frmConvert::Convert() {
 }
 
 void frmConvert::done(int result) {
-  session_.State.ConvertFileOption = GetArrayIndex(files_);
+  session_.State.ConvertKeepsOriginal = files_[kKeepOriginal]->isChecked();
   session_.Main.Refresh();
   QDialog::done(result);
   // Message box and form close at one time: a window manager may give the keyboard to this form just when it

@@ -74,7 +74,7 @@ struct Korva {
   std::string StrondOutFile;
 
   // What the file conversion dialog was left with; it alone reads it.
-  int ConvertFileOption = 0;
+  bool ConvertKeepsOriginal = false;
 
   // The last parametric sweep.
   SweepData Sweep;

@@ -16,6 +16,10 @@ enum class FactorRounding : int { kTwoDecimals = 0, kNone = 1, kTruncated = 2 };
 // Where the files of a laminated run go, see StrondPlaceOf.
 enum class SolverFolder : int { kApplication = 0, kUserTemporary = 1, kRoot = 2, kDocuments = 3 };
 
+// The grid lines of a graph, and what its curves are drawn with.
+enum class GridLines : int { kNone = 0, kHorizontal = 1, kVertical = 2, kBoth = 3 };
+enum class CurveStyle : int { kLines = 1, kSymbols = 2, kLinesAndSymbols = 3 };
+
 inline constexpr const char* kDefaultGraphTitle = "Korva Panel Review - Strondel";
 inline constexpr const char* kDefaultEditor = "Notepad.exe";
 
@@ -72,9 +76,9 @@ struct BrowseSettings {
 
 // Section "Graph".
 struct GraphSettings {
-  int GraphSetParams = 0;
-  int GridStyle = 0;
-  int GraphStyle = 3;
+  bool GraphSetParams = false;  // whether the format is the last used one, not the default
+  GridLines GridStyle = GridLines::kNone;
+  CurveStyle GraphStyle = CurveStyle::kLinesAndSymbols;
   bool CurveLegend = true;
   int SymbolSize = 5;
   UnitSystem GraphUnits = kEnglish;

@@ -20,7 +20,8 @@ template <class Record>
 struct Setting {
   std::string_view Key;
   std::variant<bool Record::*, int Record::*, float Record::*, std::string Record::*, UnitSystem Record::*,
-               StressUnit Record::*, LoadUnit Record::*, FactorRounding Record::*, SolverFolder Record::*>
+               StressUnit Record::*, LoadUnit Record::*, FactorRounding Record::*, SolverFolder Record::*,
+               GridLines Record::*, CurveStyle Record::*>
       Member;
   std::string_view Missing = "0";  // the value of a missing or empty key
   double Low = 0;

@@ -12,7 +12,7 @@ std::string DefaultXTitle(GraphKind graph, UnitSystem units) {
 }  // namespace
 
 void SetDefaultTitles(GraphSettings& settings, UnitSystem units) {
-  const auto parameters = settings.GraphSetParams;
+  const bool parameters = settings.GraphSetParams;
   settings = GraphSettings();
   settings.GraphSetParams = parameters;
   settings.GraphUnits = units;

@@ -11,11 +11,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kHorizontal = 1;  // of GridStyle
-constexpr int kVertical = 2;
-constexpr int kLinesOnly = 1;  // of GraphStyle
-constexpr int kSymbolsOnly = 2;
-
 constexpr std::array<SymbolShape, kMostCurves> kSymbols = {SymbolShape::kDisc, SymbolShape::kSquare,
                                                            SymbolShape::kTriangle, SymbolShape::kDiamond};
 
@@ -23,8 +18,8 @@ ChartCurve CurveOf(const SweepData& data, int index, const GraphSettings& settin
   const auto entry = static_cast<std::size_t>(index - 1);
   ChartCurve curve = {
       .Label = std::string(CurveLabel(index)), .Colour = CurveColours.at(entry), .X = {}, .Y = {}};
-  curve.Line = settings.GraphStyle != kSymbolsOnly;
-  if (settings.GraphStyle != kLinesOnly) {
+  curve.Line = settings.GraphStyle != CurveStyle::kSymbols;
+  if (settings.GraphStyle != CurveStyle::kLines) {
     curve.Symbol = kSymbols.at(entry);
   }
   const auto points = static_cast<std::ptrdiff_t>(data.PointsOf(index));
@@ -57,12 +52,15 @@ double ReferenceFactor(GraphKind graph) {
 }
 
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference) {
+  const auto hasGrid = [&settings](GridLines lines) {
+    return settings.GridStyle == lines || settings.GridStyle == GridLines::kBoth;
+  };
   Chart chart;
   chart.Title = settings.GraphTitle;
   chart.XAxis.Title = settings.XAxisTitle[data.GraphIndex];
-  chart.XAxis.Grid = (settings.GridStyle & kVertical) != 0;
+  chart.XAxis.Grid = hasGrid(GridLines::kVertical);
   chart.YAxis.Title = settings.YAxisTitle[YTitleOf(data.GraphIndex)];
-  chart.YAxis.Grid = (settings.GridStyle & kHorizontal) != 0;
+  chart.YAxis.Grid = hasGrid(GridLines::kHorizontal);
   chart.Legend = settings.CurveLegend;
   chart.SymbolSize = settings.SymbolSize;
   for (int i = 1; i <= curves; ++i) {

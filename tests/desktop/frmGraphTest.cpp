@@ -170,7 +170,7 @@ TEST_F(GraphWindow, PointIdTellsThePointUnderThePointer) {
 
 TEST_F(GraphWindow, EditsInTheChartAreReadBack) {
   Open(kFirstBarrierGraph);
-  Settings().GridStyle = 1;
+  Settings().GridStyle = GridLines::kHorizontal;
   window->DrawCurve();
   Plot().Edit = [](const QString& title, const QString& what) {
     return what + QStringLiteral(" of ") + title;
@@ -182,13 +182,13 @@ TEST_F(GraphWindow, EditsInTheChartAreReadBack) {
   EXPECT_EQ(Settings().XAxisTitle[kFirstBarrierGraph], "Axis title of Width of First Barrier (ft)");
   EXPECT_EQ(Settings().YAxisTitle[1], "Axis title of Barrier Stability Factor");
   EXPECT_EQ(Settings().YAxisTitle[0], "Stability Factor");
-  EXPECT_EQ(Settings().GridStyle, 1);
+  EXPECT_EQ(Settings().GridStyle, GridLines::kHorizontal);
   Choose("GraphOptionsItem(2)");
   EXPECT_TRUE(Shown().Title.starts_with("Graph title of"));
 }
 
 TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
-  Settings().GraphSetParams = 1;
+  Settings().GraphSetParams = true;
   Open();
   InOptions([&](QWidget& options) {
     The<QLineEdit>(options, "Text1").setText(QStringLiteral("Not taken"));
@@ -201,7 +201,7 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
     Click(options, "Command1");
   });
   EXPECT_EQ(Settings().GraphTitle, "Korva Panel Review - Strondel");
-  EXPECT_EQ(Settings().GraphSetParams, 1);
+  EXPECT_TRUE(Settings().GraphSetParams);
   EXPECT_FALSE(std::filesystem::exists(bench.State.Places.IniFile));
 
   InOptions([&](QWidget& options) {
@@ -219,7 +219,7 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
     Click(options, "Command2");
   });
   EXPECT_EQ(Settings().GraphTitle, "North panel");
-  EXPECT_EQ(Settings().GraphStyle, 2);
+  EXPECT_EQ(Settings().GraphStyle, CurveStyle::kSymbols);
   EXPECT_EQ(Settings().SymbolSize, 12);
   EXPECT_TRUE(Shown().XAxis.Grid);
   EXPECT_FALSE(Shown().Curves[0].Line);

@@ -57,7 +57,7 @@ TEST(UnitsForm, CopiesItsResultsAndTellsAnOverflow) {
 TEST(ConversionForm, OffersTheOtherUnitsAlone) {
   FormBench bench;
   bench.State.Stored = test::Stored(test::DevelopmentPanel());
-  bench.State.ConvertFileOption = 1;
+  bench.State.ConvertKeepsOriginal = true;
   bench.State.ProjectFileName = "/mine/panel.KVL";
   frmConvert form(bench.Forms);
   form.show();
@@ -71,7 +71,7 @@ TEST(ConversionForm, OffersTheOtherUnitsAlone) {
   EXPECT_EQ(bench.State.Stored.ProjectUnits, kMetric);
   EXPECT_EQ(bench.State.ProjectFileName, "Metric_panel.KVL");
   EXPECT_FALSE(bench.State.ProjectSaved);
-  EXPECT_EQ(bench.State.ConvertFileOption, 1);
+  EXPECT_TRUE(bench.State.ConvertKeepsOriginal);
 }
 
 TEST(ConversionForm, TellsAFailureAndLeavesTheProject) {

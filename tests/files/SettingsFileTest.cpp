@@ -71,9 +71,10 @@ TEST(Settings, EveryKeyIsWrittenAndRead) {
   s.FileMenu.LastFile[2] = s.FileMenu.LastFileLong[2] = "/mine/b.KVL";
   s.FileMenu.LastFileMode[2] = 1;
   s.TextBrowse = {{"System", 7, 0, -1}, "*.TXT", 1};
-  s.Graph.GraphSetParams = 1;
+  s.Graph.GraphSetParams = true;
   s.Graph.GraphUnits = kMetric;
-  s.Graph.GridStyle = s.Graph.GraphStyle = 2;
+  s.Graph.GridStyle = GridLines::kVertical;
+  s.Graph.GraphStyle = CurveStyle::kSymbols;
   s.Graph.CurveLegend = false;
   s.Graph.SymbolSize = 20;
   s.Graph.GraphTitle = "Panel 7";
@@ -146,7 +147,7 @@ TEST(Settings, MissingAndWrongValuesFollowTheirRules) {
   EXPECT_EQ(wrong.DataPath, kMachine.ProductFolder);
   EXPECT_EQ(wrong.FileExtension, "KVL");
   EXPECT_EQ(wrong.FileMenu.MaxLastFiles, 0);
-  EXPECT_EQ(wrong.Graph.GraphStyle, 1);
+  EXPECT_EQ(wrong.Graph.GraphStyle, CurveStyle::kLines);
   EXPECT_EQ(wrong.Graph.SymbolSize, 3);
 }
 

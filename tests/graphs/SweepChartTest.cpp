@@ -61,7 +61,9 @@ TEST(GraphTitles, AreMadeForTheirUnitSystem) {
   EXPECT_EQ(settings.YAxisTitle[1], "Barrier Stability Factor");
   settings.XAxisTitle[kDepthGraph] = "Cover";
   settings.GraphTitle = "Mine";
-  settings.SymbolSize = settings.GridStyle = settings.GraphStyle = 1;
+  settings.SymbolSize = 1;
+  settings.GridStyle = GridLines::kHorizontal;
+  settings.GraphStyle = CurveStyle::kLines;
   settings.CurveLegend = false;
   PrepareTitles(settings, kDepthGraph, kMetric);
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Cover");
@@ -69,11 +71,12 @@ TEST(GraphTitles, AreMadeForTheirUnitSystem) {
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
   EXPECT_EQ(settings.GraphTitle, "Korva Panel Review - Strondel");
   EXPECT_EQ(settings.SymbolSize, 5);
-  EXPECT_TRUE(settings.GridStyle == 0 && settings.GraphStyle == 3 && settings.CurveLegend);
+  EXPECT_TRUE(settings.GridStyle == GridLines::kNone && settings.GraphStyle == CurveStyle::kLinesAndSymbols &&
+              settings.CurveLegend);
   settings.XAxisTitle[kDepthGraph] = "Depth of Cover";  // as a settings file without titles reads
-  settings.GridStyle = 3;
+  settings.GridStyle = GridLines::kBoth;
   PrepareTitles(settings, kDepthGraph, kEnglish);
-  EXPECT_EQ(settings.GridStyle, 3);
+  EXPECT_EQ(settings.GridStyle, GridLines::kBoth);
   EXPECT_EQ(settings.XAxisTitle[kDepthGraph], "Depth of Cover (ft)");
 }
 
@@ -87,8 +90,8 @@ TEST(GraphTitles, OneCurveAloneWithoutAnActiveGob) {
 
 TEST(SweepChart, TakesWhatIsFilledInTheFormatOfTheSettings) {
   GraphSettings settings = Titles();
-  settings.GridStyle = 2;
-  settings.GraphStyle = 2;
+  settings.GridStyle = GridLines::kVertical;
+  settings.GraphStyle = CurveStyle::kSymbols;
   settings.SymbolSize = 9;
   const Chart chart = ChartOf(Line(4), 2, settings, true);
   EXPECT_EQ(chart.SymbolSize, 9);
@@ -275,8 +278,8 @@ TEST(GraphWorkbook, HasTheChartAsItIsShown) {
        {"//pageSetUpPr/@fitToPage", "1"},
        {"concat(count(//col), //col[1]/@min, //col[1]/@max, ' ', //col[1]/@width)", "222 28.7109375"}});
   settings.CurveLegend = false;
-  settings.GridStyle = 2;
-  settings.GraphStyle = 2;
+  settings.GridStyle = GridLines::kVertical;
+  settings.GraphStyle = CurveStyle::kSymbols;
   workbook = GraphWorkbook(ChartOf(Doubtful(), 4, settings, false));
   ExpectPart(workbook, kChartPart,
              {{"count(//c:legend)", "0"},
@@ -288,8 +291,8 @@ TEST(GraphWorkbook, HasTheChartAsItIsShown) {
               {"//c:ser[2]/c:dPt[2]//c:spPr/a:solidFill/a:srgbClr/@val", "FFFFFF"},
               {"//c:ser[3]/c:marker//a:srgbClr/@val", "000000"}});
   ExpectPart(workbook, kPlacePart, {{"//xdr:from/xdr:col", "11"}});
-  settings.GridStyle = 1;
-  settings.GraphStyle = 1;
+  settings.GridStyle = GridLines::kHorizontal;
+  settings.GraphStyle = CurveStyle::kLines;
   Chart half = ChartOf(Line(2), 2, settings, false);
   half.Curves[1].X.clear();
   half.Curves[1].Y.clear();
