@@ -82,7 +82,7 @@ void Evaluate(Korva& korva) {
 }
 
 int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
-  korva.PlotType = call.Plot;
+  korva.PlotType = static_cast<PillarPlot>(call.Plot);
   korva.PlotCaller = kPlanFromResults;
   FillPlotCopies(korva);
   if (const auto refusal = CheckProject(korva.ProjectCalc)) {

@@ -104,19 +104,21 @@ void frmPicture::BuildMenus() {
 
   QMenu& settings = menu("mnuPlotSet", "&Settings");
   auto* choices = new QActionGroup(this);
-  constexpr std::array kPlots = {"&Pillar Dimensions", kStrengthPlot, kCapacityPlot};
-  for (int i = 0; i < static_cast<int>(kPlots.size()); ++i) {
-    QAction* item = AddItem(settings, "mnuPlotSetItem", i, kPlots.at(static_cast<std::size_t>(i)),
-                            [this, i] { ChoosePlot(i); });
+  const auto choice = [&](PillarPlot plot, const char* caption) {
+    QAction* item = AddItem(settings, "mnuPlotSetItem", plot - kPlotDimensions, caption,
+                            [this, plot] { ChoosePlot(plot); });
     item->setCheckable(true);
-    item->setChecked(i == 0);
+    item->setChecked(plot == kPlotDimensions);
     item->setEnabled(session_.State.PlotCaller == kPlanFromResults);
     choices->addAction(item);
-    plots_.at(static_cast<std::size_t>(i)) = item;
-  }
-  plots_[2]->setVisible(request_.ProjectCalc.CalcMode != kLaminatedModel);
+    return item;
+  };
+  choice(kPlotDimensions, "&Pillar Dimensions");
+  choice(kPlotStrength, kStrengthPlot);
+  QAction* capacity = choice(kPlotCapacity, kCapacityPlot);
+  capacity->setVisible(request_.ProjectCalc.CalcMode != kLaminatedModel);
   if (request_.Values && !request_.Values->HasTraditional) {
-    plots_[2]->setEnabled(false);  // of two models only the laminated one ran
+    capacity->setEnabled(false);  // of two models only the laminated one ran
   }
 
   QMenu& zoom = menu("mnuView", "&View");
@@ -132,8 +134,8 @@ void frmPicture::BuildMenus() {
   })->setShortcut(Qt::CTRL | Qt::Key_0);
 }
 
-void frmPicture::ChoosePlot(int index) {
-  request_.PlotType = session_.State.PlotType = index + 1;
+void frmPicture::ChoosePlot(PillarPlot plot) {
+  request_.PlotType = session_.State.PlotType = plot;
   view_->Show(request_);
 }
 

@@ -4,7 +4,6 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
-#include <array>
 #include <functional>
 
 #include "desktop/support/Session.h"
@@ -41,7 +40,7 @@ class frmPicture final : public QMainWindow {
   void BuildMenus();
   QAction* AddItem(QMenu& menu, const char* array, int index, const char* caption,
                    const std::function<void()>& command);
-  void ChoosePlot(int index);
+  void ChoosePlot(PillarPlot plot);
   void StepFont(int direction);
   void Copy();
   void Print();
@@ -56,7 +55,6 @@ class frmPicture final : public QMainWindow {
   PlanRequest request_;  // as it was when the window opened
   PlanView* view_ = nullptr;
   QLabel* picTMPCopy_ = nullptr;
-  std::array<QAction*, 3> plots_{};
   QSize squared_;     // the size last made square
   QTimer settle_;     // waits for the window manager after maximising
   int attempts_ = 0;  // that are left at the size after it

@@ -8,10 +8,6 @@
 
 namespace korva {
 
-// Which window opened the plan, as PlotCaller holds it.
-inline constexpr int kPlanFromForm = 1;
-inline constexpr int kPlanFromResults = 2;
-
 // What the plan view is asked to draw: the working copy in PlotType, by the options. Values of the last run
 // belong to it only if the results window asks. Without `full` it is outlines alone.
 PlanRequest PlanRequestOf(const Korva& korva, bool full);

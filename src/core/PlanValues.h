@@ -8,6 +8,18 @@
 
 namespace korva {
 
+// What stands in the pillars of the plan, by its number in the command.
+enum PillarPlot : int {
+  kPlotDimensions = 1,
+  kPlotStrength,
+  kPlotCapacity,
+  kPlotSideStress,
+  kPlotTotalStress
+};
+
+// Which window opened the plan.
+enum PlanOpener : int { kPlanFromForm = 1, kPlanFromResults };
+
 // Strengths and stresses carry StressLabel, capacities LoadLabel. What a run did not compute is marked and
 // shown nowhere.
 struct PlanValues {

@@ -15,13 +15,6 @@
 
 namespace korva {
 
-// What stands in the pillars, as PlotType holds it.
-inline constexpr int kPlotDimensions = 1;
-inline constexpr int kPlotStrength = 2;
-inline constexpr int kPlotCapacity = 3;
-inline constexpr int kPlotSideStress = 4;
-inline constexpr int kPlotTotalStress = 5;
-
 // Names of plots, in the menu and as titles.
 inline constexpr const char* kStrengthPlot = "Unit Pillar Strength";
 inline constexpr const char* kCapacityPlot = "Pillar Load Bearing Capacity";
@@ -44,7 +37,7 @@ struct PlanRequest {
   UnitSystem Units = kEnglish;
   PlanOptions Geometry;
   OptionSettings Options;  // which dimensions are drawn
-  int PlotType = kPlotDimensions;
+  PillarPlot PlotType = kPlotDimensions;
   std::optional<PlanValues> Values;  // of the last run
   bool Full = true;                  // false: outlines alone
   double TextShare = kPlanTextShare;
@@ -83,7 +76,7 @@ struct Plan {
 Drawing PictureOf(const Plan& plan);
 
 // Draws the plan. Nothing if the panel has no extent ("Invalid Pillar Dimensions"). Run-time error 6 or 11 if
-// a coordinate cannot be had, 5 for a plot type that does not exist.
+// a coordinate cannot be had.
 std::optional<Plan> DrawPlan(const PlanRequest& request);
 
 // The caption of a plot type, with the units of its values.

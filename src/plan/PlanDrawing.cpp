@@ -136,8 +136,6 @@ std::string PlanCaption(const PlanRequest& request) {
     case kPlotTotalStress:
       text = "Individual Pillar Stresses - Total" + values.StressLabel;
       break;
-    default:
-      throw RuntimeError(ErrorNumber::kInvalidCall, fmt::format("the plot type {}", request.PlotType));
   }
   return fmt::format("{}: {}.  Entries shown from left to right.",
                      request.ProjectCalc.CalcMode != kTraditionalModel ? "KORVA-STROND" : "KORVA", text);

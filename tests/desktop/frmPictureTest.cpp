@@ -35,7 +35,7 @@ class PlanWindow : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  frmPicture& OpenFor(int caller) {
+  frmPicture& OpenFor(PlanOpener caller) {
     bench_.State.PlotCaller = caller;
     window_ = frmPicture::Open(bench_.Forms, opener_);
     return *window_;
@@ -71,7 +71,7 @@ TEST_F(PlanWindow, SettingsChooseWhatThePillarsShow) {
   EXPECT_TRUE(Item("mnuPlotSetItem(0)").isChecked());
   EXPECT_EQ(View().Request().Title.Model, "traditional");
   Item("mnuPlotSetItem(2)").trigger();
-  EXPECT_EQ(bench_.State.PlotType, 3);
+  EXPECT_EQ(bench_.State.PlotType, kPlotCapacity);
   EXPECT_TRUE(Item("mnuPlotSetItem(2)").isChecked());
   EXPECT_FALSE(Item("mnuPlotSetItem(0)").isChecked());
   EXPECT_EQ(View().Request().PlotType, kPlotCapacity);
