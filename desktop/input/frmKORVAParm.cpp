@@ -52,7 +52,7 @@ void frmKORVAParm::Load() {
   const bool knownModel = SetArrayIndex(ui_.optLam, static_cast<int>(texts.CalcMode));
   const bool knownCondition = SetArrayIndex(ui_.optAnal, static_cast<int>(texts.LoadingCondition));
   for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
-    ui_.checks[i]->setChecked(texts.Flags[i] == 1);
+    ui_.checks[i]->setChecked(texts.Flags[i]);
   }
   ui_.txtNumberEntries->Fill(texts.NumberEntries);
   const int entries = EntriesOf(texts);
@@ -72,8 +72,8 @@ void frmKORVAParm::Load() {
   loading_ = false;
   UpdateArch();
   UpdateAMZ();
-  ui_.Box(&Project::ArchFactor).setEnabled(texts[&Project::ArchAuto] == 0);
-  ui_.Box(&Project::BreadthAMZ).setEnabled(texts[&Project::AMZAuto] == 0);
+  ui_.Box(&Project::ArchFactor).setEnabled(!texts[&Project::ArchAuto]);
+  ui_.Box(&Project::BreadthAMZ).setEnabled(!texts[&Project::AMZAuto]);
   UpdateRowState(&Project::BarrierFirstGob, &Project::RowC);
   UpdateRowState(&Project::BarrierSecondGob, &Project::RowD);
   opened_ = Texts();
@@ -85,7 +85,7 @@ ParameterTexts frmKORVAParm::Texts() const {
     texts.Numbers[i] = ui_.boxes[i]->Text();
   }
   for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
-    texts.Flags[i] = ui_.checks[i]->isChecked() ? 1 : 0;
+    texts.Flags[i] = ui_.checks[i]->isChecked();
   }
   for (int i = 1; i <= kMaxRows; ++i) {
     texts.XcutCenters[i] = ui_.txtXcutCenters[i]->Text();

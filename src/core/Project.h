@@ -20,7 +20,8 @@ inline constexpr double kPcfPerKNm3 = 6.3663022639200495;
 inline constexpr double kRadiansPerDegree = 0.017453292519943278;
 
 // All lengths in ft or m, strengths in psi or MPa, unit weight in pcf or kN/m3, angles in degrees, by the
-// unit system of the project. Flags hold 1 and 0. The values here are those of an empty English project.
+// unit system of the project. Flags hold 1 and 0, or what a file had. The values here are those of an empty
+// English project.
 struct Project {
   double EntryHeight = 0;
   double DepthCover = 0;
@@ -75,6 +76,15 @@ inline bool HasFirstSideGob(const Project& project) {
 }
 inline bool HasSecondSideGob(const Project& project) {
   return HasSecondSideGob(project.LoadingCondition);
+}
+
+// Whether a flag of the record is set: at exactly 1.
+constexpr bool IsSet(int flag) {
+  return flag == 1;
+}
+// Whether a run computes the arch factor: unless its flag is 0.
+inline bool ComputesArch(const Project& project) {
+  return project.ArchAuto != 0;
 }
 
 // The record of an empty project. LoadingConditionAux is the caller's to carry over.

@@ -49,7 +49,7 @@ std::optional<std::string> FaultOf(const ParameterTexts& texts, std::size_t fiel
 Refusal CheckFrame(const ParameterTexts& texts, ParameterFrame frame) {
   for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
     const NumberField& field = kNumberFields[i];
-    if (field.Frame != frame || (field.OnlyWith && texts[*field.OnlyWith] != 1)) {
+    if (field.Frame != frame || (field.OnlyWith && !texts[*field.OnlyWith])) {
       continue;
     }
     if (const auto fault = FaultOf(texts, i)) {
@@ -64,10 +64,10 @@ Refusal CheckSlabCuts(const ParameterTexts& t) {
   if (!HasFirstSideGob(t.LoadingCondition)) {
     return std::nullopt;
   }
-  if (t[&Project::RowA] == 1 && Number(t, &Project::SlabcutFirstGob) > 0) {
+  if (t[&Project::RowA] && Number(t, &Project::SlabcutFirstGob) > 0) {
     return Refused(RowOf(&Project::SlabcutFirstGob), kSlabCutAtRowA, RefusalKind::kLogic);
   }
-  if (t[&Project::RowB] == 1 && Number(t, &Project::SlabcutSecondGob) > 0) {
+  if (t[&Project::RowB] && Number(t, &Project::SlabcutSecondGob) > 0) {
     return Refused(RowOf(&Project::SlabcutFirstGob), kSlabCutAtRowB, RefusalKind::kLogic);
   }
   return std::nullopt;

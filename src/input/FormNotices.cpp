@@ -23,7 +23,7 @@ std::vector<FormNotice> FormNotices(const Project& p) {
         {"pillars without length",
          "the pillars have no length: the crosscut spacing leaves nothing beside the entry width"});
   }
-  if (p.ArchAuto == 0 && p.ArchFactor < kLeastArchFactorSingle) {
+  if (!ComputesArch(p) && p.ArchFactor < kLeastArchFactorSingle) {
     notices.push_back({"arch factor below 0.28",
                        fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
                                    GeneralText(p.ArchFactor))});

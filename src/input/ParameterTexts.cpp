@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "core/Format.h"
@@ -40,7 +41,7 @@ ParameterTexts TextsOfProject(const Project& project) {
     texts.Numbers[i] = ShownText(kNumberFields[i], project);
   }
   for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
-    texts.Flags[i] = project.*kFlagFields[i].Member != 0 ? 1 : 0;
+    texts.Flags[i] = project.*kFlagFields[i].Member != 0;
   }
   texts.NumberEntries = std::to_string(project.NumberEntries);
   for (int i = 1; i <= kMaxRows; ++i) {
@@ -53,7 +54,7 @@ ParameterTexts TextsOfProject(const Project& project) {
 
 int EntriesOf(const ParameterTexts& texts) {
   const double entries = std::nearbyint(FieldNumber(texts.NumberEntries));
-  return std::fabs(entries) <= 32767 ? static_cast<int>(entries) : 0;
+  return std::fabs(entries) <= std::numeric_limits<std::int16_t>::max() ? static_cast<int>(entries) : 0;
 }
 
 void StoreParameters(const ParameterTexts& texts, Project& project) {
@@ -65,7 +66,7 @@ void StoreParameters(const ParameterTexts& texts, Project& project) {
     }
   }
   for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
-    project.*kFlagFields[i].Member = texts.Flags[i];
+    project.*kFlagFields[i].Member = texts.Flags[i] ? 1 : 0;
   }
   project.NumberEntries = EntriesOf(texts);
   for (int i = 1; i <= LastCenter(project.NumberEntries); ++i) {

@@ -9,10 +9,10 @@
 
 namespace korva {
 
-// Texts by the rows of the table, check boxes as 0 or 1, options as the value of the one chosen.
+// Texts by the rows of the table, check boxes, options as the value of the one chosen.
 struct ParameterTexts {
   std::array<std::string, kNumberFields.size()> Numbers;
-  std::array<int, kFlagFields.size()> Flags{};
+  std::array<bool, kFlagFields.size()> Flags{};
   std::string NumberEntries;
   IndexedArray<std::string, 1, kMaxRows> XcutCenters;
   PanelLoading LoadingCondition = PanelLoading::kDevelopmentLoad;
@@ -21,8 +21,8 @@ struct ParameterTexts {
   // By the record's member.
   std::string& operator[](NumberIndex field) { return Numbers[field.At]; }
   const std::string& operator[](NumberIndex field) const { return Numbers[field.At]; }
-  int& operator[](FlagIndex field) { return Flags[field.At]; }
-  int operator[](FlagIndex field) const { return Flags[field.At]; }
+  bool& operator[](FlagIndex field) { return Flags[field.At]; }
+  bool operator[](FlagIndex field) const { return Flags[field.At]; }
 
   bool operator==(const ParameterTexts&) const = default;
 };

@@ -55,7 +55,7 @@ void DistributeSideLoad(const WorkValues& w, Results& r, int c, int k, IndexedAr
 
 void LeaveRows(const WorkValues& w, Results& r, const ArithmeticWatch& watch) {
   for (int j = kFirstSide; j <= kSecondSide; ++j) {
-    if (w.LeaveRow[j] == 1) {
+    if (w.LeaveRow[j]) {
       const double width = w.LeaveRowWidth[j];
       r.RowStrength[j] = PillarStrengthOf(width, w.XcutClear, w.EntryHeight, w.CoalStress);
       r.RowCapacity[j] = width * r.RowStrength[j] * w.XcutClear;

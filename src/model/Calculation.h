@@ -80,9 +80,9 @@ struct WorkValues {
   ByGob<double> GobAngle;
   BySide<double> BarrierWidth;
   BySide<double> SlabDepth;  // 0 in the development case
-  ByStage<double> LeaveRow;  // rows A to D; a row is left when the value is exactly 1
+  ByStage<bool> LeaveRow;    // rows A to D
   BySide<double> LeaveRowWidth;
-  int ArchAuto = 1;
+  bool ArchAuto = true;
   float ArchFactor = 1;
   RunLoading LoadCond = kUnknown;
 

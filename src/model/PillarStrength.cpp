@@ -57,11 +57,11 @@ void NetPanel(const WorkValues& w, Results& r, const ArithmeticWatch& watch) {
   int firstRow = 1;
   int lastRow = w.NumRows;
   r.NetPanelWidth = w.PanelWidth;
-  if (w.LeaveRow[kRowA] == 1) {
+  if (w.LeaveRow[kRowA]) {
     r.NetPanelWidth -= w.EntryCenters[1];
     firstRow = 2;
   }
-  if (w.LeaveRow[kRowB] == 1) {
+  if (w.LeaveRow[kRowB]) {
     r.NetPanelWidth -= w.EntryCenters[w.NumRows];
     lastRow = w.NumRows - 1;
   }

@@ -27,10 +27,10 @@ void FillGobs(const Project& p, WorkValues& w) {
 }
 
 void FillLeaveRows(const Project& p, WorkValues& w) {
-  w.LeaveRow[kRowA] = p.RowA;
-  w.LeaveRow[kRowB] = p.RowB;
-  w.LeaveRow[kFirstSide] = p.RowC;
-  w.LeaveRow[kSecondSide] = p.RowD;
+  w.LeaveRow[kRowA] = IsSet(p.RowA);
+  w.LeaveRow[kRowB] = IsSet(p.RowB);
+  w.LeaveRow[kFirstSide] = IsSet(p.RowC);
+  w.LeaveRow[kSecondSide] = IsSet(p.RowD);
   w.LeaveRowWidth[kFirstSide] = static_cast<double>(p.WidthRowC);
   w.LeaveRowWidth[kSecondSide] = static_cast<double>(p.WidthRowD);
 }
@@ -78,7 +78,7 @@ Prepared PrepareCalculation(const Project& p, UnitSystem units) {
   watch.Step("PanelWidth");
   FillGobs(p, w);
   FillLeaveRows(p, w);
-  w.ArchAuto = p.ArchAuto;
+  w.ArchAuto = ComputesArch(p);
   w.ArchFactor = p.ArchFactor;
   prepared.Run.Out.Fpa = p.ArchFactor;
   w.LoadCond = RunLoadingOf(p.LoadingCondition);

@@ -52,7 +52,7 @@ bool Fails(Calculation& calculation) {
 }  // namespace
 
 float CalcArchFactor(const WorkValues& w) {
-  if (w.ArchAuto == 0) {
+  if (!w.ArchAuto) {
     return w.ArchFactor;
   }
   float width = 0;

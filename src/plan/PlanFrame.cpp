@@ -129,8 +129,8 @@ double PlanFrame::Length(const LegendEntry& entry) {
 // Rows A and B are left beside the active gob, rows C and D as bleeder pillars in the side gobs.
 std::string PlanFrame::LeaveRowName() const {
   const Project& p = r_.ProjectCalc;
-  const bool bleeders = (HasFirstSideGob(p) && p.RowC == 1) || (HasSecondSideGob(p) && p.RowD == 1);
-  const bool leaves = p.RowA == 1 || p.RowB == 1;
+  const bool bleeders = (HasFirstSideGob(p) && IsSet(p.RowC)) || (HasSecondSideGob(p) && IsSet(p.RowD));
+  const bool leaves = IsSet(p.RowA) || IsSet(p.RowB);
   return bleeders && leaves ? "Leave and bleeder pillar" : bleeders ? "Bleeder pillar" : "Leave pillar";
 }
 

@@ -98,7 +98,7 @@ class Layout {
   }
 
   bool IsDrawn(int i, int j) const {
-    return j <= kRetreatRow || (i == 1 && p_.RowA == 1) || (i == Lines() && p_.RowB == 1);
+    return j <= kRetreatRow || (i == 1 && IsSet(p_.RowA)) || (i == Lines() && IsSet(p_.RowB));
   }
 
   PlanCorners Corners(int i, int j) const {
@@ -171,7 +171,7 @@ class Layout {
     const double panelSide = 0;
     const double gobSide = panelSide - p_.BarrierFirstGob;
     double edge = gobSide;
-    if (p_.RowC == 1) {
+    if (IsSet(p_.RowC)) {
       const auto width = static_cast<double>(p_.WidthRowC);
       AddBleeders(kFirstSideLine, 1, edge - W() - width, edge - W());
       edge -= W() + width + W();
@@ -186,7 +186,7 @@ class Layout {
     const double panelSide = CentersTo(Lines()) + W();
     const double gobSide = panelSide + p_.BarrierSecondGob;
     double edge = gobSide;
-    if (p_.RowD == 1) {
+    if (IsSet(p_.RowD)) {
       const auto width = static_cast<double>(p_.WidthRowD);
       AddBleeders(kSecondSideLine, Lines(), edge + W(), edge + W() + width);
       edge += W() + width + W();

@@ -81,7 +81,7 @@ class GobTexts {
     const double beside = kBesideText * kBesideLine * pen_.Height();
     std::vector<DrawBox> rooms = {{{textLeft ? x : x + beside, bottom}, {right, top}},
                                   {{0, bottom}, {textLeft ? x - beside : x, top}}};
-    if (p_.RowA != 1 && p_.RowB != 1) {
+    if (!IsSet(p_.RowA) && !IsSet(p_.RowB)) {
       const double edge =
           At(*std::max_element(g_.ActiveGob.begin(), g_.ActiveGob.begin() + std::ptrdiff_t{2} * Lines(),
                                [](auto& a, auto& b) { return a.Y < b.Y; }))

@@ -49,7 +49,7 @@ std::string PillarHint(const PlanRequest& request, const PlanPillar& pillar) {
   const PillarSize size = PillarSizeOf(request, pillar.Line);
   std::string text = fmt::format("Pillar {}, row {}", pillar.Line, pillar.Row);
   if (pillar.Row > kRetreatRow) {
-    text += pillar.Line == 1 && p.RowA == 1 ? ", left as row A" : ", left as row B";
+    text += pillar.Line == 1 && IsSet(p.RowA) ? ", left as row A" : ", left as row B";
   }
   text += "\n" + SizeText(size.Width, size.Length, request.Units);
   std::string of;

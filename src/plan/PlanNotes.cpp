@@ -19,7 +19,7 @@ void AddRowLengths(const PlanRequest& request, std::vector<double>& lengths) {
   const bool widths = sizes || (request.Options.PlotGobDims && request.Units != kMetric);
   for (const int side : {kFirstSideLine, kSecondSideLine}) {
     const bool first = side == kFirstSideLine;
-    if (first ? HasFirstSideGob(p) && p.RowC == 1 : HasSecondSideGob(p) && p.RowD == 1) {
+    if (first ? HasFirstSideGob(p) && IsSet(p.RowC) : HasSecondSideGob(p) && IsSet(p.RowD)) {
       lengths.insert(lengths.end(),
                      {widths ? BleederWidth(p, side) : 0, sizes ? p.XcutSpacing - p.EntryWidth : 0});
     }

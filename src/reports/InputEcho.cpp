@@ -55,10 +55,10 @@ class EchoPage {
     Row("In Situ Coal Strength", p_.CoalStrength, UnitLabel(UnitKind::kStrength, units_));
     Row("Unit Weight of Overburden", p_.UnitWeight, UnitLabel(UnitKind::kUnitWeight, units_));
     Row("Breadth of AMZ", p_.BreadthAMZ, length_);
-    page_.Line(p_.AMZAuto == 1 ? "AMZ set automatically" : "AMZ set manualy");
+    page_.Line(IsSet(p_.AMZAuto) ? "AMZ set automatically" : "AMZ set manualy");
     TextRow("Pressure Arch Factor", GeneralText(p_.ArchFactor));
-    page_.Line(p_.ArchAuto == 1 ? "Pressure Arch Factor set automatically"
-                                : "Pressure Arch Factor set manualy");
+    page_.Line(IsSet(p_.ArchAuto) ? "Pressure Arch Factor set automatically"
+                                  : "Pressure Arch Factor set manualy");
     TextRow("Calculation Mode",
             p_.CalcMode == kTraditionalModel ? "KORVA Traditional Model" : "KORVA-STROND Model");
   }
@@ -94,7 +94,7 @@ class EchoPage {
   void Row(std::string_view label, double value, std::string_view unit) {
     TextRow(label, GeneralText(value), unit);
   }
-  void FlagRow(std::string_view label, int flag) { TextRow(label, NoYes[flag == 1 ? 1 : 0]); }
+  void FlagRow(std::string_view label, int flag) { TextRow(label, NoYes[IsSet(flag) ? 1 : 0]); }
 
   void ActiveGob() {
     page_.Line("[Active Gob]");
@@ -112,7 +112,7 @@ class EchoPage {
     Row("Barrier Pillar Width of First Gob", p_.BarrierFirstGob, length_);
     Row("Depth of Slab Cut in Barrier Pillar of First Gob", p_.SlabcutFirstGob, length_);
     FlagRow("Leave pillar Row 'C' in place", p_.RowC);
-    if (p_.RowC == 1) {
+    if (IsSet(p_.RowC)) {
       TextRow("Width of pillars in row 'C'", GeneralText(p_.WidthRowC), length_);
     }
   }
@@ -124,7 +124,7 @@ class EchoPage {
     Row("Barrier Pillar Width of Second Gob", p_.BarrierSecondGob, length_);
     Row("Depth of Slab Cut in Barrier Pillar of Second Gob", p_.SlabcutSecondGob, length_);
     FlagRow("Leave pillar Row 'D' in place", p_.RowD);
-    if (p_.RowD == 1) {
+    if (IsSet(p_.RowD)) {
       TextRow("Width of pillars in row 'D'", GeneralText(p_.WidthRowD), length_);
     }
   }

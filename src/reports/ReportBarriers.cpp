@@ -26,7 +26,7 @@ std::string SideName(int k) {
 
 // Whether a bleeder row adds to the pillar on side `k`.
 bool HasBleeder(const Project& project, int k) {
-  return (k == kFirstSide ? project.RowC : project.RowD) == 1;
+  return IsSet(k == kFirstSide ? project.RowC : project.RowD);
 }
 
 // The mark behind the row of a pillar that a bleeder row adds to.
@@ -132,7 +132,7 @@ void LeaveRowTable(PageText& page, const OutputResults& output) {
   page.Line(std::string(7, ' '), PadLeft(output.StressLabel, 10), PadLeft(output.LoadLabel, 16),
             PadLeft(output.LoadLabel, 12), PadLeft(output.LoadLabel, 12));
   for (const int j : SideGobs(w.LoadCond)) {
-    if (w.LeaveRow[j] == 1) {
+    if (w.LeaveRow[j]) {
       page.Line(std::string(6, ' '), RowLetters[SideIndex(j)],
                 PadLeft(Format(r.RowStrength[j], "###0.0"), 10), LoadCell(r.RowCapacity[j], 16),
                 LoadCell(r.RowTribLoad[j], 12), LoadCell(r.RowExcess[j], 12), "*");
@@ -168,7 +168,7 @@ std::string ReportRemnants(const OutputResults& output, const Project& project) 
     return page.Take();
   }
   RemnantTables(page, output, project);
-  if (w.LeaveRow[kFirstSide] == 1 || w.LeaveRow[kSecondSide] == 1) {
+  if (w.LeaveRow[kFirstSide] || w.LeaveRow[kSecondSide]) {
     LeaveRowTable(page, output);
   }
   return page.Take();

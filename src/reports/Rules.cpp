@@ -105,7 +105,7 @@ class RuleSet {
   void SettingsRules() {
     const Project& p = project_;
     const RunLoading lc = work_.LoadCond;
-    SetIf(Rule::kEnteredBreadth, p.AMZAuto != 1);
+    SetIf(Rule::kEnteredBreadth, !IsSet(p.AMZAuto));
     SetIf(Rule::kOtherUnitWeight, Differs(p.UnitWeight, kDataBaseUnitWeight));
     SetIf(Rule::kOtherCoalStrength, Differs(p.CoalStrength, kDataBaseStrength));
     SetIf(Rule::kOtherAbutmentAngles,
@@ -113,7 +113,7 @@ class RuleSet {
               (Differs(p.AbutmentAngleFirstGob, kDataBaseAngle) && lc >= kOneSideGob) ||
               (Differs(p.AbutmentAngleSecondGob, kDataBaseAngle) && lc == kTwoSideGobs));
     SetIf(Rule::kTwoSideGobsDeep, lc == kTwoSideGobs);
-    SetIf(Rule::kEnteredArchFactor, p.ArchAuto != 1);
+    SetIf(Rule::kEnteredArchFactor, !IsSet(p.ArchAuto));
     SetIf(Rule::kArchInUse, p.ArchFactor < 1);
   }
 

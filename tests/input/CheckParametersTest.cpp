@@ -139,7 +139,7 @@ TEST(ParameterTexts, GoThereAndBackAndTellChanges) {
   }
   for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
     other = texts;
-    other.Flags[i] = 1 - other.Flags[i];
+    other.Flags[i] = !other.Flags[i];
     EXPECT_TRUE(ParametersChanged(other, panel)) << i;
   }
   other = texts;
