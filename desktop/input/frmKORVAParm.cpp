@@ -132,8 +132,8 @@ bool frmKORVAParm::CheckAndShow() {
 // condition is chosen.
 void frmKORVAParm::ShowHidden(FieldBox& box) {
   for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
-    if (ui_.boxes[i] == &box && kNumberFields[i].OnlyWith) {
-      ui_.Check(*kNumberFields[i].OnlyWith).show();
+    if (const auto flag = FlagThatShows(kNumberFields[i]); flag && ui_.boxes[i] == &box) {
+      ui_.checks[*flag]->show();
     }
   }
   for (QLabel* label : findChildren<QLabel*>()) {

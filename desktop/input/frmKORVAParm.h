@@ -49,9 +49,8 @@ class frmKORVAParm final : public QDialog {
   void CenterChanged(int index);
   void EntriesChosen();
   void ApplyEqual();
-  void AutomaticClicked(FlagIndex check, NumberIndex box, std::string_view warning);
-  void RowClicked(FlagIndex check, NumberIndex slabCut, std::string_view message);
-  void UpdateRowWidth(NumberIndex width);
+  void FlagClicked(std::size_t field);
+  void ShowRowWidth(std::size_t field);
   void UpdateRowState(NumberIndex barrier, FlagIndex check);
   void ShowEntryFields(int entries);
   void ShowConditionFields();

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "desktop/plan/SchematicView.h"
+#include "input/ParameterTexts.h"
 #include "plan/PanelPicture.h"
 
 namespace korva::desktop {
@@ -48,7 +49,7 @@ FieldBox* frmKORVAParmControls::NewBox(const NumberField& field, const QString& 
   auto* box = new FieldBox(name, field.Length, &form_);
   const QString unit = field.Unit ? FromUtf8(UnitLabel(*field.Unit, units_)) : QString();
   box->Explain(caption, QStringLiteral("%1%2. Accepted: %3.")
-                            .arg(QLatin1String(field.Meaning), unit, QLatin1String(field.Range.Words)));
+                            .arg(QLatin1String(field.Meaning), unit, FromUtf8(AcceptedText(field))));
   box->HoldNumber();
   SetColumns(*box, kLongestNumber);
   order_.push_back(box);
@@ -141,15 +142,12 @@ QGroupBox* frmKORVAParmControls::BleederFrame() {
     }
     QCheckBox* check = NewCheck(i);
     KeepPlace(*check);
-    const auto width =
-        std::find_if(kNumberFields.begin(), kNumberFields.end(),
-                     [i](const NumberField& field) { return field.OnlyWith && field.OnlyWith->At == i; });
-    if (width == kNumberFields.end()) {
+    if (kFlagFields[i].Role != FlagRole::kShows) {
       grid->addWidget(check, 0, column++);
       continue;
     }
     grid->addWidget(check, ++line, 0);
-    const auto field = static_cast<std::size_t>(width - kNumberFields.begin());
+    const std::size_t field = PlaceOf(kFlagFields[i].Number);
     AddBox(*grid, field, line, 1);
     KeepPlace(*labels[field]);
     KeepPlace(*boxes[field]);

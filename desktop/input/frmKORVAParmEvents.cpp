@@ -72,20 +72,11 @@ void frmKORVAParm::WireChecks() {
   };
   connect(ui_.Combo1, &QComboBox::currentIndexChanged, this, &frmKORVAParm::EntriesChosen);
   toggled(*ui_.chkEqual, [this] { ApplyEqual(); });
-  toggled(ui_.Check(&Project::AMZAuto), [this] {
-    AutomaticClicked(&Project::AMZAuto, &Project::BreadthAMZ, kBreadthWarning);
-    UpdateAMZ();
-  });
-  toggled(ui_.Check(&Project::ArchAuto), [this] {
-    AutomaticClicked(&Project::ArchAuto, &Project::ArchFactor, kArchFactorWarning);
-    UpdateArch();
-  });
-  toggled(ui_.Check(&Project::RowA),
-          [this] { RowClicked(&Project::RowA, &Project::SlabcutFirstGob, kRowAWithSlabCut); });
-  toggled(ui_.Check(&Project::RowB),
-          [this] { RowClicked(&Project::RowB, &Project::SlabcutSecondGob, kRowBWithSlabCut); });
-  toggled(ui_.Check(&Project::RowC), [this] { UpdateRowWidth(&Project::WidthRowC); });
-  toggled(ui_.Check(&Project::RowD), [this] { UpdateRowWidth(&Project::WidthRowD); });
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    toggled(*ui_.checks[i], [this, i] { FlagClicked(i); });
+  }
+  toggled(ui_.Check(&Project::AMZAuto), [this] { UpdateAMZ(); });
+  toggled(ui_.Check(&Project::ArchAuto), [this] { UpdateArch(); });
 }
 
 void frmKORVAParm::WireConditions() {
@@ -208,28 +199,35 @@ void frmKORVAParm::ShowEntryFields(int entries) {
   }
 }
 
-void frmKORVAParm::AutomaticClicked(FlagIndex check, NumberIndex box, std::string_view warning) {
-  const bool automatic = ui_.Check(check).isChecked();
-  if (!loading_ && !automatic) {
-    Say(FormWarning(warning));
+void frmKORVAParm::FlagClicked(std::size_t field) {
+  const FlagField& row = kFlagFields[field];
+  QCheckBox& check = *ui_.checks[field];
+  FieldBox& box = *ui_.boxes[PlaceOf(row.Number)];
+  switch (row.Role) {
+    case FlagRole::kComputes:
+      if (!loading_ && !check.isChecked()) {
+        Say(FormWarning(row.Warning));
+      }
+      box.setEnabled(!check.isChecked());
+      return;
+    case FlagRole::kExcludes:
+      if (check.isChecked() && FieldNumber(box.Text()) > 0) {
+        Say(std::string(row.Warning));
+        check.setChecked(false);
+      }
+      ShowPanelPicture();
+      return;
+    case FlagRole::kShows:
+      ShowRowWidth(field);
   }
-  ui_.Box(box).setEnabled(!automatic);
 }
 
-void frmKORVAParm::RowClicked(FlagIndex check, NumberIndex slabCut, std::string_view message) {
-  QCheckBox& row = ui_.Check(check);
-  if (row.isChecked() && FieldNumber(ui_.Box(slabCut).Text()) > 0) {
-    Say(std::string(message));
-    row.setChecked(false);
-  }
-  ShowPanelPicture();
-}
-
-void frmKORVAParm::UpdateRowWidth(NumberIndex width) {
-  const QCheckBox& check = ui_.Check(*RowOf(width).OnlyWith);
+void frmKORVAParm::ShowRowWidth(std::size_t field) {
+  const QCheckBox& check = *ui_.checks[field];
+  const std::size_t width = PlaceOf(kFlagFields[field].Number);
   const bool left = check.isChecked() && !check.isHidden();
-  ui_.Label(width).setVisible(left);
-  ui_.Box(width).setVisible(left);
+  ui_.labels[width]->setVisible(left);
+  ui_.boxes[width]->setVisible(left);
   ShowPanelPicture();
 }
 
@@ -254,8 +252,8 @@ void frmKORVAParm::ShowConditionFields() {
   ui_.fraSecond->setVisible(second);
   ui_.Check(&Project::RowC).setVisible(first);
   ui_.Check(&Project::RowD).setVisible(second);
-  UpdateRowWidth(&Project::WidthRowC);
-  UpdateRowWidth(&Project::WidthRowD);
+  ShowRowWidth(FlagIndex(&Project::RowC).At);
+  ShowRowWidth(FlagIndex(&Project::RowD).At);
 }
 
 void frmKORVAParm::ShowPanelPicture() {

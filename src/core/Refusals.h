@@ -31,6 +31,12 @@ inline constexpr std::string_view kSlabCutAtRowA =
 inline constexpr std::string_view kSlabCutAtRowB =
     "Cannot take slab cut from second side barrier when Row B pillars are left";
 
+// Of the form, where the row is chosen after the slab cut.
+inline constexpr std::string_view kRowAWithSlabCut =
+    "Cannot leave Row A pillars when a slab cut is taken from the first side barrier";
+inline constexpr std::string_view kRowBWithSlabCut =
+    "Cannot leave Row B pillars when a slab cut is taken from the second side barrier";
+
 // Of the check, and of the form.
 inline constexpr std::string_view kInvalidCoalStrength = "Invalid coal strength";
 inline constexpr std::string_view kInvalidInSituStrength = "Invalid in situ coal strength";

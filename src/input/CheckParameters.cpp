@@ -49,7 +49,8 @@ std::optional<std::string> FaultOf(const ParameterTexts& texts, std::size_t fiel
 Refusal CheckFrame(const ParameterTexts& texts, ParameterFrame frame) {
   for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
     const NumberField& field = kNumberFields[i];
-    if (field.Frame != frame || (field.OnlyWith && !texts[*field.OnlyWith])) {
+    const auto flag = FlagThatShows(field);
+    if (field.Frame != frame || (flag && !texts.Flags[*flag])) {
       continue;
     }
     if (const auto fault = FaultOf(texts, i)) {

@@ -1,6 +1,6 @@
 // The parameters form, a row a field: what is shown of it, what it takes, and the record's member. Controls,
 // tab order, tool tips, plain checks, warnings, filling and storing follow from the rows; a further number is
-// a row here and a member of the record.
+// a row here, a member of the record and a line of the project file's table.
 #pragma once
 
 #include <array>
@@ -42,27 +42,40 @@ constexpr const FrameRow& RowOf(ParameterFrame frame) {
   return kParameterFrames[static_cast<std::size_t>(frame)];
 }
 
-// A check box.
+using NumberMember = std::variant<double Project::*, float Project::*>;
+
+// What a check box does to a number: it has it computed, allows none above 0, or makes it count.
+enum class FlagRole { kComputes, kExcludes, kShows };
+
 struct FlagField {
   int Project::*Member;
   ParameterFrame Frame;
   const char* Control;
   const char* Caption;
   const char* Meaning;
+  FlagRole Role;
+  NumberMember Number;
+  std::string_view Warning = {};  // where the number is no longer computed, or is not 0
 };
 inline constexpr auto kFlagFields = std::to_array<FlagField>({
     {&Project::AMZAuto, ParameterFrame::kZone, "chkAMZ", "Set AMZ automatically",
-     "5 times the square root of the depth of cover in feet"},
+     "5 times the square root of the depth of cover in feet", FlagRole::kComputes, &Project::BreadthAMZ,
+     kBreadthWarning},
     {&Project::ArchAuto, ParameterFrame::kArch, "chkArch", "Set arch factor automatically",
-     "From the ratio of depth of cover to panel width"},
+     "From the ratio of depth of cover to panel width", FlagRole::kComputes, &Project::ArchFactor,
+     kArchFactorWarning},
     {&Project::RowA, ParameterFrame::kBleeder, "chkRowA", "Row A",
-     "Leave the pillar row beside the first side in place"},
+     "Leave the pillar row beside the first side in place", FlagRole::kExcludes, &Project::SlabcutFirstGob,
+     kRowAWithSlabCut},
     {&Project::RowB, ParameterFrame::kBleeder, "chkRowB", "Row B",
-     "Leave the pillar row beside the second side in place"},
+     "Leave the pillar row beside the second side in place", FlagRole::kExcludes, &Project::SlabcutSecondGob,
+     kRowBWithSlabCut},
     {&Project::RowC, ParameterFrame::kBleeder, "chkRowC", "Row C",
-     "Leave a bleeder row beside the first barrier, in the first side gob"},
+     "Leave a bleeder row beside the first barrier, in the first side gob", FlagRole::kShows,
+     &Project::WidthRowC},
     {&Project::RowD, ParameterFrame::kBleeder, "chkRowD", "Row D",
-     "Leave a bleeder row beside the second barrier, in the second side gob"},
+     "Leave a bleeder row beside the second barrier, in the second side gob", FlagRole::kShows,
+     &Project::WidthRowD},
 });
 
 // The place of a check box in its table, by the record's member. A member without a row does not compile.
@@ -76,30 +89,24 @@ struct FlagIndex {
   std::size_t At;
 };
 
-// What a field takes, in the words of the tool tip and as a range. Bounds that other fields set are the
-// check's part.
+// What a field takes. Bounds that other fields set are the check's part, and stand here as words.
 struct Accepted {
-  const char* Words;
   double Least = 0;
   bool LeastToo = false;
   double Greatest = std::numeric_limits<double>::infinity();
+  const char* Words = nullptr;
 };
-inline constexpr Accepted kAboveZero = {"above 0"};
-inline constexpr Accepted kZeroOrMore = {"0 or more", 0, true};
-inline constexpr Accepted kWiderThanEntry = {"more than the entry width"};
-inline constexpr Accepted kXcutAngles = {"30 to 90 degrees", kLeastXcutAngle, true, kGreatestXcutAngle};
-inline constexpr Accepted kStrengths = {"above 0; the data base used 900 psi (6.21 MPa)"};
-inline constexpr Accepted kUnitWeights = {"above 0; the data base used 162 pcf (25.45 kN/m3)"};
-inline constexpr Accepted kArchFactors = {"0.28 to 1", kLeastArchFactor, true, kGreatestArchFactor};
-inline constexpr Accepted kAbutmentAngles = {"0 to 90 degrees; the data base used 21", 0, true,
-                                             kGreatestAbutmentAngle};
-inline constexpr Accepted kSlabCuts = {"0 to the width of the barrier pillar", 0, true};
+inline constexpr Accepted kAboveZero;
+inline constexpr Accepted kZeroOrMore = {0, true};
+inline constexpr Accepted kWiderThanEntry = {.Words = "more than the entry width"};
+inline constexpr Accepted kXcutAngles = {kLeastXcutAngle, true, kGreatestXcutAngle};
+inline constexpr Accepted kArchFactors = {kLeastArchFactor, true, kGreatestArchFactor};
+inline constexpr Accepted kAbutmentAngles = {0, true, kGreatestAbutmentAngle};
+inline constexpr Accepted kSlabCuts = {.LeastToo = true, .Words = "0 to the width of the barrier pillar"};
 
 enum class RefusalKind { kRange, kLogic };
 
 inline constexpr std::optional<UnitKind> kNoUnit;
-
-using NumberMember = std::variant<double Project::*, float Project::*>;
 
 // A box of one number.
 struct NumberField {
@@ -116,7 +123,6 @@ struct NumberField {
   const DataBaseValue* Usual = nullptr;  // leaving the box with another value warns
   std::string_view Pattern = {};         // of the shown number; its general form where there is none
   RefusalKind Kind = RefusalKind::kRange;
-  std::optional<FlagIndex> OnlyWith = {};  // the check box that has to be set for the number to count
 };
 
 inline constexpr std::string_view kGeneralForm;
@@ -136,10 +142,10 @@ inline constexpr auto kNumberFields = std::to_array<NumberField>({
      UnitKind::kLength, "Distance from center to center of two neighbouring crosscuts", kWiderThanEntry,
      kInvalidXcutSpacing},
     {&Project::CoalStrength, ParameterFrame::kLoading, "txtCoalStrength", "Label7", "In situ coal strength",
-     6, UnitKind::kStrength, "Strength of the coal in place", kStrengths, kInvalidInSituStrength,
+     6, UnitKind::kStrength, "Strength of the coal in place", kAboveZero, kInvalidInSituStrength,
      &kDataBaseStrength, kShortNumber},
     {&Project::UnitWeight, ParameterFrame::kLoading, "txtUnitWeight", "Label8", "Overburden unit weight", 6,
-     UnitKind::kUnitWeight, "Weight of the rock above the seam", kUnitWeights, kInvalidOverburdenWeight,
+     UnitKind::kUnitWeight, "Weight of the rock above the seam", kAboveZero, kInvalidOverburdenWeight,
      &kDataBaseUnitWeight, kShortNumber},
     {&Project::BreadthAMZ, ParameterFrame::kZone, "txtBreadthAMZ", "label9", "Breadth of AMZ", 6,
      UnitKind::kLength, "Breadth of the active mining zone along the entries", kAboveZero,
@@ -179,11 +185,9 @@ inline constexpr auto kNumberFields = std::to_array<NumberField>({
      "Depth of slab cut in barrier pillar", 5, UnitKind::kLength, kSlabMeaning, kSlabCuts,
      kInvalidSlabcutSecondGob},
     {&Project::WidthRowC, ParameterFrame::kBleeder, "txtWidthC", "lblwidRowC", "Width of row C", 5,
-     UnitKind::kLength, "Width of the pillars of row C", kAboveZero, kInvalidWidthRowC, nullptr, kGeneralForm,
-     RefusalKind::kRange, FlagIndex(&Project::RowC)},
+     UnitKind::kLength, "Width of the pillars of row C", kAboveZero, kInvalidWidthRowC},
     {&Project::WidthRowD, ParameterFrame::kBleeder, "txtWidthD", "lblwidRowD", "Width of row D", 5,
-     UnitKind::kLength, "Width of the pillars of row D", kAboveZero, kInvalidWidthRowD, nullptr, kGeneralForm,
-     RefusalKind::kRange, FlagIndex(&Project::RowD)},
+     UnitKind::kLength, "Width of the pillars of row D", kAboveZero, kInvalidWidthRowD},
 });
 
 // The boxes of the centers, all alike: names and caption are those of number 1 without the number.
@@ -198,19 +202,30 @@ inline constexpr NumberField kCenterField = {static_cast<double Project::*>(null
                                              kWiderThanEntry,
                                              "Invalid entry spacing"};
 
-// The place of a box in its table, as FlagIndex has it.
-struct NumberIndex {
-  consteval NumberIndex(double Project::*member) : NumberIndex(NumberMember(member)) {}
-  consteval NumberIndex(float Project::*member) : NumberIndex(NumberMember(member)) {}
+constexpr std::size_t PlaceOf(NumberMember member) {
+  std::size_t at = 0;
+  while (kNumberFields.at(at).Member != member) {
+    ++at;
+  }
+  return at;
+}
 
-  std::size_t At;
-
- private:
-  consteval explicit NumberIndex(NumberMember member) : At(0) {
-    while (kNumberFields.at(At).Member != member) {
-      ++At;
+// The place of the check box that has to be set for a number to count, or nothing.
+constexpr std::optional<std::size_t> FlagThatShows(const NumberField& number) {
+  for (std::size_t i = 0; i < kFlagFields.size(); ++i) {
+    if (kFlagFields[i].Role == FlagRole::kShows && kFlagFields[i].Number == number.Member) {
+      return i;
     }
   }
+  return std::nullopt;
+}
+
+// The place of a box in its table, as FlagIndex has it.
+struct NumberIndex {
+  consteval NumberIndex(double Project::*member) : At(PlaceOf(member)) {}
+  consteval NumberIndex(float Project::*member) : At(PlaceOf(member)) {}
+
+  std::size_t At;
 };
 constexpr const NumberField& RowOf(NumberIndex field) {
   return kNumberFields[field.At];

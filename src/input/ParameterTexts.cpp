@@ -1,5 +1,7 @@
 #include "input/ParameterTexts.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -55,6 +57,27 @@ ParameterTexts TextsOfProject(const Project& project) {
 int EntriesOf(const ParameterTexts& texts) {
   const double entries = std::nearbyint(FieldNumber(texts.NumberEntries));
   return std::fabs(entries) <= std::numeric_limits<std::int16_t>::max() ? static_cast<int>(entries) : 0;
+}
+
+std::string AcceptedText(const NumberField& field) {
+  const Accepted& range = field.Range;
+  std::string text;
+  if (range.Words != nullptr) {
+    text = range.Words;
+  } else if (std::isfinite(range.Greatest)) {
+    const bool angle = range.Greatest == kGreatestAbutmentAngle;
+    text = fmt::format("{} to {}{}", range.Least, range.Greatest, angle ? " degrees" : "");
+  } else {
+    text = range.LeastToo ? fmt::format("{} or more", range.Least) : fmt::format("above {}", range.Least);
+  }
+  if (const DataBaseValue* usual = field.Usual) {
+    text += fmt::format("; the data base used {}", usual->English);
+    if (field.Unit) {
+      text += fmt::format(" {} ({} {})", BareUnit(UnitLabel(*field.Unit, kEnglish)), usual->Metric,
+                          BareUnit(UnitLabel(*field.Unit, kMetric)));
+    }
+  }
+  return text;
 }
 
 void StoreParameters(const ParameterTexts& texts, Project& project) {

@@ -40,4 +40,7 @@ bool ParametersChanged(const ParameterTexts& texts, const Project& project);
 // The number of entries, rounded half to even; 0 for more than a 16-bit number holds.
 int EntriesOf(const ParameterTexts& texts);
 
+// What a field takes, in words, with the value of the case history data base.
+std::string AcceptedText(const NumberField& field);
+
 }  // namespace korva

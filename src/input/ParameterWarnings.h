@@ -16,9 +16,4 @@ std::string FormWarning(std::string_view text);
 // The warning for a field that has been left, or nothing for the value that the data base was analyzed with.
 std::optional<std::string> WarningOn(std::string_view text, const DataBaseValue& usual, UnitSystem units);
 
-inline constexpr std::string_view kRowAWithSlabCut =
-    "Cannot leave Row A pillars when a slab cut is taken from the first side barrier";
-inline constexpr std::string_view kRowBWithSlabCut =
-    "Cannot leave Row B pillars when a slab cut is taken from the second side barrier";
-
 }  // namespace korva

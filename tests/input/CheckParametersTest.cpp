@@ -159,6 +159,18 @@ TEST(ParameterWarnings, ComeForOtherValuesThanTheDataBases) {
   EXPECT_TRUE(WarningOn("25.45", kDataBaseUnitWeight, kEnglish));
 }
 
+TEST(ParameterTexts, FieldsSayWhatTheyTake) {
+  const auto words = [](NumberIndex field) { return AcceptedText(RowOf(field)); };
+  EXPECT_EQ(words(&Project::EntryWidth), "above 0");
+  EXPECT_EQ(words(&Project::ExtentActiveGob), "0 or more");
+  EXPECT_EQ(words(&Project::XcutAngle), "30 to 90 degrees");
+  EXPECT_EQ(words(&Project::ArchFactor), "0.28 to 1");
+  EXPECT_EQ(words(&Project::SlabcutFirstGob), "0 to the width of the barrier pillar");
+  EXPECT_EQ(words(&Project::AbutmentAngleFirstGob), "0 to 90 degrees; the data base used 21");
+  EXPECT_EQ(words(&Project::CoalStrength), "above 0; the data base used 900 psi (6.21 MPa)");
+  EXPECT_EQ(words(&Project::UnitWeight), "above 0; the data base used 162 pcf (25.45 kN/m3)");
+}
+
 TEST(CheckSettings, RefusesInItsOrder) {
   const auto exists = [](const std::string& folder) { return folder == "/mine/" || folder == "/"; };
   const auto refused = [&](const SettingsTexts& texts) {
