@@ -12,7 +12,8 @@ enum class PanelLoading : int {
   kVoskFirstSideGob = 4   // that the sibling's files hold; a calculation takes it as one side gob
 };
 
-// Whether gobs take part: the active one, and those of the first and the second side.
+// Whether gobs take part: the active one, and those of the first and the second side. Every number beyond
+// these counts as one side gob.
 constexpr bool HasActiveGob(PanelLoading loading) {
   return loading >= PanelLoading::kActiveSection;
 }
@@ -20,7 +21,7 @@ constexpr bool HasFirstSideGob(PanelLoading loading) {
   return loading >= PanelLoading::kWithFirstSideGob;
 }
 constexpr bool HasSecondSideGob(PanelLoading loading) {
-  return loading >= PanelLoading::kWithBothSideGobs;
+  return loading == PanelLoading::kWithBothSideGobs;
 }
 
 }  // namespace korva

@@ -35,7 +35,7 @@ void PrepareTitles(GraphSettings& settings, GraphKind graph, UnitSystem units) {
 
 bool HasBarrierOf(GraphKind graph, const Project& project) {
   if (graph == kSecondBarrierGraph) {
-    return project.BarrierSecondGob > 0 && project.LoadingCondition == PanelLoading::kWithBothSideGobs;
+    return project.BarrierSecondGob > 0 && HasSecondSideGob(project);
   }
   return !IsBarrierGraph(graph) || (project.BarrierFirstGob > 0 && HasFirstSideGob(project));
 }

@@ -107,7 +107,7 @@ std::optional<ParameterRefusal> CheckParameters(const ParameterTexts& texts) {
   refusal = refusal ? refusal : CheckSlabCuts(texts);
   check(Frame::kActiveGob);
   check(Frame::kFirstGob, HasFirstSideGob(texts.LoadingCondition));
-  check(Frame::kSecondGob, texts.LoadingCondition == PanelLoading::kWithBothSideGobs);
+  check(Frame::kSecondGob, HasSecondSideGob(texts.LoadingCondition));
   return refusal ? refusal : CheckEntries(texts);
 }
 

@@ -21,10 +21,11 @@ bool IsAngle(double degrees) {
 
 std::optional<std::string> CheckProject(const Project& p) {
   const bool first = HasFirstSideGob(p);
-  const bool second = HasSecondSideGob(p);
+  const bool second = p.LoadingCondition >= PanelLoading::kWithBothSideGobs;
 
-  // The upper bounds of angles and slab cuts hold even when a gob plays no part, and the slab cut against a
-  // left row is refused on both sides from the first side gob on.
+  // The upper bounds of angles and slab cuts hold even when a gob plays no part, the slab cut against a left
+  // row is refused on both sides from the first side gob on, and a sibling's condition is held to the bounds
+  // of the second side gob, too.
   const Check checks[] = {
       {!(p.EntryHeight > 0), kInvalidEntryHeight},
       {!(p.DepthCover > 0), kInvalidDepthCover},

@@ -75,6 +75,7 @@ TEST(PlanGeometry, GobsReachACommonTopAndSchematicOnesAreTwiceTheirBarrier) {
   const PlanGeometry oneSide = PlanOf(test::AtCondition(p, 2));
   EXPECT_EQ(oneSide.GobDrawn[kFirstGob], 1);
   EXPECT_EQ(oneSide.GobDrawn[kSecondGob], 0);
+  EXPECT_EQ(PlanOf(test::AtCondition(p, 4)).GobDrawn[kSecondGob], 0) << "a sibling's one side gob";
 }
 
 // Row 4 of the first line ends at 360 ft; the cut of 20 ft starts behind the crosscut.
