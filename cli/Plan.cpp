@@ -50,7 +50,7 @@ Json PlanJson(const Plan& plan) {
   }
   Json gobs = Json::array();
   for (const PlanGob& gob : plan.Gobs) {
-    gobs.push_back({{"name", gob.Name}, {"outline", PointsJson(gob.Outline)}});
+    gobs.push_back({{"name", NameOf(gob.Index)}, {"outline", PointsJson(gob.Outline)}});
   }
   return {{"PlanWidth", static_cast<double>(plan.PlanWidth)},
           {"PlanHeight", static_cast<double>(plan.PlanHeight)},

@@ -258,9 +258,9 @@ void frmKORVAParm::ShowConditionFields() {
 
 void frmKORVAParm::ShowPanelPicture() {
   const ParameterTexts texts = Texts();
-  ui_.pictures->setCurrentIndex(PanelPictureIndex(texts.LoadingCondition, texts[&Project::RowA],
-                                                  texts[&Project::RowB], texts[&Project::RowC],
-                                                  texts[&Project::RowD]));
+  ui_.pictures->setCurrentIndex(
+      PanelPictureIndex({texts.LoadingCondition, texts[&Project::RowA], texts[&Project::RowB],
+                         texts[&Project::RowC], texts[&Project::RowD]}));
 }
 
 void frmKORVAParm::WarnOnLeaving(const std::optional<std::string>& warning) {

@@ -53,7 +53,7 @@ struct PlanPillar {
 };
 
 struct PlanGob {
-  std::string_view Name;
+  PlanGobIndex Index = kFirstGob;
   std::vector<PlanPoint> Outline;
 };
 

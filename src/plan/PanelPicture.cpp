@@ -15,19 +15,19 @@ constexpr int kBlock = 4;  // pictures for rows A and B within one choice of row
 
 }  // namespace
 
-int PanelPictureIndex(PanelLoading condition, int rowA, int rowB, int rowC, int rowD) {
-  const int panelRows = (rowA != 0 ? 1 : 0) + (rowB != 0 ? 2 : 0);
-  const int c = rowC != 0 ? 1 : 0;
-  const int d = rowD != 0 ? 1 : 0;
-  switch (condition) {
+int PanelPictureIndex(const PanelPicture& picture) {
+  const int panelRows = (picture.RowA ? 1 : 0) + (picture.RowB ? 2 : 0);
+  const int c = picture.RowC ? 1 : 0;
+  const int d = picture.RowD ? 1 : 0;
+  switch (picture.Condition) {
     case PanelLoading::kActiveSection:
       return kActiveGobBlock + panelRows;
     case PanelLoading::kWithFirstSideGob:
+    case PanelLoading::kVoskFirstSideGob:
       return kOneSideGobBlock + kBlock * c + panelRows;
     case PanelLoading::kWithBothSideGobs:
       return kTwoSideGobsBlock + kBlock * (c + 2 * d) + panelRows;
     case PanelLoading::kDevelopmentLoad:
-    case PanelLoading::kVoskFirstSideGob:
       break;
   }
   return 0;

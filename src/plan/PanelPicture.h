@@ -7,10 +7,6 @@ namespace korva {
 
 inline constexpr int kPanelPictures = 29;
 
-// The index, 0 to 28, of the picture for a loading condition and the rows left (0 or not). A condition that
-// does not exist has picture 0.
-int PanelPictureIndex(PanelLoading condition, int rowA, int rowB, int rowC, int rowD);
-
 // What a picture shows.
 struct PanelPicture {
   PanelLoading Condition = PanelLoading::kDevelopmentLoad;
@@ -19,6 +15,10 @@ struct PanelPicture {
   bool RowC = false;  // bleeder pillars in the first side gob, along its barrier
   bool RowD = false;  // and in the second side gob
 };
+
+// The index, 0 to 28, of the picture that shows it; rows that a condition does not have do not count, and a
+// condition that is not known has picture 0.
+int PanelPictureIndex(const PanelPicture& picture);
 
 // The reverse of the index. Run-time error 9 for an index outside 0 to 28.
 PanelPicture PanelPictureOf(int index);

@@ -141,10 +141,10 @@ Drawing PanelSchematic(const PanelPicture& picture) {
   }
   AddPillars(drawing, picture);
   if (HasFirstSideGob(picture.Condition)) {
-    AddSide(SideBuilder(drawing, false), picture.RowA, picture.RowC, "C", kGobNames.front());
+    AddSide(SideBuilder(drawing, false), picture.RowA, picture.RowC, "C", NameOf(kFirstGob));
   }
   if (HasSecondSideGob(picture.Condition)) {
-    AddSide(SideBuilder(drawing, true), picture.RowB, picture.RowD, "D", kGobNames.back());
+    AddSide(SideBuilder(drawing, true), picture.RowB, picture.RowD, "D", NameOf(kSecondGob));
   }
   if (HasActiveGob(picture.Condition)) {
     AddActiveMiningZone(drawing);

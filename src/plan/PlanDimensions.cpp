@@ -67,17 +67,18 @@ class Dimensions {
   void AddGobDimensions() {
     if (r_.Options.PlotGobDims) {
       const double y = GobDimensionHeight(p_);
-      const auto across = [&](PlanGobIndex gob, double width) {
+      const auto across = [&](PlanGobIndex gob) {
+        const double width = WidthOf(gob, p_);
         if (g_.GobDrawn[gob] && width > 0) {
           const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
           pen_.Across(left, right, y, Whole(width), true);
         }
       };
-      across(kFirstBarrier, p_.BarrierFirstGob);
-      across(kSecondBarrier, p_.BarrierSecondGob);
+      across(kFirstBarrier);
+      across(kSecondBarrier);
       if (!r_.Geometry.SchematicGobs) {
-        across(kFirstGob, p_.ExtentFirstGob);
-        across(kSecondGob, p_.ExtentSecondGob);
+        across(kFirstGob);
+        across(kSecondGob);
       }
       AddSlabCut(kFirstBarrier, p_.SlabcutFirstGob);
       AddSlabCut(kSecondBarrier, p_.SlabcutSecondGob);

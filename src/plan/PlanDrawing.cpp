@@ -76,8 +76,7 @@ void AddMoved(Plan& plan, const PlanGeometry& geometry, int lines, DrawPoint by)
   }
   for (const PlanGobIndex gob : {kFirstGob, kFirstBarrier, kSecondBarrier, kSecondGob}) {
     if (geometry.GobDrawn[gob]) {
-      plan.Gobs.push_back(
-          {kGobNames[static_cast<std::size_t>(gob - kFirstGob)], AllMoved(geometry.Gobs[gob], by)});
+      plan.Gobs.push_back({gob, AllMoved(geometry.Gobs[gob], by)});
     }
   }
   plan.ActiveGob = AllMoved(geometry.ActiveGob, by);

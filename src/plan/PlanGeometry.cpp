@@ -248,6 +248,18 @@ class Layout {
 
 }  // namespace
 
+std::string_view NameOf(PlanGobIndex gob) {
+  static constexpr std::array<std::string_view, 4> kNames = {"First side gob", "First side barrier",
+                                                             "Second side barrier", "Second side gob"};
+  return kNames.at(static_cast<std::size_t>(gob - kFirstGob));
+}
+
+double WidthOf(PlanGobIndex gob, const Project& project) {
+  const std::array widths = {project.ExtentFirstGob, project.BarrierFirstGob, project.BarrierSecondGob,
+                             project.ExtentSecondGob};
+  return widths.at(static_cast<std::size_t>(gob - kFirstGob));
+}
+
 int MiddleLine(const Project& project) {
   return project.NumberEntries / 2 + 1;
 }

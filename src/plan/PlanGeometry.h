@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 #include "core/IndexedArray.h"
@@ -31,6 +32,10 @@ using ByPlanPillar = IndexedArray<IndexedArray<T, 1, kPlanRows>, 1, kPlanLines>;
 
 // Outlines, in the order from left to right.
 enum PlanGobIndex { kFirstGob = 1, kFirstBarrier, kSecondBarrier, kSecondGob };
+
+std::string_view NameOf(PlanGobIndex gob);
+// How far it reaches from side to side.
+double WidthOf(PlanGobIndex gob, const Project& project);
 
 struct PlanBleeder {
   int Side = kFirstSideLine;  // row C or D

@@ -19,8 +19,8 @@ class GobTexts {
       : pen_(pen), r_(request), p_(request.ProjectCalc), g_(geometry) {}
 
   void Add() {
-    AddSideGob(kFirstGob, p_.ExtentFirstGob);
-    AddSideGob(kSecondGob, p_.ExtentSecondGob);
+    AddSideGob(kFirstGob);
+    AddSideGob(kSecondGob);
     AddActiveGob();
   }
 
@@ -28,7 +28,7 @@ class GobTexts {
   int Lines() const { return p_.NumberEntries - 1; }
   double W() const { return p_.EntryWidth; }
 
-  void AddSideGob(PlanGobIndex gob, double extent) {
+  void AddSideGob(PlanGobIndex gob) {
     if (!g_.GobDrawn[gob]) {
       return;
     }
@@ -36,13 +36,13 @@ class GobTexts {
     if (room.Width() < kLeastGob * pen_.Height()) {
       return;
     }
-    std::string name(kGobNames[static_cast<std::size_t>(gob - kFirstGob)]);
+    std::string name(NameOf(gob));
     std::vector<DrawBox> rooms = {room};
     if (r_.Geometry.SchematicGobs) {
-      name.append(", ").append(LengthText(extent, r_.Units)).append(kNotToScale);
+      name.append(", ").append(LengthText(WidthOf(gob, p_), r_.Units)).append(kNotToScale);
     } else if (r_.Options.PlotGobDims) {  // above the dimension's text, or in front of it
       const double line = GobDimensionHeight(p_);
-      const double half = (TextLength(Whole(extent)) / 2 + 1) * pen_.Height();
+      const double half = (TextLength(Whole(WidthOf(gob, p_))) / 2 + 1) * pen_.Height();
       rooms = {{{room.Low.X, line + 2 * kBesideLine * pen_.Height()}, room.High},
                {{room.Low.X, line}, {(room.Low.X + room.High.X) / 2 - half, room.High.Y}}};
     }

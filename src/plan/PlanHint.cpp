@@ -81,15 +81,6 @@ std::string BleederHint(const PlanRequest& request, const PlanBleeder& bleeder) 
   return text;
 }
 
-std::string AreaHint(const PlanRequest& request, std::string_view name) {
-  const Project& p = request.ProjectCalc;
-  const bool first = name.starts_with("First");
-  const bool barrier = name.ends_with("barrier");
-  const double width = barrier ? (first ? p.BarrierFirstGob : p.BarrierSecondGob)
-                               : (first ? p.ExtentFirstGob : p.ExtentSecondGob);
-  return fmt::format("{}\n{}", name, LengthText(width, request.Units));
-}
-
 }  // namespace
 
 std::string PlanHintAt(const PlanRequest& request, const Plan& plan, DrawPoint point) {
@@ -105,7 +96,8 @@ std::string PlanHintAt(const PlanRequest& request, const Plan& plan, DrawPoint p
   }
   for (const PlanGob& gob : plan.Gobs) {
     if (IsInside(gob.Outline, point)) {
-      return AreaHint(request, gob.Name);
+      return fmt::format("{}\n{}", NameOf(gob.Index),
+                         LengthText(WidthOf(gob.Index, request.ProjectCalc), request.Units));
     }
   }
   if (!plan.ActiveGob.empty() && IsInside(plan.ActiveGob, point)) {

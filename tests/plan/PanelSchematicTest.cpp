@@ -27,15 +27,15 @@ double MeanX(const Drawing& drawing, const std::string& words) {
 }
 
 TEST(PanelPicture, IndexAndMeaningAreEachOthersReverse) {
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{0}, 1, 1, 1, 1), 0);
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{1}, 0, 1, 1, 1), 3);
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{2}, 1, 0, 1, 1), 10);
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{3}, 1, 1, 0, 1), 24);
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{3}, 0, 0, 1, 0), 17);
-  EXPECT_EQ(PanelPictureIndex(PanelLoading{-1}, 0, 0, 0, 0), 0);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kDevelopmentLoad, true, true, true, true}), 0);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kActiveSection, false, true, true, true}), 3);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kWithFirstSideGob, true, false, true, true}), 10);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kVoskFirstSideGob, true, false, true, true}), 10);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kWithBothSideGobs, true, true, false, true}), 24);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading::kWithBothSideGobs, false, false, true, false}), 17);
+  EXPECT_EQ(PanelPictureIndex({PanelLoading{-1}}), 0);
   for (int i = 0; i < kPanelPictures; ++i) {
-    const PanelPicture p = PanelPictureOf(i);
-    EXPECT_EQ(PanelPictureIndex(p.Condition, p.RowA, p.RowB, p.RowC, p.RowD), i);
+    EXPECT_EQ(PanelPictureIndex(PanelPictureOf(i)), i);
   }
   EXPECT_THROW(PanelPictureOf(29), RuntimeError);
 }
