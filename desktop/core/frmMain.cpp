@@ -142,7 +142,7 @@ bool frmMain::AcceptDisclaimer() {
 }
 
 void frmMain::Begin(const std::string& file) {
-  FileNew(korva_, true, true);
+  FileNew(korva_);
   Refresh();
   SetGraphMenu();
   show();

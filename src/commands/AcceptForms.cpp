@@ -27,7 +27,7 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
   TakeTexts(texts.Title, texts.Description, korva.Stored);
   if (texts.Units != korva.Stored.ProjectUnits) {
     korva.Stored.ProjectUnits = texts.Units;
-    FileNew(korva, true, false);
+    FileNew(korva, {.ResetUnits = false});
   }
   HistoryLog(korva.SessionHistory, korva.Preferences, "Project Description Modified");
   korva.ProjectSaved = false;

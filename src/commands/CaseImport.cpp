@@ -132,7 +132,7 @@ class DialogImport {
       }
       state_.Row = row;
       if (row == 0) {
-        FileNew(korva_, true, false);
+        FileNew(korva_, {.ResetUnits = false});
         throw RuntimeError(ErrorNumber::kSubscript, "0 imports row 3, and 999 rows 3 to 647");
       }
       if (HoldsCase(sheet, row)) {
@@ -181,7 +181,7 @@ class DialogImport {
 }  // namespace
 
 std::string ImportCase(Korva& korva, const Sheet& sheet, int row, const std::string& folder) {
-  FileNew(korva, true, false);
+  FileNew(korva, {.ResetUnits = false});
   CaseProject read = ReadCase(sheet, row, korva.Stored);
   NormalizeDescription(read.Stored);
   const std::string bytes = FileBytesFromText(ComposeProject(read.Stored));

@@ -52,11 +52,11 @@ bool HasNoName(const std::string& fileName) {
   return upper.empty() || upper == "UNTITLED";
 }
 
-void FileNew(Korva& korva, bool resetName, bool resetUnits) {
-  if (resetUnits) {
+void FileNew(Korva& korva, const NewProject& how) {
+  if (how.ResetUnits) {
     korva.Stored.ProjectUnits = korva.Preferences.DefaultUnits;
   }
-  if (resetName) {
+  if (how.ResetName) {
     korva.ProjectFileName = kUntitled;
   }
   TakeFileName(korva);
@@ -81,7 +81,7 @@ void FileNew(Korva& korva, bool resetName, bool resetUnits) {
 }
 
 bool FileOpen(Korva& korva, MessagePort& messages) {
-  FileNew(korva, false, true);
+  FileNew(korva, {.ResetName = false});
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
   korva.OpenFile.Name = korva.ProjectOwnName;
   korva.OpenFile.Bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
@@ -102,7 +102,7 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
 }
 
 bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
-  FileNew(korva, false, true);
+  FileNew(korva, {.ResetName = false});
   korva.ProjectOwnName = kUntitled;  // whatever is read, it is no project of the sibling's file
   HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
   const std::string bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);

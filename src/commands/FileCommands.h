@@ -9,9 +9,14 @@ namespace korva {
 // Whether that is the name of a project without a file: none, or "Untitled" in letters of any size.
 bool HasNoName(const std::string& fileName);
 
-// Resets the project, in the default units if `resetUnits`, under the name "Untitled" if `resetName`. Output
-// page 0, the working copy and LoadingConditionAux stay.
-void FileNew(Korva& korva, bool resetName, bool resetUnits);
+// What of a project a new one does not keep.
+struct NewProject {
+  bool ResetName = true;   // it is "Untitled"
+  bool ResetUnits = true;  // it is in the default units
+};
+
+// Resets the project. Output page 0, the working copy and LoadingConditionAux stay.
+void FileNew(Korva& korva, const NewProject& how = {});
 
 // Reads the file ProjectFileName, any of the five formats, into the project and copies it to the working
 // copy. False, after a message, for a file of another format; a run-time error for one that cannot be read

@@ -69,7 +69,7 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
 
 void FileMenu::New() {
   recovery_.KeepDroppedWork();
-  FileNew(korva_, true, true);
+  FileNew(korva_);
   recovery_.TellOpenFile(ports_.Messages);
 }
 

@@ -151,7 +151,7 @@ bool Recovery::Restore(const std::string& path) {
   if (!format) {
     return false;
   }
-  FileNew(korva_, true, true);
+  FileNew(korva_);
   ReadProject(copy->Project, path, *format, korva_.Stored, korva_.FileNotices);
   korva_.FileNotices.clear();
   korva_.ProjectFileName = korva_.ProjectOwnName = copy->Name;

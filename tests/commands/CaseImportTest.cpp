@@ -23,7 +23,7 @@ class CaseImportTest : public testing::Test {
     Formats();  // which may have been named from the folder that the tests began in
     fs::current_path(folder_ / "");
     korva_.Preferences.DataPath = folder_ / "";
-    FileNew(korva_, true, true);
+    FileNew(korva_);
     steps_.KeepWork = [this] { ++kept_; };
     steps_.GoOn = [this](const CaseImportState& state) { return state.Row < stopAt_; };
   }

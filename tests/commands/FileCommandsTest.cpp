@@ -34,10 +34,10 @@ Korva WithProject() {
 TEST(FileNew, ResetsTheProjectAndItsPages) {
   Korva korva = WithProject();
   korva.Preferences.DefaultUnits = kMetric;
-  FileNew(korva, false, false);
+  FileNew(korva, {false, false});
   EXPECT_EQ(korva.ProjectFileName, "old.KVL");
   EXPECT_EQ(korva.Stored.ProjectUnits, kEnglish);
-  FileNew(korva, true, true);
+  FileNew(korva);
   EXPECT_EQ(korva.ProjectFileName, "Untitled");
   EXPECT_TRUE(korva.ProjectSaved && korva.ProjectEmpty && !korva.ProjectUnitsLocked);
   Project empty = EmptyProject(kMetric);

@@ -18,7 +18,7 @@ class MenuBench : public testing::Test {
   MenuBench() {
     korva.Places.StateFolder = folder / "sessions/";
     korva.Preferences.DataPath = folder / "";
-    FileNew(korva, true, true);
+    FileNew(korva);
     recovery = std::make_unique<Recovery>(korva);
     menu = std::make_unique<FileMenu>(korva, ports.All, *recovery);
   }

@@ -199,7 +199,7 @@ void SaveAll() {
   bench.State.Places.TempRoot = solverFiles / "";
   bench.State.Updates = BuiltInUpdateSource();
   QDir::setCurrent(QStringLiteral(KORVA_EXAMPLES));
-  FileNew(bench.State, true, true);
+  FileNew(bench.State);
   frmMain main(bench.State, bench.Outside.All, bench.Pictures);
   const auto saveMain = [&main](const char* name) {
     main.Refresh();

@@ -426,7 +426,7 @@ TEST_F(ParameterForm, TabGoesAsAPersonReads) {
 
 TEST_F(ParameterForm, AnEmptyMetricProjectShowsItsUnitsAndRoundedDefaults) {
   bench.State.Preferences.DefaultUnits = kMetric;
-  FileNew(bench.State, true, true);
+  FileNew(bench.State);
   Open();
   EXPECT_EQ(The<QLabel>(*form, "Label7").text(), QStringLiteral("In situ coal strength (MPa)"));
   EXPECT_EQ(Box("txtCoalStrength").Text(), "6.21");
