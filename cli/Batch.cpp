@@ -138,7 +138,7 @@ Json SidesJson(const BySide<double>& values) {
 
 // The results of the models that ran, by their names.
 void AddResults(Json& object, const BatchRow& row) {
-  if (!row.Laminated || row.CalcMode == kComparedModels) {
+  if (UsesTraditional(row.CalcMode)) {
     object["SFKorva"] = {{"1", row.SFKorva[kDevelopment]}, {"2", row.SFKorva[kRetreat]}};
     object["BarrierSF"] = {{"1", SidesJson(row.BarrierSF[kDevelopment])},
                            {"2", SidesJson(row.BarrierSF[kRetreat])}};

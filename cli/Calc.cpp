@@ -36,10 +36,10 @@ Json CalcJson(const Korva& korva, const Evaluated& evaluated, const std::string&
   const Calculation& run = evaluated.Run;
   Json json = Json::object();
   const auto add = [&json](const char* name, const auto& value) { json[name] = ValueJson(value); };
-  if (evaluated.HasTraditional()) {
+  if (UsesTraditional(evaluated.Model)) {
     VisitResults(run.Out, add);
   }
-  if (evaluated.HasLaminated()) {
+  if (UsesLaminated(evaluated.Model)) {
     VisitStrondResults(evaluated.Laminated.Results, add);
   }
   json["LoadCond"] = LastStage(run.Work.LoadCond);

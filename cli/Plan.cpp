@@ -76,7 +76,7 @@ void Evaluate(Korva& korva) {
   if (korva.PlotType == kPlotDimensions) {
     return;
   }
-  const bool laminated = korva.PlotType == kPlotStrength && korva.ProjectCalc.CalcMode != kTraditionalModel;
+  const bool laminated = korva.PlotType == kPlotStrength && UsesLaminated(korva.ProjectCalc.CalcMode);
   korva.PillarValues =
       PillarValuesOf(korva, EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel));
 }
@@ -88,7 +88,7 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
   if (const auto refusal = CheckProject(korva.ProjectCalc)) {
     return Refuse(call, *refusal);
   }
-  if (call.Plot >= kPlotCapacity && korva.ProjectCalc.CalcMode == kLaminatedModel) {
+  if (call.Plot >= kPlotCapacity && !UsesTraditional(korva.ProjectCalc.CalcMode)) {
     return Refuse(call, "the laminated model alone gives no load bearing capacity and no pillar stresses");
   }
   TellFormNotices(korva, call.File);

@@ -66,14 +66,14 @@ void FillTraditional(BatchRow& row, const Results& results) {
 
 void FillRun(BatchRow& row, const Evaluated& evaluated, const Project& project,
              const OptionSettings& options) {
-  const bool laminatedAlone = evaluated.Model != kTraditionalModel && evaluated.Model != kComparedModels;
+  const bool laminatedAlone = !UsesTraditional(evaluated.Model);
   if (laminatedAlone) {
     FillLaminated(row, evaluated.Laminated.Results);
   } else {
     FillTraditional(row, evaluated.Run.Out);
   }
   row.ShownSF = ShownFactors(evaluated, laminatedAlone, options);
-  if (evaluated.Model != kTraditionalModel) {
+  if (UsesLaminated(evaluated.Model)) {
     row.Laminated = evaluated.Laminated.Results;
   }
   row.LoadCond = evaluated.Run.Work.LoadCond;

@@ -78,8 +78,7 @@ RunSummary SummaryOf(const Korva& korva, const Evaluated& evaluated) {
   const int sideGobs = SideGobCount(evaluated.Run.Work.LoadCond);
   RunSummary summary{korva.ProjectCalc, korva.Stored.ProjectUnits, evaluated.Model, sideGobs, {}};
   for (const bool laminated : {false, true}) {
-    const bool ran = laminated ? evaluated.Model != kTraditionalModel
-                               : evaluated.Model == kTraditionalModel || evaluated.Model == kComparedModels;
+    const bool ran = laminated ? UsesLaminated(evaluated.Model) : UsesTraditional(evaluated.Model);
     for (int c = kDevelopment; ran && c <= LastCaseShown(korva.ProjectCalc, evaluated.Run.Work); ++c) {
       summary.Factors.push_back(FactorLineOf(evaluated, laminated, c, sideGobs, korva.Preferences.Options));
     }
@@ -131,15 +130,15 @@ Evaluated EvaluateProject(const Korva& korva, OverburdenModel model) {
   if (evaluated.Refusal) {
     return evaluated;
   }
-  if (evaluated.HasLaminated()) {
+  if (UsesLaminated(evaluated.Model)) {
     evaluated.Laminated =
         RunStrond2D(project, units, korva.ProjectFileName, StrondPlaceOf(korva.Places, options.iOptDir));
   }
   evaluated.Run = prepared.Run;
-  if (evaluated.HasTraditional()) {
+  if (UsesTraditional(evaluated.Model)) {
     RunCalculation(evaluated.Run);
   }
-  if (model == kTraditionalModel) {
+  if (!UsesLaminated(model)) {
     evaluated.Rules = EvaluateRules(project, evaluated.Run, options.RoundKORVASF);
   }
   return evaluated;
@@ -157,8 +156,8 @@ ByCase<std::string> ShownFactors(const Evaluated& evaluated, bool laminated, con
 
 PlanValues PillarValuesOf(const Korva& korva, const Evaluated& evaluated) {
   const OptionSettings& options = korva.Preferences.Options;
-  return PlanValuesOf(evaluated.HasTraditional() ? &evaluated.Run : nullptr,
-                      evaluated.HasLaminated() ? &evaluated.Laminated.Results : nullptr,
+  return PlanValuesOf(UsesTraditional(evaluated.Model) ? &evaluated.Run : nullptr,
+                      UsesLaminated(evaluated.Model) ? &evaluated.Laminated.Results : nullptr,
                       korva.Stored.ProjectUnits, {options.OutputStrUnits, options.OutputStrGradUnits});
 }
 
@@ -172,14 +171,13 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel m
   if (model == kComparedModels) {
     ShowMessage(korva, messages, {.text = std::string(kWithoutWarnings), .topic = "messages-run"});
   }
-  PageSet set =
-      model == kTraditionalModel ? TraditionalPages(korva, evaluated) : LaminatedPages(korva, evaluated);
+  PageSet set = UsesLaminated(model) ? LaminatedPages(korva, evaluated) : TraditionalPages(korva, evaluated);
   set.Pages[0] = InputPage(korva);
   korva.LastRun = SummaryOf(korva, evaluated);
   korva.PillarValues = PillarValuesOf(korva, evaluated);
   korva.OutBuf = std::move(set.Pages);
   korva.WarningText = std::move(set.WarningText);
-  if (model != kTraditionalModel) {
+  if (UsesLaminated(model)) {
     KeepLaminatedRun(korva, evaluated);
   }
   HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
@@ -194,7 +192,7 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
   korva.OutPageLast = OutputPages::kLast;
   korva.ProjectCalc = korva.Stored.ProjectInput;
   FillPlotCopies(korva);
-  if (korva.ProjectCalc.CalcMode == kTraditionalModel) {
+  if (!UsesLaminated(korva.ProjectCalc.CalcMode)) {
     return CalculateWorkingCopy(korva, messages, kTraditionalModel);
   }
   if (IsRefused(korva, messages)) {
@@ -206,7 +204,7 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
 
 bool CalculateFromForm(Korva& korva, MessagePort& messages) {
   const OverburdenModel model = korva.ProjectCalc.CalcMode;
-  if (model != kTraditionalModel) {
+  if (UsesLaminated(model)) {
     if (IsRefused(korva, messages)) {
       return false;
     }

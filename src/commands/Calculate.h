@@ -17,17 +17,13 @@ namespace korva {
 inline constexpr std::string_view kEmptyFile = "Current file is empty";
 
 // What a run yields, before it is put on pages; or the check's refusal. Which parts there are is told by the
-// model: 0 traditional, 2 both, anything else laminated.
+// model.
 struct Evaluated {
   OverburdenModel Model = kTraditionalModel;
   Calculation Run;    // of the traditional model
   RuleOutcome Rules;  // only if that ran alone
   StrondRun Laminated;
   std::optional<std::string> Refusal;
-
-  // Which of the two ran.
-  bool HasTraditional() const { return Model == kTraditionalModel || Model == kComparedModels; }
-  bool HasLaminated() const { return Model != kTraditionalModel; }
 };
 
 // Runs `model` on the working copy. The laminated one writes and reads files where the preferences and the

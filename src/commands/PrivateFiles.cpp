@@ -3,7 +3,7 @@
 namespace korva {
 
 std::unique_ptr<PrivateFolder> PrivateFilesOf(Korva& korva) {
-  if (korva.ProjectCalc.CalcMode == kTraditionalModel) {
+  if (!UsesLaminated(korva.ProjectCalc.CalcMode)) {
     return nullptr;
   }
   auto folder = std::make_unique<PrivateFolder>();

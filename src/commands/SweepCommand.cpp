@@ -31,7 +31,7 @@ std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphK
                   korva.Stored.ProjectUnits,
                   korva.ProjectFileName,
                   StrondPlaceOf(korva.Places, options.iOptDir),
-                  korva.ProjectCalc.CalcMode != kTraditionalModel};
+                  UsesLaminated(korva.ProjectCalc.CalcMode)};
 }
 
 SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int, int)>& goOn) {

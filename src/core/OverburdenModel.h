@@ -11,4 +11,12 @@ enum class OverburdenModel : int {
 };
 using enum OverburdenModel;
 
+// Which of the two a run takes; another number than the three is the laminated one.
+constexpr bool UsesTraditional(OverburdenModel model) {
+  return model == kTraditionalModel || model == kComparedModels;
+}
+constexpr bool UsesLaminated(OverburdenModel model) {
+  return model != kTraditionalModel;
+}
+
 }  // namespace korva

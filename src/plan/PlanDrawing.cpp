@@ -137,7 +137,7 @@ std::string PlanCaption(const PlanRequest& request) {
       break;
   }
   return fmt::format("{}: {}.  Entries shown from left to right.",
-                     request.ProjectCalc.CalcMode != kTraditionalModel ? "KORVA-STROND" : "KORVA", text);
+                     UsesLaminated(request.ProjectCalc.CalcMode) ? "KORVA-STROND" : "KORVA", text);
 }
 
 std::optional<Plan> DrawPlan(const PlanRequest& request) {

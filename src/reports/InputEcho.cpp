@@ -60,7 +60,7 @@ class EchoPage {
     page_.Line(IsSet(p_.ArchAuto) ? "Pressure Arch Factor set automatically"
                                   : "Pressure Arch Factor set manualy");
     TextRow("Calculation Mode",
-            p_.CalcMode == kTraditionalModel ? "KORVA Traditional Model" : "KORVA-STROND Model");
+            UsesLaminated(p_.CalcMode) ? "KORVA-STROND Model" : "KORVA Traditional Model");
   }
 
   // The gob sections by the record's own condition; 0 and 4 have none.

@@ -16,12 +16,11 @@ constexpr int kLastLaminatedPage = 4;
 }  // namespace
 
 std::string_view PageName(OverburdenModel model, int page) {
-  return (model == kTraditionalModel ? kTraditionalPages : kLaminatedPages)
-      .at(static_cast<std::size_t>(page));
+  return (UsesLaminated(model) ? kLaminatedPages : kTraditionalPages).at(static_cast<std::size_t>(page));
 }
 
 std::string_view EmptyPageReason(OverburdenModel model, int sideGobs, int page) {
-  const bool laminated = model != kTraditionalModel;
+  const bool laminated = UsesLaminated(model);
   if (laminated && page > kLastLaminatedPage) {
     return "This page is empty: the laminated model fills pages 1 to 4 only.";
   }
