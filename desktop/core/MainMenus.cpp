@@ -72,12 +72,16 @@ constexpr int kRecentSeparator = 0;
 struct ToolButton {
   const char* ToolTip;
   const char* Image;
+  MainMenus::Command MainMenus::Commands::*Menu;
+  int Index;
 };
-constexpr std::array<ToolButton, 5> kToolButtons = {{{"Open Data File", "open"},
-                                                     {"Save Data File", "save"},
-                                                     {"Print Data File", "print"},
-                                                     {"Edit Description", "description"},
-                                                     {"Edit Pillar Data", "parameters"}}};
+// The third one names a separator, so it only refreshes the menus.
+constexpr std::array<ToolButton, 5> kToolButtons = {
+    {{"Open Data File", "open", &MainMenus::Commands::File, kOpen},
+     {"Save Data File", "save", &MainMenus::Commands::File, kSave},
+     {"Print Data File", "print", &MainMenus::Commands::File, kPrintSeparator},
+     {"Edit Description", "description", &MainMenus::Commands::Edit, kDescription},
+     {"Edit Pillar Data", "parameters", &MainMenus::Commands::Edit, kParameters}}};
 
 // Adds a command to `menu`, or a separator for an empty caption.
 QAction* AddItem(QMenu& menu, const QString& name, const ItemRow& row, const std::function<void()>& command) {
@@ -139,16 +143,13 @@ void MainMenus::AddToolBar(QMainWindow& window, const Commands& commands) {
   toolBar_->setObjectName(QStringLiteral("Toolbar1"));
   toolBar_->setMovable(false);
   toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
-  // The third button names a separator of the file menu, so it only refreshes the menus.
-  const std::array<std::function<void()>, kToolButtons.size()> run = {
-      [file = commands.File] { file(1); }, [file = commands.File] { file(2); },
-      [file = commands.File] { file(6); }, [edit = commands.Edit] { edit(0); },
-      [edit = commands.Edit] { edit(1); }};
   for (std::size_t i = 0; i < kToolButtons.size(); ++i) {
-    QAction* action = toolBar_->addAction(QLatin1String(kToolButtons[i].ToolTip));
+    const ToolButton& button = kToolButtons[i];
+    QAction* action = toolBar_->addAction(QLatin1String(button.ToolTip));
     const QString name = IndexedName("Toolbar1", static_cast<int>(i) + 1);
     action->setObjectName(name);
-    QObject::connect(action, &QAction::triggered, toolBar_, run[i]);
+    QObject::connect(action, &QAction::triggered, toolBar_,
+                     [command = commands.*button.Menu, index = button.Index] { command(index); });
     toolBar_->widgetForAction(action)->setObjectName(name);
   }
   PaintImages(window.palette());

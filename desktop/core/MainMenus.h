@@ -22,12 +22,15 @@ enum FileIndex {
   kSave,
   kSaveAs,
   kImportVosk = 5,
-  kPrinterSetup = 7,
+  kPrintSeparator,  // of no command
+  kPrinterSetup,
   kPrint,
   kPrintPreview,
   kViewSourceFiles = 11,
   kExit = 13
 };
+enum EditIndex { kDescription = 0, kParameters };
+enum CalcIndex { kStabilityFactors = 0 };
 enum UtilIndex {
   kSettings = 0,
   kOptions,
@@ -68,7 +71,6 @@ class MainMenus {
 
   // The item `index` of the group `array`, such as "mnuFileItem".
   QAction& Item(const char* array, int index) const;
-  // The caption of an item as the menu shows it.
 
   void ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions);
 

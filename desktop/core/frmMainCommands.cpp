@@ -43,7 +43,7 @@ void frmMain::FileItem(int index) {
       fileMenu_.New();
       Refresh();
       if (korva_.Preferences.Options.ShowInputScreenOnLoad) {
-        EditItem(0);
+        EditItem(kDescription);
       }
       break;
     case kOpen:
@@ -108,7 +108,7 @@ void frmMain::AfterOpening(bool opened) {
 }
 
 void frmMain::EditItem(int index) {
-  if (index == 1) {
+  if (index == kParameters) {
     EditParameters();
     return;
   }
@@ -134,7 +134,7 @@ void frmMain::EditParameters() {
 void frmMain::CalcItem(int index) {
   KeepWork();
   const BusyPointer busy(ports_.Busy);
-  if (index == 0 && CalculateStabilityFactors(korva_, ports_.Messages)) {
+  if (index == kStabilityFactors && CalculateStabilityFactors(korva_, ports_.Messages)) {
     ShowResults(this);
   }
 }
