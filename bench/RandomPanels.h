@@ -31,7 +31,7 @@ inline Panel RandomPanel(Chance& chance) {
   }
   panel.XcutSpacing = chance.Between(40, 140);
   panel.XcutAngle = chance.Happens(0.4) ? chance.Between(45, 90) : 90;
-  panel.LoadCondition = chance.Whole(kDevelopmentOnly, kTwoSideGobs);
+  panel.LoadCondition = static_cast<Loading>(chance.Whole(kDevelopmentOnly, kTwoSideGobs));
   panel.CoalStrength = 900;
   panel.UnitWeight = 162;
   panel.BreadthAMZ = 5 * std::sqrt(panel.DepthCover);

@@ -154,8 +154,8 @@ Panel ReadExchangeLine(std::string_view text) {
   for (int row = 0; row < panel.Rows(); ++row) {
     panel.Centers.at(static_cast<std::size_t>(row)) = fields.Positive(kFirstCenter + row);
   }
-  static constexpr std::array<int, 5> kConditions = {kDevelopmentOnly, kActiveGob, kOneSideGob, kTwoSideGobs,
-                                                     kOneSideGob};
+  static constexpr std::array kConditions = {kDevelopmentOnly, kActiveGob, kOneSideGob, kTwoSideGobs,
+                                             kOneSideGob};
   panel.LoadCondition =
       kConditions.at(static_cast<std::size_t>(fields.Whole(kLoadingCondition, 1, kConditions.size()) - 1));
   panel.Metric = fields.Whole(kUnits, 0, 1) == 1;

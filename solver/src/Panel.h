@@ -9,10 +9,7 @@ inline constexpr int kMostRows = 9;
 inline constexpr int kSides = 2;  // 0 first, 1 second
 
 // Loading conditions of the model.
-inline constexpr int kDevelopmentOnly = 1;
-inline constexpr int kActiveGob = 2;
-inline constexpr int kOneSideGob = 3;
-inline constexpr int kTwoSideGobs = 4;
+enum Loading : int { kDevelopmentOnly = 1, kActiveGob, kOneSideGob, kTwoSideGobs };
 
 // What lies on one side of the panel: behind the barrier pillar, or behind a bleeder row beside it, a gob.
 struct Side {
@@ -34,7 +31,7 @@ struct Panel {
   double XcutAngle = 90;
   int Entries = 2;
   std::array<double, kMostRows> Centers{};  // 0 to Entries - 2 are in use
-  int LoadCondition = kDevelopmentOnly;
+  Loading LoadCondition = kDevelopmentOnly;
   double ExtentActiveGob = 0;
   double AbutmentAngleActiveGob = 0;
   double CoalStrength = 0;

@@ -11,7 +11,7 @@
 namespace korva::laminated {
 
 // Entries 20 ft wide, pillars 6 ft high under `depth` ft of cover; an active gob and side gobs of 1000 ft.
-inline Panel TestPanel(double depth, double center, double spacing, int entries, int condition) {
+inline Panel TestPanel(double depth, double center, double spacing, int entries, Loading condition) {
   Panel panel;
   panel.EntryHeight = 6;
   panel.DepthCover = depth;
