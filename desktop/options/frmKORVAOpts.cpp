@@ -7,7 +7,6 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <limits>
 #include <type_traits>
 #include <variant>
 
@@ -291,11 +290,10 @@ OptionSettings frmKORVAOpts::Entered() const {
         row.Value);
   }
   const auto number = [this](const char* box) { return FieldNumber(boxes_.at(box)->Text()); };
-  using Whole = std::numeric_limits<std::int16_t>;
   options.PlotRangeMin = static_cast<float>(number(kRangeMinBox));
   options.PlotRangeMax = static_cast<float>(number(kRangeMaxBox));
   options.CellSizeEnglish = static_cast<int>(
-      std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), Whole::min(), Whole::max()));
+      std::clamp<double>(RoundHalfEven(number("txtCellSizeEng"), 0), -kGreatestCell, kGreatestCell));
   options.CellSizeMetric = static_cast<float>(number("txtCellSizeMet"));
   return options;
 }

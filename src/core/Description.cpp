@@ -70,7 +70,7 @@ void NormalizeDescription(StoredProject& project) {
     }
   }
   project.ProjectDescription = std::move(normalized);
-  project.ProjectDescriptionLines = std::min(lines, 32767);
+  project.ProjectDescriptionLines = lines;
 }
 
 }  // namespace korva

@@ -28,4 +28,7 @@ inline constexpr int kLeastHistory = 4096;
 inline constexpr int kGreatestHistory = 16384;
 inline constexpr double kGreatestRange = 150;
 
+// Cells of the laminated model have no bound but that of a number in the settings file, on either side of 0.
+inline constexpr int kGreatestCell = 32767;
+
 }  // namespace korva

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "core/Limits.h"
 #include "core/Text.h"
 #include "files/SettingTable.h"
 
@@ -13,9 +14,6 @@ namespace korva {
 namespace {
 
 constexpr std::string_view kSection = "KORVAOptions";
-
-// Cell sizes have no bound but that of their type; 0 becomes the value of a missing key.
-constexpr double kNoBound = 32767;
 
 constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
     {"OutputStrUnits", &OptionSettings::OutputStrUnits, "0", 0, kStressUnits.size() - 1},
@@ -34,17 +32,18 @@ constexpr auto kOptions = std::to_array<Setting<OptionSettings>>({
     {"PrintPlotReminder", &OptionSettings::PrintPlotReminder, "1"},
     {"AskOfficeInstall", &OptionSettings::AskOfficeInstall, "1"},
     {"RoundKORVASF", &OptionSettings::RoundKORVASF, "0", 0, 2},
-    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, "2", -kNoBound, kNoBound},
-    {"CellSizeMetric", &OptionSettings::CellSizeMetric, "0.5", -kNoBound, kNoBound},
+    {"CellSizeEnglish", &OptionSettings::CellSizeEnglish, "2", -kGreatestCell, kGreatestCell},
+    {"CellSizeMetric", &OptionSettings::CellSizeMetric, "0.5", -kGreatestCell, kGreatestCell},
     {"Strond2DViewProgress", &OptionSettings::Strond2DViewProgress, "0"},
     {"Strond2DViewProgOutput", &OptionSettings::Strond2DViewProgOutput, "0"},
     {"Strond2DViewOutput", &OptionSettings::Strond2DViewOutput, "0"},
     {"iOptDir", &OptionSettings::iOptDir, "1", 0, 3},
 });
 
+// A cell of size 0 takes the value of a missing key.
 bool HasNoCell(const Setting<OptionSettings>& option, const OptionSettings& options) {
-  return option.High == kNoBound && ((option.Key == "CellSizeEnglish" && options.CellSizeEnglish == 0) ||
-                                     (option.Key == "CellSizeMetric" && options.CellSizeMetric == 0));
+  return (option.Key == "CellSizeEnglish" && options.CellSizeEnglish == 0) ||
+         (option.Key == "CellSizeMetric" && options.CellSizeMetric == 0);
 }
 
 // Stores `value`; false if it lay outside its range or a cell had no size.

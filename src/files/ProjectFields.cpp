@@ -72,7 +72,7 @@ void ReadDescription(FieldCursor& cursor, StoredProject& project) {
     }
     text = cursor.ReadText(kDescriptionEnd);
   }
-  project.ProjectDescriptionLines = std::min<int>(lines, std::numeric_limits<std::int16_t>::max());
+  project.ProjectDescriptionLines = lines;
 }
 
 }  // namespace korva
