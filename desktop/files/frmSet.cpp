@@ -20,7 +20,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 10;
 constexpr int kHistoryDigits = 6;
 
 constexpr const char* kHistoryChecks = "history";
@@ -52,7 +51,7 @@ constexpr std::array<CheckRow<Settings>, 9> kChecks = {{
 frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmSet"));
   setWindowTitle(QStringLiteral("Settings"));
-  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  session.State.Titles = MessageTitlesOf(TitleSlot::kSettings);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Settings");
   Build();
   Wire();

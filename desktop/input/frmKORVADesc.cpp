@@ -12,7 +12,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 1;
 constexpr int kLongestDescription = 1000;
 constexpr int kDescriptionColumns = 62;
 constexpr int kDescriptionLines = 10;
@@ -27,7 +26,7 @@ QString ShownText(std::string_view text) {
 frmKORVADesc::frmKORVADesc(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmKORVADesc"));
   setWindowTitle(QStringLiteral("Project Description"));
-  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  session.State.Titles = MessageTitlesOf(TitleSlot::kDescription);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Project Description");
   Build();
   Load();

@@ -16,7 +16,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 2;
 constexpr int kWarningHold = 200;  // milliseconds
 
 }  // namespace
@@ -29,7 +28,7 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   timer_.setParent(this);
   timer_.setObjectName(QStringLiteral("Timer1"));
   timer_.setInterval(kWarningHold);
-  session_.State.Titles = MessageTitlesOf(kTitleSlot);
+  session_.State.Titles = MessageTitlesOf(TitleSlot::kParameters);
   Wire();
   WireWarnings();
   WirePreview();

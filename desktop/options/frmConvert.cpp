@@ -11,7 +11,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 13;
 constexpr int kLoadConverted = 0;
 constexpr int kKeepOriginal = 1;
 
@@ -20,7 +19,7 @@ constexpr int kKeepOriginal = 1;
 frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmConvert"));
   setWindowTitle(QStringLiteral("File Conversion Utility"));
-  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  session.State.Titles = MessageTitlesOf(TitleSlot::kConversion);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading File Conversion Form");
   Build();
   Load();

@@ -25,7 +25,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 7;
 constexpr int kOutputTab = 2;
 constexpr int kRangeDigits = 6;
 
@@ -111,7 +110,7 @@ frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent)
     : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmKORVAOpts"));
   setWindowTitle(QStringLiteral("Options"));
-  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  session.State.Titles = MessageTitlesOf(TitleSlot::kOptions);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing KORVA Options");
   Build();
   Load();

@@ -15,7 +15,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kTitleSlot = 12;
 constexpr int kResultColumns = 26;
 
 }  // namespace
@@ -23,7 +22,7 @@ constexpr int kResultColumns = 26;
 frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmUnits"));
   setWindowTitle(QStringLiteral("Unit Conversions"));
-  session.State.Titles = MessageTitlesOf(kTitleSlot);
+  session.State.Titles = MessageTitlesOf(TitleSlot::kUnits);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading Unit Conversion Form");
   SSTab1_ = new QTabWidget(this);
   SSTab1_->setObjectName(QStringLiteral("SSTab1"));

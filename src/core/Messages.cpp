@@ -1,34 +1,21 @@
 #include "core/Messages.h"
 
-#include "core/IndexedArray.h"
 #include "core/Korva.h"
 
 namespace korva {
 
 namespace {
 
-// Only four slots have a prefix; the Settings window passes slot 10, so its titles carry none.
-std::string_view TitlePrefix(int slot) {
-  if (slot < 1 || slot > 13) {
-    ThrowSubscript(slot, 1, 13);
-  }
-  switch (slot) {
-    case 1:
-      return "Project Description: ";
-    case 2:
-      return "Project Parameters: ";
-    case 7:
-      return "Program Options: ";
-    case 8:
-      return "Settings: ";
-    default:
-      return "";
-  }
+std::string_view TitlePrefix(TitleSlot slot) {
+  return slot == TitleSlot::kDescription  ? "Project Description: "
+         : slot == TitleSlot::kParameters ? "Project Parameters: "
+         : slot == TitleSlot::kOptions    ? "Program Options: "
+                                          : "";
 }
 
 }  // namespace
 
-MessageTitles MessageTitlesOf(int slot) {
+MessageTitles MessageTitlesOf(TitleSlot slot) {
   const std::string prefix(TitlePrefix(slot));
   MessageTitles titles;
   for (std::string MessageTitles::*title :

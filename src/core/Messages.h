@@ -39,8 +39,16 @@ struct MessageTitles {
   std::string TitleLogicError = "Logic Error";
 };
 
-// The titles with the prefix of `slot` (1 to 13); run-time error 9 beyond.
-MessageTitles MessageTitlesOf(int slot);
+// Whose prefix the titles have; "Settings: " is that of slot 8, which no window names.
+enum class TitleSlot {
+  kDescription = 1,
+  kParameters,
+  kOptions = 7,
+  kSettings = 10,
+  kUnits = 12,
+  kConversion
+};
+MessageTitles MessageTitlesOf(TitleSlot slot);
 
 inline constexpr const char* kOperationFailed = "Operation Failed";
 

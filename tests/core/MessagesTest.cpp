@@ -2,7 +2,6 @@
 
 #include "core/Korva.h"
 #include "core/Messages.h"
-#include "support/ExpectError.h"
 #include "support/ScriptedMessages.h"
 
 namespace korva {
@@ -19,10 +18,6 @@ TEST(ShowMessage, LogsUnderItsTitleAndFallsBackToTheProgramTitle) {
   EXPECT_EQ(korva.SessionHistory.Text, "1. Message: Save?\r\n2. Range Error: Too deep\r\n");
   EXPECT_EQ(port.Shown[0].title, "Korva Panel Review - Laminated Overburden");
   EXPECT_EQ(port.Shown[1].title, "Range Error");
-}
-
-TEST(MessageTitles, HaveNoSlot0) {
-  ExpectError(ErrorNumber::kSubscript, [] { MessageTitlesOf(0); });
 }
 
 }  // namespace
