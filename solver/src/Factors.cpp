@@ -153,12 +153,12 @@ class Run {
     for (int side = 0; side < panel_.GobSides(); ++side) {
       const std::size_t s = Index(side);
       parts.push_back({{BarrierWindow(side)}, Capacity(factors_.Barrier.at(s)), &kept.Barrier.at(s)});
-      if (c == 1) {
+      if (c == kRetreat) {
         parts.push_back({{RemnantWindow(side)}, Capacity(factors_.Remnant.at(s)), &kept.BesideGob.at(s)});
       }
       if (panel_.Sides.at(s).BleederRow) {
         parts.push_back(BleederPart(layout_, side, 0, panel_.BreadthAMZ, &kept.Bleeder.at(s)));
-        if (c == 1) {
+        if (c == kRetreat) {
           parts.push_back(
               BleederPart(layout_, side, -layout_.RemnantLength, 0, &kept.BleederBesideGob.at(s)));
         }
@@ -184,8 +184,8 @@ class Run {
   }
 
   void SolveOnce(int c, CaseRun& run) {
-    membrane_.SetStiffness(c == 0 ? DevelopmentStiffness(layout_, grid_, run.Kept)
-                                  : RetreatStiffness(layout_, grid_, run.Kept));
+    membrane_.SetStiffness(c == kDevelopment ? DevelopmentStiffness(layout_, grid_, run.Kept)
+                                             : RetreatStiffness(layout_, grid_, run.Kept));
     run.Outcome = membrane_.Solve(rule_.Solution, run.Solutions > 0);
     ++run.Solutions;
     run.Iterations += run.Outcome.Iterations;

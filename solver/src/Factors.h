@@ -8,7 +8,8 @@
 
 namespace korva::laminated {
 
-inline constexpr int kCases = 2;  // 0 development, 1 retreat
+enum Case : int { kDevelopment = 0, kRetreat = 1 };
+inline constexpr int kCases = 2;
 
 // Strength, area and the load of each case on a barrier or remnant: psi or Pa, ft2 or m2, lb or N.
 struct Bearing {
