@@ -42,7 +42,8 @@ void TitlePicture::paintEvent(QPaintEvent*) {
 
   painter.setOpacity(kQuiet);
   const QRect below = rect().adjusted(2 * unit, words.bottom() + 2 * unit, -2 * unit, -2 * unit);
-  PaintDrawing(painter, below, PanelSchematic({PanelLoading::kWithBothSideGobs, false, false, true, true}),
+  PaintDrawing(painter, below,
+               PanelSchematic({.Condition = PanelLoading::kWithBothSideGobs, .RowC = true, .RowD = true}),
                {palette(), font(), false});
 }
 

@@ -34,14 +34,14 @@ void RemnantTransfer(const WorkValues& w, Results& r, int c, int k) {
 }
 
 // Shares of side `k`'s load over the first three rows, as stresses.
-void DistributeSideLoad(const WorkValues& w, Results& r, int c, int k, IndexedArray<double, 1, 3>& stress,
-                        const ArithmeticWatch& watch) {
+void DistributeSideLoad(const WorkValues& w, Results& r, int c, int k,
+                        IndexedArray<double, 1, kSideStressRows>& stress, const ArithmeticWatch& watch) {
   if (r.RSide[k] == 1) {
     r.RSide[k] = kLargestShownShare;  // kept, and shown on the AMZ page
   }
   double x = w.BarrierWidth[k];
   double before = w.BarrierWidth[k] > 0 ? r.RSide[k] : 0;
-  for (int i = 1; i <= std::min(3, w.NumRows); ++i) {
+  for (int i = 1; i <= std::min(kSideStressRows, w.NumRows); ++i) {
     x += w.EntryCenters[i];
     const double share = ShareWithin(r.AbutExtent, x);
     stress[i] = (r.LTRANSBAR[c][k] + r.AMZLoad[c][k]) / w.AMZBreadth * ((share - before) / (1 - r.RSide[k])) *

@@ -19,6 +19,7 @@ inline constexpr int kFirstSide = 3;
 inline constexpr int kSecondSide = 4;
 inline constexpr int kRowA = 1;
 inline constexpr int kRowB = 2;
+inline constexpr int kSideStressRows = 3;  // over which the load of a side is shared
 
 template <class T>
 using ByRow = IndexedArray<T, 1, kMaxRows>;
@@ -135,8 +136,8 @@ struct Results {
   BySide<double> BarFrontStress;
   BySide<double> BarSideStress;
   BySide<double> BarTotalStress;
-  IndexedArray<double, 1, 3> SideStressFirst;
-  IndexedArray<double, 1, 3> SideStressSecond;
+  IndexedArray<double, 1, kSideStressRows> SideStressFirst;
+  IndexedArray<double, 1, kSideStressRows> SideStressSecond;
 
   double AMZArea = 0;
   double AMZPillarArea = 0;

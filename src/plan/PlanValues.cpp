@@ -15,17 +15,16 @@ void AddSideStress(PlanValues& values, int line, double stress) {
 // A line's share of each side abutment. The lines of the second side are counted from there. Without a side
 // gob there is nothing to share; behind the third line the model says nothing.
 void FillSideStress(const OutputResults& output, PlanValues& values) {
-  constexpr int kSharedLines = 3;
   const int lines = output.Work.NumRows;
   const int sides = SideGobCount(output.Work.LoadCond);
   for (int i = 1; i <= lines; ++i) {
     if (sides == 0) {
       AddSideStress(values, i, 0);
     }
-    if (sides >= 1 && i <= kSharedLines) {
+    if (sides >= 1 && i <= kSideStressRows) {
       AddSideStress(values, i, output.Out.SideStressFirst[i]);
     }
-    if (sides == 2 && i <= kSharedLines) {
+    if (sides == 2 && i <= kSideStressRows) {
       AddSideStress(values, lines + 1 - i, output.Out.SideStressSecond[i]);
     }
   }
