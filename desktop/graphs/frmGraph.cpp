@@ -10,7 +10,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "commands/Attempt.h"
 #include "commands/Formats.h"
 #include "commands/GraphCommands.h"
 #include "commands/SavePicture.h"
@@ -27,23 +26,8 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kPrintIndex = 0;
-constexpr int kExportIndex = 2;
-constexpr int kExitIndex = 4;
-constexpr int kPictureIndex = 5;
-constexpr int kPointIdIndex = 0;
-constexpr int kBasicOptionsIndex = 1;
-constexpr int kReferenceIndex = 2;
-
 constexpr int kLeastSide = 267;  // 4000 twips
 constexpr std::string_view kPointPattern = "##0.00";
-
-QAction* AddItem(QMenu* menu, const char* array, int index, const char* caption) {
-  QAction* action = menu->addAction(QLatin1String(caption));
-  action->setObjectName(IndexedName(array, index));
-  action->setMenuRole(QAction::NoRole);
-  return action;
-}
 
 }  // namespace
 
@@ -96,46 +80,34 @@ void frmGraph::BuildPointFrame(QWidget* body) {
 }
 
 void frmGraph::BuildMenus() {
-  const auto menu = [this](const char* name, const char* caption) {
-    QMenu* made = menuBar()->addMenu(QLatin1String(caption));
-    made->setObjectName(QLatin1String(name));
-    return made;
+  QMenu& file = *AddMenu(*menuBar(), "GraphFile", "&File");
+  const auto separator = [&file](int index) {
+    file.addSeparator()->setObjectName(IndexedName("GraphFileItem", index));
   };
-  QMenu* file = menu("GraphFile", "&File");
-  const auto fileItem = [&](int index, const char* caption) {
-    QAction* action = AddItem(file, "GraphFileItem", index, caption);
-    connect(action, &QAction::triggered, this, [this, index] { Run([this, index] { FileItem(index); }); });
-    return action;
-  };
-  const auto separator = [&](int index) {
-    file->addSeparator()->setObjectName(IndexedName("GraphFileItem", index));
-  };
-  fileItem(kPrintIndex, "&Print")->setShortcut(QKeySequence::Print);
-  fileItem(kPictureIndex, kSavePictureCaption)->setShortcut(QKeySequence::Save);
-  separator(kPrintIndex + 1);
-  fileItem(kExportIndex, "Export to Excel");
-  separator(kExportIndex + 1);
-  fileItem(kExitIndex, "E&xit")->setShortcut(Qt::Key_Escape);
+  AddItem(session_, file, "GraphFileItem", 0, "&Print", [this] {
+    Print();
+  })->setShortcut(QKeySequence::Print);
+  AddItem(session_, file, "GraphFileItem", 5, kSavePictureCaption, [this] {
+    Save();
+  })->setShortcut(QKeySequence::Save);
+  separator(1);
+  AddItem(session_, file, "GraphFileItem", 2, "Export to Excel",
+          [this] { ExportGraph(session_.State, session_.Outside, TheChart()); });
+  separator(3);
+  AddItem(session_, file, "GraphFileItem", 4, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
 
-  QAction* copy = AddItem(menu("GraphEdit", "&Edit"), "GraphEditItem", 0, "Copy ");
-  copy->setShortcut(QKeySequence::Copy);
-  connect(copy, &QAction::triggered, this, &frmGraph::Copy);
+  QMenu& edit = *AddMenu(*menuBar(), "GraphEdit", "&Edit");
+  AddItem(session_, edit, "GraphEditItem", 0, "Copy ", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
 
-  QMenu* options = menu("GraphOptions", "&Options");
-  for (const auto& [index, caption, checkable] :
-       {std::tuple{kPointIdIndex, "Point ID", true}, std::tuple{kBasicOptionsIndex, "Basic &Options", false},
-        std::tuple{kReferenceIndex, "Reference &Line", true}}) {
-    QAction* action = AddItem(options, "GraphOptionsItem", index, caption);
-    action->setCheckable(checkable);
-    action->setChecked(index == kReferenceIndex);
-    connect(action, &QAction::triggered, this, [this, i = index] { Run([this, i] { OptionsItem(i); }); });
-    pointId_ = index == kPointIdIndex ? action : pointId_;
-  }
-}
-
-template <class Command>
-void frmGraph::Run(Command&& command) {
-  Attempt(session_.State, session_.Outside.Messages, command);
+  QMenu& options = *AddMenu(*menuBar(), "GraphOptions", "&Options");
+  pointId_ = AddItem(session_, options, "GraphOptionsItem", 0, "Point ID",
+                     [this] { ShowPointFrame(pointId_->isChecked()); });
+  pointId_->setCheckable(true);
+  AddItem(session_, options, "GraphOptionsItem", 1, "Basic &Options",
+          [this] { frmGraphOpt(session_, *this).exec(); });
+  reference_ = AddItem(session_, options, "GraphOptionsItem", 2, "Reference &Line", [this] { DrawCurve(); });
+  reference_->setCheckable(true);
+  reference_->setChecked(true);
 }
 
 void frmGraph::GraphInit(GraphKind graph) {
@@ -148,7 +120,8 @@ void frmGraph::GraphInit(GraphKind graph) {
 
 Chart frmGraph::TheChart() const {
   const Korva& korva = session_.State;
-  return ChartOf(korva.Sweep, DisplayCurves_, korva.Preferences.Graph, showReference_ && DisplayCurves_ > 0);
+  return ChartOf(korva.Sweep, DisplayCurves_, korva.Preferences.Graph,
+                 reference_->isChecked() && DisplayCurves_ > 0);
 }
 
 void frmGraph::DrawCurve() {
@@ -176,22 +149,9 @@ void frmGraph::TrackPoint(QPointF position) {
   graph1_->setCursor(Qt::CrossCursor);
 }
 
-void frmGraph::FileItem(int index) {
-  switch (index) {
-    case kPrintIndex:
-      Print();
-      break;
-    case kExportIndex:
-      ExportGraph(session_.State, session_.Outside, TheChart());
-      break;
-    case kPictureIndex:
-      SavePicture(session_.State, session_.Outside, "Graph",
-                  [this](PictureKind kind) { return Formats().PictureBytes(kind, graph1_->Sheet()); });
-      break;
-    default:
-      close();
-      break;
-  }
+void frmGraph::Save() {
+  SavePicture(session_.State, session_.Outside, "Graph",
+              [this](PictureKind kind) { return Formats().PictureBytes(kind, graph1_->Sheet()); });
 }
 
 // In the proportions of the screen, as large as the sheet allows.
@@ -221,29 +181,12 @@ void frmGraph::Copy() {
 
 // The window keeps the room of the graph and of all that the frame says.
 void frmGraph::ShowPointFrame(bool shown) {
+  graph1_->unsetCursor();
   pointFrame_->setVisible(shown);
   const int gap = SpacingUnit(*this);
   const QSize frame = pointFrame_->minimumSizeHint();
   setMinimumSize(shown ? std::max(kLeastSide, frame.width() + 4 * gap) : kLeastSide,
                  kLeastSide + (shown ? frame.height() + gap : 0));
-}
-
-void frmGraph::OptionsItem(int index) {
-  switch (index) {
-    case kPointIdIndex:
-      ShowPointFrame(pointId_->isChecked());
-      graph1_->unsetCursor();
-      break;
-    case kBasicOptionsIndex: {
-      frmGraphOpt options(session_, *this);
-      options.exec();
-      break;
-    }
-    default:
-      showReference_ = !showReference_;
-      DrawCurve();
-      break;
-  }
 }
 
 QString frmGraph::Edited(const QString& title, const QString& what) {

@@ -40,29 +40,25 @@ class frmGraph final : public QMainWindow {
   void BuildMenus();
   void BuildBody();
   void BuildPointFrame(QWidget* body);
-  void FileItem(int index);
-  void OptionsItem(int index);
   void ShowPointFrame(bool shown);
+  void Save();
   void Print();
   void Copy();
   void TrackPoint(QPointF position);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);
   Chart TheChart() const;
-  // Runs a command; a run-time error ends here.
-  template <class Command>
-  void Run(Command&& command);
 
   Session& session_;
   GraphKind graph_ = kEntryHeightGraph;
   int DisplayCurves_ = 0;
-  bool showReference_ = true;
   ChartView* graph1_ = nullptr;
   QGroupBox* pointFrame_ = nullptr;
   QLabel* lblCurve_ = nullptr;
   QLabel* lblSF_ = nullptr;
   QLabel* lblX_ = nullptr;
   QAction* pointId_ = nullptr;
+  QAction* reference_ = nullptr;
 };
 
 }  // namespace korva::desktop

@@ -14,7 +14,6 @@
 #include <chrono>
 #include <cmath>
 
-#include "commands/Attempt.h"
 #include "commands/Formats.h"
 #include "commands/PlanCommands.h"
 #include "commands/SavePicture.h"
@@ -69,49 +68,36 @@ frmPicture::frmPicture(Session& session, QWidget& opener)
   PlaceFirst();
 }
 
-QAction* frmPicture::AddItem(QMenu& menu, const char* array, int index, const char* caption,
-                             const std::function<void()>& command) {
-  QAction* action = menu.addAction(QLatin1String(caption));
-  action->setObjectName(IndexedName(array, index));
-  action->setMenuRole(QAction::NoRole);
-  connect(action, &QAction::triggered, this,
-          [this, command] { Attempt(session_.State, session_.Outside.Messages, command); });
-  return action;
-}
-
 void frmPicture::BuildMenus() {
-  const auto menu = [this](const char* name, const char* caption) -> QMenu& {
-    QMenu* made = menuBar()->addMenu(QLatin1String(caption));
-    made->setObjectName(QLatin1String(name));
-    return *made;
-  };
-  QMenu& file = menu("mnuPlotFile", "&File");
-  AddItem(file, "mnuPlotFileItem", 0, "&Print", [this] { Print(); })->setShortcut(QKeySequence::Print);
-  AddItem(file, "mnuPlotFileItem", 3, kSavePictureCaption, [this] {
+  QMenu& file = *AddMenu(*menuBar(), "mnuPlotFile", "&File");
+  AddItem(session_, file, "mnuPlotFileItem", 0, "&Print", [this] {
+    Print();
+  })->setShortcut(QKeySequence::Print);
+  AddItem(session_, file, "mnuPlotFileItem", 3, kSavePictureCaption, [this] {
     SavePlan();
   })->setShortcut(QKeySequence::Save);
   file.addSeparator()->setObjectName(IndexedName("mnuPlotFileItem", 1));
-  AddItem(file, "mnuPlotFileItem", 2, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
+  AddItem(session_, file, "mnuPlotFileItem", 2, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
 
-  QMenu& edit = menu("mnuEdit", "&Edit");
-  AddItem(edit, "mnuEditItem", 0, "&Copy", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
-  AddItem(edit, "mnuEditItem", 1, "Increase Font Size", [this] {
+  QMenu& edit = *AddMenu(*menuBar(), "mnuEdit", "&Edit");
+  AddItem(session_, edit, "mnuEditItem", 0, "&Copy", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
+  AddItem(session_, edit, "mnuEditItem", 1, "Increase Font Size", [this] {
     StepFont(1);
   })->setShortcut(Qt::CTRL | Qt::Key_BracketRight);
-  AddItem(edit, "mnuEditItem", 2, "Decrease Font Size", [this] {
+  AddItem(session_, edit, "mnuEditItem", 2, "Decrease Font Size", [this] {
     StepFont(-1);
   })->setShortcut(Qt::CTRL | Qt::Key_BracketLeft);
 
-  QMenu& settings = menu("mnuPlotSet", "&Settings");
+  QMenu& settings = *AddMenu(*menuBar(), "mnuPlotSet", "&Settings");
   auto* choices = new QActionGroup(this);
   const auto choice = [&](PillarPlot plot, const char* caption) {
-    QAction* item = AddItem(settings, "mnuPlotSetItem", plot - kPlotDimensions, caption,
-                            [this, plot] { ChoosePlot(plot); });
-    item->setCheckable(true);
-    item->setChecked(plot == kPlotDimensions);
-    item->setEnabled(session_.State.PlotCaller == kPlanFromResults);
-    choices->addAction(item);
-    return item;
+    QAction* action = AddItem(session_, settings, "mnuPlotSetItem", plot - kPlotDimensions, caption,
+                              [this, plot] { ChoosePlot(plot); });
+    action->setCheckable(true);
+    action->setChecked(plot == kPlotDimensions);
+    action->setEnabled(session_.State.PlotCaller == kPlanFromResults);
+    choices->addAction(action);
+    return action;
   };
   choice(kPlotDimensions, "&Pillar Dimensions");
   choice(kPlotStrength, kStrengthPlot);
@@ -121,15 +107,15 @@ void frmPicture::BuildMenus() {
     capacity->setEnabled(false);  // of two models only the laminated one ran
   }
 
-  QMenu& zoom = menu("mnuView", "&View");
+  QMenu& zoom = *AddMenu(*menuBar(), "mnuView", "&View");
   const auto middle = [this] { return QRectF(view_->rect()).center(); };
-  AddItem(zoom, "mnuViewItem", 0, "Zoom &In", [this, middle] {
+  AddItem(session_, zoom, "mnuViewItem", 0, "Zoom &In", [this, middle] {
     view_->ZoomBy(kZoomStep, middle());
   })->setShortcuts({QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-  AddItem(zoom, "mnuViewItem", 1, "Zoom &Out", [this, middle] {
+  AddItem(session_, zoom, "mnuViewItem", 1, "Zoom &Out", [this, middle] {
     view_->ZoomBy(1 / kZoomStep, middle());
   })->setShortcut(QKeySequence::ZoomOut);
-  AddItem(zoom, "mnuViewItem", 2, "&Whole Plan", [this] {
+  AddItem(session_, zoom, "mnuViewItem", 2, "&Whole Plan", [this] {
     view_->ShowWhole();
   })->setShortcut(Qt::CTRL | Qt::Key_0);
 }

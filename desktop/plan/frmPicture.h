@@ -4,13 +4,11 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
-#include <functional>
 
 #include "desktop/support/Session.h"
 #include "plan/KORVAgraf.h"
 
 class QLabel;
-class QMenu;
 
 namespace korva::desktop {
 
@@ -38,8 +36,6 @@ class frmPicture final : public QMainWindow {
 
   void Build();
   void BuildMenus();
-  QAction* AddItem(QMenu& menu, const char* array, int index, const char* caption,
-                   const std::function<void()>& command);
   void ChoosePlot(PillarPlot plot);
   void StepFont(int direction);
   void Copy();

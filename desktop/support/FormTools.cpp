@@ -10,10 +10,12 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
 
+#include "commands/Attempt.h"
 #include "core/FontNames.h"
 #include "services/HelpTexts.h"
 
@@ -141,6 +143,23 @@ QComboBox* NewList(const QString& name, QWidget* parent) {
   list->setObjectName(name);
   LetWheelPass(*list);
   return list;
+}
+
+QMenu* AddMenu(QMenuBar& bar, const char* name, const char* caption) {
+  QMenu* menu = bar.addMenu(QLatin1String(caption));
+  menu->setObjectName(QLatin1String(name));
+  return menu;
+}
+
+QAction* AddItem(Session& session, QMenu& menu, const char* array, int index, const char* caption,
+                 std::function<void()> command) {
+  QAction* action = menu.addAction(QLatin1String(caption));
+  action->setObjectName(IndexedName(array, index));
+  action->setMenuRole(QAction::NoRole);
+  QObject::connect(action, &QAction::triggered, &menu, [&session, command = std::move(command)] {
+    Attempt(session.State, session.Outside.Messages, command);
+  });
+  return action;
 }
 
 void SetColumns(QLineEdit& box, int digits) {

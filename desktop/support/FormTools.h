@@ -16,9 +16,12 @@
 
 #include "desktop/support/Session.h"
 
+class QAction;
 class QBoxLayout;
 class QComboBox;
 class QLineEdit;
+class QMenu;
+class QMenuBar;
 
 namespace korva::desktop {
 
@@ -49,6 +52,11 @@ QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* pa
 
 // A list to choose from, with its name; the wheel turns the page, not the choice.
 QComboBox* NewList(const QString& name, QWidget* parent);
+
+// A menu, and a command of one; run-time errors of the command end there.
+QMenu* AddMenu(QMenuBar& bar, const char* name, const char* caption);
+QAction* AddItem(Session& session, QMenu& menu, const char* array, int index, const char* caption,
+                 std::function<void()> command);
 
 // Makes a box as wide as that many digits need.
 void SetColumns(QLineEdit& box, int digits);
