@@ -46,7 +46,7 @@ enum Field {
 };
 
 [[noreturn]] void RefuseField(int field) {
-  throw Failure{static_cast<std::int16_t>(KORVASTROND_FIELD + field)};
+  throw Failure{KORVASTROND_FIELD + field};
 }
 
 std::string_view Trimmed(std::string_view text) {
@@ -111,7 +111,7 @@ class Fields {
   bool Flag(int field) const { return At(field) == 1; }
 
  private:
-  static Failure Refused(int field) { return {static_cast<std::int16_t>(KORVASTROND_FIELD + field)}; }
+  static Failure Refused(int field) { return {KORVASTROND_FIELD + field}; }
   double UpTo(int field, double most) const { return At(field) <= most ? At(field) : throw Refused(field); }
 
   std::array<std::string_view, kExchangeFields> texts_;
@@ -178,7 +178,7 @@ Panel ReadExchangeLine(std::string_view text) {
 
 Failure BeyondNumbers(const Panel& panel) {
   const int field = panel.EntryHeight < panel.UnitWeight ? kEntryHeight : kUnitWeight;
-  return {static_cast<std::int16_t>(KORVASTROND_FIELD + field)};
+  return {KORVASTROND_FIELD + field};
 }
 
 }  // namespace korva::laminated

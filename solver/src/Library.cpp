@@ -37,7 +37,7 @@ std::filesystem::path PathOf(std::string_view utf8) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
-std::int16_t Run(const char* path) {
+int Run(const char* path) {
   try {
     if (path == nullptr) {
       return KORVASTROND_NO_EXCHANGE_FILE;
@@ -68,7 +68,7 @@ std::int16_t KORVA_Run_STROND(const char* path) {
   std::fenv_t caller;
   std::fegetenv(&caller);
   std::fesetenv(FE_DFL_ENV);
-  const std::int16_t code = korva::laminated::Run(path);
+  const int code = korva::laminated::Run(path);
   std::fesetenv(&caller);
-  return code;
+  return static_cast<std::int16_t>(code);
 }

@@ -2,7 +2,6 @@
 // library, and the reports of its results.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -50,15 +49,15 @@ StrondResults ReadStrondResults(std::string_view text, const std::string& fileNa
 // Calls the function of the solver library with the name of an exchange file, and gives back what it gives.
 // The library is looked for by name in the usual places, at the first call. Run-time error 53 if it cannot be
 // loaded or does not have the function.
-std::int16_t CallSolverLibrary(const std::string& exchangePath);
-std::int16_t CallSolverLibrary(const std::string& library, const std::string& exchangePath);
+int CallSolverLibrary(const std::string& exchangePath);
+int CallSolverLibrary(const std::string& library, const std::string& exchangePath);
 
 // The library's value in words; nothing for 0.
-std::string SolverStatusText(std::int16_t status);
+std::string SolverStatusText(int status);
 
 // The number of the run-time error that a run without a result ends in. Those that offer Retry stand for what
 // may be otherwise the next time, such as a full disk; a refusal of the solver stays one.
-ErrorNumber SolverStatusError(std::int16_t status);
+ErrorNumber SolverStatusError(int status);
 
 struct StrondRun {
   std::string StrondOutFile;
@@ -72,7 +71,7 @@ struct StrondRun {
 // and that of its value if it left no result.
 StrondRun RunStrond2D(
     const Project& project, UnitSystem units, const std::string& projectPath, const StrondPlace& place,
-    const std::function<std::int16_t(const std::string&)>& solver = [](const std::string& path) {
+    const std::function<int(const std::string&)>& solver = [](const std::string& path) {
       return CallSolverLibrary(path);
     });
 

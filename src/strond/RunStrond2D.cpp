@@ -43,8 +43,7 @@ std::unique_ptr<FileLock> Hold(const std::string& exchange) {
 }  // namespace
 
 StrondRun RunStrond2D(const Project& project, UnitSystem units, const std::string& projectPath,
-                      const StrondPlace& place,
-                      const std::function<std::int16_t(const std::string&)>& solver) {
+                      const StrondPlace& place, const std::function<int(const std::string&)>& solver) {
   const std::string exchange = StrondInputPath(projectPath, ".KVSD", place);
   StrondRun run = {
       StrondOutputPath(projectPath, ".OUT", place), StrondResultPath(projectPath, ".CSV", place), {}};
@@ -53,7 +52,7 @@ StrondRun RunStrond2D(const Project& project, UnitSystem units, const std::strin
   const auto held = Hold(exchange);
   SetAside(run.StrondResultFile);
   WriteFileSafely(exchange, line);
-  const std::int16_t status = solver(exchange);
+  const int status = solver(exchange);
   if (!StateOfFile(run.StrondResultFile).exists) {
     const std::string reason = SolverStatusText(status);
     throw RuntimeError(SolverStatusError(status),

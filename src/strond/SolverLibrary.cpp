@@ -14,7 +14,7 @@ constexpr const char* kFunction = "KORVA_Run_STROND";
 
 }  // namespace
 
-std::int16_t CallSolverLibrary(const std::string& library, const std::string& exchangePath) {
+int CallSolverLibrary(const std::string& library, const std::string& exchangePath) {
   const auto run = reinterpret_cast<decltype(&KORVA_Run_STROND)>(LibraryFunction(library, kFunction));
   if (run == nullptr) {
     throw RuntimeError(ErrorNumber::kFileNotFound,
@@ -23,11 +23,11 @@ std::int16_t CallSolverLibrary(const std::string& library, const std::string& ex
   return run(exchangePath.c_str());
 }
 
-std::int16_t CallSolverLibrary(const std::string& exchangePath) {
+int CallSolverLibrary(const std::string& exchangePath) {
   return CallSolverLibrary(LibraryFile(kLibrary), exchangePath);
 }
 
-std::string SolverStatusText(std::int16_t status) {
+std::string SolverStatusText(int status) {
   switch (status) {
     case KORVASTROND_DONE:
       return {};
@@ -54,7 +54,7 @@ std::string SolverStatusText(std::int16_t status) {
   return fmt::format("it gave back {}", status);
 }
 
-ErrorNumber SolverStatusError(std::int16_t status) {
+ErrorNumber SolverStatusError(int status) {
   switch (status) {
     case KORVASTROND_DONE:
     case KORVASTROND_NO_EXCHANGE_FILE:

@@ -171,7 +171,7 @@ TEST(Factors, WhatDoesNotSettleIsAFailureAndNoFactor) {
     } catch (const Failure& failure) {
       return failure.Code;
     }
-    return std::int16_t{KORVASTROND_DONE};
+    return KORVASTROND_DONE;
   };
   EXPECT_EQ(codeOf({.Cells = kCoarse}), KORVASTROND_DONE);
   EXPECT_EQ(codeOf({.Cells = kCoarse, .Solution = {.MostIterations = 2}}), KORVASTROND_NO_CONVERGENCE);

@@ -24,7 +24,7 @@ struct Bench {
   std::string Exchange = Folder / "panel/panel.KVSD";
   std::string Result = Folder / "panel_KVSD.CSV";
 
-  StrondRun Run(const std::function<std::int16_t(const std::string&)>& solver) const {
+  StrondRun Run(const std::function<int(const std::string&)>& solver) const {
     return RunStrond2D(test::TwoSideGobs(), kEnglish, "/mine/panel.KVL", Place, solver);
   }
 };
@@ -35,7 +35,7 @@ TEST(RunStrond2D, WritesTheLineCallsTheLibraryAndReadsWhatItLeft) {
     EXPECT_TRUE(fs::equivalent(path, bench.Exchange));
     EXPECT_EQ(TempFolder::Bytes(path), StrondLine(test::TwoSideGobs(), kEnglish));
     (void)bench.Folder.Put("panel_KVSD.CSV", kResult);
-    return std::int16_t{7};  // what it gives back does not count beside a result
+    return 7;  // what it gives back does not count beside a result
   });
   EXPECT_EQ(run.Results.StrondSF[1], 1.5);
   EXPECT_EQ(run.Results.StrondBarrierData[0][3], 4);
@@ -46,8 +46,8 @@ TEST(RunStrond2D, WritesTheLineCallsTheLibraryAndReadsWhatItLeft) {
 TEST(RunStrond2D, AnEarlierResultIsNeverTakenForThisRuns) {
   const Bench bench;
   (void)bench.Folder.Put("panel_KVSD.CSV", kResult);
-  const std::string detail = ExpectError(
-      ErrorNumber::kInvalidCall, [&] { bench.Run([](const std::string&) { return std::int16_t{119}; }); });
+  const std::string detail =
+      ExpectError(ErrorNumber::kInvalidCall, [&] { bench.Run([](const std::string&) { return 119; }); });
   EXPECT_NE(detail.find(bench.Result), std::string::npos) << detail;
   EXPECT_NE(detail.find("extent of the active gob"), std::string::npos) << detail;
   EXPECT_FALSE(StateOfFile(bench.Result).exists);
@@ -64,9 +64,7 @@ TEST(RunStrond2D, ARefusalIsNotOfferedAgain) {
                                       {6, ErrorNumber::kOutOfMemory},
                                       {1, ErrorNumber::kFileNotFound},
                                       {2, ErrorNumber::kFileNotFound}}) {
-    ExpectError(error, [&, value = static_cast<std::int16_t>(status)] {
-      bench.Run([value](const std::string&) { return value; });
-    });
+    ExpectError(error, [&, value = status] { bench.Run([value](const std::string&) { return value; }); });
   }
 }
 
@@ -75,7 +73,7 @@ TEST(RunStrond2D, AShortResultNamesFileAndLine) {
   const std::string detail = ExpectError(ErrorNumber::kInputPastEnd, [&] {
     bench.Run([&](const std::string&) {
       (void)bench.Folder.Put("panel_KVSD.CSV", kResult.substr(0, 40));
-      return std::int16_t{0};
+      return 0;
     });
   });
   EXPECT_NE(detail.find("panel_KVSD.CSV"), std::string::npos) << detail;
@@ -84,12 +82,12 @@ TEST(RunStrond2D, AShortResultNamesFileAndLine) {
 
 TEST(RunStrond2D, TwoRunsNeverShareAnExchangeFile) {
   const Bench bench;
-  const auto nothing = [](const std::string&) { return std::int16_t{0}; };
+  const auto nothing = [](const std::string&) { return 0; };
   bench.Run([&](const std::string&) {
     const std::string detail = ExpectError(ErrorNumber::kFileAlreadyOpen, [&] { bench.Run(nothing); });
     EXPECT_NE(detail.find("panel.KVSD"), std::string::npos) << detail;
     (void)bench.Folder.Put("panel_KVSD.CSV", kResult);
-    return std::int16_t{0};
+    return 0;
   });
   ExpectError(ErrorNumber::kFileNotFound, [&] { bench.Run(nothing); });
 }
@@ -97,7 +95,7 @@ TEST(RunStrond2D, TwoRunsNeverShareAnExchangeFile) {
 TEST(RunStrond2D, AFolderThatCannotBeMadeEndsTheRunBeforeTheLibrary) {
   const Bench bench;
   (void)bench.Folder.Put("panel", "a file where the folder belongs");
-  EXPECT_THROW(bench.Run([](const std::string&) -> std::int16_t {
+  EXPECT_THROW(bench.Run([](const std::string&) -> int {
     ADD_FAILURE() << "the library was called";
     return 0;
   }),
