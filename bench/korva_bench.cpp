@@ -9,6 +9,7 @@
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "core/Encoding.h"
+#include "core/FilePaths.h"
 #include "files/FileReader.h"
 #include "files/ProjectFile.h"
 #include "model/KORVAmodel.h"
@@ -110,7 +111,7 @@ class CopiedExamples {
   CopiedExamples(const CopiedExamples&) = delete;
   CopiedExamples& operator=(const CopiedExamples&) = delete;
 
-  std::string Folder() const { return folder_.string(); }
+  std::string Folder() const { return Utf8Of(folder_); }
 
  private:
   fs::path folder_;

@@ -11,6 +11,7 @@
 #include "ExchangeLine.h"
 #include "RandomPanels.h"
 #include "commands/FileCommands.h"
+#include "core/FilePaths.h"
 #include "model/KORVAmodel.h"
 #include "strond/KORVAStrond2D.h"
 
@@ -85,7 +86,7 @@ void Examples() {
   }
   for (const auto& file : files) {
     Korva korva;
-    korva.ProjectFileName = file.string();
+    korva.ProjectFileName = Utf8Of(file);
     NoMessages messages;
     FileOpen(korva, messages);
     if (PrepareCalculation(korva.ProjectCalc, korva.Stored.ProjectUnits).Refusal) {
@@ -97,7 +98,7 @@ void Examples() {
     const Difference margin = Between(f, ComputeFactors(panel, {.Cells = {.Margin = 12, .MostCells = 4e6}}));
     const double defect = std::max(f.Runs[0].Outcome.Equilibrium, f.Runs[1].Outcome.Equilibrium);
     fmt::print("| {} | {} x {} of {:.2f} | {:.3f} | {:.3f} | {:.3f} % | {:.3f} % | {:.0e} |\n",
-               file.stem().string(), f.Cells.Nx, f.Cells.Ny, f.Cells.Cx, f.Pillars[0], f.Pillars[1],
+               Utf8Of(file.stem()), f.Cells.Nx, f.Cells.Ny, f.Cells.Cx, f.Pillars[0], f.Pillars[1],
                cells.Pillars, margin.Pillars, defect);
   }
 }

@@ -118,7 +118,7 @@ std::pair<std::string, double> Change(const std::string& word) {
 
 class HelpPage {
  public:
-  explicit HelpPage(const fs::path& page) : name_(page.filename().string()) {
+  explicit HelpPage(const fs::path& page) : name_(Utf8Of(page.filename())) {
     std::ifstream file(page, std::ios::binary);
     lines_ = Lines({std::istreambuf_iterator<char>(file), {}});
     fs::create_directory(folder_ / "tmp");
@@ -316,7 +316,7 @@ TEST(Help, QuotesWhatTheCommandComputes) {
   std::map<std::string, int> checks;
   for (const auto& page : fs::directory_iterator(KORVA_HELP)) {
     if (page.path().extension() == ".md") {
-      checks[page.path().stem().string()] = HelpPage(page.path()).Check();
+      checks[Utf8Of(page.path().stem())] = HelpPage(page.path()).Check();
     }
   }
   for (const char* page : {"tutorial", "examples", "theory-traditional", "oddities", "parameters"}) {

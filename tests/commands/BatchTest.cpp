@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "commands/Batch.h"
+#include "core/FileNames.h"
 #include "files/ProjectFile.h"
 #include "support/Panels.h"
 #include "support/TempFolder.h"
@@ -35,7 +36,7 @@ TEST(FindProjectFiles, WalksFoldersInNameOrder) {
   const std::string mixed = folder.Put("sub/c.KvL", "");
   const std::string other = folder.Put("sub/d.txt", "");
   folder.Put("KVL", "");
-  const std::string slash = std::filesystem::path(b).parent_path();
+  const std::string slash = FolderOf(b);
   EXPECT_EQ(FindProjectFiles({slash}), (std::vector<std::string>{b, mixed, a}));
   // A file is taken whatever its name, and none twice.
   EXPECT_EQ(FindProjectFiles({other, b, slash, b, "missing"}),

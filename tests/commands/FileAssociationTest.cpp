@@ -39,7 +39,7 @@ class FileAssociation : public testing::Test {
     fs::permissions(folder / ("bin/" + name), fs::perms(0755));
   }
   void PutIn(const std::string& name, std::string_view bytes) {
-    fs::create_directories(fs::path(folder / name).parent_path());
+    fs::create_directories((folder.Path() / name).parent_path());
     folder.Put(name, bytes);
   }
   std::string Of(const char* name) { return TempFolder::Bytes(folder / name); }
@@ -51,7 +51,7 @@ class FileAssociation : public testing::Test {
       std::error_code none;
       for (const auto& entry : fs::recursive_directory_iterator(folder / home, none)) {
         if (entry.is_regular_file()) {
-          files[entry.path().string()] = TempFolder::Bytes(entry.path().string());
+          files[Utf8Of(entry.path())] = TempFolder::Bytes(Utf8Of(entry.path()));
         }
       }
     }

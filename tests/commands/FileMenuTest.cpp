@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "commands/MenuBench.h"
+#include "core/FileNames.h"
 #include "support/VoskPanel.h"
 
 namespace korva {
@@ -21,7 +22,7 @@ class FileMenuTest : public MenuBench {
   std::string LongNames() const {
     std::string names;
     for (const std::string& name : korva.Preferences.FileMenu.LastFileLong) {
-      names += std::filesystem::path(name).filename().string() + "|";
+      names += FileBaseName(name, false) + "|";
     }
     return names;
   }

@@ -29,16 +29,16 @@ class RecoveryTest : public MenuBench {
   void Tick() {
     recovery->KeepCopy();
     for (const auto& entry : std::filesystem::directory_iterator(folder / "sessions")) {
-      const std::string name = entry.path().filename().string();
+      const std::string name = Utf8Of(entry.path().filename());
       if (name.ends_with(".KVL") && !name.starts_with("kept-")) {
-        const std::string copy = TempFolder::Bytes(entry.path().string());
+        const std::string copy = TempFolder::Bytes(Utf8Of(entry.path()));
         StoredProject project;
         std::vector<FileNotice> notices;
         ReadProject(copy, name, 54, project, notices);
         std::string owner = copy.substr(copy.find("##Recovery##") + 12);
         owner.resize(owner.find_first_of("\r\n"));
         seen.insert(fmt::format("{} of {}", project.ProjectInput.DepthCover,
-                                owner.front() == '/' ? std::filesystem::relative(owner).string() : owner));
+                                owner.front() == '/' ? Utf8Of(std::filesystem::relative(owner)) : owner));
       }
     }
   }

@@ -125,7 +125,7 @@ void SaveTextBrow(FormBench& bench) {
   const auto place = std::filesystem::temp_directory_path() / "korva-examples";  // the same in every picture
   std::error_code there;
   std::filesystem::create_directory_symlink(KORVA_EXAMPLES, place, there);
-  bench.State.LastBrowseFolder = place.string();
+  bench.State.LastBrowseFolder = Utf8Of(place);
   bench.State.Preferences.TextBrowse.BrowseFont.Name = "Liberation Sans";
   frmTextBrow viewer(bench.Forms);
   auto& files = The<QListView>(viewer, "File1");

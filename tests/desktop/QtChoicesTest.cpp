@@ -43,7 +43,7 @@ std::string Chosen(const std::string& folder, const char* typed, int down) {
 
 TEST(QtFileChoice, ANameWithoutAnEndingGetsThatOfTheFilter) {
   const TempFolder temporary;
-  const std::string folder = std::filesystem::canonical(temporary / "").string() + "/";
+  const std::string folder = Utf8Of(canonical(temporary.Path())) + "/";
   EXPECT_EQ(Chosen(folder, "graph", 0), folder + "graph.svg");
   EXPECT_EQ(Chosen(folder, "graph", 1), folder + "graph.pdf");
   EXPECT_EQ(Chosen(folder, "graph.svg", 1), folder + "graph.svg") << "what was typed counts";

@@ -12,6 +12,7 @@
 
 #include "core/Description.h"
 #include "core/Encoding.h"
+#include "core/FilePaths.h"
 #include "core/RuntimeError.h"
 #include "desktop/input/frmKORVADesc.h"
 #include "desktop/input/frmKORVAParm.h"
@@ -68,7 +69,7 @@ std::set<std::string> ProjectsIn(const std::string& folder) {
     if (!entry.is_regular_file(failure)) {
       continue;
     }
-    const std::string text = TextFromFileBytes(Read(entry.path().string()));
+    const std::string text = TextFromFileBytes(Read(Utf8Of(entry.path())));
     const auto mark = text.rfind(kNameMark);
     if (const auto project = TextOfFile(text.substr(0, mark), kEnglish)) {
       projects.insert(*project);

@@ -9,6 +9,8 @@
 #include <fstream>
 
 #include "commands/FileCommands.h"
+#include "core/FileNames.h"
+#include "core/FilePaths.h"
 #include "desktop/RandomActionsWorld.h"
 #include "files/ProjectFile.h"
 #include "support/ScriptedMessages.h"
@@ -24,17 +26,13 @@ void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string NameOf(const std::string& path) {
-  return fs::path(path).filename().string();
-}
-
 // The files and folders of a folder, in an order that is the same in every run.
 std::vector<std::string> PathsOf(const std::string& folder) {
   std::vector<std::string> paths;
   std::error_code failure;
   for (fs::directory_iterator entry(folder, failure); !failure && entry != fs::end(entry);
        entry.increment(failure)) {
-    paths.push_back(entry->path().string());
+    paths.push_back(Utf8Of(entry->path()));
   }
   std::sort(paths.begin(), paths.end());
   return paths;
@@ -42,7 +40,7 @@ std::vector<std::string> PathsOf(const std::string& folder) {
 
 std::string SomeProject(World& world) {
   auto paths = PathsOf(world.Projects());
-  std::erase_if(paths, [](const std::string& path) { return !IsProjectName(NameOf(path)); });
+  std::erase_if(paths, [](const std::string& path) { return !IsProjectName(FileBaseName(path, false)); });
   return paths.empty() ? world.Projects() + "none.KVL" : world.Random.Pick(paths);
 }
 
@@ -83,7 +81,7 @@ void ChangeProject(World& world) {
   std::error_code failure;
   std::string bytes = Read(path);
   const int kind = world.Random.Between(1, 8);
-  Note("change file " + std::to_string(kind) + " " + NameOf(path));
+  Note("change file " + std::to_string(kind) + " " + FileBaseName(path, false));
   switch (kind) {
     case 1:
       fs::remove_all(path, failure);
@@ -160,7 +158,7 @@ void RenewProjects(World& world) {
   Unlock(world);
   std::error_code failure;
   for (const std::string& path : PathsOf(world.Folder + "/examples")) {
-    const std::string target = world.Projects() + NameOf(path);
+    const std::string target = world.Projects() + FileBaseName(path, false);
     if (fs::is_directory(target, failure)) {
       fs::remove_all(target, failure);
     }
@@ -246,7 +244,7 @@ void PrepareFolders(World& world) {
   const std::string examples = world.Folder + "/examples/";
   fs::create_directories(examples);
   for (const std::string& path : PathsOf(KORVA_EXAMPLES)) {
-    fs::copy_file(path, examples + NameOf(path));
+    fs::copy_file(path, examples + FileBaseName(path, false));
   }
   PutModel(examples, "development.KVL", kLaminatedModel, "laminated.KVL");
   PutModel(examples, "active-retreat.KVL", kComparedModels, "compared.KVL");

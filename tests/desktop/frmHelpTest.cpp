@@ -106,7 +106,7 @@ TEST_F(HelpWindow, TheListOfFormsIsWhole) {
   }
   std::set<std::string> there;
   for (const auto& entry : fs::recursive_directory_iterator(KORVA_DESKTOP_SOURCES)) {
-    const std::string stem = entry.path().stem().string();
+    const std::string stem = Utf8Of(entry.path().stem());
     if (entry.path().extension() == ".h" && stem.starts_with("frm") && stem != "frmKORVAParmControls") {
       there.insert(stem);
     }
@@ -164,7 +164,7 @@ TEST_F(HelpWindow, TheTopicsOfMessagesAreThere) {
   for (const char* sources : {KORVA_DESKTOP_SOURCES, KORVA_DESKTOP_SOURCES "/../src"}) {
     for (const auto& entry : fs::recursive_directory_iterator(sources)) {
       if (entry.path().extension() == ".cpp") {
-        const QString text = QString::fromStdString(TempFolder::Bytes(entry.path().string()));
+        const QString text = QString::fromStdString(TempFolder::Bytes(Utf8Of(entry.path())));
         for (const QString& topic : All(text, "\"((?:messages|warnings|refusal)-[a-z]+)\"")) {
           topics.insert(topic.toStdString());
         }

@@ -75,7 +75,7 @@ class MainForm : public testing::Test {
   std::string Copy() const {
     std::string copies;
     for (const auto& entry : std::filesystem::directory_iterator(korva.Places.StateFolder)) {
-      copies += entry.path().extension() == ".KVL" ? TempFolder::Bytes(entry.path().string()) : "";
+      copies += entry.path().extension() == ".KVL" ? TempFolder::Bytes(Utf8Of(entry.path())) : "";
     }
     std::erase(copies, '\r');
     return copies;

@@ -35,7 +35,7 @@ class TextBrowse : public testing::Test {
   }
 
   // As the form has it: without the double separators of the temporary folder's name.
-  std::string Plain(const char* name) const { return fs::path(folder / name).lexically_normal().string(); }
+  std::string Plain(const char* name) const { return Utf8Of((folder.Path() / name).lexically_normal()); }
   frmTextBrow& Open() {
     form = std::make_unique<frmTextBrow>(bench.Forms);
     form->show();
@@ -130,7 +130,7 @@ TEST_F(TextBrowse, FolderAndFilterAreKept) {
 
   Open();
   EXPECT_EQ(Files(), QStringList(QStringLiteral("deep.KVL")));
-  Select("Dir1", QString::fromStdString(fs::path(folder / "").parent_path().filename().string()));
+  Select("Dir1", FromUtf8(Utf8Of(folder.Path().filename())));
   PressEnter("Dir1");
   EXPECT_EQ(Files().size(), 2);
   bench.State.LastBrowseFolder.clear();  // a new start

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <set>
 
+#include "core/FileNames.h"
 #include "files/FileLock.h"
 #include "files/SessionFolder.h"
 #include "support/TempFolder.h"
@@ -68,7 +69,7 @@ pid_t StartSession(const std::string& folder, Pipe& start, Pipe& told, Pipe& end
 int LocksHeld(const std::string& folder) {
   int held = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    held += entry.path().extension() == ".lock" && IsLocked(entry.path().string()) ? 1 : 0;
+    held += entry.path().extension() == ".lock" && IsLocked(Utf8Of(entry.path())) ? 1 : 0;
   }
   return held;
 }
@@ -120,7 +121,7 @@ TEST(SessionFolder, IsPrivateAndKeepsTwentyCopiesThatWereOffered) {
   const auto count = [&folder](std::string_view start, std::string_view extension) {
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      const std::string name = entry.path().filename().string();
+      const std::string name = Utf8Of(entry.path().filename());
       files += name.starts_with(start) && name.ends_with(extension) ? 1 : 0;
     }
     return files;
@@ -129,7 +130,7 @@ TEST(SessionFolder, IsPrivateAndKeepsTwentyCopiesThatWereOffered) {
   for (int i = 0; i < 25; ++i) {
     place.Put("sessions/0-" + std::to_string(i) + ".KVL", "left");
     place.Put("sessions/0-" + std::to_string(i) + ".lock", "of a session that was killed");
-    place.Put("sessions/" + std::filesystem::path(session.CopyPath()).filename().string(), "own, and newer");
+    place.Put("sessions/" + FileBaseName(session.CopyPath(), false), "own, and newer");
     const auto taken = session.TakeAbandoned();
     ASSERT_EQ(taken.size(), 1U);
     names.insert(taken[0]);

@@ -10,6 +10,7 @@
 #include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "commands/PrivateFiles.h"
+#include "core/FilePaths.h"
 
 namespace korva {
 namespace {
@@ -64,7 +65,7 @@ std::string ComparedOutputOf(const std::string& example) {
 }
 
 std::string Golden(const std::string& name) {
-  std::ifstream file(fs::path(KORVA_GOLDEN) / (name + ".txt"), std::ios::binary);
+  std::ifstream file(KORVA_GOLDEN "/" + name + ".txt", std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
@@ -72,7 +73,7 @@ TEST(GoldenPages, OfEveryExample) {
   fs::current_path(KORVA_EXAMPLES);  // page 0 shows the bare name
   for (const auto& entry : fs::directory_iterator(".")) {
     if (entry.path().extension() == ".KVL") {
-      const std::string stem = entry.path().stem().string();
+      const std::string stem = Utf8Of(entry.path().stem());
       EXPECT_EQ(OutputOf(stem + ".KVL"), Golden(stem)) << stem;
       EXPECT_EQ(ComparedOutputOf(stem + ".KVL"), Golden(stem + ".compared")) << stem;
     }

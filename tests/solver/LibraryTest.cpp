@@ -50,16 +50,16 @@ TEST(Library, TheResultFileLiesWhereTheFolderRulesSay) {
   EXPECT_EQ(ResultPath("/home/u/MyFolvane/Temp/Temp.KVSD", ""), "/home/u/MyFolvane/Temp/Temp_KVSD.CSV");
   EXPECT_EQ(ResultPath("/tmp/Temp/Temp.KVSD", ""), "/tmp/Temp_KVSD.CSV");
   const TempFolder folder;
-  const fs::path program = fs::path(folder / "").parent_path();
+  const fs::path program = folder.Path();
   EXPECT_EQ(ResultPath(program / "panel" / "panel.KVSD", program), program / "panel_KVSD..CSV");
 }
 
 TEST(Library, ARunLeavesAHeadingAndFortyFourNumbers) {
   const TempFolder folder;
-  const fs::path exchange = fs::path(folder / "") / "panel" / "panel.KVSD";
+  const fs::path exchange = folder.Path() / "panel" / "panel.KVSD";
   Write(exchange, kLine);
   ASSERT_EQ(KORVA_Run_STROND(exchange.c_str()), KORVASTROND_DONE);
-  std::istringstream text(Read(fs::path(folder / "") / "panel_KVSD.CSV"));
+  std::istringstream text(Read(folder.Path() / "panel_KVSD.CSV"));
   std::string line;
   std::getline(text, line);
   std::vector<double> items;
@@ -81,7 +81,7 @@ TEST(Library, ARunLeavesAHeadingAndFortyFourNumbers) {
 
 TEST(Library, WhatGoesWrongHasACodeAndLeavesTheOldResult) {
   const TempFolder folder;
-  const fs::path root = fs::path(folder / "").parent_path();
+  const fs::path root = folder.Path();
   const fs::path exchange = root / "panel.KVSD";
   EXPECT_EQ(KORVA_Run_STROND(nullptr), KORVASTROND_NO_EXCHANGE_FILE);
   EXPECT_EQ(KORVA_Run_STROND(exchange.c_str()), KORVASTROND_NO_EXCHANGE_FILE);
@@ -100,7 +100,7 @@ TEST(Library, WhatGoesWrongHasACodeAndLeavesTheOldResult) {
   Write(exchange, kLine);
   EXPECT_EQ(KORVA_Run_STROND(exchange.c_str()), KORVASTROND_RESULT_NOT_WRITTEN);
   for (const auto& entry : fs::directory_iterator(root)) {
-    EXPECT_FALSE(entry.path().filename().string().starts_with(".korvastrond")) << "left behind";
+    EXPECT_FALSE(Utf8Of(entry.path().filename()).starts_with(".korvastrond")) << "left behind";
   }
 }
 
@@ -116,7 +116,7 @@ std::string LineWith(int field, const std::string& value) {
 
 TEST(Library, RefusesWhatIsSoSmallThatResultsOverflow) {
   const TempFolder folder;
-  const fs::path root = fs::path(folder / "").parent_path();
+  const fs::path root = folder.Path();
   const fs::path exchange = root / "panel.KVSD";
   for (const int field : {3, 40}) {  // entry height, unit weight
     for (const char* value : {"1e-308", "2.3E-306", "5e-324"}) {
@@ -142,7 +142,7 @@ TEST(Library, TheResultHasThePermissionsOfTheProcessWhichStayAsTheyAre) {
 // Random changes of a good line either end with a code or with a result of finite numbers.
 TEST(Library, ChangedLinesAreSolvedOrRefused) {
   const TempFolder folder;
-  const fs::path exchange = fs::path(folder / "") / "panel.KVSD";
+  const fs::path exchange = folder.Path() / "panel.KVSD";
   std::mt19937 random(5);
   const std::string letters = "0123456789.,-eE \r";
   for (int run = 0; run < 60; ++run) {
@@ -151,9 +151,9 @@ TEST(Library, ChangedLinesAreSolvedOrRefused) {
       line[random() % (line.size() - 2)] = letters[random() % letters.size()];
     }
     Write(exchange, line);
-    fs::remove(fs::path(folder / "") / "panel_KVSD.CSV");
+    fs::remove(folder.Path() / "panel_KVSD.CSV");
     const int code = KORVA_Run_STROND(exchange.c_str());
-    const std::string result = Read(fs::path(folder / "") / "panel_KVSD.CSV");
+    const std::string result = Read(folder.Path() / "panel_KVSD.CSV");
     ASSERT_EQ(code == KORVASTROND_DONE, !result.empty()) << line;
     const std::string numbers = result.substr(result.find('\n') + 1);
     EXPECT_EQ(numbers.find_first_of("naif"), std::string::npos) << line;

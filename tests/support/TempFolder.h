@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/FilePaths.h"
+
 namespace korva {
 
 // A folder of its own for one test, removed with all that is in it.
@@ -28,6 +30,7 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
+  std::filesystem::path Path() const { return PathOf(path_); }
   std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
 
   std::string Put(std::string_view name, std::string_view bytes) const {
@@ -45,7 +48,7 @@ class TempFolder {
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      names.push_back(entry.path().filename().string());
+      names.push_back(Utf8Of(entry.path().filename()));
     }
     return names;
   }
