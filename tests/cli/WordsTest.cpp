@@ -78,13 +78,30 @@ printf '%s\n' "${COMPREPLY[@]}"
   const TempFolder folder_;
 };
 
-TEST_F(Completion, OffersEveryOptionOfEveryCommand) {
+TEST_F(Completion, NamesEveryOptionOfEveryCommandAsTheManualAndFishDo) {
+  const std::string fish = Words("fish");
+  std::string page = Words("man");
+  std::erase(page, '\\');
   for (const std::string& command : kCommands) {
+    SCOPED_TRACE(command);
+    const std::set<std::string> options = OptionsOf(command);
     const List offered = Offered("korva " + command + (command.empty() ? "-" : " -"));
-    std::set<std::string> expected = OptionsOf(command);
+    std::set<std::string> expected = options;
     expected.merge(std::set<std::string>{"--settings", "--set"});  // before and behind any command
-    EXPECT_EQ(std::set<std::string>(offered.begin(), offered.end()), expected) << command;
-    EXPECT_EQ(offered.size(), expected.size()) << command;
+    EXPECT_EQ(std::set<std::string>(offered.begin(), offered.end()), expected);
+    EXPECT_EQ(offered.size(), expected.size());
+
+    const auto begin = page.find(command.empty() ? ".SH OPTIONS\n" : "\n.SS " + command + "\n");
+    ASSERT_NE(begin, std::string::npos);
+    const std::string section = page.substr(begin, page.find("\n.S", begin + 1) - begin);
+    for (const std::string& option : options) {
+      const bool common = option == "-h" || option == "--help";
+      EXPECT_EQ(section.find("fB" + option + "fR") == std::string::npos, common && !command.empty())
+          << option;
+      const bool whole = option.starts_with("--");
+      EXPECT_NE(fish.find((whole ? " -l " : " -s ") + option.substr(whole ? 2 : 1)), std::string::npos)
+          << option;
+    }
   }
 }
 
@@ -106,37 +123,11 @@ TEST_F(Completion, KnowsCommandsValuesAndFiles) {
   EXPECT_EQ(Offered("korva sweep zz"), List{});
 }
 
-TEST(ManualPage, DescribesEveryOptionOfEveryCommand) {
-  std::string page = Words("man");
-  std::erase(page, '\\');
-  for (const std::string& command : kCommands) {
-    const auto begin = page.find(command.empty() ? ".SH OPTIONS\n" : "\n.SS " + command + "\n");
-    ASSERT_NE(begin, std::string::npos) << command;
-    const std::string section = page.substr(begin, page.find("\n.S", begin + 1) - begin);
-    for (const std::string& option : OptionsOf(command)) {
-      const bool common = option == "-h" || option == "--help";
-      EXPECT_EQ(section.find("fB" + option + "fR") == std::string::npos, common && !command.empty())
-          << command << " " << option;
-    }
-  }
-}
-
 TEST(ManualPage, OfTheDesktopProgramDescribesItsOptions) {
   std::string page = TempFolder::Bytes(std::string(KORVA_PACKAGING) + "/korva-strond.1");
   std::erase(page, '\\');
   for (const char* option : {"--help", "-h", "--version"}) {
     EXPECT_NE(page.find(std::string("fB") + option + "fR"), std::string::npos) << option;
-  }
-}
-
-TEST(FishWords, NameEveryOption) {
-  const std::string words = Words("fish");
-  for (const std::string& command : kCommands) {
-    for (const std::string& option : OptionsOf(command)) {
-      const std::string flag =
-          option.starts_with("--") ? " -l " + option.substr(2) : " -s " + option.substr(1);
-      EXPECT_NE(words.find(flag), std::string::npos) << command << " " << option;
-    }
   }
 }
 
