@@ -476,6 +476,8 @@ TEST_F(KorvaCommand, BatchForPrograms) {
 
 TEST_F(KorvaCommand, BadFiles) {
   ExpectFailure({"report", "gone.KVL"}, 3, "File not found (53)");
+  folder_.Put("notes.KVL", "just notes\n");
+  ExpectFailure({"report", "notes.KVL"}, 3, "Invalid file format");
   std::string text = FileOf(test::DevelopmentPanel());
   folder_.Put("nan.KVL", text.replace(text.find("\r\n400\r\n") + 2, 3, "nan"));
   ExpectFailure({"calc", "nan.KVL"}, 3, "nan.KVL, line 8: expected DepthCover");

@@ -146,6 +146,19 @@ TEST(SweepChart, TellsWhatIsToBeKnownOfItsPoints) {
   EXPECT_EQ(Drawn(plain, PictureKind::kSvg).find(shade), std::string::npos);
 }
 
+TEST(DisplayCurves, IsOneWithoutAnActiveGob) {
+  using enum PanelLoading;
+  Project panel = test::TwoSideGobs();
+  EXPECT_EQ(DisplayCurves(panel, Line(4)), 4);
+  panel.LoadingCondition = kActiveSection;
+  EXPECT_EQ(DisplayCurves(panel, Line(2)), 2);
+  panel.LoadingCondition = kDevelopmentLoad;
+  EXPECT_EQ(DisplayCurves(panel, Line(4)), 1);
+  panel.LoadingCondition = kActiveSection;
+  panel.ExtentActiveGob = 0;
+  EXPECT_EQ(DisplayCurves(panel, Line(2)), 1);
+}
+
 TEST(SweepNotes, PointsSideBySideAreARange) {
   SweepData data = Line(2);
   const FormNotice flat = {"flat", "flat at this angle"};

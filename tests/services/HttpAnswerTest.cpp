@@ -83,8 +83,10 @@ TEST(HttpAnswer, TellsWhereItIsSentOn) {
 }
 
 TEST(HttpAnswer, RefusesWhatIsNotTheWholeFile) {
-  EXPECT_EQ(FaultOf("HTTP/1.1 404 No\r\nContent-Length: 4\r\n\r\n1106"),
-            "the server answered with status 404");
+  for (const std::string status : {"206", "404", "500"}) {
+    EXPECT_EQ(FaultOf("HTTP/1.1 " + status + " No\r\nContent-Length: 4\r\n\r\n1106"),
+              "the server answered with status " + status);
+  }
   const std::string length = "the file has another length than the server said";
   EXPECT_EQ(Read(kOk + "Content-Length: 5\r\n\r\n1106").Fault, length);
   for (const char* bad : {"-1", "4x", "", "0x4", "99999999999999999999999", "4, 5"}) {
