@@ -75,6 +75,7 @@ TEST(PlanDrawing, FillsTheLeastSquare) {
       const auto side = static_cast<double>(plan.PlanWidth);
       EXPECT_EQ(plan.PlanWidth, plan.PlanHeight);
       Drawing drawing = PictureOf(plan);
+      EXPECT_EQ(drawing.Lines.size(), plan.Frame.Lines.size() + plan.Panel.Lines.size());
       std::erase_if(drawing.Texts, [](const DrawText& text) { return text.Room > 0; });
       const DrawBox box = BoxOf(drawing, side * share);
       const double margin = project.EntryWidth * 0.99;
@@ -164,11 +165,16 @@ TEST(PlanDrawing, ValuesStandInOutputUnitsWithTheirLabel) {
 }
 
 TEST(PlanDrawing, StressesCountTheSecondSideFromItsOwnEnd) {
+  Calculation run = PrepareCalculation(test::TwoSideGobs(), kEnglish).Run;
+  for (int i = 1; i <= 3; ++i) {
+    run.Out.SideStressFirst[i] = i;
+    run.Out.SideStressSecond[i] = 10 * i;
+  }
   PlanRequest request = AfterRun(test::TwoSideGobs(), kPlotSideStress);
   PlanValues& values = *request.Values;
-  EXPECT_GT(values.SideStress[1], values.SideStress[2]);
-  EXPECT_GT(values.SideStress[5], values.SideStress[4]);
-  EXPECT_TRUE(values.HasSideStress[3]);
+  values = PlanValuesOf(&run, nullptr, kEnglish, {StressUnit::kPsf, LoadUnit::kTons});
+  EXPECT_EQ(std::vector<double>(values.SideStress.begin(), values.SideStress.begin() + 5),
+            (std::vector<double>{1, 2, 33, 20, 10}));
   PlanRequest oneSide = AfterRun(test::AtCondition(test::TwoSideGobs(), 2), kPlotTotalStress);
   EXPECT_FALSE(oneSide.Values->HasSideStress[4]) << "the model says nothing about it";
   PlanRequest noSide = AfterRun(test::DevelopmentPanel(), kPlotSideStress);
@@ -176,7 +182,7 @@ TEST(PlanDrawing, StressesCountTheSecondSideFromItsOwnEnd) {
   values.SideStress[1] = 70;
   values.TribStress = 1000;
   EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 1), Texts{"70"}) << "in every row";
-  EXPECT_TRUE(Says(DrawPlan(request).value(), "Individual Pillar Stresses - Abutment (psi)."));
+  EXPECT_TRUE(Says(DrawPlan(request).value(), "Individual Pillar Stresses - Abutment (psf)."));
   request.PlotType = kPlotTotalStress;
   EXPECT_EQ(ValuesIn(DrawPlan(request).value(), 1), Texts{"1070"});
 }
@@ -396,8 +402,16 @@ TEST(PlanDrawing, MetersKeepADecimalOrAreSaidToBeRounded) {
   EXPECT_FALSE(rounds()) << "the row is not there";
   request.ProjectCalc.RowC = 1;
   EXPECT_TRUE(rounds());
-  request.ProjectCalc.RowC = 0;
-  request.ProjectCalc.SlabcutSecondGob = 12.5;
+  for (double Project::*length : {&Project::XcutSpacing, &Project::ExtentActiveGob, &Project::BarrierFirstGob,
+                                  &Project::BarrierSecondGob, &Project::SlabcutSecondGob}) {
+    request = RequestOf(test::TwoSideGobs());
+    request.PlotType = kPlotStrength;  // no sizes in the pillars
+    request.ProjectCalc.*length += 0.5;
+    EXPECT_TRUE(rounds());
+  }
+  request = RequestOf(test::TwoSideGobs());
+  request.PlotType = kPlotStrength;
+  request.ProjectCalc.XcutCenters[2] += 0.5;
   EXPECT_TRUE(rounds());
   request = RequestOf(test::TwoSideGobs());
   request.Units = kMetric;
