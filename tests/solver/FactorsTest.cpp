@@ -163,7 +163,7 @@ TEST(Factors, AnOverloadedBarrierSendsItsLoadBack) {
 }
 
 TEST(Factors, WhatDoesNotSettleIsAFailureAndNoFactor) {
-  const auto codeOf = [](const FactorRule& rule) {
+  const auto codeOf = [](const FactorRule& rule) -> int {
     Panel panel = TestPanel(1000, 60, 80, 6, kOneSideGob);
     panel.Sides[0].Barrier = 20;
     try {
