@@ -127,7 +127,7 @@ Json SweepJson(const SweepData& data) {
 void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
   if (!HasBarrierOf(call.Graph, korva.ProjectCalc)) {
     Complain(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
-                         call.Graph == kSecondBarrierGraph ? "second" : "first"));
+                         IsOfSecondBarrier(call.Graph, false) ? "second" : "first"));
   }
 }
 

@@ -27,6 +27,12 @@ constexpr bool IsBarrierGraph(GraphKind graph) {
   return graph >= kFirstBarrierGraph;
 }
 
+// Whether the factors of one of the models in a graph of barriers are those of the second one. Over depth the
+// laminated ones are, and keep being so.
+constexpr bool IsOfSecondBarrier(GraphKind graph, bool laminated) {
+  return graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && laminated);
+}
+
 // Development and retreat: of the traditional model, then of the laminated one.
 inline constexpr int kTraditionalCurves = 2;
 inline constexpr int kMostCurves = 4;

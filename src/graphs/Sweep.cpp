@@ -78,28 +78,13 @@ void WriteField(Project& project, GraphKind graph, double x) {
 }
 
 double TraditionalFactor(const Results& out, GraphKind graph, int c) {
-  switch (graph) {
-    case kFirstBarrierGraph:
-    case kBarrierDepthGraph:
-      return out.BarrierSF[c][kFirstSide];
-    case kSecondBarrierGraph:
-      return out.BarrierSF[c][kSecondSide];
-    default:
-      return out.SFKorva[c];
-  }
+  return IsBarrierGraph(graph) ? out.BarrierSF[c][IsOfSecondBarrier(graph, false) ? kSecondSide : kFirstSide]
+                               : out.SFKorva[c];
 }
 
-// The graph of barriers over depth shows the second side's laminated factors, and keeps doing so.
 float LaminatedFactor(const StrondResults& results, GraphKind graph, int stage) {
-  switch (graph) {
-    case kFirstBarrierGraph:
-      return results.StrondBarrierSF[stage][0];
-    case kSecondBarrierGraph:
-    case kBarrierDepthGraph:
-      return results.StrondBarrierSF[stage][1];
-    default:
-      return Narrowed(results.StrondSF[stage], "a stability factor");
-  }
+  return IsBarrierGraph(graph) ? results.StrondBarrierSF[stage][IsOfSecondBarrier(graph, true) ? 1 : 0]
+                               : Narrowed(results.StrondSF[stage], "a stability factor");
 }
 
 // Calls visit(x) for every step until it gives false. Barrier widths are narrowed at each addition.

@@ -33,13 +33,6 @@ std::string RangesOf(const SweepData& data, const std::string& reason) {
   return fmt::format("{}", fmt::join(ranges, ", "));
 }
 
-// The barrier that a curve of a graph of barriers is about.
-std::string_view BarrierOf(GraphKind graph, int curve) {
-  const bool second =
-      graph == kSecondBarrierGraph || (graph == kBarrierDepthGraph && IsLaminatedCurve(curve));
-  return second ? "second" : "first";
-}
-
 }  // namespace
 
 std::vector<std::pair<std::size_t, std::size_t>> NoticedPoints(const SweepData& data,
@@ -94,15 +87,16 @@ std::vector<std::string> SweepNotes(const SweepData& data, int curves) {
   for (const NoticeRange& range : NoticeRanges(data)) {
     notes.push_back(fmt::format("Hollow, shaded: {} ({})", range.Reason, range.Values));
   }
-  for (const std::string_view barrier : {"first", "second"}) {
+  for (const bool second : {false, true}) {
     std::vector<std::string_view> without;
     for (const int curve : CurvesWithoutFactor(data)) {
-      if (curve <= curves && BarrierOf(data.GraphIndex, curve) == barrier) {
+      if (curve <= curves && IsOfSecondBarrier(data.GraphIndex, IsLaminatedCurve(curve)) == second) {
         without.push_back(CurveLabel(curve));
       }
     }
     if (!without.empty()) {
-      notes.push_back(fmt::format("No {} barrier, so no factor: {}", barrier, fmt::join(without, ", ")));
+      notes.push_back(fmt::format("No {} barrier, so no factor: {}", second ? "second" : "first",
+                                  fmt::join(without, ", ")));
     }
   }
   if (!data.Partial.empty()) {
