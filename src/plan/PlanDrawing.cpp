@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/RuntimeError.h"
 #include "core/Tables.h"
 #include "plan/KORVAgraf.h"
 #include "plan/PlanBox.h"
