@@ -85,8 +85,7 @@ ProjectCard::ProjectCard(QWidget* parent)
   body->addLayout(columns);
   body->addSpacing(2 * SpacingUnit(*this));
   body->addWidget(plan_, 1);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(title_);
   all->addWidget(file_);
   all->addSpacing(SpacingUnit(*this));

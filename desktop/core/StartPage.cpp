@@ -18,12 +18,10 @@ StartPage::StartPage(const Folders& places, Commands commands, QWidget* parent)
     : QWidget(parent), places_(places), commands_(std::move(commands)), examples_(new QMenu(this)) {
   auto* picture = new TitlePicture(this);
   picture->setObjectName(QStringLiteral("Picture1"));
-  QPushButton* begin = NewButton("cmdStartNew", QStringLiteral("&New"), this);
-  begin->setToolTip(QStringLiteral("Begins a project (Ctrl+N)"));
-  connect(begin, &QPushButton::clicked, this, [this] { commands_.New(); });
-  QPushButton* open = NewButton("cmdStartOpen", QStringLiteral("O&pen..."), this);
-  open->setToolTip(QStringLiteral("Opens a project file (Ctrl+O)"));
-  connect(open, &QPushButton::clicked, this, [this] { commands_.Open(); });
+  QPushButton* begin =
+      NewButton("cmdStartNew", "&New", "Begins a project (Ctrl+N)", *this, [this] { commands_.New(); });
+  QPushButton* open = NewButton("cmdStartOpen", "O&pen...", "Opens a project file (Ctrl+O)", *this,
+                                [this] { commands_.Open(); });
   QPushButton* examples = NewButton("cmdStartExamples", QStringLiteral("&Examples"), this);
   examples->setToolTip(QStringLiteral("Opens one of the example projects"));
   examples_->setObjectName(QStringLiteral("mnuStartExamples"));
@@ -43,8 +41,7 @@ StartPage::StartPage(const Folders& places, Commands commands, QWidget* parent)
     button->setMinimumWidth(width + 2 * SpacingUnit(*this));
   }
   buttons->addStretch();
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(picture, 1);
   all->addLayout(buttons);
 }

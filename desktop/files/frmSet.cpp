@@ -71,11 +71,11 @@ void frmSet::Build() {
   grid->addWidget(WindowFrame(), 1, 0);
   grid->addWidget(FilesFrame(), 0, 1, 2, 1);
   grid->addWidget(EditorFrame(), 2, 0, 1, 2);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addLayout(grid);
   all->addStretch();
-  all->addLayout(Buttons());
+  all->addLayout(NewOkCancelRow(*this, NewHelpButton("cmdHelp", session_, this), "cmdOK", "cmdCancel",
+                                [this] { Check(); }));
 }
 
 QGroupBox* frmSet::UnitsFrame() {
@@ -96,8 +96,8 @@ QGroupBox* frmSet::WindowFrame() {
   size_ = NewBox(
       kHistorySizeBox, kHistorySizeCaption,
       fmt::format("Characters that the history keeps. Accepted: {} to {}.", kLeastHistory, kGreatestHistory));
-  font_ = NewButton("Command5", QStringLiteral("&History Font"), this);
-  font_->setToolTip(QStringLiteral("Font of the history, applied at once"));
+  font_ = NewButton("Command5", "&History Font", "Font of the history, applied at once", *this,
+                    [this] { ChooseFont(); });
   auto* label =
       NewLabel(QStringLiteral("lblHistorySize"), QStringLiteral("History size (characters)"), frame);
   size_->HoldNumber();
@@ -119,9 +119,8 @@ QGroupBox* frmSet::FilesFrame() {
   path_ = NewBox(kDataPathBox, "Path for data files",
                  "Folder that the file dialogs open in. Accepted: a folder that exists.");
   path_->setMinimumWidth(QFontMetrics(path_->font()).averageCharWidth() * 48);
-  auto* setPath = NewButton("cmdSetPath", QStringLiteral("Set / Change Path"), this);
-  setPath->setToolTip(QStringLiteral("Chooses the folder from the disk"));
-  connect(setPath, &QPushButton::clicked, this, &frmSet::ChoosePath);
+  auto* setPath = NewButton("cmdSetPath", "Set / Change Path", "Chooses the folder from the disk", *this,
+                            [this] { ChoosePath(); });
   auto* grid = new QGridLayout(frame);
   auto* extensionLabel =
       NewLabel(QStringLiteral("lblExtension"), QStringLiteral("Default extension for data files:"), frame);
@@ -145,30 +144,17 @@ QGroupBox* frmSet::EditorFrame() {
   editor_->RemarkOn(ViewerRemark);
   auto* label = NewLabel(QStringLiteral("lblEditor"), QStringLiteral("Program:"), frame);
   label->setBuddy(editor_);
-  auto* standard = NewButton("cmdSetDefault", QStringLiteral("Set Default"), this);
-  const bool there = !ViewerRemark(kDefaultEditor);
-  standard->setToolTip(QStringLiteral("Puts the usual program back, %1%2")
-                           .arg(QLatin1String(kDefaultEditor),
-                                there ? QString() : QStringLiteral(": not found on this machine")));
-  auto* select = NewButton("cmdSelect", QStringLiteral("&Select"), this);
-  select->setToolTip(QStringLiteral("Chooses a program from the disk"));
-  connect(standard, &QPushButton::clicked, this, [this] { editor_->Fill(kDefaultEditor); });
-  connect(select, &QPushButton::clicked, this, &frmSet::ChooseEditor);
+  const std::string tip = fmt::format("Puts the usual program back, {}{}", kDefaultEditor,
+                                      ViewerRemark(kDefaultEditor) ? ": not found on this machine" : "");
+  auto* standard = NewButton("cmdSetDefault", "Set Default", tip.c_str(), *this,
+                             [this] { editor_->Fill(kDefaultEditor); });
+  auto* select =
+      NewButton("cmdSelect", "&Select", "Chooses a program from the disk", *this, [this] { ChooseEditor(); });
   auto* row = new QHBoxLayout(frame);
   for (QWidget* widget : std::initializer_list<QWidget*>{label, editor_, standard, select}) {
     row->addWidget(widget);
   }
   return frame;
-}
-
-QBoxLayout* frmSet::Buttons() {
-  QPushButton* ok = NewButton("cmdOK", QStringLiteral("OK"), this);
-  QPushButton* cancel = NewButton("cmdCancel", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewHelpButton("cmdHelp", session_, this);
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &frmSet::Check);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  return NewButtonRow(help, {ok, cancel});
 }
 
 void frmSet::Load() {
@@ -209,7 +195,6 @@ void frmSet::Wire() {
     }
   });
   connect(extension_, &QLineEdit::textChanged, this, &frmSet::ExtensionTyped);
-  connect(font_, &QPushButton::clicked, this, &frmSet::ChooseFont);
 }
 
 void frmSet::ExtensionTyped(const QString& text) {

@@ -29,7 +29,6 @@ class frmSet final : public QDialog {
   QGroupBox* WindowFrame();
   QGroupBox* FilesFrame();
   QGroupBox* EditorFrame();
-  QBoxLayout* Buttons();
   void Load();
   void Wire();
   void Check();

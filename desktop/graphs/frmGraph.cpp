@@ -55,8 +55,7 @@ void frmGraph::BuildBody() {
           [this] { TakeTitles(graph1_->Shown(), graph_, session_.State.Preferences.Graph); });
   connect(graph1_, &ChartView::PointerMoved, this, &frmGraph::TrackPoint);
   BuildPointFrame(body);
-  auto* all = new QVBoxLayout(body);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(body);
   all->addWidget(graph1_, 1);
   all->addWidget(pointFrame_, 0, Qt::AlignLeft);
   setCentralWidget(body);

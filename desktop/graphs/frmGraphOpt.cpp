@@ -54,8 +54,7 @@ frmGraphOpt::frmGraphOpt(Session& session, frmGraph& graph)
 }
 
 void frmGraphOpt::Build() {
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   constexpr std::array kCaptions = {"Set default format parameters", "Set format parameters to last used"};
   for (int i = 0; i < 2; ++i) {
     QRadioButton* option =
@@ -67,15 +66,9 @@ void frmGraphOpt::Build() {
   all->addWidget(BuildTitles());
   all->addWidget(BuildFormat());
 
-  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
-  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewButton("Command3", QStringLiteral("Help"), this);
-  help->setToolTip(QStringLiteral("Empties the graph"));
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &frmGraphOpt::accept);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(help, &QPushButton::clicked, &graph_, &frmGraph::ClearGraph);
-  all->addLayout(NewButtonRow(help, {ok, cancel}));
+  QPushButton* help =
+      NewButton("Command3", kHelpCaption, "Empties the graph", *this, [this] { graph_.ClearGraph(); });
+  all->addLayout(NewOkCancelRow(*this, help, "Command2", "Command1", [this] { accept(); }));
 }
 
 QLineEdit* frmGraphOpt::NewTitle(const QString& name, const char* meaning, std::string& title) {

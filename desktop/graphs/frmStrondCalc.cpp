@@ -27,11 +27,9 @@ frmStrondCalc::frmStrondCalc(QWidget* parent) : QDialog(parent, Qt::Window) {
   lblProg_->setAccessibleName(QStringLiteral("Progress Log"));
   auto* inner = new QVBoxLayout(log);
   inner->addWidget(lblProg_);
-  QPushButton* cancel = NewButton("cmdCancel", QStringLiteral("Cancel"), this);
-  cancel->setToolTip(QStringLiteral("Ends the calculations after the present step"));
-  connect(cancel, &QPushButton::clicked, this, &frmStrondCalc::Cancelled);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QPushButton* cancel = NewButton("cmdCancel", "Cancel", "Ends the calculations after the present step",
+                                  *this, [this] { emit Cancelled(); });
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(text);
   all->addWidget(log);
   all->addLayout(NewButtonRow(nullptr, {cancel}));

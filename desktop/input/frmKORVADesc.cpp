@@ -64,23 +64,16 @@ void frmKORVADesc::Build() {
   }
   unitRow->addStretch();
 
-  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
-  QPushButton* next = NewButton("Command4", QStringLiteral("Next Form"), this);
-  next->setToolTip(QStringLiteral("Accepts and opens the project parameters"));
-  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewHelpButton("Command3", session_, this);
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-  connect(next, &QPushButton::clicked, this, [this] {
-    goOn_ = true;
-    accept();
-  });
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QPushButton* next =
+      NewButton("Command4", "Next Form", "Accepts and opens the project parameters", *this, [this] {
+        goOn_ = true;
+        accept();
+      });
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(texts, 1);
   all->addWidget(units);
-  all->addLayout(NewButtonRow(help, {ok, next, cancel}));
+  all->addLayout(NewOkCancelRow(*this, NewHelpButton("Command3", session_, this), "Command2", "Command1",
+                                [this] { accept(); }, {next}));
 }
 
 void frmKORVADesc::Load() {

@@ -17,20 +17,13 @@ constexpr int kLongestNumber = 10;
 
 }  // namespace
 
-void frmKORVAParmControls::KeepPlace(QWidget& widget) {
-  QSizePolicy policy = widget.sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  widget.setSizePolicy(policy);
-}
-
 frmKORVAParmControls::frmKORVAParmControls(QWidget& form, UnitSystem units) : form_(form), units_(units) {
   SSTab1 = new FormTabs(QStringLiteral("SSTab1"), &form);
   order_.push_back(SSTab1);
   SSTab1->AddPage(StandardTab(), QStringLiteral("Standard"));
   SSTab1->AddPage(DefaultsTab(), QStringLiteral("Defaults"));
   SSTab1->AddPage(RetreatTab(), QStringLiteral("Retreat"));
-  auto* all = new QVBoxLayout(&form);
-  ApplySpacing(*all, form);
+  QVBoxLayout* all = NewColumn(&form);
   all->addWidget(SSTab1, 1);
   AddButtons(*all);
   for (std::size_t i = 1; i < order_.size(); ++i) {
@@ -114,8 +107,7 @@ QGroupBox* frmKORVAParmControls::OptionFrame(const char* name, const char* title
 
 QWidget* frmKORVAParmControls::DefaultsTab() {
   auto* tab = new QWidget(&form_);
-  auto* column = new QVBoxLayout(tab);
-  ApplySpacing(*column, form_);
+  QVBoxLayout* column = NewColumn(tab);
   for (const ParameterFrame frame :
        {ParameterFrame::kLoading, ParameterFrame::kZone, ParameterFrame::kArch}) {
     column->addWidget(FieldsFrame(frame));

@@ -59,8 +59,6 @@ struct frmKORVAParmControls {
   QPushButton* cmdHelp = nullptr;
 
  private:
-  // Keeps the place of a hidden widget, so that nothing jumps.
-  static void KeepPlace(QWidget& widget);
   QGroupBox* NewFrame(const char* name, const char* title);
   FieldBox* NewBox(const NumberField& field, const QString& name, const QString& caption);
   void AddBox(QGridLayout& grid, std::size_t field, int line, int column);

@@ -18,15 +18,12 @@ std::string Resource(const char* name) {
 }  // namespace
 
 AssociationBox::AssociationBox(Session& session, QWidget* parent)
-    : QGroupBox(QStringLiteral("File association"), parent),
-      session_(session),
-      remove_(NewButton("cmdFileAssocUndo", QStringLiteral("Remove File Association"), this)) {
-  QPushButton* associate = NewButton("cmdFileAssoc", QStringLiteral("Create File Association"), this);
-  associate->setToolTip(QStringLiteral("Makes project files open with this program"));
-  remove_->setToolTip(QStringLiteral("Makes project files open again as they did before"));
-  connect(associate, &QPushButton::clicked, this, &AssociationBox::Associate);
-  connect(remove_, &QPushButton::clicked, this, &AssociationBox::Dissociate);
-  QWidget::setTabOrder(associate, remove_);
+    : QGroupBox(QStringLiteral("File association"), parent), session_(session) {
+  QPushButton* associate =
+      NewButton("cmdFileAssoc", "Create File Association", "Makes project files open with this program",
+                *this, [this] { Associate(); });
+  remove_ = NewButton("cmdFileAssocUndo", "Remove File Association",
+                      "Makes project files open again as they did before", *this, [this] { Dissociate(); });
   auto* row = new QHBoxLayout(this);
   row->addWidget(associate);
   row->addWidget(remove_);

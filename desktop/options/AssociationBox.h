@@ -19,7 +19,7 @@ class AssociationBox final : public QGroupBox {
   void ShowState();
 
   Session& session_;
-  QPushButton* remove_;
+  QPushButton* remove_ = nullptr;
 };
 
 }  // namespace korva::desktop

@@ -21,14 +21,13 @@ constexpr int kRowDigits = 4;
 
 CaseImportBox::CaseImportBox(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
   Build();
-  connect(cmdImport_, &QPushButton::clicked, this, &CaseImportBox::Import);
-  connect(cancel_, &QPushButton::clicked, this, &CaseImportBox::Cancel);
   SetRunning(false);
 }
 
 void CaseImportBox::Build() {
-  cmdImport_ = NewButton("cmdImport", QStringLiteral("Import Excel"), this);
-  cmdImport_->setToolTip(QStringLiteral("Makes projects of the cases in a workbook, .xls or .xlsx"));
+  cmdImport_ =
+      NewButton("cmdImport", "Import Excel", "Makes projects of the cases in a workbook, .xls or .xlsx",
+                *this, [this] { Import(); });
   QLabel* caption = NewLabel(QStringLiteral("Label3"), QStringLiteral("Row:"), this);
   text3_ = new FieldBox(QStringLiteral("Text3"), 0, this);
   text3_->Explain(
@@ -44,18 +43,15 @@ void CaseImportBox::Build() {
   progress_ = new QProgressBar(this);
   progress_->setObjectName(QStringLiteral("prgImport"));
   progress_->setTextVisible(false);
-  cancel_ = NewButton("cmdCancelImport", QStringLiteral("Stop"), this);
-  cancel_->setToolTip(QStringLiteral("Ends the import after the present row"));
+  cancel_ = NewButton("cmdCancelImport", "Stop", "Ends the import after the present row", *this,
+                      [this] { Cancel(); });
   reason_ = NewLabel(QStringLiteral("lblImport"), {}, this);
   reason_->setWordWrap(true);
   reason_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   reason_->setMinimumHeight(3 * fontMetrics().lineSpacing());
   reason_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  for (QWidget* widget : std::initializer_list<QWidget*>{progress_, cancel_}) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-  }
+  KeepPlace(*progress_);
+  KeepPlace(*cancel_);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   int column = 0;

@@ -46,10 +46,8 @@ void frmConvert::Build() {
       NewButton("Command2", "Convert", "Converts the open project; its file stays as it is until you save",
                 *this, [this] { Convert(); });
   convert->setDefault(true);
-  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QPushButton* cancel = NewButton("Command1", "Cancel", "", *this, [this] { reject(); });
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(units);
   all->addWidget(files);
   all->addStretch();

@@ -126,22 +126,15 @@ void frmKORVAOpts::Build() {
   BuildStrondelTab();
   connect(checks_.Of(&OptionSettings::PlotXcutDims), &QCheckBox::toggled,
           checks_.Of(&OptionSettings::PlotSingleXcutDims), &QWidget::setEnabled);
-  QPushButton* help = NewHelpButton("Command3", session_, this);
-  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
-  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &frmKORVAOpts::Check);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(SSTab1_, 1);
-  all->addLayout(NewButtonRow(help, {ok, cancel}));
+  all->addLayout(NewOkCancelRow(*this, NewHelpButton("Command3", session_, this), "Command2", "Command1",
+                                [this] { Check(); }));
 }
 
 QWidget* frmKORVAOpts::NewTab(const char* caption) {
   auto* tab = new QWidget(this);
-  auto* column = new QVBoxLayout(tab);
-  ApplySpacing(*column, *this);
+  NewColumn(tab);
   SSTab1_->AddPage(tab, QLatin1String(caption));
   return tab;
 }

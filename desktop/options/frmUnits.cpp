@@ -35,10 +35,8 @@ frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session
   QPushButton* help = NewHelpButton("Command3", session_, this);
   QPushButton* copy =
       NewButton("cmdCopy", "&Copy", "Copies all results of this tab as text", *this, [this] { Copy(); });
-  QPushButton* close = NewButton("Command1", QStringLiteral("Close"), this);
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QPushButton* close = NewButton("Command1", "Close", "", *this, [this] { accept(); });
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(SSTab1_, 1);
   all->addLayout(NewButtonRow(help, {copy, close}));
   CenterForm(*this);
@@ -80,8 +78,7 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
     made.Results.push_back(result);
   }
   connect(made.Input, &QLineEdit::textChanged, this, [this, index] { Convert(index); });
-  auto* column = new QVBoxLayout(page);
-  ApplySpacing(*column, *this);
+  QVBoxLayout* column = NewColumn(page);
   column->addLayout(head);
   column->addWidget(frame);
   column->addStretch();

@@ -23,8 +23,7 @@ frmPopUp::frmPopUp(std::string_view warnings, QWidget* parent) : QDialog(parent)
   text->setPlainText(FromUtf8(warnings));
   QPushButton* ok = NewButton("cmdOK", "OK", kCloseTip, *this, [this] { accept(); });
   ok->setDefault(true);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(text, 1);
   all->addLayout(NewButtonRow(nullptr, {ok}));
   ok->setFocus();

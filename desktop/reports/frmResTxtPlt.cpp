@@ -94,8 +94,7 @@ void frmResTxtPlt::Build() {
   QPushButton* ok = NewButton("Command1", "OK", kCloseTip, *this, [this] { close(); });
   next_->setDefault(true);
 
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addLayout(NewHead());
   all->addWidget(text_, 1);
   auto* paging = new QHBoxLayout;

@@ -24,7 +24,7 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
       file_(file),
       query_(NewHelpText("txtSearch", QStringLiteral("Words to search for"), this)),
       results_(new QListWidget(this)) {
-  QPushButton* search = NewButton("cmdSearch", QStringLiteral("Sea&rch"), this);
+  QPushButton* search = NewButton("cmdSearch", "Sea&rch", "", *this, [this] { Search(); });
   results_->setObjectName(QStringLiteral("lstSearch"));
   results_->setAccessibleName(QStringLiteral("Pages found"));
   results_->setItemDelegate(new HelpResultDelegate(results_));
@@ -34,7 +34,6 @@ HelpSearch::HelpSearch(HelpFile& file, QWidget* parent)
   found_ = NewLabel(QStringLiteral("lblSearch"), {}, this);
   found_->setWordWrap(true);
   connect(query_, &QLineEdit::returnPressed, this, &HelpSearch::Search);
-  connect(search, &QPushButton::clicked, this, &HelpSearch::Search);
   const auto choose = [this](const QListWidgetItem* item) {
     emit PageChosen(item->data(Qt::UserRole).toUrl(),
                     ExcerptOf(item->data(HelpResultDelegate::kSnippetRole).toString()));

@@ -32,14 +32,11 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
   text->setWordWrap(true);
   text->setMinimumWidth(QFontMetrics(text->font()).horizontalAdvance(QLatin1Char('0')) * kColumns);
   chkShow_->setToolTip(QStringLiteral("The settings bring the disclaimer back"));
-  QPushButton* accept = NewButton("Command1", QStringLiteral("Accept and Continue"), this);
+  QPushButton* accept = NewButton("Command1", "Accept and Continue", "", *this, [this] { AcceptTerms(); });
   accept->setDefault(true);
-  QPushButton* refuse = NewButton("cmdNoAccept", QStringLiteral("Do not Accept and Exit"), this);
-  refuse->setToolTip(QStringLiteral("Ends the program"));
-  connect(accept, &QPushButton::clicked, this, [this] { AcceptTerms(); });
-  connect(refuse, &QPushButton::clicked, this, &QDialog::reject);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QPushButton* refuse =
+      NewButton("cmdNoAccept", "Do not Accept and Exit", "Ends the program", *this, [this] { reject(); });
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(text, 1);
   all->addWidget(chkShow_);
   all->addLayout(NewButtonRow(nullptr, {accept, refuse}));

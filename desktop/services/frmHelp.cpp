@@ -81,8 +81,7 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
   halves->setStretchFactor(1, 1);
   const int list = fontMetrics().averageCharWidth() * kListColumns;
   halves->setSizes({list, fontMetrics().averageCharWidth() * kColumns - list});
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addLayout(NewToolRow());
   all->addWidget(halves, 1);
   PlaceOnScreen();
@@ -135,15 +134,10 @@ QBoxLayout* frmHelp::NewToolRow() {
   find_->setMinimumWidth(fontMetrics().averageCharWidth() * kFindColumns * 2);
   connect(find_, &QLineEdit::returnPressed, this, [this] { Find(false); });
   connect(find_, &QLineEdit::textChanged, this, [this] { find_->setPalette({}); });
-  QPushButton* previous = NewButton("cmdPrevious", QStringLiteral("&Previous"), this);
-  QPushButton* next = NewButton("cmdNext", QStringLiteral("&Next"), this);
-  QPushButton* manual = NewButton("cmdPdf", QStringLiteral("PDF &Manual"), this);
-  previous->setToolTip(QStringLiteral("The place before (Shift+F3)"));
-  next->setToolTip(QStringLiteral("The next place (F3)"));
-  manual->setToolTip(QStringLiteral("Opens the manual for printing"));
-  connect(previous, &QPushButton::clicked, this, [this] { Find(true); });
-  connect(next, &QPushButton::clicked, this, [this] { Find(false); });
-  connect(manual, &QPushButton::clicked, this, [this] {
+  QPushButton* previous =
+      NewButton("cmdPrevious", "&Previous", "The place before (Shift+F3)", *this, [this] { Find(true); });
+  QPushButton* next = NewButton("cmdNext", "&Next", "The next place (F3)", *this, [this] { Find(false); });
+  QPushButton* manual = NewButton("cmdPdf", "PDF &Manual", "Opens the manual for printing", *this, [this] {
     Attempt(session_.State, session_.Outside.Messages,
             [this] { OpenManual(session_.State, session_.Outside); });
   });

@@ -68,17 +68,10 @@ void frmPath::Build() {
   column->addLayout(row);
   column->addWidget(drive_);
   column->addWidget(folders_, 1);
-
-  QPushButton* ok = NewButton("Command2", QStringLiteral("OK"), this);
-  QPushButton* cancel = NewButton("Command1", QStringLiteral("Cancel"), this);
-  QPushButton* help = NewHelpButton("Command3", session_, this);
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(frame, 1);
-  all->addLayout(NewButtonRow(help, {ok, cancel}));
+  all->addLayout(NewOkCancelRow(*this, NewHelpButton("Command3", session_, this), "Command2", "Command1",
+                                [this] { accept(); }));
 }
 
 // A folder that cannot be read leaves the list where it is.

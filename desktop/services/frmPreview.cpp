@@ -50,8 +50,7 @@ void frmPreview::Build() {
   QPushButton* help = NewHelpButton("Command8", session_, this, kHelpTip);
   QPushButton* close = NewButton("Command1", "Close", kCloseTip, *this, [this] { accept(); });
   print->setDefault(true);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(NewPages(), 1);
   all->addLayout(NewButtonRow(help, {copy, print, pdf, close}));
 }

@@ -34,11 +34,9 @@ frmResource::frmResource(Session& session, QWidget* parent) : QDialog(parent) {
     list->addWidget(state, i, 1);
   }
   list->setColumnStretch(2, 1);
-  QPushButton* close = NewButton("Command2", QStringLiteral("Close"), this);
+  QPushButton* close = NewButton("Command2", "Close", "", *this, [this] { accept(); });
   close->setDefault(true);
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addLayout(list);
   all->addLayout(NewButtonRow(nullptr, {close}));
   CenterForm(*this);

@@ -69,8 +69,7 @@ frmTextBrow::frmTextBrow(Session& session, QWidget* parent) : QDialog(parent), s
   sides->addWidget(DiskSide());
   sides->addWidget(TextSide());
   sides->setStretchFactor(1, 1);
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(sides, 1);
   all->addLayout(Buttons());
   Wire();

@@ -42,10 +42,14 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
       lblLastVer_(NewNotice("lblLastVer", 1, this)),
       lblbytes_(NewNotice("lblbytes", 2, this)),
       ProgressBar1_(new QProgressBar(this)),
-      cmdCheck_(NewButton("cmdCheck", QStringLiteral("Check for Updates"), this)),
-      cmdDownUpdate_(NewButton("cmdDownUpdate", QStringLiteral("Download Update"), this)),
-      cmdInstall_(NewButton("cmdInstall", QStringLiteral("Install Update"), this)),
-      Command1_(NewButton("Command1", QStringLiteral("Close"), this)),
+      cmdCheck_(NewButton("cmdCheck", "Check for Updates", "Asks the program's server for its latest version",
+                          *this, [this] { cmdCheck_Click(); })),
+      cmdDownUpdate_(NewButton("cmdDownUpdate", "Download Update",
+                               "Fetches the setup program of that version and checks its signature", *this,
+                               [this] { cmdDownUpdate_Click(); })),
+      cmdInstall_(NewButton("cmdInstall", "Install Update", "Starts the setup program and ends this one",
+                            *this, [this] { cmdInstall_Click(); })),
+      Command1_(NewButton("Command1", "Close", "", *this, [this] { accept(); })),
       chkShow_(NewCheckBox("chkShow", QStringLiteral("Disable check for program updates"), this)),
       updates_(
           session.State, session.Outside, [this] { ShowView(); }, [this] { session_.Main.EndAtOnce(); }) {
@@ -55,18 +59,8 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
   ProgressBar1_->setAccessibleName(QStringLiteral("Download"));
   ProgressBar1_->setTextVisible(false);
   ProgressBar1_->setFocusPolicy(Qt::ClickFocus);
-  QSizePolicy room = ProgressBar1_->sizePolicy();
-  room.setRetainSizeWhenHidden(true);  // so that nothing moves when it comes
-  ProgressBar1_->setSizePolicy(room);
-  cmdCheck_->setToolTip(QStringLiteral("Asks the program's server for its latest version"));
-  cmdDownUpdate_->setToolTip(
-      QStringLiteral("Fetches the setup program of that version and checks its signature"));
-  cmdInstall_->setToolTip(QStringLiteral("Starts the setup program and ends this one"));
+  KeepPlace(*ProgressBar1_);
   chkShow_->setToolTip(QStringLiteral("Kept in the settings; the check at the start goes on"));
-  connect(cmdCheck_, &QPushButton::clicked, this, &frmUpdate::cmdCheck_Click);
-  connect(cmdDownUpdate_, &QPushButton::clicked, this, &frmUpdate::cmdDownUpdate_Click);
-  connect(cmdInstall_, &QPushButton::clicked, this, &frmUpdate::cmdInstall_Click);
-  connect(Command1_, &QPushButton::clicked, this, &QDialog::accept);
   LayOut();
   ShowView();
   CenterForm(*this);
@@ -84,8 +78,7 @@ void frmUpdate::LayOut() {
   for (QPushButton* step : {cmdCheck_, cmdDownUpdate_, cmdInstall_}) {
     steps->addWidget(step, 1);
   }
-  auto* all = new QVBoxLayout(this);
-  ApplySpacing(*all, *this);
+  QVBoxLayout* all = NewColumn(this);
   all->addWidget(lblInfo);
   all->addWidget(lblUpdate);
   all->addWidget(lblURL, 0, Qt::AlignLeft);

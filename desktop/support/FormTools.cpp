@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStyle>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "commands/Attempt.h"
@@ -199,6 +200,18 @@ void ApplySpacing(QLayout& layout, const QWidget& widget) {
   layout.setContentsMargins(2 * unit, 2 * unit, 2 * unit, 2 * unit);
 }
 
+QVBoxLayout* NewColumn(QWidget* widget) {
+  auto* column = new QVBoxLayout(widget);
+  ApplySpacing(*column, *widget);
+  return column;
+}
+
+void KeepPlace(QWidget& widget) {
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget.setSizePolicy(policy);
+}
+
 QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons) {
   auto* row = new QHBoxLayout;
   if (help != nullptr) {
@@ -208,6 +221,18 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
   for (QPushButton* button : buttons) {
     row->addWidget(button);
   }
+  return row;
+}
+
+QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
+                           std::function<void()> ok, std::initializer_list<QPushButton*> between) {
+  QPushButton* accept = NewButton(okName, "OK", "", dialog, std::move(ok));
+  accept->setDefault(true);
+  QBoxLayout* row = NewButtonRow(help, {accept});
+  for (QPushButton* button : between) {
+    row->addWidget(button);
+  }
+  row->addWidget(NewButton(cancelName, "Cancel", "", dialog, [&dialog] { dialog.reject(); }));
   return row;
 }
 

@@ -19,7 +19,9 @@
 class QAction;
 class QBoxLayout;
 class QComboBox;
+class QDialog;
 class QLineEdit;
+class QVBoxLayout;
 class QMenu;
 class QMenuBar;
 
@@ -73,9 +75,17 @@ bool SetArrayIndex(std::span<QRadioButton* const> options, int index);
 int SpacingUnit(const QWidget& widget);
 // Gaps and margins as all forms have them.
 void ApplySpacing(QLayout& layout, const QWidget& widget);
+// A column as the layout of `widget`, with them.
+QVBoxLayout* NewColumn(QWidget* widget);
+// Keeps the place of a hidden widget, so that nothing jumps.
+void KeepPlace(QWidget& widget);
 
 // A row of buttons at the bottom: `help` at the left, the others at the right in their order.
 QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons);
+
+// The same of a dialog: OK, the default, which does `ok`, the buttons `between`, and Cancel.
+QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
+                           std::function<void()> ok, std::initializer_list<QPushButton*> between = {});
 
 // Takes the toolkit's pictures off the buttons of one of its own dialogs: no other window has them.
 void DropButtonIcons(const QWidget& dialog);
