@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QFocusEvent>
@@ -225,8 +226,8 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 }
 
 QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
-                           std::function<void()> ok, std::initializer_list<QPushButton*> between) {
-  QPushButton* accept = NewButton(okName, "OK", "", dialog, std::move(ok));
+                           const std::function<void()>& ok, std::initializer_list<QPushButton*> between) {
+  QPushButton* accept = NewButton(okName, "OK", "", dialog, ok);
   accept->setDefault(true);
   QBoxLayout* row = NewButtonRow(help, {accept});
   for (QPushButton* button : between) {

@@ -85,7 +85,7 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 
 // The same of a dialog: OK, the default, which does `ok`, the buttons `between`, and Cancel.
 QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
-                           std::function<void()> ok, std::initializer_list<QPushButton*> between = {});
+                           const std::function<void()>& ok, std::initializer_list<QPushButton*> between = {});
 
 // Takes the toolkit's pictures off the buttons of one of its own dialogs: no other window has them.
 void DropButtonIcons(const QWidget& dialog);

@@ -41,7 +41,7 @@ void FitScales(Chart& chart) {
   Extent x;
   Extent y;
   for (const ChartReference& reference : chart.References) {
-    constexpr double kRoom = 0.01;  // it never lies on the frame
+    constexpr double kRoom = 0.01;  // clear of the frame, but at 0
     for (const double share : {1 - kRoom, 1 + kRoom}) {
       (reference.Upright ? x : y).Take(share * reference.At);
     }
@@ -55,6 +55,13 @@ void FitScales(Chart& chart) {
   for (const ChartBar& bar : chart.Bars) {
     x.Take({bar.Left, bar.Right});
     y.Take({bar.Low, bar.High});
+  }
+  for (const ChartBand& band : chart.Bands) {
+    x.Take({band.From, band.To});
+  }
+  for (const ChartLabel& label : chart.Labels) {
+    x.Take(label.X);
+    y.Take(label.Y);
   }
   if (chart.Cells) {
     x.Take(chart.Cells->XEdges);

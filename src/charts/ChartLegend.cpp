@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "charts/ChartWork.h"
+#include "charts/FitText.h"
 
 namespace korva {
 
@@ -34,12 +35,17 @@ std::vector<LegendEntry> Entries(const Chart& chart) {
   return entries;
 }
 
-double ColumnWidth(const ChartWork& work) {
+// A label is never wider than the sheet.
+double LabelWidth(const ChartWork& work) {
   double width = 0;
   for (const LegendEntry& entry : Entries(work.Of)) {
     width = std::max(width, work.Width(entry.Label));
   }
-  return kSample + kPad + width + kPad;
+  return std::min(width, work.Size.Width - 2 * kEdge - kSample - 3 * kPad);
+}
+
+double ColumnWidth(const ChartWork& work) {
+  return kSample + kPad + LabelWidth(work) + kPad;
 }
 
 // With so many rows in a column.
@@ -183,9 +189,12 @@ void DrawLegend(ChartWork& work) {
       if (curve->Line) {
         work.AddLine({left, y}, {left + kSample, y}, {curve->Colour, curve->Width, curve->Dash});
       }
-      DrawSymbol(work, *curve, {left + kSample / 2, y}, false, false);
+      const double radius = std::min(work.SymbolRadius(), kRowHeight / 2 - 1);
+      DrawSymbol(work, *curve, {left + kSample / 2, y}, radius, false, false);
     }
-    work.AddText({label, {left + kSample + kPad, y + kMiddleLine * kTextPixels}, kTextPixels});
+    PictureText text = {label, {left + kSample + kPad, y + kMiddleLine * kTextPixels}, kTextPixels};
+    FitText(text, LabelWidth(work) + kRounding, kTextPixels, work.Measure);
+    work.AddText(std::move(text));
     ++entry;
   }
   work.Taken.push_back(box);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "charts/ChartWork.h"
+#include "charts/FitText.h"
 
 namespace korva {
 
@@ -11,7 +12,8 @@ namespace {
 constexpr double kHollowWidth = 1.5;
 constexpr double kStrip = 14;  // the width of the scale of colours
 constexpr int kStripParts = 64;
-constexpr double kSamples = 2;  // of the cells' colours in a pixel
+constexpr double kSamples = 2;        // of the cells' colours in a pixel
+constexpr double kLeastOutlined = 4;  // a thinner bar would be all outline
 
 // Dark to light, in steps that look alike to all eyes.
 std::uint32_t CellPixel(double share) {
@@ -121,7 +123,7 @@ void DrawCurve(ChartWork& work, std::size_t index) {
   for (std::size_t i = 0; i < curve.X.size(); ++i) {
     if (curve.Y[i] != kChartHole) {
       const DrawPoint at = work.Out.Place(curve.X[i], curve.Y[i]);
-      DrawSymbol(work, curve, at, IsHollow(curve, i), true);
+      DrawSymbol(work, curve, at, work.SymbolRadius(), IsHollow(curve, i), true);
       work.Out.Points.push_back({index, i, at});
     }
   }
@@ -139,11 +141,12 @@ bool HasInterval(const ChartCurve& curve, std::size_t point) {
   return point < curve.Low.size() && curve.Low[point] != kChartHole && curve.High[point] != kChartHole;
 }
 
-void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, bool hollow, bool clipped) {
+void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, double radius, bool hollow,
+                bool clipped) {
   if (curve.Symbol) {
     work.Add(PictureSymbol{*curve.Symbol,
                            at,
-                           work.SymbolRadius(),
+                           radius,
                            hollow ? kPaper : curve.Colour,
                            {curve.Colour, hollow ? kHollowWidth : 0},
                            clipped});
@@ -153,8 +156,11 @@ void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, b
 void DrawGround(ChartWork& work) {
   const ChartLayout& out = work.Out;
   for (const ChartBand& band : work.Of.Bands) {
-    work.AddBox({out.Place(band.From, 0).X, out.Plot.Top, out.Place(band.To, 0).X, out.Plot.Bottom},
-                band.Colour, {}, true);
+    const double from = std::max(out.Plot.Left, out.Place(band.From, 0).X);
+    const double to = std::min(out.Plot.Right, out.Place(band.To, 0).X);
+    if (from < to) {
+      work.AddBox({from, out.Plot.Top, to, out.Plot.Bottom}, band.Colour, {}, true);
+    }
   }
   if (work.Of.Cells) {
     DrawCells(work, *work.Of.Cells);
@@ -163,8 +169,9 @@ void DrawGround(ChartWork& work) {
 
 void DrawMarks(ChartWork& work) {
   for (const ChartBar& bar : work.Of.Bars) {
-    work.AddBox(PlacedBox(work.Out, {bar.Left, bar.Low}, {bar.Right, bar.High}), bar.Colour, {kPaper, 1},
-                true);
+    const PictureBox box = PlacedBox(work.Out, {bar.Left, bar.Low}, {bar.Right, bar.High});
+    const double outline = std::min(box.Width(), box.Height()) < kLeastOutlined ? 0 : 1;
+    work.AddBox(box, bar.Colour, {kPaper, outline}, true);
   }
   for (const ChartCurve& curve : work.Of.Curves) {
     DrawInterval(work, curve);
@@ -202,11 +209,13 @@ void DrawCellScale(ChartWork& work) {
     const double y = plot.Bottom - (scale.Value(i) - scale.Low) / (scale.High - scale.Low) * plot.Height();
     work.AddText({scale.Text(i), {left + kStrip + kEdge / 2, y + kMiddleLine * kTextPixels}, kTextPixels});
   }
-  work.AddText({work.Of.Cells->Title,
-                {work.CellsLeft + CellScaleRoom(work) - kEdge / 2, plot.Down()},
-                kTextPixels,
-                0.5,
-                true});
+  PictureText title = {work.Of.Cells->Title,
+                       {work.CellsLeft + CellScaleRoom(work) - kEdge / 2, plot.Down()},
+                       kTextPixels,
+                       0.5,
+                       true};
+  FitText(title, plot.Height(), kLeastPixels, work.Measure);
+  work.AddText(std::move(title));
 }
 
 }  // namespace korva

@@ -11,10 +11,13 @@ namespace korva {
 
 // Pixels.
 inline constexpr double kTextPixels = 12;
-inline constexpr double kEdge = 8;       // around the whole
-inline constexpr double kAxisRoom = 44;  // below the plot, for its labels and title
+inline constexpr double kLeastPixels = 6;  // of upright titles
+inline constexpr double kEdge = 8;         // around the whole
+inline constexpr double kAxisRoom = 44;    // below the plot, for its labels and title
 inline constexpr double kLegendGap = 14;
 inline constexpr double kMiddleLine = 0.36;  // of a font's size: from the middle of a letter to its base line
+
+inline constexpr double kRounding = 1e-6;
 
 inline constexpr Rgb kPaper = 0xFFFFFF;
 inline constexpr Rgb kBlack = 0x000000;
@@ -38,6 +41,7 @@ struct ChartWork {
   std::vector<AxisLabel> XLabels;
   std::vector<AxisLabel> YLabels;
   double NotesTop = 0;
+  double ReferencesRoom = 0;      // right of the plot, for the texts of references
   double CellsLeft = 0;           // where the scale of the cells' colours begins
   double RightRoom = 0;           // right of the plot, without a legend
   std::size_t LegendRows = 0;     // in a column
@@ -76,7 +80,8 @@ void DrawLegend(ChartWork& work);
 // Bands and cells, over which there may be a grid; then bars and curves.
 void DrawGround(ChartWork& work);
 void DrawMarks(ChartWork& work);
-void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, bool hollow, bool clipped);
+void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, double radius, bool hollow,
+                bool clipped);
 
 // The room that the scale of the cells' colours takes; 0 if there are none.
 double CellScaleRoom(const ChartWork& work);

@@ -11,7 +11,6 @@ namespace korva {
 namespace {
 
 constexpr double kHeadingPixels = 20;
-constexpr double kLeastPixels = 6;  // of the upright title
 constexpr double kHeadingLine = 22;
 constexpr double kTop = 36;  // of the plot
 constexpr double kTick = 5;
@@ -23,6 +22,8 @@ constexpr double kNoteHeight = 15;
 constexpr double kHeightWithoutNotes = 200;
 constexpr double kLeastRight = 28;  // for the text of a reference line
 constexpr double kDash = 5;
+constexpr std::size_t kEmptyTitle = 20;  // blanks, to be clicked
+constexpr double kWideName = 100;        // names beyond it are cut off, not left out
 
 // A low picture has room for some of the notes.
 std::vector<std::string> ShownNotes(ChartWork& work) {
@@ -39,6 +40,12 @@ std::vector<std::string> ShownNotes(ChartWork& work) {
   return lines;
 }
 
+// Moves a text that is centered at its place off the edges of the sheet.
+void KeepOnSheet(const ChartWork& work, PictureText& text) {
+  const double half = work.Measure(text.Text, text.Pixels) / 2;
+  text.At.X = std::max(kEdge + half, std::min(text.At.X, work.Size.Width - kEdge - half));
+}
+
 // The titles come first: no other text takes their room.
 void DrawTitles(ChartWork& work) {
   const Chart& chart = work.Of;
@@ -47,8 +54,11 @@ void DrawTitles(ChartWork& work) {
   const auto add = [&work](PictureText text, double most, double least) {
     FitText(text, most, least, work.Measure);
     if (!text.Upright) {
-      const double half = work.Measure(text.Text, text.Pixels) / 2;
-      text.At.X = std::max(kEdge + half, std::min(text.At.X, work.Size.Width - kEdge - half));
+      KeepOnSheet(work, text);
+    }
+    if (text.Text.empty()) {
+      text.Text = std::string(kEmptyTitle, ' ');
+      return BoxOf(text, work.Measure);
     }
     return work.AddText(text) ? work.Taken.back() : PictureBox{};
   };
@@ -59,15 +69,15 @@ void DrawTitles(ChartWork& work) {
                    out.Plot.Height() + 2 * kGap, kLeastPixels);
 }
 
-// The labels of an axis that lie in the part that is seen: its names, cut off where they are wider than
-// `most`, or the numbers of `scale`.
+// The labels of an axis that lie in the part that is seen: every `step`th of its names, cut off where they
+// are wider than `most`, or the numbers of `scale`.
 std::vector<AxisLabel> LabelsOf(const ChartWork& work, const ChartAxis& axis, const AxisRange& seen,
-                                const AxisScale& scale, double most) {
+                                const AxisScale& scale, std::size_t step, double most) {
   std::vector<AxisLabel> labels;
-  for (const std::string& name : axis.Names) {
-    PictureText text = {name, {}, kTextPixels};
+  for (std::size_t i = 0; i < axis.Names.size(); i += step) {
+    PictureText text = {axis.Names[i], {}, kTextPixels};
     FitText(text, most, kTextPixels, work.Measure);
-    labels.push_back({static_cast<double>(labels.size()), text.Text});
+    labels.push_back({static_cast<double>(i), text.Text});
   }
   for (int i = 0; axis.Names.empty() && i < scale.Labels(); ++i) {
     labels.push_back({scale.Value(i), scale.Text(i)});
@@ -77,6 +87,20 @@ std::vector<AxisLabel> LabelsOf(const ChartWork& work, const ChartAxis& axis, co
     return label.Value < seen.Low - slack || label.Value > seen.High + slack;
   });
   return labels;
+}
+
+// What a name below the plot needs at most.
+double NameWidth(const ChartWork& work) {
+  double widest = 0;
+  for (const std::string& name : work.Of.XAxis.Names) {
+    widest = std::max(widest, work.Width(name));
+  }
+  return std::min(widest, kWideName);
+}
+
+// Every how many names are shown, where each has `room` and a label needs `least`.
+std::size_t StepOfNames(double least, double room) {
+  return static_cast<std::size_t>(std::max(1.0, std::ceil(least / room)));
 }
 
 void DrawGrid(ChartWork& work) {
@@ -118,6 +142,11 @@ double ReferenceGap(const ChartWork& work) {
   return std::max(kGap, work.SymbolRadius() + 1);
 }
 
+// What their texts leave free around them, of the scale of colours, too.
+double ReferencesClear(const ChartWork& work) {
+  return ReferenceGap(work) + (work.Of.Cells ? kGap : 0);
+}
+
 void DrawReferences(ChartWork& work) {
   const PictureBox& plot = work.Out.Plot;
   for (const ChartReference& line : work.Of.References) {
@@ -130,12 +159,16 @@ void DrawReferences(ChartWork& work) {
     if (line.Upright) {
       const double x = Snapped(at.X);
       work.AddLine({x, plot.Top}, {x, plot.Bottom}, pen);
-      work.AddText({line.Text, {x, plot.Top - kGap}, kTextPixels, 0.5, false, kQuiet});
+      PictureText text = {line.Text, {x, plot.Top - kGap}, kTextPixels, 0.5, false, kQuiet};
+      KeepOnSheet(work, text);
+      work.AddText(std::move(text));
     } else {
       const double y = Snapped(at.Y);
       work.AddLine({plot.Left, y}, {plot.Right, y}, pen);
       const DrawPoint place = {plot.Right + ReferenceGap(work), y + kMiddleLine * kTextPixels};
-      work.AddText({line.Text, place, kTextPixels, 0, false, kQuiet});
+      PictureText text = {line.Text, place, kTextPixels, 0, false, kQuiet};
+      FitText(text, work.ReferencesRoom - ReferencesClear(work) + kRounding, kTextPixels, work.Measure);
+      work.AddText(std::move(text));
     }
   }
 }
@@ -153,6 +186,9 @@ void DrawLabels(ChartWork& work) {
   const double away = work.SymbolRadius() + 2;
   for (const ChartLabel& label : work.Of.Labels) {
     const DrawPoint at = work.Out.Place(label.X, label.Y);
+    if (!work.Out.Plot.Contains(at)) {
+      continue;
+    }
     const double middle = at.Y + kMiddleLine * kTextPixels;
     for (const auto& [along, to] : {std::pair{0.0, DrawPoint{at.X + away, middle}},
                                     {1.0, {at.X - away, middle}},
@@ -199,7 +235,7 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   double texts = 0;  // of the references
   double top = kTop;
   for (const ChartReference& line : work.Of.References) {
-    texts = std::max(texts, line.Upright ? 0 : work.Width(line.Text) + ReferenceGap(work));
+    texts = std::max(texts, line.Upright ? 0 : work.Width(line.Text) + ReferencesClear(work));
     top = line.Upright ? kTop + kTextPixels + 2 : top;
   }
   plot.Top = Snapped(top);
@@ -207,20 +243,25 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   const double mostLabels = work.Size.Width / 3;
   const AxisScale yScale =
       ScaleThatFits(y.Low, y.High, plot.Height(), kGap, [](const std::string&) { return kTextPixels; });
-  work.YLabels = LabelsOf(work, work.Of.YAxis, y, yScale, mostLabels);
+  work.YLabels = LabelsOf(work, work.Of.YAxis, y, yScale,
+                          StepOfNames(kTextPixels + 2, plot.Height() / (y.High - y.Low)), mostLabels);
   double labels = 0;
   for (const AxisLabel& label : work.YLabels) {
     labels = std::max(labels, work.Width(label.Text));
   }
   plot.Left = Snapped(kEdge + kTextPixels + kEdge + std::min(labels, mostLabels) + kGap + kTick);
   const double room = std::clamp(texts, kLeastRight, std::max(kLeastRight, work.Size.Width / 4));
+  work.ReferencesRoom = room;
   work.RightRoom = room + CellScaleRoom(work);
   plot.Right = std::max(plot.Left + 1, Snapped(work.Size.Width - kEdge - work.RightRoom - right));
   work.CellsLeft = plot.Right + room;
   const AxisRange& x = work.Out.Seen.X;
   const AxisScale xScale = ScaleThatFits(x.Low, x.High, plot.Width(), kXLabelGap,
                                          [&work](const std::string& text) { return work.Width(text); });
-  work.XLabels = LabelsOf(work, work.Of.XAxis, x, xScale, plot.Width() / (x.High - x.Low) - kXLabelGap);
+  const double nameRoom = plot.Width() / (x.High - x.Low);
+  const std::size_t step = StepOfNames(NameWidth(work) + kXLabelGap, nameRoom);
+  work.XLabels =
+      LabelsOf(work, work.Of.XAxis, x, xScale, step, static_cast<double>(step) * nameRoom - kXLabelGap);
 }
 
 DrawPoint ChartLayout::Place(double x, double y) const {

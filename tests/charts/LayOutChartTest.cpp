@@ -37,7 +37,7 @@ class ChartMaker {
     }
     AddBoxes();
     for (int i = Count(3); i > 0; --i) {
-      chart_.References.push_back({Y(), Words(2), Coin()});
+      chart_.References.push_back({Y(), Words(5), Coin()});
     }
     for (int i = Count(6); i > 0; --i) {
       chart_.Labels.push_back({X(), Y(), Words(2)});
@@ -138,8 +138,19 @@ class ChartMaker {
   double span_ = 1;
 };
 
-void ExpectNoneOverAnother(const Picture& picture) {
+// Neither texts nor the scale of colours nor the legend, in which each entry has its label.
+void ExpectNoneOverAnother(const Chart& chart, const ChartLayout& layout) {
+  const Picture& picture = layout.Drawn;
   const PictureBox sheet = {0, 0, picture.Size.Width, picture.Size.Height};
+  const PictureBox legend = layout.Legend.value_or(PictureBox{});
+  std::ptrdiff_t missing = 0;  // labels of the legend
+  const auto count = [&](const auto& parts) {
+    missing +=
+        std::count_if(parts.begin(), parts.end(), [](const auto& part) { return !part.Label.empty(); });
+  };
+  count(chart.Curves);
+  count(chart.Bars);
+  count(chart.Bands);
   std::vector<std::pair<std::string, PictureBox>> texts;
   for (const auto& record : picture.Records) {
     if (const auto* text = std::get_if<PictureText>(&record)) {
@@ -148,6 +159,11 @@ void ExpectNoneOverAnother(const Picture& picture) {
       for (const auto& [other, place] : texts) {
         EXPECT_FALSE(place.Meets(box)) << "\"" << text->Text << "\" over \"" << other << "\"";
       }
+      if (legend.Contains(box)) {
+        --missing;
+      } else {
+        EXPECT_FALSE(legend.Meets(box)) << text->Text;
+      }
       texts.emplace_back(text->Text, box);
     } else if (const auto* path = std::get_if<PicturePath>(&record)) {
       for (const DrawPoint& point : path->Points) {
@@ -155,9 +171,14 @@ void ExpectNoneOverAnother(const Picture& picture) {
       }
     } else if (const auto* raster = std::get_if<PictureRaster>(&record)) {
       EXPECT_TRUE(sheet.Contains(raster->Box));
+      EXPECT_FALSE(raster->Box.Meets(legend));
+      for (const auto& [other, place] : texts) {
+        EXPECT_FALSE(place.Meets(raster->Box)) << other;  // on the map are only labels, which come last
+      }
       EXPECT_EQ(raster->Columns * raster->Rows(), raster->Pixels.size());
     }
   }
+  EXPECT_TRUE(!layout.Legend || missing == 0);
   EXPECT_TRUE(sheet.Contains(picture.Clip));
 }
 
@@ -209,7 +230,7 @@ TEST(LayOutChart, KeepsItsRulesInEverySize) {
     const PictureSize size = maker.Size();
     const ChartLayout layout = LayOutChart(chart, size, TextWidth, maker.Window(chart));
     SCOPED_TRACE(testing::Message() << "seed " << seed << ", " << size.Width << " x " << size.Height);
-    ExpectNoneOverAnother(layout.Drawn);
+    ExpectNoneOverAnother(chart, layout);
     ExpectLegendClear(chart, layout);
     EXPECT_GE(layout.Plot.Width(), 60);
     EXPECT_GE(layout.Plot.Height(), 50);
