@@ -4,9 +4,8 @@
 #include <filesystem>
 #include <random>
 
+#include "commands/CommandBench.h"
 #include "commands/ExternalViewer.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
@@ -14,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-class ExternalViewer : public testing::Test {
+class ExternalViewer : public CommandBench {
  protected:
   ExternalViewer() {
     korva.Places.TempRoot = folder / "Temp/";
@@ -28,9 +27,6 @@ class ExternalViewer : public testing::Test {
     return call.Arguments;
   }
 
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
   std::string scratch;
 };
 

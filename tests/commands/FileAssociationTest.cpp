@@ -5,12 +5,11 @@
 #include <filesystem>
 #include <map>
 
+#include "commands/CommandBench.h"
 #include "commands/FileAssociation.h"
 #include "files/SafeWriter.h"
 #include "services/DesktopTexts.h"
 #include "support/Environment.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
@@ -21,7 +20,7 @@ constexpr const char* kEntry = "data/applications/korva-strond.desktop";
 constexpr const char* kType = "data/mime/packages/korva-strond.xml";
 constexpr const char* kList = "config/mimeapps.list";
 
-class FileAssociation : public testing::Test {
+class FileAssociation : public CommandBench {
  protected:
   FileAssociation() {
     korva.Places.AppPath = folder / "opt/korva strond/";
@@ -87,9 +86,6 @@ class FileAssociation : public testing::Test {
   }
 
   inline static const AssociationPictures kPictures{"<svg>program</svg>", "<svg>project</svg>"};
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
 
  private:
   EnvironmentValue path_{"PATH", folder / "bin"};

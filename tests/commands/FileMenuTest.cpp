@@ -242,7 +242,6 @@ TEST_F(FileMenuTest, AFileOpenInTwoWindowsIsTold) {
 
 TEST_F(FileMenuTest, TheOpenedFileIsKnownByEachOfItsNames) {
   const std::string a = PutProject("a.KVL");
-  const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder / "");
   ASSERT_TRUE(menu->OpenPath(a));
   Edit(500);
@@ -255,7 +254,6 @@ TEST_F(FileMenuTest, TheOpenedFileIsKnownByEachOfItsNames) {
   std::filesystem::create_symlink("a.KVL", folder / "link.KVL");
   korva.ProjectFileName = folder / "link.KVL";
   EXPECT_TRUE(menu->Save(false));
-  std::filesystem::current_path(before);
 }
 
 TEST_F(FileMenuTest, AKilledSessionsWorkIsOfferedAndARunningOnesIsNot) {

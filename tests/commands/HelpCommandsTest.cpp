@@ -2,11 +2,10 @@
 
 #include <filesystem>
 
+#include "commands/CommandBench.h"
 #include "commands/HelpCommands.h"
 #include "services/HelpTexts.h"
 #include "support/ExpectError.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
@@ -14,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-class HelpCommands : public testing::Test {
+class HelpCommands : public CommandBench {
  protected:
   HelpCommands() {
     fs::create_directory(folder / "bin");
@@ -22,10 +21,6 @@ class HelpCommands : public testing::Test {
     korva.Places.AppPath = folder / "bin/";
     korva.Places.Docs = folder / "docs/";
   }
-
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
 };
 
 TEST_F(HelpCommands, DocumentsLieBesideTheProgramOrInTheirFolder) {

@@ -1,19 +1,14 @@
-// What the file menu is tested on: a state in a folder of its own, and scripted ports.
+// What the file menu is tested on.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-
+#include "commands/CommandBench.h"
 #include "commands/FileCommands.h"
 #include "commands/FileMenu.h"
 #include "support/Panels.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 
-class MenuBench : public testing::Test {
+class MenuBench : public CommandBench {
  protected:
   MenuBench() {
     korva.Places.StateFolder = folder / "sessions/";
@@ -39,9 +34,6 @@ class MenuBench : public testing::Test {
 
   static constexpr auto kYesNo = MessageButtons::kYesNoDefaultNo;
 
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
   std::unique_ptr<Recovery> recovery;
   std::unique_ptr<FileMenu> menu;
 };

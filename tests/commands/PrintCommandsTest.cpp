@@ -3,17 +3,16 @@
 #include <filesystem>
 
 #include "commands/Attempt.h"
+#include "commands/CommandBench.h"
 #include "commands/PrintCommands.h"
 #include "core/Text.h"
 #include "support/ExpectError.h"
 #include "support/Panels.h"
-#include "support/ScriptedPorts.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
 
-class PrintCommands : public testing::Test {
+class PrintCommands : public CommandBench {
  protected:
   PrintCommands() {
     korva.Stored = test::Stored(test::DevelopmentPanel());
@@ -33,10 +32,6 @@ class PrintCommands : public testing::Test {
     }
     return text;
   }
-
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
 };
 
 TEST_F(PrintCommands, TheInputsAreThoseOfTheProjectAsItStands) {

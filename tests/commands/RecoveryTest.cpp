@@ -18,7 +18,6 @@ class RecoveryTest : public MenuBench {
     std::filesystem::current_path(folder / "");
     ports.Messages.WhileShown = ports.Files.WhileShown = [this] { Tick(); };
   }
-  ~RecoveryTest() override { std::filesystem::current_path(before); }
 
   // An unsaved depth over the project `file`.
   void OpenAndEdit(const std::string& file, double depth) {
@@ -52,7 +51,6 @@ class RecoveryTest : public MenuBench {
     return all;
   }
 
-  const std::filesystem::path before = std::filesystem::current_path();
   std::set<std::string> seen;
 };
 

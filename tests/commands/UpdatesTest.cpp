@@ -3,19 +3,18 @@
 
 #include <filesystem>
 
+#include "commands/CommandBench.h"
 #include "commands/Updates.h"
 #include "files/FileReader.h"
 #include "files/SafeWriter.h"
-#include "support/ScriptedPorts.h"
 #include "support/SignedSetup.h"
-#include "support/TempFolder.h"
 
 namespace korva {
 namespace {
 
 namespace fs = std::filesystem;
 
-class UpdatesTest : public testing::Test {
+class UpdatesTest : public CommandBench {
  protected:
   UpdatesTest() {
     fs::create_directories(folder / "Documents/MyFolvane");
@@ -38,10 +37,6 @@ class UpdatesTest : public testing::Test {
     ports.Messages.Expect("Download completed. Program at: " + File());
     ports.Fetches.Give(std::string(test::kSetup));
   }
-
-  TempFolder folder;
-  Korva korva;
-  ScriptedPorts ports;
   int changes = 0;
   int ended = 0;
   Updates updates{korva, ports.All, [this] { ++changes; }, [this] { ++ended; }};
