@@ -156,6 +156,10 @@ TEST_F(KorvaCommand, OptionsAndModels) {
     call.insert(call.end(), {"report", "two.KVL"});
     EXPECT_TRUE(Holds(Call(call).Out, line + "\n")) << line;
   }
+  const std::string none = "my.ini: no options are set in it";
+  EXPECT_FALSE(Holds(Call({"--settings", "my.ini", "report", "two.KVL"}).Err, none));
+  folder_.Put("my.ini", "[Graph]\n");
+  EXPECT_TRUE(Holds(Call({"--settings", "my.ini", "report", "two.KVL"}).Err, none));
   // An option behind the command counts as well.
   EXPECT_FALSE(Holds(Call({"report", "two.KVL", "--set", "PrintModuleHeader=0"}).Out, "module build"));
   ExpectFailure({"--settings", "gone.ini", "report", "two.KVL"}, 3, "gone.ini");
@@ -325,6 +329,7 @@ TEST_F(KorvaCommand, PointsBeforeAFailureStay) {
   EXPECT_EQ(std::count(table.Out.begin(), table.Out.end(), '\n'), 7) << table.Out;
   EXPECT_TRUE(Holds(table.Out, "\npartial: 5 of 26 points; Division by zero")) << table.Out;
   EXPECT_TRUE(Holds(table.Err, "Error occurred: Division by zero (11)")) << table.Err;
+  EXPECT_TRUE(Holds(table.Err, "partial: 5 of 26 points")) << "also where the result is a picture";
   const ProgramResult asJson = Call(with("--json"));
   EXPECT_EQ(asJson.Status, 3);
   const json result = json::parse(asJson.Out);
@@ -468,10 +473,18 @@ TEST_F(KorvaCommand, BatchForPrograms) {
   EXPECT_TRUE(Holds(Call({"batch", "skew.KVL"}).Out, "29 degrees"));
   EXPECT_TRUE(Holds(Call({"report", "skew.KVL"}).Err, "29 degrees"));
 
-  const json rows = json::parse(Call({"batch", "two.KVL", "refused.KVL", "gone.KVL", "--json"}).Out);
+  skew.ProjectTitle = "\x1b[2J";
+  folder_.Put("skew.KVL", ComposeProject(skew));
+  EXPECT_TRUE(Holds(Call({"batch", "skew.KVL"}).Out, "?[2J")) << "no orders to the terminal";
+
+  folder_.Put("notes.KVL", "just notes\n");
+  const json rows =
+      json::parse(Call({"batch", "two.KVL", "refused.KVL", "gone.KVL", "notes.KVL", "--json"}).Out);
   EXPECT_EQ(rows[0]["error"]["number"], 53);
-  EXPECT_TRUE(rows[1]["refused"].is_string());
-  EXPECT_NEAR(rows[2]["SFKorva"]["2"], 0.608567498752849, 1e-12);
+  EXPECT_EQ(rows[1]["error"], json({{"number", 0}, {"text", "Invalid file format"}}));
+  EXPECT_TRUE(rows[2]["refused"].is_string());
+  EXPECT_NEAR(rows[3]["SFKorva"]["2"], 0.608567498752849, 1e-12);
+  EXPECT_FALSE(rows[3].contains("error"));
 }
 
 TEST_F(KorvaCommand, BadFiles) {

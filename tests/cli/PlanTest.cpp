@@ -106,6 +106,8 @@ TEST_F(PlanCommand, ShowsWhatTheModelOfTheProjectComputes) {
   for (const char* option : {"PlotEntryDims=0", "PlotGobExtLoose=0"}) {
     EXPECT_NE(Call({"two.KVL", "--set", option}).Out, Call({"two.KVL"}).Out) << option;
   }
+  EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "2", "--model", "laminated", "--json"}).Out),
+                   "KORVA-STROND: Unit Pillar Strength"));
   p.CalcMode = kLaminatedModel;
   Put("laminated.KVL", p);
   const ProgramResult strength = Call({"laminated.KVL", "--plot", "2", "--json"});
