@@ -68,7 +68,7 @@ void FrontLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
                      : kAbutmentExtent * SquareRoot(h, "AbutExtent");
   r.RFront = ShareWithin(r.AbutExtent, w.AMZBreadth);
   watch.Step("RFront");
-  r.TanAbut = std::tan(w.GobAngle[kFront]);
+  r.TanAbut = w.GobTangent[kFront];
   r.CritHalf = r.TanAbut * h;
   r.AbutLoad[kFront] = AbutmentLoad(w, w.GobExtent[kFront], r.TanAbut);
   watch.Step("AbutLoad", kFront);
@@ -96,7 +96,7 @@ void FrontLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& w
 
 void SideLoads(const WorkValues& w, Results& r, int c, const ArithmeticWatch& watch) {
   for (const int k : SideGobs(w.LoadCond)) {
-    r.AbutLoad[k] = AbutmentLoad(w, w.GobExtent[k], std::tan(w.GobAngle[k]));
+    r.AbutLoad[k] = AbutmentLoad(w, w.GobExtent[k], w.GobTangent[k]);
     watch.Step("AbutLoad", k);
     r.RSide[k] =
         w.BarrierWidth[k] != 0 ? ShareWithin(r.AbutExtent, w.EntryWidth / 2 + w.BarrierWidth[k]) : 0.0;

@@ -79,6 +79,7 @@ struct WorkValues {
   ByRow<double> PillarWidth;
   ByGob<double> GobExtent;  // that of the active gob is 0 in the development case
   ByGob<double> GobAngle;
+  ByGob<double> GobTangent;  // of that angle
   BySide<double> BarrierWidth;
   BySide<double> SlabDepth;  // 0 in the development case
   ByStage<bool> LeaveRow;    // rows A to D

@@ -1,6 +1,4 @@
 // Panel geometry, row strengths and capacities, and what rows A and B leave of the panel.
-#include <cmath>
-
 #include "model/Steps.h"
 
 namespace korva {
@@ -13,8 +11,7 @@ double LongPillarStrengthOf(double w, double h, double coal) {
   return w < h ? 0 : (0.64 + 0.54 * w / h) * coal;
 }
 
-void PanelGeometry(const WorkValues& w, Results& r, const ArithmeticWatch& watch) {
-  const double s = std::sin(w.XcutAngleRadians);
+void PanelGeometry(const WorkValues& w, double s, Results& r, const ArithmeticWatch& watch) {
   r.AMZArea = w.AMZBreadth * w.PanelWidth;
   watch.Step("AMZArea");
   r.PillarLength = (w.XcutSpacing - w.EntryWidth / s) * s;
@@ -33,8 +30,7 @@ void PanelGeometry(const WorkValues& w, Results& r, const ArithmeticWatch& watch
   watch.Step("ExtractionAMZ");
 }
 
-void RowStrengths(const WorkValues& w, Results& r, const ArithmeticWatch& watch) {
-  const double s = std::sin(w.XcutAngleRadians);
+void RowStrengths(const WorkValues& w, double s, Results& r, const ArithmeticWatch& watch) {
   double capacity = 0;
   for (int i = 1; i <= w.NumRows; ++i) {
     const bool longerThanWide = r.PillarLength > w.PillarWidth[i];

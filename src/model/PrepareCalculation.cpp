@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cmath>
+
 #include "core/ArithmeticWatch.h"
 #include "model/KORVAmodel.h"
 
@@ -19,6 +22,8 @@ void FillGobs(const Project& p, WorkValues& w) {
   w.GobAngle[kFront] = GobAngleRadians(p.AbutmentAngleActiveGob);
   w.GobAngle[kFirstSide] = GobAngleRadians(p.AbutmentAngleFirstGob);
   w.GobAngle[kSecondSide] = GobAngleRadians(p.AbutmentAngleSecondGob);
+  std::transform(w.GobAngle.begin(), w.GobAngle.end(), w.GobTangent.begin(),
+                 [](double angle) { return std::tan(angle); });
   w.BarrierWidth[kFirstSide] = p.BarrierFirstGob;
   w.BarrierWidth[kSecondSide] = p.BarrierSecondGob;
   w.SlabCut[kFirstSide] = p.SlabcutFirstGob;

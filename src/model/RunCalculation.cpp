@@ -29,8 +29,9 @@ void Evaluate(Calculation& calculation, const ArithmeticWatch& watch) {
   r = Results{};
   r.Fpa = CalcArchFactor(w);
   watch.Step("Fpa");
-  PanelGeometry(w, r, watch);
-  RowStrengths(w, r, watch);
+  const double s = std::sin(w.XcutAngleRadians);
+  PanelGeometry(w, s, r, watch);
+  RowStrengths(w, s, r, watch);
   NetPanel(w, r, watch);
   LeaveRows(w, r, watch);
   BarrierStrengths(w, r, watch);

@@ -17,9 +17,9 @@ double LongPillarStrengthOf(double w, double h, double coal);
 // reaches.
 double ShareWithin(double extent, double distance);
 
-// Steps that no case changes.
-void PanelGeometry(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
-void RowStrengths(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
+// Steps that no case changes; `s` is the sine of the crosscut angle.
+void PanelGeometry(const WorkValues& w, double s, Results& r, const ArithmeticWatch& watch);
+void RowStrengths(const WorkValues& w, double s, Results& r, const ArithmeticWatch& watch);
 void NetPanel(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
 void LeaveRows(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
 void BarrierStrengths(const WorkValues& w, Results& r, const ArithmeticWatch& watch);
