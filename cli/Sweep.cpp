@@ -162,8 +162,7 @@ void TellNotes(const Korva& korva, const SweepCall& call) {
 void PrintSweep(Korva& korva, const SweepCall& call, PictureKind kind,
                 const std::optional<RuntimeError>& failure) {
   const SweepData& sweep = korva.Sweep;
-  GraphSettings& settings = korva.Preferences.Graph;
-  PrepareTitles(settings, sweep.GraphIndex, korva.Stored.ProjectUnits);
+  const GraphSettings& settings = korva.Preferences.Graph;
   const std::string& xTitle = settings.XAxisTitle[sweep.GraphIndex];
   if (!call.Out.empty()) {
     const int curves = DisplayCurves(korva.ProjectCalc, sweep);

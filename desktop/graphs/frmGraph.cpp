@@ -51,8 +51,7 @@ void frmGraph::BuildBody() {
   graph1_->setObjectName(QStringLiteral("graph1"));
   graph1_->setAccessibleName(QStringLiteral("Graph of stability factors"));
   graph1_->Edit = [this](const QString& title, const QString& what) { return Edited(title, what); };
-  connect(graph1_, &ChartView::TitleEdited, this,
-          [this] { TakeTitles(graph1_->Shown(), graph_, session_.State.Preferences.Graph); });
+  connect(graph1_, &ChartView::TitleEdited, this, [this] { TakeTitles(session_.State, graph1_->Shown()); });
   connect(graph1_, &ChartView::PointerMoved, this, &frmGraph::TrackPoint);
   BuildPointFrame(body);
   QVBoxLayout* all = NewColumn(body);
@@ -110,11 +109,8 @@ void frmGraph::BuildMenus() {
 }
 
 void frmGraph::GraphInit(GraphKind graph) {
-  Korva& korva = session_.State;
   graph_ = graph;
-  PrepareTitles(korva.Preferences.Graph, graph, korva.Stored.ProjectUnits);
-  DisplayCurves_ = korva::DisplayCurves(korva.ProjectCalc, korva.Sweep);
-  DrawCurve();
+  DisplayCurves_ = korva::DisplayCurves(session_.State.ProjectCalc, session_.State.Sweep);
 }
 
 Chart frmGraph::TheChart() const {

@@ -22,7 +22,7 @@ class frmGraph final : public QMainWindow {
   // Deletes itself when it is closed, and then enables the main window.
   explicit frmGraph(Session& session);
 
-  // Shows `graph`, with titles made for it.
+  // Begins with `graph`, the one of the last sweep; DrawCurve shows it.
   void GraphInit(GraphKind graph);
   // Shows the points of the sweep by the settings as they are now.
   void DrawCurve();

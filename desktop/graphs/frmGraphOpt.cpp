@@ -7,7 +7,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include "commands/SettingsCommands.h"
+#include "commands/AcceptForms.h"
 #include "desktop/graphs/frmGraph.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/ReadOut.h"
@@ -185,8 +185,7 @@ void frmGraphOpt::accept() {
   draft_.CurveLegend = Check1_->isChecked();
   draft_.SymbolSize = HScroll1_->value();
   draft_.GraphSetParams = Option1_[1]->isChecked();
-  session_.State.Preferences.Graph = draft_;
-  SaveSettings(session_.State, SettingsSection::kGraph);
+  AcceptGraph(session_.State, draft_);
   graph_.DrawCurve();
   QDialog::accept();
 }

@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "commands/SettingsCommands.h"
+#include "commands/AcceptForms.h"
 #include "core/Text.h"
 #include "core/Version.h"
 #include "desktop/support/FormTools.h"
@@ -47,8 +47,7 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
 void frmDisclaimer::AcceptTerms() {
   accepted_ = true;
   if (chkShow_->isChecked()) {
-    session_.State.Preferences.ShowDisclaim = false;
-    SaveSettings(session_.State, SettingsSection::kSettings);
+    AcceptDisclaimer(session_.State);
   }
   accept();
 }

@@ -71,4 +71,14 @@ void AcceptOptions(Korva& korva, const OptionSettings& options) {
   HistoryLog(korva.SessionHistory, korva.Preferences, "Options Modified");
 }
 
+void AcceptGraph(Korva& korva, const GraphSettings& graph) {
+  korva.Preferences.Graph = graph;
+  SaveSettings(korva, SettingsSection::kGraph);
+}
+
+void AcceptDisclaimer(Korva& korva) {
+  korva.Preferences.ShowDisclaim = false;
+  SaveSettings(korva, SettingsSection::kSettings);
+}
+
 }  // namespace korva

@@ -31,8 +31,12 @@ void AcceptParameters(Korva& korva, const ParameterTexts& texts);
 // False if the form has to stay open.
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts);
 
-// Takes the settings or options over and saves them.
+// Takes the settings, the options or the format of graphs over and saves them.
 void AcceptSettings(Korva& korva, const Settings& settings);
 void AcceptOptions(Korva& korva, const OptionSettings& options);
+void AcceptGraph(Korva& korva, const GraphSettings& graph);
+
+// Saves that the disclaimer is accepted for good: no start shows it any more.
+void AcceptDisclaimer(Korva& korva);
 
 }  // namespace korva

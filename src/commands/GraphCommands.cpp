@@ -7,6 +7,7 @@
 #include "files/FileTree.h"
 #include "files/PlatformFile.h"
 #include "files/SafeWriter.h"
+#include "graphs/GraphTitles.h"
 
 namespace korva {
 
@@ -49,6 +50,14 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
               {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
                .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file),
                .topic = "messages-graphs"});
+}
+
+void TakeTitles(Korva& korva, const Chart& chart) {
+  const GraphKind graph = korva.Sweep.GraphIndex;
+  GraphSettings& settings = korva.Preferences.Graph;
+  settings.GraphTitle = chart.Title;
+  settings.XAxisTitle[graph] = chart.XAxis.Title;
+  settings.YAxisTitle[YTitleOf(graph)] = chart.YAxis.Title;
 }
 
 }  // namespace korva

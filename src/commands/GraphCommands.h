@@ -13,4 +13,7 @@ namespace korva {
 // under a name that is free, opens it, and tells how many curves it has. Run-time errors of writing.
 void ExportGraph(Korva& korva, Ports& ports, const Chart& chart);
 
+// Takes titles that were edited in the chart of the last sweep into the settings.
+void TakeTitles(Korva& korva, const Chart& chart);
+
 }  // namespace korva

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/Text.h"
+#include "graphs/GraphTitles.h"
 #include "input/FormNotices.h"
 #include "model/KORVAmodel.h"
 
@@ -48,6 +49,7 @@ void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome) {
   korva.ProjectCalc = job.ProjectCalc;
   if (outcome.Data.PointCount > 0) {
     korva.Sweep = std::move(outcome.Data);
+    PrepareTitles(korva.Preferences.Graph, job.Graph, job.Units);
   }
 }
 

@@ -33,8 +33,8 @@ std::optional<SweepJob> PrepareSweep(Korva& korva, MessagePort& messages, GraphK
 // Runs it. `goOn` is asked before each laminated solution.
 SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int step, int capacity)>& goOn);
 
-// Takes the points of a sweep that has ended into the program's state. One without any leaves those of the
-// last one.
+// Takes the points of a sweep that has ended into the program's state, and makes its graph's titles if the
+// settings hold none. One without any leaves those of the last one.
 void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome);
 
 // Whether there are points to be shown: a person who has stopped the sweep is asked.

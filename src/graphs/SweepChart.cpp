@@ -82,10 +82,4 @@ Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, 
   return chart;
 }
 
-void TakeTitles(const Chart& chart, GraphKind graph, GraphSettings& settings) {
-  settings.GraphTitle = chart.Title;
-  settings.XAxisTitle[graph] = chart.XAxis.Title;
-  settings.YAxisTitle[YTitleOf(graph)] = chart.YAxis.Title;
-}
-
 }  // namespace korva

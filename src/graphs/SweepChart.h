@@ -13,7 +13,4 @@ double ReferenceFactor(GraphKind graph);
 // The first `curves` curves of `data`, with titles and format of `settings`.
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference);
 
-// Takes titles that were edited in the chart of `graph` into the settings.
-void TakeTitles(const Chart& chart, GraphKind graph, GraphSettings& settings);
-
 }  // namespace korva
