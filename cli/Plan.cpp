@@ -72,18 +72,16 @@ int Refuse(const PlanCall& call, const std::string& why) {
 
 // Runs what the values come from: the laminated model for strengths if the project asks for it, else the
 // traditional one. The dimensions need no run.
-void Evaluate(Korva& korva) {
-  if (korva.PlotType == kPlotDimensions) {
+void Evaluate(Korva& korva, int plot) {
+  if (plot == kPlotDimensions) {
     return;
   }
-  const bool laminated = korva.PlotType == kPlotStrength && UsesLaminated(korva.ProjectCalc.CalcMode);
+  const bool laminated = plot == kPlotStrength && UsesLaminated(korva.ProjectCalc.CalcMode);
   korva.PillarValues =
       PillarValuesOf(korva, EvaluateProject(korva, laminated ? kLaminatedModel : kTraditionalModel));
 }
 
 int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
-  korva.PlotType = static_cast<PillarPlot>(call.Plot);
-  korva.PlotCaller = kPlanFromResults;
   FillPlotCopies(korva);
   if (const auto refusal = CheckProject(korva.ProjectCalc)) {
     return Refuse(call, *refusal);
@@ -92,8 +90,9 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
     return Refuse(call, "the laminated model alone gives no load bearing capacity and no pillar stresses");
   }
   TellFormNotices(korva, call.File);
-  Evaluate(korva);
-  PlanRequest request = PlanRequestOf(korva, true);
+  Evaluate(korva, call.Plot);
+  PlanRequest request = PlanRequestOf(korva, kPlanFromResults, true);
+  request.PlotType = static_cast<PillarPlot>(call.Plot);
   request.Title = TitleBlockOf(korva, LocalTimeNow());
   const auto plan = DrawPlan(request);
   if (!plan) {

@@ -33,7 +33,6 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   WireWarnings();
   WirePreview();
   Load();
-  session_.State.PlotCaller = kPlanFromForm;
   ShowPreview();
   ui_.Box(&Project::EntryHeight).setFocus();
   CenterForm(*this);
@@ -164,16 +163,11 @@ void frmKORVAParm::TakeAndClose() {
   close();
 }
 
-void frmKORVAParm::StoreCalcParameters() {
-  StoreParameters(Texts(), session_.State.ProjectCalc);
-  FillPlotCopies(session_.State);
-}
-
 void frmKORVAParm::Results() {
   if (!CheckAndShow()) {
     return;
   }
-  StoreCalcParameters();
+  StoreCalcParameters(session_.State, Texts());
   session_.Main.KeepWork();
   bool calculated = false;
   {
@@ -187,14 +181,12 @@ void frmKORVAParm::Results() {
 }
 
 void frmKORVAParm::View() {
-  Korva& korva = session_.State;
-  korva.PlotCaller = kPlanFromForm;
   if (!CheckAndShow()) {
     return;
   }
-  StoreCalcParameters();
-  if (korva.Preferences.Options.ViewChildWindow) {
-    if (frmPicture::Open(session_, *this) != nullptr) {
+  StoreCalcParameters(session_.State, Texts());
+  if (session_.State.Preferences.Options.ViewChildWindow) {
+    if (frmPicture::Open(session_, *this, kPlanFromForm) != nullptr) {
       hide();
     }
   } else {
@@ -203,7 +195,7 @@ void frmKORVAParm::View() {
 }
 
 void frmKORVAParm::DrawPlanPreview() {
-  if (!ui_.Picture1->Show(PlanRequestOf(session_.State, false))) {
+  if (!ui_.Picture1->Show(PlanRequestOf(session_.State, kPlanFromForm, false))) {
     Say(std::string(kInvalidPillars));
   }
 }
@@ -233,13 +225,6 @@ std::optional<StoredProject> frmKORVAParm::Draft() const {
 
 void frmKORVAParm::reject() {
   close();
-}
-
-void frmKORVAParm::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    session_.State.PlotCaller = kPlanFromForm;
-  }
-  QDialog::changeEvent(event);
 }
 
 void frmKORVAParm::closeEvent(QCloseEvent* event) {

@@ -29,7 +29,6 @@ class frmKORVAParm final : public QDialog {
   void reject() override;
 
  protected:
-  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -62,7 +61,6 @@ class frmKORVAParm final : public QDialog {
   void Run(const std::function<void()>& step);
   bool CheckAndShow();
   void ShowHidden(FieldBox& box);
-  void StoreCalcParameters();
 
   void TakeAndClose();
   void Results();

@@ -17,7 +17,6 @@ class PlanView : public QWidget {
   // the panel has no extent. Run-time errors of the drawing leave the view empty.
   bool Show(const PlanRequest& request);
   void Clear();
-  bool HasPlan() const { return plan_.has_value(); }
 
   const PlanRequest& Request() const { return request_; }
   const Plan& Shown() const { return *plan_; }

@@ -37,9 +37,8 @@ constexpr double kZoomStep = 1.5;
 
 }  // namespace
 
-frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
-  session.State.PlotType = kPlotDimensions;
-  std::unique_ptr<frmPicture> window(new frmPicture(session, opener));
+frmPicture* frmPicture::Open(Session& session, QWidget& opener, PlanOpener caller) {
+  std::unique_ptr<frmPicture> window(new frmPicture(session, opener, caller));
   if (!window->view_->Show(window->request_)) {
     ShowMessage(session.State, session.Outside.Messages,
                 {.text = std::string(kInvalidPillars), .topic = "messages-forms"});
@@ -49,8 +48,8 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener) {
   return window.release();  // it deletes itself
 }
 
-frmPicture::frmPicture(Session& session, QWidget& opener)
-    : session_(session), opener_(&opener), request_(PlanRequestOf(session.State, true)) {
+frmPicture::frmPicture(Session& session, QWidget& opener, PlanOpener caller)
+    : session_(session), opener_(&opener), request_(PlanRequestOf(session.State, caller, true)) {
   request_.Title = TitleBlockOf(session.State, LocalTimeNow());
   setObjectName(QStringLiteral("frmPicture"));
   setWindowTitle(QStringLiteral("View Plan"));
@@ -95,7 +94,7 @@ void frmPicture::BuildMenus() {
                               [this, plot] { ChoosePlot(plot); });
     action->setCheckable(true);
     action->setChecked(plot == kPlotDimensions);
-    action->setEnabled(session_.State.PlotCaller == kPlanFromResults);
+    action->setEnabled(request_.PlotCaller == kPlanFromResults);
     choices->addAction(action);
     return action;
   };
@@ -121,7 +120,7 @@ void frmPicture::BuildMenus() {
 }
 
 void frmPicture::ChoosePlot(PillarPlot plot) {
-  request_.PlotType = session_.State.PlotType = plot;
+  request_.PlotType = plot;
   view_->Show(request_);
 }
 

@@ -18,10 +18,10 @@ class frmPicture final : public QMainWindow {
   Q_OBJECT
 
  public:
-  // Opens the plan of the working copy for the window that PlotCaller names. Without a window, after a
-  // message, for a panel without extent; run-time errors of the drawing come through. The opener is enabled
-  // and shown again when the plan closes; the plan deletes itself then.
-  static frmPicture* Open(Session& session, QWidget& opener);
+  // Opens the plan of the working copy for `opener`, which is `caller`. Without a window, after a message,
+  // for a panel without extent; run-time errors of the drawing come through. The opener is enabled and shown
+  // again when the plan closes; the plan deletes itself then.
+  static frmPicture* Open(Session& session, QWidget& opener, PlanOpener caller);
 
  signals:
   void Closed();
@@ -32,9 +32,8 @@ class frmPicture final : public QMainWindow {
   void changeEvent(QEvent* event) override;
 
  private:
-  frmPicture(Session& session, QWidget& opener);
+  frmPicture(Session& session, QWidget& opener, PlanOpener caller);
 
-  void Build();
   void BuildMenus();
   void ChoosePlot(PillarPlot plot);
   void StepFont(int direction);

@@ -48,7 +48,6 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   setObjectName(QStringLiteral("frmResTxtPlt"));
   setWindowTitle(QStringLiteral("Results"));
   setAttribute(Qt::WA_DeleteOnClose);
-  session.State.PlotCaller = kPlanFromResults;
   Build();
   NextPage();
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
@@ -171,9 +170,8 @@ void frmResTxtPlt::SavePdf() {
 }
 
 void frmResTxtPlt::ViewPlan() {
-  session_.State.PlotCaller = kPlanFromResults;
   Attempt(session_.State, session_.Outside.Messages, [this] {
-    if (frmPicture* plan = frmPicture::Open(session_, *this)) {
+    if (frmPicture* plan = frmPicture::Open(session_, *this, kPlanFromResults)) {
       setEnabled(false);
       connect(plan, &frmPicture::Closed, this, &frmResTxtPlt::Loadbuffer);
     }

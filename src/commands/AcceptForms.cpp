@@ -1,5 +1,6 @@
 #include "commands/AcceptForms.h"
 
+#include "commands/Calculate.h"
 #include "commands/FileCommands.h"
 #include "commands/SettingsCommands.h"
 
@@ -45,6 +46,11 @@ void AcceptParameters(Korva& korva, const ParameterTexts& texts) {
   korva.ProjectSaved = false;
   korva.ProjectEmpty = false;
   HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Modified");
+}
+
+void StoreCalcParameters(Korva& korva, const ParameterTexts& texts) {
+  StoreParameters(texts, korva.ProjectCalc);
+  FillPlotCopies(korva);
 }
 
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts) {

@@ -27,6 +27,9 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts);
 // can be changed no more either way.
 void AcceptParameters(Korva& korva, const ParameterTexts& texts);
 
+// Takes the texts over into the working copy alone, for a run or a plan that the form asks for.
+void StoreCalcParameters(Korva& korva, const ParameterTexts& texts);
+
 // Leaves the project as it is; if that discards something and the options say so, only after a question.
 // False if the form has to stay open.
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts);

@@ -8,15 +8,15 @@
 
 namespace korva {
 
-PlanRequest PlanRequestOf(const Korva& korva, bool full) {
+PlanRequest PlanRequestOf(const Korva& korva, PlanOpener caller, bool full) {
   PlanRequest request;
   request.ProjectCalc = korva.ProjectCalc;
   request.Units = korva.Stored.ProjectUnits;
   request.Options = korva.Preferences.Options;
   request.Geometry = {korva.PlotXcutSpacing, request.Options.PlotGobExtLoose};
-  request.PlotType = korva.PlotType;
+  request.PlotCaller = caller;
   request.Full = full;
-  if (korva.PlotCaller == kPlanFromResults) {
+  if (caller == kPlanFromResults) {
     request.Values = korva.PillarValues;
   }
   return request;
@@ -29,12 +29,11 @@ PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now) {
 }
 
 std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft) {
-  PlanRequest request = PlanRequestOf(korva, false);
+  PlanRequest request = PlanRequestOf(korva, kPlanFromForm, false);
   request.ProjectCalc = draft;
   for (float& spacing : request.Geometry.PlotXcutSpacing) {
     spacing = static_cast<float>(draft.XcutSpacing);
   }
-  request.PlotType = kPlotDimensions;
   try {
     return DrawPlan(request) ? std::optional(request) : std::nullopt;
   } catch (const RuntimeError&) {

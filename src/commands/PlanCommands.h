@@ -8,9 +8,9 @@
 
 namespace korva {
 
-// What the plan view is asked to draw: the working copy in PlotType, by the options. Values of the last run
-// belong to it only if the results window asks. Without `full` it is outlines alone.
-PlanRequest PlanRequestOf(const Korva& korva, bool full);
+// What the plan view is asked to draw: the working copy with its dimensions, by the options. Values of the
+// last run belong to it only if the results window asks. Without `full` it is outlines alone.
+PlanRequest PlanRequestOf(const Korva& korva, PlanOpener caller, bool full);
 
 // The title block of a plan that is drawn on the day `now`.
 PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now);

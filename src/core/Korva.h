@@ -53,12 +53,9 @@ struct Korva {
   // The working copy that a calculation reads; never saved.
   Project ProjectCalc;
 
-  // The plan view: single-precision copies, what the pillars show, which window opened it, and what the last
-  // run says about the pillars.
+  // The plan view: single-precision copies, and what the last run says about the pillars.
   IndexedArray<float, 1, 10> PlotXcutSpacing;
   float PlotXcutAngle = 0;  // nobody reads it: the plan has the working copy's
-  PillarPlot PlotType = kPlotDimensions;
-  PlanOpener PlotCaller = kPlanFromForm;
   std::optional<PlanValues> PillarValues;
 
   // The last run's output. An empty WarningText means no popup.

@@ -38,6 +38,7 @@ struct PlanRequest {
   PlanOptions Geometry;
   OptionSettings Options;  // which dimensions are drawn
   PillarPlot PlotType = kPlotDimensions;
+  PlanOpener PlotCaller = kPlanFromForm;
   std::optional<PlanValues> Values;  // of the last run
   bool Full = true;                  // false: outlines alone
   double TextShare = kPlanTextShare;

@@ -83,8 +83,7 @@ class AllForms {
     frmGraph& window = *graph;
     forms_.push_back(std::move(graph));
     Add<frmGraphOpt>(bench.Forms, window);
-    korva.PlotCaller = kPlanFromResults;
-    forms_.emplace_back(frmPicture::Open(bench.Forms, *forms_.front()));
+    forms_.emplace_back(frmPicture::Open(bench.Forms, *forms_.front(), kPlanFromResults));
   }
   AllForms(const AllForms&) = delete;
   AllForms& operator=(const AllForms&) = delete;

@@ -57,8 +57,7 @@ void SaveCaseImport() {
 
 frmPicture* OpenPlan(FormBench& bench, QWidget& opener) {
   CalculateStabilityFactors(bench.State, bench.Outside.Messages);
-  bench.State.PlotCaller = kPlanFromResults;
-  return frmPicture::Open(bench.Forms, opener);
+  return frmPicture::Open(bench.Forms, opener, kPlanFromResults);
 }
 
 // Each loading condition; straight and angled crosscuts; rows A to D; slab cuts; few and many entries.

@@ -36,19 +36,24 @@ class PlanWindow : public testing::Test {
   }
 
   frmPicture& OpenFor(PlanOpener caller) {
-    bench_.State.PlotCaller = caller;
-    window_ = frmPicture::Open(bench_.Forms, opener_);
+    window_ = frmPicture::Open(bench_.Forms, opener_, caller);
     return *window_;
   }
 
   QAction& Item(const char* name) { return The<QAction>(*window_, name); }
   PlanView& View() { return The<PlanView>(*window_, "picPlan"); }
 
-  static void ClosePlans() {
+  static frmPicture* OpenPlan() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (auto* plan = qobject_cast<frmPicture*>(window)) {
-        plan->close();
+      if (auto* plan = qobject_cast<frmPicture*>(window); plan != nullptr && plan->isVisible()) {
+        return plan;
       }
+    }
+    return nullptr;
+  }
+  static void ClosePlans() {
+    while (frmPicture* plan = OpenPlan()) {
+      plan->close();
     }
   }
 
@@ -71,7 +76,6 @@ TEST_F(PlanWindow, SettingsChooseWhatThePillarsShow) {
   EXPECT_TRUE(Item("mnuPlotSetItem(0)").isChecked());
   EXPECT_EQ(View().Request().Title.Model, "traditional");
   Item("mnuPlotSetItem(2)").trigger();
-  EXPECT_EQ(bench_.State.PlotType, kPlotCapacity);
   EXPECT_TRUE(Item("mnuPlotSetItem(2)").isChecked());
   EXPECT_FALSE(Item("mnuPlotSetItem(0)").isChecked());
   EXPECT_EQ(View().Request().PlotType, kPlotCapacity);
@@ -197,8 +201,8 @@ TEST_F(PlanWindow, ResultsOpenItAndShowTheirPageAgain) {
   auto* results = new frmResTxtPlt(bench_.Forms, nullptr);
   bench_.State.WarningText.clear();
   results->show();
-  EXPECT_EQ(bench_.State.PlotCaller, kPlanFromResults);
   Click(*results, "Command9");
+  EXPECT_TRUE(The<QAction>(*OpenPlan(), "mnuPlotSetItem(1)").isEnabled());
   EXPECT_FALSE(results->isEnabled());
   bench_.State.OutBuf[1] = "the page as it is now";
   results->close();
@@ -213,12 +217,13 @@ TEST_F(PlanWindow, TheFormShowsThePanelAsItIsTyped) {
   auto* form = new frmKORVAParm(bench_.Forms);
   form->show();
   auto& preview = The<PlanView>(*form, "Picture1");
-  ASSERT_TRUE(preview.HasPlan());
+  const auto empty = [&preview] { return Ink(preview.grab().toImage()).isNull(); };
+  ASSERT_FALSE(empty());
   EXPECT_TRUE(preview.Shown().Panel.Texts.empty()) << "outlines alone";
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("150"));
   EXPECT_TRUE(QTest::qWaitFor([&] { return preview.Request().ProjectCalc.XcutSpacing == 150; }));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("0"));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.HasPlan(); }));
+  EXPECT_TRUE(QTest::qWaitFor(empty));
   The<QLineEdit>(*form, "txtXcutSpacing").setText(QStringLiteral("120"));
   bench_.State.Preferences.Options.ViewChildWindow = false;
   Click(*form, "cmdView");
