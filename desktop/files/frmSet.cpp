@@ -227,10 +227,9 @@ void frmSet::ChooseEditor() {
 }
 
 void frmSet::ChoosePath() {
-  session_.State.Places.LastPath = path_->Text();
-  frmPath form(session_, this);
+  frmPath form(session_, path_->Text(), this);
   form.exec();
-  path_->Fill(session_.State.Places.LastPath);
+  path_->Fill(form.LastPath());
 }
 
 SettingsTexts frmSet::Texts() const {

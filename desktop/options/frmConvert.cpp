@@ -9,13 +9,6 @@
 
 namespace korva::desktop {
 
-namespace {
-
-constexpr int kLoadConverted = 0;
-constexpr int kKeepOriginal = 1;
-
-}  // namespace
-
 frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmConvert"));
   setWindowTitle(QStringLiteral("File Conversion Utility"));
@@ -59,8 +52,8 @@ void frmConvert::Load() {
   const bool metric = session_.State.Stored.ProjectUnits == kMetric;
   units_[metric ? 1 : 0]->setEnabled(false);
   units_[metric ? 0 : 1]->setChecked(true);
-  files_[session_.State.ConvertKeepsOriginal ? kKeepOriginal : kLoadConverted]->setChecked(true);
-  files_[kKeepOriginal]->setEnabled(false);
+  files_[0]->setChecked(true);
+  files_[1]->setEnabled(false);
 }
 
 void frmConvert::Convert() {
@@ -75,7 +68,6 @@ void frmConvert::Convert() {
 }
 
 void frmConvert::done(int result) {
-  session_.State.ConvertKeepsOriginal = files_[kKeepOriginal]->isChecked();
   session_.Main.Refresh();
   QDialog::done(result);
   // Message box and form close at one time: a window manager may give the keyboard to this form just when it

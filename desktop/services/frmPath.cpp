@@ -19,7 +19,8 @@ constexpr int kLines = 16;
 
 }  // namespace
 
-frmPath::frmPath(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+frmPath::frmPath(Session& session, std::string lastPath, QWidget* parent)
+    : QDialog(parent), session_(session), lastPath_(std::move(lastPath)) {
   setObjectName(QStringLiteral("frmPath"));
   setWindowTitle(QStringLiteral("Select Path"));
   model_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
@@ -36,7 +37,7 @@ void frmPath::Build() {
   const std::array<std::pair<const char*, const std::string*>, 4> places = {
       {{"User home", &at.ProductFolder},
        {"Application ", &at.AppPath},
-       {"Current", &at.LastPath},
+       {"Current", &lastPath_},
        {"User temporary", &at.ProductTempFolder}}};
   for (std::size_t i = 0; i < places.size(); ++i) {
     const QString folder = FromUtf8(*places[i].second);
@@ -99,15 +100,9 @@ void frmPath::DriveChosen(const QString& root) {
   GoTo(root);
 }
 
-QString frmPath::Folder() const {
-  return model_.filePath(folders_->currentIndex());
-}
-
-void frmPath::done(int result) {
-  if (result == Accepted && !Folder().isEmpty()) {
-    session_.State.Places.LastPath = FolderText(Folder().toStdString());
-  }
-  QDialog::done(result);
+std::string frmPath::LastPath() const {
+  const QString folder = model_.filePath(folders_->currentIndex());
+  return result() == Accepted && !folder.isEmpty() ? FolderText(folder.toStdString()) : lastPath_;
 }
 
 }  // namespace korva::desktop

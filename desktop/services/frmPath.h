@@ -15,18 +15,18 @@ namespace korva::desktop {
 
 class frmPath final : public QDialog {
  public:
-  // The choice goes to LastPath.
-  explicit frmPath(Session& session, QWidget* parent = nullptr);
+  frmPath(Session& session, std::string lastPath, QWidget* parent = nullptr);
 
-  void done(int result) override;
+  // The folder chosen; before OK the one that it was opened with.
+  std::string LastPath() const;
 
  private:
   void Build();
   void GoTo(const QString& folder);
   void DriveChosen(const QString& root);
-  QString Folder() const;
 
   Session& session_;
+  std::string lastPath_;
   QFileSystemModel model_;
   std::array<QRadioButton*, 4> places_{};
   QComboBox* drive_ = nullptr;

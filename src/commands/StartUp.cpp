@@ -58,7 +58,6 @@ Folders MakeFolders(const MachineFolders& machine) {
     }
   }
   places.IniFile = places.DataRoot + std::string(ExeName) + ".INI";
-  places.LastPath = places.ProductFolder;
   return places;
 }
 

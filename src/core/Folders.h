@@ -18,7 +18,6 @@ struct Folders {
   std::string ConfigHome;   // where they keep this user's choices
   std::string StateFolder;  // running sessions and recovery copies
   std::string IniFile;      // the settings file, a full name
-  std::string LastPath;     // the folder last chosen
 };
 
 }  // namespace korva

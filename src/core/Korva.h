@@ -70,9 +70,6 @@ struct Korva {
   std::string StrondResultFile;
   std::string StrondOutFile;
 
-  // What the file conversion dialog was left with; it alone reads it.
-  bool ConvertKeepsOriginal = false;
-
   // The last parametric sweep.
   SweepData Sweep;
 

@@ -66,7 +66,7 @@ class AllForms {
     Add<frmResTxtPlt>(bench.Forms, nullptr);
     Add<frmPopUp>(warnings);
     Add<frmSet>(bench.Forms);
-    Add<frmPath>(bench.Forms);
+    Add<frmPath>(bench.Forms, "/usr/");
     Add<frmKORVAOpts>(bench.Forms);
     Add<frmUnits>(bench.Forms);
     Add<frmConvert>(bench.Forms);

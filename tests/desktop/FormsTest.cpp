@@ -337,18 +337,17 @@ TEST_F(Forms, WhatIsNotThereIsSaidAtOnce) {
 }
 
 TEST_F(Forms, PathTakesAFolder) {
-  bench.State.Places.LastPath = "/usr/share/";
   {
-    frmPath form(bench.Forms);
+    frmPath form(bench.Forms, "/usr/share/");
     EXPECT_TRUE(The<QRadioButton>(form, "Option1(2)").isChecked());
     The<QRadioButton>(form, "Option1(0)").setChecked(true);
     Click(form, "Command1");
-    EXPECT_EQ(bench.State.Places.LastPath, "/usr/share/");
+    EXPECT_EQ(form.LastPath(), "/usr/share/");
   }
-  frmPath form(bench.Forms);
+  frmPath form(bench.Forms, "/usr/share/");
   The<QRadioButton>(form, "Option1(0)").setChecked(true);
   Click(form, "Command2");
-  EXPECT_EQ(PathOf(bench.State.Places.LastPath), canonical(folder.Path()) / "");
+  EXPECT_EQ(PathOf(form.LastPath()), canonical(folder.Path()) / "");
 }
 
 TEST_F(Forms, TheDisclaimerIsAcceptedByItsButtonAlone) {

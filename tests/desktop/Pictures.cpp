@@ -190,7 +190,6 @@ void SaveAll() {
   FormBench bench;
   bench.State.Places.ProductFolder = bench.State.Preferences.DataPath =
       "/home/ann/Documents/MyFolvane/KORVA-STROND/";
-  bench.State.Places.LastPath = "/usr/";
   bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
   bench.State.LastBrowseFolder = KORVA_EXAMPLES;
   bench.State.Preferences.DisplayFont.Name = "Liberation Sans";

@@ -51,8 +51,7 @@ class HelpWindow : public testing::Test {
     bench.State.Places.AppPath = folder / "";
     bench.State.Places.Docs = KORVA_BUILT_DOCS "/";
     bench.State.Places.IniFile = folder / "KORVA-STROND.INI";
-    bench.State.Places.TempRoot = bench.State.Places.ProductFolder = bench.State.Places.LastPath =
-        folder / "";
+    bench.State.Places.TempRoot = bench.State.Places.ProductFolder = folder / "";
     bench.State.Preferences.DataPath = folder / "";
     bench.State.Preferences.ShowDisclaim = false;
   }

@@ -57,13 +57,12 @@ TEST(UnitsForm, CopiesItsResultsAndTellsAnOverflow) {
 TEST(ConversionForm, OffersTheOtherUnitsAlone) {
   FormBench bench;
   bench.State.Stored = test::Stored(test::DevelopmentPanel());
-  bench.State.ConvertKeepsOriginal = true;
   bench.State.ProjectFileName = "/mine/panel.KVL";
   frmConvert form(bench.Forms);
   form.show();
   EXPECT_FALSE(The<QRadioButton>(form, "Option1(0)").isEnabled());
   EXPECT_TRUE(The<QRadioButton>(form, "Option1(1)").isChecked());
-  EXPECT_TRUE(The<QRadioButton>(form, "Option2(1)").isChecked());
+  EXPECT_TRUE(The<QRadioButton>(form, "Option2(0)").isChecked());
   EXPECT_FALSE(The<QRadioButton>(form, "Option2(1)").isEnabled());
   bench.Outside.Messages.Expect("Conversion Completed: The conversion form will be closed");
   Click(form, "Command2");
@@ -71,7 +70,6 @@ TEST(ConversionForm, OffersTheOtherUnitsAlone) {
   EXPECT_EQ(bench.State.Stored.ProjectUnits, kMetric);
   EXPECT_EQ(bench.State.ProjectFileName, "Metric_panel.KVL");
   EXPECT_FALSE(bench.State.ProjectSaved);
-  EXPECT_TRUE(bench.State.ConvertKeepsOriginal);
 }
 
 TEST(ConversionForm, TellsAFailureAndLeavesTheProject) {
