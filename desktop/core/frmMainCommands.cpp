@@ -224,8 +224,7 @@ void frmMain::UtilItem(int index) {
       }
       break;
     case kClearHistory:
-      korva_.SessionHistory.Text.clear();
-      ShowHistory();
+      ClearHistory(korva_.SessionHistory);
       break;
     case kToggleHistory:
       ToggleHistory();

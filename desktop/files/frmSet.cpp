@@ -9,6 +9,7 @@
 #include "commands/AcceptForms.h"
 #include "commands/Attempt.h"
 #include "commands/ExternalViewer.h"
+#include "commands/SettingsCommands.h"
 #include "core/Limits.h"
 #include "core/NumberText.h"
 #include "core/Tables.h"
@@ -51,7 +52,7 @@ constexpr std::array<CheckRow<Settings>, 9> kChecks = {{
 frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmSet"));
   setWindowTitle(QStringLiteral("Settings"));
-  session.State.Titles = MessageTitlesOf(TitleSlot::kSettings);
+  SetMessageTitles(session.State, TitleSlot::kSettings);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Settings");
   Build();
   Wire();
@@ -206,21 +207,13 @@ void frmSet::ExtensionTyped(const QString& text) {
 }
 
 void frmSet::ChooseFont() {
-  FontSettings& font = session_.State.Preferences.DisplayFont;
-  font = session_.Outside.Values.ChooseFont(font).value_or(font);
+  korva::ChooseFont(session_.Outside.Values, session_.State.Preferences.DisplayFont);
   session_.Main.ApplyHistoryFont();
 }
 
-// The extension of project files stays that of programs if the dialog is then closed with Cancel.
 void frmSet::ChooseEditor() {
-  std::string& extension = session_.State.Preferences.FileExtension;
-  extension = "EXE";
-  FileQuestion question;
-  question.Title = "Select External Editor";
-  question.Filters = {kAllFiles, "Editor Programs (*." + extension + ")"};
-  question.ActiveFilter = 1;
   Attempt(session_.State, session_.Outside.Messages, [&] {
-    if (const auto chosen = session_.Outside.Files.ChooseFile(question)) {
+    if (const auto chosen = korva::ChooseEditor(session_.State, session_.Outside.Files)) {
       editor_->Fill(*chosen);
     }
   });

@@ -26,7 +26,7 @@ QString ShownText(std::string_view text) {
 frmKORVADesc::frmKORVADesc(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmKORVADesc"));
   setWindowTitle(QStringLiteral("Project Description"));
-  session.State.Titles = MessageTitlesOf(TitleSlot::kDescription);
+  SetMessageTitles(session.State, TitleSlot::kDescription);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Project Description");
   Build();
   Load();

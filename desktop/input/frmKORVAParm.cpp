@@ -28,7 +28,7 @@ frmKORVAParm::frmKORVAParm(Session& session, QWidget* parent)
   timer_.setParent(this);
   timer_.setObjectName(QStringLiteral("Timer1"));
   timer_.setInterval(kWarningHold);
-  session_.State.Titles = MessageTitlesOf(TitleSlot::kParameters);
+  SetMessageTitles(session_.State, TitleSlot::kParameters);
   Wire();
   WireWarnings();
   WirePreview();

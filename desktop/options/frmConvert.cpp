@@ -12,7 +12,7 @@ namespace korva::desktop {
 frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmConvert"));
   setWindowTitle(QStringLiteral("File Conversion Utility"));
-  session.State.Titles = MessageTitlesOf(TitleSlot::kConversion);
+  SetMessageTitles(session.State, TitleSlot::kConversion);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading File Conversion Form");
   Build();
   Load();

@@ -110,7 +110,7 @@ frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent)
     : QDialog(parent), session_(session), checks_(kChecks) {
   setObjectName(QStringLiteral("frmKORVAOpts"));
   setWindowTitle(QStringLiteral("Options"));
-  session.State.Titles = MessageTitlesOf(TitleSlot::kOptions);
+  SetMessageTitles(session.State, TitleSlot::kOptions);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing KORVA Options");
   Build();
   Load();

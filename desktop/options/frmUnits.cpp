@@ -22,7 +22,7 @@ constexpr int kResultColumns = 26;
 frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmUnits"));
   setWindowTitle(QStringLiteral("Unit Conversions"));
-  session.State.Titles = MessageTitlesOf(TitleSlot::kUnits);
+  SetMessageTitles(session.State, TitleSlot::kUnits);
   HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading Unit Conversion Form");
   SSTab1_ = new QTabWidget(this);
   SSTab1_->setObjectName(QStringLiteral("SSTab1"));

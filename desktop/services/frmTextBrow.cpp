@@ -174,12 +174,10 @@ void frmTextBrow::Wire() {
 }
 
 void frmTextBrow::Load() {
-  Korva& korva = session_.State;
-  BrowseSettings& settings = korva.Preferences.TextBrowse;
-  if (settings.BrowseDefaultFilter.empty()) {
-    settings.BrowseDefaultFilter = "*." + korva.Preferences.FileExtension;
-  }
-  filter_->setText(FromUtf8(settings.BrowseDefaultFilter));
+  const Korva& korva = session_.State;
+  const BrowseSettings& settings = korva.Preferences.TextBrowse;
+  const std::string& filter = settings.BrowseDefaultFilter;
+  filter_->setText(FromUtf8(filter.empty() ? "*." + korva.Preferences.FileExtension : filter));
   text_->setFont(FontOf(settings.BrowseFont));
   external_->setChecked(settings.BrowseUseNotepad);
   const std::string& start =
@@ -243,7 +241,7 @@ void frmTextBrow::ShowFile() {
 
 void frmTextBrow::ChooseFont() {
   FontSettings& font = session_.State.Preferences.TextBrowse.BrowseFont;
-  font = session_.Outside.Values.ChooseFont(font).value_or(font);
+  korva::ChooseFont(session_.Outside.Values, font);
   text_->setFont(FontOf(font));
 }
 

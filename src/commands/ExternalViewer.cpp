@@ -93,6 +93,13 @@ std::optional<std::string> ViewerRemark(std::string_view setting) {
   return program.empty() || there ? std::nullopt : std::optional<std::string>("not found on this machine");
 }
 
+std::optional<std::string> ChooseEditor(Korva& korva, FileChoicePort& files) {
+  korva.Preferences.FileExtension = "EXE";
+  return files.ChooseFile({.Title = "Select External Editor",
+                           .Filters = {kAllFiles, "Editor Programs (*.EXE)"},
+                           .ActiveFilter = 1});
+}
+
 bool ViewExternally(Korva& korva, Ports& ports, const std::string& file) {
   bool copied = false;
   bool started = false;

@@ -26,6 +26,10 @@ ProgramCall CallOfEditor(const std::string& setting);
 // name; nothing for one that is there, and for an empty text.
 std::optional<std::string> ViewerRemark(std::string_view setting);
 
+// Asks for the program of that setting; nothing if the person cancelled. The extension of project files
+// becomes that of programs, and stays so unless OK of the settings puts it back.
+std::optional<std::string> ChooseEditor(Korva& korva, FileChoicePort& files);
+
 // Copies `file` as text, with CR LF line ends, to the scratch file "~tmpbr.tmp" and starts the external
 // viewer on that, so that the file itself stays out of its hands. Errors of copying and of starting are told
 // each for itself; false after one.

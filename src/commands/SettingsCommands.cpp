@@ -73,6 +73,10 @@ void SaveSettings(Korva& korva, SettingsSection section) {
   }
 }
 
+void ChooseFont(ValuePort& values, FontSettings& font) {
+  font = values.ChooseFont(font).value_or(font);
+}
+
 void KeepBrowsing(Korva& korva, std::string filter, bool useEditor, std::string folder) {
   korva.Preferences.TextBrowse.BrowseDefaultFilter = std::move(filter);
   korva.Preferences.TextBrowse.BrowseUseNotepad = useEditor;

@@ -41,4 +41,11 @@ void HistoryLog(History& history, const Settings& settings, std::string_view tex
   }
 }
 
+void ClearHistory(History& history) {
+  history.Text.clear();
+  if (history.Changed) {
+    history.Changed();
+  }
+}
+
 }  // namespace korva

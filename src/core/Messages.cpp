@@ -15,15 +15,14 @@ std::string_view TitlePrefix(TitleSlot slot) {
 
 }  // namespace
 
-MessageTitles MessageTitlesOf(TitleSlot slot) {
+void SetMessageTitles(Korva& korva, TitleSlot slot) {
   const std::string prefix(TitlePrefix(slot));
-  MessageTitles titles;
+  korva.Titles = {};
   for (std::string MessageTitles::*title :
        {&MessageTitles::TitleRangeError, &MessageTitles::TitleRangeWarning,
         &MessageTitles::TitleInvalidCharacter, &MessageTitles::TitleError, &MessageTitles::TitleLogicError}) {
-    (titles.*title).insert(0, prefix);
+    (korva.Titles.*title).insert(0, prefix);
   }
-  return titles;
 }
 
 MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message) {

@@ -48,7 +48,9 @@ enum class TitleSlot {
   kUnits = 12,
   kConversion
 };
-MessageTitles MessageTitlesOf(TitleSlot slot);
+
+// Gives messages the titles of a window that opens; they stay until another of these opens.
+void SetMessageTitles(Korva& korva, TitleSlot slot);
 
 inline constexpr const char* kOperationFailed = "Operation Failed";
 

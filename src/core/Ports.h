@@ -22,12 +22,12 @@ inline constexpr const char* kAllFiles = "All Files (*.*)";
 inline constexpr const char* kPdfFiles = "Portable document (*.pdf)";
 
 struct FileQuestion {
-  bool Save = false;   // a name to write, asking before an existing file is taken; else a file that exists
-  std::string Title;   // empty for the platform's own
-  std::string Folder;  // to begin in
-  std::string Name;    // proposed, without folder; may be empty
-  std::string DefaultExtension;
-  std::vector<std::string> Filters;  // each with its pattern in brackets at the end
+  bool Save = false;  // a name to write, asking before an existing file is taken; else a file that exists
+  std::string Title = {};   // empty for the platform's own
+  std::string Folder = {};  // to begin in
+  std::string Name = {};    // proposed, without folder; may be empty
+  std::string DefaultExtension = {};
+  std::vector<std::string> Filters = {};  // each with its pattern in brackets at the end
   std::size_t ActiveFilter = 0;
 };
 

@@ -11,7 +11,7 @@ class ClassifyErrorTest : public testing::Test {
  protected:
   ClassifyErrorTest() {
     korva_.Preferences.DisplayHistoryWin = true;
-    korva_.Titles = MessageTitlesOf(TitleSlot::kParameters);
+    SetMessageTitles(korva_, TitleSlot::kParameters);
   }
 
   ErrorAction Classify(std::int64_t number, bool show = true) {
