@@ -1,10 +1,8 @@
 #include "desktop/graphs/frmGraph.h"
 
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
@@ -95,7 +93,9 @@ void frmGraph::BuildMenus() {
   AddItem(session_, file, "GraphFileItem", 4, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
 
   QMenu& edit = *AddMenu(*menuBar(), "GraphEdit", "&Edit");
-  AddItem(session_, edit, "GraphEditItem", 0, "Copy ", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
+  AddItem(session_, edit, "GraphEditItem", 0, "Copy ", [this] {
+    session_.Outside.Clipboard.SetPicture(Formats().PictureBytes(PictureKind::kPng, graph1_->Sheet()));
+  })->setShortcut(QKeySequence::Copy);
 
   QMenu& options = *AddMenu(*menuBar(), "GraphOptions", "&Options");
   pointId_ = AddItem(session_, options, "GraphOptionsItem", 0, "Point ID",
@@ -161,17 +161,6 @@ void frmGraph::Print() {
     painter.scale(scale, scale);
     PaintPicture(painter, picture);
   });
-}
-
-void frmGraph::Copy() {
-  constexpr int kSharp = 2;
-  const Picture picture = graph1_->Sheet();
-  QImage image(QSizeF(picture.Size.Width, picture.Size.Height).toSize() * kSharp, QImage::Format_RGB32);
-  image.setDevicePixelRatio(kSharp);
-  QPainter painter(&image);
-  PaintPicture(painter, picture);
-  painter.end();
-  QGuiApplication::clipboard()->setImage(image);
 }
 
 // The window keeps the room of the graph and of all that the frame says.

@@ -43,7 +43,6 @@ class frmGraph final : public QMainWindow {
   void ShowPointFrame(bool shown);
   void Save();
   void Print();
-  void Copy();
   void TrackPoint(QPointF position);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);

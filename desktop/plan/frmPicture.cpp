@@ -1,10 +1,8 @@
 #include "desktop/plan/frmPicture.h"
 
 #include <QActionGroup>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFontInfo>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
@@ -18,6 +16,7 @@
 #include "commands/PlanCommands.h"
 #include "commands/SavePicture.h"
 #include "desktop/plan/PlanView.h"
+#include "desktop/services/Capture.h"
 #include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
 #include "services/PagePrinter.h"
@@ -140,7 +139,7 @@ void frmPicture::StepFont(int direction) {
 
 void frmPicture::Copy() {
   picTMPCopy_->setPixmap(view_->grab());
-  QGuiApplication::clipboard()->setPixmap(picTMPCopy_->pixmap());
+  CopyPicture(session_, picTMPCopy_->pixmap());
 }
 
 // As it stands in the window, as large as the sheet allows.

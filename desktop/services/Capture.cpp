@@ -1,14 +1,19 @@
 #include "desktop/services/Capture.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
+#include <QBuffer>
 #include <QPixmap>
 #include <QWidget>
 
 namespace korva::desktop {
 
+void CopyPicture(Session& session, const QPixmap& picture) {
+  QBuffer png;
+  picture.save(&png, "PNG");
+  session.Outside.Clipboard.SetPicture(png.data().toStdString());
+}
+
 void CopyDialogToClipboard(Session& session, QWidget& form) {
-  QGuiApplication::clipboard()->setPixmap(form.grab());
+  CopyPicture(session, form.grab());
   ShowMessage(session.State, session.Outside.Messages,
               {.text = "Screenshot of dialog copied to clipboard",
                .title = session.State.Titles.TitleMessage,

@@ -208,6 +208,10 @@ void QtClipboard::SetText(std::string_view text) {
   QGuiApplication::clipboard()->setText(FromUtf8(text));
 }
 
+void QtClipboard::SetPicture(std::string_view png) {
+  QGuiApplication::clipboard()->setImage(QImage::fromData(QByteArrayView(png)));
+}
+
 bool QtDocuments::Open(const std::string& file) {
   return OpenOnDesktop(QUrl::fromLocalFile(FromUtf8(file)));
 }

@@ -19,6 +19,7 @@ class QtFileChoice final : public FileChoicePort {
 class QtClipboard final : public ClipboardPort {
  public:
   void SetText(std::string_view text) override;
+  void SetPicture(std::string_view png) override;
 };
 
 class QtDocuments final : public DocumentPort {

@@ -59,6 +59,8 @@ class ClipboardPort {
  public:
   virtual ~ClipboardPort() = default;
   virtual void SetText(std::string_view text) = 0;
+  // A picture, as the bytes of a PNG file.
+  virtual void SetPicture(std::string_view png) = 0;
 };
 
 // Opens a document with the program that the person's desktop has for it.

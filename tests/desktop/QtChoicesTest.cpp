@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QBuffer>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFontDialog>
@@ -83,6 +85,15 @@ TEST(QtValues, DialogsGiveWhatWasChosenOrNothing) {
   EXPECT_EQ(values.EnterText({"Graph", "Axis title", "Angle"}), "Angle \u00b0");
   Answer<QInputDialog>([](QInputDialog& dialog) { dialog.reject(); });
   EXPECT_FALSE(values.EnterText({"Graph", "Axis title", "Angle"}));
+}
+
+TEST(QtClipboard, TakesThePixelsOfAPicture) {
+  QImage picture(3, 2, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  QBuffer png;
+  picture.save(&png, "PNG");
+  QtClipboard().SetPicture(png.data().toStdString());
+  EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(picture.format()), picture);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QSignalSpy>
@@ -394,7 +393,7 @@ TEST_F(ParameterForm, CopyClipPutsAPictureOnTheClipboard) {
   Open();
   Expect("Screenshot of dialog copied to clipboard");
   Click(*form, "cmdCopyClip");
-  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), form->size());
+  EXPECT_EQ(QImage::fromData(QByteArrayView(bench.Outside.Clipboard.Picture)).size(), form->size());
 }
 
 TEST_F(ParameterForm, ItsTabsHaveOneLeftEdgeAndItsNumbersOne) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QImage>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -130,7 +129,7 @@ TEST_F(PlanWindow, MaximisingEndsInOneSizeWhateverTheWindowManagerRestores) {
 TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
   OpenFor(kPlanFromForm);
   Item("mnuEditItem(0)").trigger();
-  EXPECT_EQ(QGuiApplication::clipboard()->image().width(), View().width());
+  EXPECT_EQ(QImage::fromData(QByteArrayView(bench_.Outside.Clipboard.Picture)).width(), View().width());
   EXPECT_FALSE(The<QLabel>(*window_, "picTMPCopy").isVisible());
   const TempFolder folder;
   bench_.Outside.Files.Expect(folder / "plan.svg");

@@ -77,7 +77,9 @@ class ScriptedValues final : public ValuePort {
 class KeptClipboard final : public ClipboardPort {
  public:
   void SetText(std::string_view text) override { Text = text; }
+  void SetPicture(std::string_view png) override { Picture = png; }
   std::string Text;
+  std::string Picture;
 };
 
 class CountedBusy final : public BusyPort {
