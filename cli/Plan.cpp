@@ -9,7 +9,6 @@
 #include "commands/PlanCommands.h"
 #include "core/Tables.h"
 #include "model/KORVAmodel.h"
-#include "services/PagePrinter.h"
 
 namespace korva::cli {
 
@@ -93,7 +92,6 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
   Evaluate(korva, call.Plot);
   PlanRequest request = PlanRequestOf(korva, kPlanFromResults, true);
   request.PlotType = static_cast<PillarPlot>(call.Plot);
-  request.Title = TitleBlockOf(korva, LocalTimeNow());
   const auto plan = DrawPlan(request);
   if (!plan) {
     return Refuse(call, std::string(kInvalidPillars));

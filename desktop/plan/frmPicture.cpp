@@ -19,7 +19,6 @@
 #include "desktop/services/Capture.h"
 #include "desktop/services/PicturePrinter.h"
 #include "desktop/support/FormTools.h"
-#include "services/PagePrinter.h"
 
 namespace korva::desktop {
 
@@ -49,7 +48,6 @@ frmPicture* frmPicture::Open(Session& session, QWidget& opener, PlanOpener calle
 
 frmPicture::frmPicture(Session& session, QWidget& opener, PlanOpener caller)
     : session_(session), opener_(&opener), request_(PlanRequestOf(session.State, caller, true)) {
-  request_.Title = TitleBlockOf(session.State, LocalTimeNow());
   setObjectName(QStringLiteral("frmPicture"));
   setWindowTitle(QStringLiteral("View Plan"));
   setAttribute(Qt::WA_DeleteOnClose);

@@ -2,11 +2,25 @@
 
 #include <fmt/format.h>
 
+#include <ctime>
+
 #include "core/FileNames.h"
 #include "core/RuntimeError.h"
 #include "core/Tables.h"
+#include "services/PagePrinter.h"
 
 namespace korva {
+
+namespace {
+
+PlanTitleBlock TitleBlockOf(const Korva& korva) {
+  const std::tm now = LocalTimeNow();
+  return {FileBaseName(korva.ProjectFileName, false), korva.Stored.ProjectTitle,
+          std::string(ModelName(korva.ProjectCalc.CalcMode)),
+          fmt::format("{:04}-{:02}-{:02}", now.tm_year + 1900, now.tm_mon + 1, now.tm_mday)};
+}
+
+}  // namespace
 
 PlanRequest PlanRequestOf(const Korva& korva, PlanOpener caller, bool full) {
   PlanRequest request;
@@ -16,16 +30,13 @@ PlanRequest PlanRequestOf(const Korva& korva, PlanOpener caller, bool full) {
   request.Geometry = {korva.PlotXcutSpacing, request.Options.PlotGobExtLoose};
   request.PlotCaller = caller;
   request.Full = full;
+  if (full) {
+    request.Title = TitleBlockOf(korva);
+  }
   if (caller == kPlanFromResults) {
     request.Values = korva.PillarValues;
   }
   return request;
-}
-
-PlanTitleBlock TitleBlockOf(const Korva& korva, const std::tm& now) {
-  return {FileBaseName(korva.ProjectFileName, false), korva.Stored.ProjectTitle,
-          std::string(ModelName(korva.ProjectCalc.CalcMode)),
-          fmt::format("{:04}-{:02}-{:02}", now.tm_year + 1900, now.tm_mon + 1, now.tm_mday)};
 }
 
 std::optional<PlanRequest> PreviewRequest(const Korva& korva, const Project& draft) {
