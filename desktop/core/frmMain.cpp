@@ -133,12 +133,11 @@ bool frmMain::AcceptDisclaimer() {
   if (!korva_.Preferences.ShowDisclaim) {
     return true;
   }
-  frmDisclaimer disclaimer(session_);
-  disclaimer.exec();
-  if (!disclaimer.Accepted()) {
+  const bool accepted = frmDisclaimer(session_).exec() == QDialog::Accepted;
+  if (!accepted) {
     recovery_.EndCleanly();
   }
-  return disclaimer.Accepted();
+  return accepted;
 }
 
 void frmMain::Begin(const std::string& file) {

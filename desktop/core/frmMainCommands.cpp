@@ -259,14 +259,11 @@ void frmMain::HelpItem(int index) {
     case kResourceFiles:
       frmResource(session_, this).exec();
       break;
-    case kDisclaimer: {
-      frmDisclaimer disclaimer(session_, this);
-      disclaimer.exec();
-      if (!disclaimer.Accepted()) {
+    case kDisclaimer:
+      if (frmDisclaimer(session_, this).exec() != QDialog::Accepted) {
         EndAtOnce();
       }
       break;
-    }
     case kProgramUpdates:
       versionFetch_.reset();  // the window asks anew, when it is told to
       answerTimer_.stop();

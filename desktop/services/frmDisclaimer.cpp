@@ -45,7 +45,6 @@ frmDisclaimer::frmDisclaimer(Session& session, QWidget* parent)
 }
 
 void frmDisclaimer::AcceptTerms() {
-  accepted_ = true;
   if (chkShow_->isChecked()) {
     AcceptDisclaimer(session_.State);
   }

@@ -1,4 +1,5 @@
-// The disclaimer. What follows a refusal is its caller's part.
+// The disclaimer. It is accepted by its button for that and no other way; what follows a refusal is its
+// caller's part.
 #pragma once
 
 #include <QCheckBox>
@@ -12,15 +13,11 @@ class frmDisclaimer final : public QDialog {
  public:
   explicit frmDisclaimer(Session& session, QWidget* parent = nullptr);
 
-  // Whether it was closed by its button for that and no other way.
-  bool Accepted() const { return accepted_; }
-
  private:
   void AcceptTerms();
 
   Session& session_;
   QCheckBox* chkShow_;
-  bool accepted_ = false;
 };
 
 }  // namespace korva::desktop

@@ -357,14 +357,14 @@ TEST_F(Forms, TheDisclaimerIsAcceptedByItsButtonAlone) {
     form.show();
     The<QCheckBox>(form, "chkShow").setChecked(true);
     closed ? static_cast<void>(form.close()) : Click(form, "cmdNoAccept");
-    EXPECT_FALSE(form.Accepted());
+    EXPECT_EQ(form.result(), QDialog::Rejected);
     EXPECT_EQ(bench.State.Preferences.ShowDisclaim, 1);
   }
   frmDisclaimer form(bench.Forms);
   EXPECT_EQ(form.windowTitle(), QStringLiteral("Disclaimer for KORVA-STROND"));
   The<QCheckBox>(form, "chkShow").setChecked(true);
   Click(form, "Command1");
-  EXPECT_TRUE(form.Accepted());
+  EXPECT_EQ(form.result(), QDialog::Accepted);
   EXPECT_EQ(SavedSetting("ShowDisclaim"), "0");
 }
 
