@@ -204,19 +204,10 @@ bool CalculateStabilityFactors(Korva& korva, MessagePort& messages) {
 
 bool CalculateFromForm(Korva& korva, MessagePort& messages) {
   const OverburdenModel model = korva.ProjectCalc.CalcMode;
-  if (UsesLaminated(model)) {
-    if (IsRefused(korva, messages)) {
-      return false;
-    }
-    const Message question = {std::string(kTakesMinutes) + " Continue?",
-                              MessageButtons::kYesNo,
-                              MessageIcon::kNone,
-                              {},
-                              {},
-                              "messages-run"};
-    if (ShowMessage(korva, messages, question) != MessageAnswer::kYes) {
-      return false;
-    }
+  if (UsesLaminated(model) &&
+      (IsRefused(korva, messages) ||
+       !IsConfirmed(korva, messages, std::string(kTakesMinutes) + " Continue?", "messages-run"))) {
+    return false;
   }
   return CalculateWorkingCopy(korva, messages, model);
 }

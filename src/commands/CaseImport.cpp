@@ -202,14 +202,10 @@ bool IsCaseFault(const RuntimeError& error) {
 
 CaseImportState ImportCases(Korva& korva, Ports& ports, std::string_view rowText,
                             const CaseImportSteps& steps) {
-  const MessageAnswer answer = ShowMessage(korva, ports.Messages,
-                                           {"This operation will override current data. Proceed?",
-                                            MessageButtons::kYesNo,
-                                            MessageIcon::kQuestion,
-                                            {},
-                                            {},
-                                            "messages-files"});
-  return answer == MessageAnswer::kYes ? DialogImport(korva, ports, steps).Run(rowText) : CaseImportState{};
+  return IsConfirmed(korva, ports.Messages, "This operation will override current data. Proceed?",
+                     "messages-files", MessageButtons::kYesNo, MessageIcon::kQuestion)
+             ? DialogImport(korva, ports, steps).Run(rowText)
+             : CaseImportState{};
 }
 
 }  // namespace korva

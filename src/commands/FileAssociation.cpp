@@ -12,6 +12,7 @@ namespace korva {
 
 namespace {
 
+constexpr const char* kTopic = "messages-association";
 constexpr std::size_t kLongestExtension = 3;
 
 bool IsExtension(std::string_view text) {
@@ -22,13 +23,6 @@ bool IsExtension(std::string_view text) {
 
 UserFolders UserOf(const Korva& korva) {
   return {korva.Places.DataHome, korva.Places.ConfigHome};
-}
-
-bool IsConfirmed(Korva& korva, Ports& ports, std::string question) {
-  return ShowMessage(korva, ports.Messages,
-                     {.text = std::move(question),
-                      .buttons = MessageButtons::kYesNo,
-                      .topic = "messages-association"}) == MessageAnswer::kYes;
 }
 
 // The lines of `names` below `heading`, or nothing.
@@ -54,14 +48,15 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
         {.text = fmt::format("The file extension of the settings, \"{}\", cannot be associated. It has "
                              "to be one to three capital letters or digits.",
                              Excerpt(extension)),
-         .topic = "messages-association"});
+         .topic = kTopic});
     return;
   }
   if (!IsConfirmed(
-          korva, ports,
+          korva, ports.Messages,
           fmt::format("This operation may break an existing association of file extension {} with other "
                       "programs on this computer. Proceed?",
-                      extension))) {
+                      extension),
+          kTopic)) {
     return;
   }
   const std::string program(ProgramFile);
@@ -80,7 +75,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
        .detail = DoubtsText(doubts),
-       .topic = "messages-association"});
+       .topic = kTopic});
   HistoryLog(korva.SessionHistory, korva.Preferences,
              fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }
@@ -93,10 +88,11 @@ void AskFileDissociation(Korva& korva, Ports& ports) {
   const auto extension = AssociatedExtension(UserOf(korva));
   if (!extension ||
       !IsConfirmed(
-          korva, ports,
+          korva, ports.Messages,
           fmt::format("Files with the extension {} will open as they did before they were associated to {}. "
                       "Proceed?",
-                      *extension, ProgramFile))) {
+                      *extension, ProgramFile),
+          kTopic)) {
     return;
   }
   std::vector<std::string> left;
@@ -108,7 +104,7 @@ void AskFileDissociation(Korva& korva, Ports& ports) {
     ShowMessage(korva, ports.Messages,
                 {.text = fmt::format("The association of file extension {} has been removed", *extension),
                  .detail = Listed("These files were changed since and stay as they are:", left),
-                 .topic = "messages-association"});
+                 .topic = kTopic});
   }
 }
 

@@ -127,13 +127,8 @@ bool FileMenu::SaveBeforeOpening() {
   if (korva_.ProjectSaved) {
     return true;
   }
-  if (ShowMessage(korva_, ports_.Messages,
-                  {SaveQuestion(korva_.ProjectPreviousFileName),
-                   MessageButtons::kYesNoDefaultNo,
-                   MessageIcon::kNone,
-                   {},
-                   {},
-                   "messages-files"}) != MessageAnswer::kYes) {
+  if (!IsConfirmed(korva_, ports_.Messages, SaveQuestion(korva_.ProjectPreviousFileName), "messages-files",
+                   MessageButtons::kYesNoDefaultNo)) {
     recovery_.KeepDroppedWork();
     return true;
   }
@@ -200,13 +195,9 @@ std::string FileMenu::DoubtOfSaving(bool chosen) const {
 
 bool FileMenu::MayReplace(bool chosen) {
   const std::string doubt = DoubtOfSaving(chosen);
-  return doubt.empty() || ShowMessage(korva_, ports_.Messages,
-                                      {fmt::format(fmt::runtime(doubt), korva_.ProjectFileName),
-                                       MessageButtons::kYesNoDefaultNo,
-                                       MessageIcon::kExclamation,
-                                       {},
-                                       {},
-                                       "messages-files"}) == MessageAnswer::kYes;
+  return doubt.empty() ||
+         IsConfirmed(korva_, ports_.Messages, fmt::format(fmt::runtime(doubt), korva_.ProjectFileName),
+                     "messages-files", MessageButtons::kYesNoDefaultNo, MessageIcon::kExclamation);
 }
 
 bool FileMenu::MayExit() {
@@ -214,12 +205,10 @@ bool FileMenu::MayExit() {
     return true;
   }
   switch (ShowMessage(korva_, ports_.Messages,
-                      {SaveQuestion(korva_.ProjectFileName),
-                       MessageButtons::kYesNoCancel,
-                       MessageIcon::kQuestion,
-                       {},
-                       {},
-                       "messages-files"})) {
+                      {.text = SaveQuestion(korva_.ProjectFileName),
+                       .buttons = MessageButtons::kYesNoCancel,
+                       .icon = MessageIcon::kQuestion,
+                       .topic = "messages-files"})) {
     case MessageAnswer::kYes:
       return Save(false);
     case MessageAnswer::kNo:

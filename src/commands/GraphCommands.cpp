@@ -13,7 +13,7 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kNeedsExcel =
+constexpr const char* kNeedsExcel =
     "This option will only work if Microsoft Excel is installed on this computer. Proceed?";
 
 // A spreadsheet program may still have an earlier one open.
@@ -30,12 +30,9 @@ std::string FreeWorkbookName(const std::string& folder, const std::string& proje
 }  // namespace
 
 void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
-  if (!korva.Preferences.Options.AskOfficeInstall) {
-    const Message question = {std::string(kNeedsExcel), MessageButtons::kYesNo, MessageIcon::kNone, {}, {},
-                              "messages-graphs"};
-    if (ShowMessage(korva, ports.Messages, question) != MessageAnswer::kYes) {
-      return;
-    }
+  if (!korva.Preferences.Options.AskOfficeInstall &&
+      !IsConfirmed(korva, ports.Messages, kNeedsExcel, "messages-graphs")) {
+    return;
   }
   std::string file;
   {

@@ -12,8 +12,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kPrintEmpty = "Current file is empty. Continue?";
-
 void Send(Korva& korva, Ports& ports, std::string_view text) {
   const BusyPointer busy(ports.Busy);
   ports.Printer.Print(SheetsOf(text, PaperInUse(korva, ports.Printer), LocalTimeNow()),
@@ -23,16 +21,9 @@ void Send(Korva& korva, Ports& ports, std::string_view text) {
 }  // namespace
 
 bool LoadInputPage(Korva& korva, MessagePort& messages) {
-  if (korva.ProjectEmpty) {
-    const Message question = {std::string(kPrintEmpty),
-                              MessageButtons::kYesNoDefaultNo,
-                              MessageIcon::kNone,
-                              {},
-                              {},
-                              "messages-run"};
-    if (ShowMessage(korva, messages, question) != MessageAnswer::kYes) {
-      return false;
-    }
+  if (korva.ProjectEmpty && !IsConfirmed(korva, messages, "Current file is empty. Continue?", "messages-run",
+                                         MessageButtons::kYesNoDefaultNo)) {
+    return false;
   }
   korva.ProjectCalc = korva.Stored.ProjectInput;
   LoadOutBuf0(korva);

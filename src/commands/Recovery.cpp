@@ -170,13 +170,9 @@ bool Recovery::OfferCopies(MessagePort& messages) {
       const std::string name = copy ? copy->Name : path;
       const bool wanted =
           copy &&
-          ShowMessage(korva_, messages,
-                      {fmt::format("Unsaved work on {} was kept when the program ended. Restore it?", name),
-                       MessageButtons::kYesNo,
-                       MessageIcon::kQuestion,
-                       {},
-                       {},
-                       "messages-files"}) == MessageAnswer::kYes;
+          IsConfirmed(korva_, messages,
+                      fmt::format("Unsaved work on {} was kept when the program ended. Restore it?", name),
+                      "messages-files", MessageButtons::kYesNo, MessageIcon::kQuestion);
       if (wanted && Restore(path)) {
         SessionFolder::PutAside(path);
         TellOpenFile(messages);

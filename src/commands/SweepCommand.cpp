@@ -57,17 +57,11 @@ bool WantsPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcom
   if (outcome.Data.PointCount == 0) {
     return false;
   }
-  if (!outcome.Cancelled) {
-    return true;
-  }
-  const Message question = {fmt::format("The calculations were stopped: {}.{}Show the points that there are?",
-                                        outcome.Data.Partial, kLineEnd),
-                            MessageButtons::kYesNoDefaultNo,
-                            MessageIcon::kQuestion,
-                            {},
-                            {},
-                            "messages-graphs"};
-  return ShowMessage(korva, messages, question) == MessageAnswer::kYes;
+  return !outcome.Cancelled ||
+         IsConfirmed(korva, messages,
+                     fmt::format("The calculations were stopped: {}.{}Show the points that there are?",
+                                 outcome.Data.Partial, kLineEnd),
+                     "messages-graphs", MessageButtons::kYesNoDefaultNo, MessageIcon::kQuestion);
 }
 
 std::string SweepStepText(int step, int capacity) {

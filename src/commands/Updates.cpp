@@ -39,11 +39,8 @@ bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view 
   HistoryLog(korva.SessionHistory, korva.Preferences, "Server/Current: " + server + "/" + current);
   korva.AutoUpdate = false;
   if (IsNewerVersion(server, current)) {
-    korva.AutoUpdate = ShowMessage(korva, messages,
-                                   {.text = NewVersionQuestion(),
-                                    .buttons = MessageButtons::kYesNoCancel,
-                                    .icon = MessageIcon::kQuestion,
-                                    .topic = "messages-updates"}) == MessageAnswer::kYes;
+    korva.AutoUpdate = IsConfirmed(korva, messages, NewVersionQuestion(), "messages-updates",
+                                   MessageButtons::kYesNoCancel, MessageIcon::kQuestion);
   }
   return korva.AutoUpdate;
 }
@@ -121,11 +118,9 @@ void Updates::Compare(const FetchAnswer& answer) {
   setupName_ = SetupName(server);
   view_.MayDownload = true;
   changed_();
-  if (korva_.AutoUpdate || ShowMessage(korva_, ports_.Messages,
-                                       {.text = "A new version is available. Download?",
-                                        .buttons = MessageButtons::kYesNoCancel,
-                                        .icon = MessageIcon::kQuestion,
-                                        .topic = "messages-updates"}) == MessageAnswer::kYes) {
+  if (korva_.AutoUpdate ||
+      IsConfirmed(korva_, ports_.Messages, "A new version is available. Download?", "messages-updates",
+                  MessageButtons::kYesNoCancel, MessageIcon::kQuestion)) {
     Download();
   }
 }

@@ -1,5 +1,7 @@
 #include "core/Messages.h"
 
+#include <utility>
+
 #include "core/Korva.h"
 
 namespace korva {
@@ -32,6 +34,12 @@ MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message) {
     message.title = ProgramTitle;
   }
   return port.Show(message);
+}
+
+bool IsConfirmed(Korva& korva, MessagePort& port, std::string question, std::string topic,
+                 MessageButtons buttons, MessageIcon icon) {
+  return ShowMessage(korva, port, {std::move(question), buttons, icon, {}, {}, std::move(topic)}) ==
+         MessageAnswer::kYes;
 }
 
 }  // namespace korva

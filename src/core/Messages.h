@@ -57,4 +57,8 @@ inline constexpr const char* kOperationFailed = "Operation Failed";
 // Writes the message to the history, then shows it.
 MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message);
 
+// Asks as a message under a help topic; true for Yes.
+bool IsConfirmed(Korva& korva, MessagePort& port, std::string question, std::string topic,
+                 MessageButtons buttons = MessageButtons::kYesNo, MessageIcon icon = MessageIcon::kNone);
+
 }  // namespace korva
