@@ -100,7 +100,7 @@ void frmMain::AfterOpening(bool opened) {
     return;
   }
   for (const std::string& notice : NoticeTexts(korva_.FileNotices)) {
-    HistoryLog(korva_.SessionHistory, korva_.Preferences, notice);
+    HistoryLog(korva_, notice);
   }
   if (korva_.Preferences.Options.ShowInputScreenOnLoad) {
     EditParameters();

@@ -53,7 +53,7 @@ frmSet::frmSet(Session& session, QWidget* parent) : QDialog(parent), session_(se
   setObjectName(QStringLiteral("frmSet"));
   setWindowTitle(QStringLiteral("Settings"));
   SetMessageTitles(session.State, TitleSlot::kSettings);
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Settings");
+  HistoryLog(session.State, "Editing Settings");
   Build();
   Wire();
   Load();
@@ -259,7 +259,7 @@ Settings frmSet::Entered() const {
 }
 
 void frmSet::reject() {
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Settings Not Modified");
+  HistoryLog(session_.State, "Settings Not Modified");
   QDialog::reject();
 }
 

@@ -153,7 +153,7 @@ void frmGraph::Save() {
 void frmGraph::Print() {
   const QString title = FromUtf8(graph1_->Shown().Title);
   session_.Pictures.PrintPicture(title, [this](QPaintDevice& sheet, const QRectF& room) {
-    HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Graph");
+    HistoryLog(session_.State, "Printing Graph");
     const Picture picture = graph1_->Sheet();
     QPainter painter;
     BeginPainting(painter, sheet);

@@ -27,7 +27,7 @@ frmKORVADesc::frmKORVADesc(Session& session, QWidget* parent) : QDialog(parent),
   setObjectName(QStringLiteral("frmKORVADesc"));
   setWindowTitle(QStringLiteral("Project Description"));
   SetMessageTitles(session.State, TitleSlot::kDescription);
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing Project Description");
+  HistoryLog(session.State, "Editing Project Description");
   Build();
   Load();
   CenterForm(*this);
@@ -112,7 +112,7 @@ void frmKORVADesc::done(int result) {
   if (result == Accepted) {
     AcceptDescription(korva, {title_->Text(), Description(), static_cast<UnitSystem>(GetArrayIndex(units_))});
   } else {
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Project Description Not Modified");
+    HistoryLog(korva, "Project Description Not Modified");
   }
   QDialog::done(result);
   session_.Main.Refresh();

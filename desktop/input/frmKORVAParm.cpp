@@ -58,7 +58,7 @@ void frmKORVAParm::Load() {
   ui_.Combo1->setCurrentIndex(ui_.Combo1->findText(FromUtf8(texts.NumberEntries)));
   ShowEntryFields(entries);
   ShowConditionFields();
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Editing Project Parameters");
+  HistoryLog(korva, "Editing Project Parameters");
   if (!knownModel || !knownCondition) {
     ShowMessage(korva, session_.Outside.Messages,
                 {.text = "Internal Error: SetArrayIndex. Check input/form data.",

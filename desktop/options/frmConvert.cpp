@@ -13,7 +13,7 @@ frmConvert::frmConvert(Session& session, QWidget* parent) : QDialog(parent), ses
   setObjectName(QStringLiteral("frmConvert"));
   setWindowTitle(QStringLiteral("File Conversion Utility"));
   SetMessageTitles(session.State, TitleSlot::kConversion);
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading File Conversion Form");
+  HistoryLog(session.State, "Loading File Conversion Form");
   Build();
   Load();
   CenterForm(*this);

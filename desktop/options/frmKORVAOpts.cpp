@@ -111,7 +111,7 @@ frmKORVAOpts::frmKORVAOpts(Session& session, QWidget* parent)
   setObjectName(QStringLiteral("frmKORVAOpts"));
   setWindowTitle(QStringLiteral("Options"));
   SetMessageTitles(session.State, TitleSlot::kOptions);
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Editing KORVA Options");
+  HistoryLog(session.State, "Editing KORVA Options");
   Build();
   Load();
   CenterForm(*this);
@@ -296,7 +296,7 @@ void frmKORVAOpts::reject() {
     import_->Cancel();
     return;
   }
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Options Not Modified");
+  HistoryLog(session_.State, "Options Not Modified");
   QDialog::reject();
 }
 

@@ -23,7 +23,7 @@ frmUnits::frmUnits(Session& session, QWidget* parent) : QDialog(parent), session
   setObjectName(QStringLiteral("frmUnits"));
   setWindowTitle(QStringLiteral("Unit Conversions"));
   SetMessageTitles(session.State, TitleSlot::kUnits);
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Loading Unit Conversion Form");
+  HistoryLog(session.State, "Loading Unit Conversion Form");
   SSTab1_ = new QTabWidget(this);
   SSTab1_->setObjectName(QStringLiteral("SSTab1"));
   SSTab1_->setUsesScrollButtons(false);  // wide enough for all tabs

@@ -143,7 +143,7 @@ void frmPicture::Copy() {
 // As it stands in the window, as large as the sheet allows.
 void frmPicture::Print() {
   session_.Pictures.PrintPicture(windowTitle(), [this](QPaintDevice& sheet, const QRectF& room) {
-    HistoryLog(session_.State.SessionHistory, session_.State.Preferences, "Printing Plan");
+    HistoryLog(session_.State, "Printing Plan");
     QPainter painter;
     BeginPainting(painter, sheet);
     const double side = std::min(room.width(), room.height());

@@ -50,7 +50,7 @@ frmResTxtPlt::frmResTxtPlt(Session& session, QWidget* returnTo)
   setAttribute(Qt::WA_DeleteOnClose);
   Build();
   NextPage();
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Results displayed");
+  HistoryLog(session.State, "Results displayed");
   CenterForm(*this, returnTo_);
 }
 
@@ -147,8 +147,7 @@ void frmResTxtPlt::PreviousPage() {
 
 void frmResTxtPlt::CopyPage() {
   session_.Outside.Clipboard.SetText(session_.State.OutBuf[page_]);
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences,
-             "Output page # " + std::to_string(page_) + "copied to clipboard");
+  HistoryLog(session_.State, "Output page # " + std::to_string(page_) + "copied to clipboard");
 }
 
 void frmResTxtPlt::CopyAll() {
@@ -157,7 +156,7 @@ void frmResTxtPlt::CopyAll() {
 }
 
 void frmResTxtPlt::Print(const char* logged, int first, int last) {
-  HistoryLog(session_.State.SessionHistory, session_.State.Preferences, logged);
+  HistoryLog(session_.State, logged);
   Attempt(session_.State, session_.Outside.Messages,
           [&] { PrintPages(session_.State, session_.Outside, first, last); });
   Loadbuffer();

@@ -23,7 +23,7 @@ frmPreview::frmPreview(Session& session, QWidget* parent) : QDialog(parent), ses
   setObjectName(QStringLiteral("frmPreview"));
   setWindowTitle(QStringLiteral("Print Preview"));
   Build();
-  HistoryLog(session.State.SessionHistory, session.State.Preferences, "Preview displayed");
+  HistoryLog(session.State, "Preview displayed");
   CenterForm(*this);
 }
 

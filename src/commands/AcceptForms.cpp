@@ -9,7 +9,7 @@ namespace korva {
 namespace {
 
 void LogNotModified(Korva& korva) {
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Not Modified");
+  HistoryLog(korva, "Project Parameters Not Modified");
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ void AcceptDescription(Korva& korva, const DescriptionTexts& texts) {
     korva.Stored.ProjectUnits = texts.Units;
     FileNew(korva, {.ResetUnits = false});
   }
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Description Modified");
+  HistoryLog(korva, "Project Description Modified");
   korva.ProjectSaved = false;
   korva.ProjectEmpty = false;
   korva.ProjectUnitsLocked = true;
@@ -45,7 +45,7 @@ void AcceptParameters(Korva& korva, const ParameterTexts& texts) {
   StoreParameters(texts, korva.Stored.ProjectInput);
   korva.ProjectSaved = false;
   korva.ProjectEmpty = false;
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Project Parameters Modified");
+  HistoryLog(korva, "Project Parameters Modified");
 }
 
 void StoreCalcParameters(Korva& korva, const ParameterTexts& texts) {
@@ -67,14 +67,14 @@ bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts
 
 void AcceptSettings(Korva& korva, const Settings& settings) {
   korva.Preferences = settings;
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Settings Modified");
+  HistoryLog(korva, "Settings Modified");
   SaveSettings(korva, SettingsSection::kSettings);
 }
 
 void AcceptOptions(Korva& korva, const OptionSettings& options) {
   korva.Preferences.Options = options;
   SaveSettings(korva, SettingsSection::kOptions);
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Options Modified");
+  HistoryLog(korva, "Options Modified");
 }
 
 void AcceptGraph(Korva& korva, const GraphSettings& graph) {

@@ -180,7 +180,7 @@ bool CalculateWorkingCopy(Korva& korva, MessagePort& messages, OverburdenModel m
   if (UsesLaminated(model)) {
     KeepLaminatedRun(korva, evaluated);
   }
-  HistoryLog(korva.SessionHistory, korva.Preferences, "KORVA stability factors calculated");
+  HistoryLog(korva, "KORVA stability factors calculated");
   return true;
 }
 

@@ -113,8 +113,7 @@ class DialogImport {
     } catch (const std::bad_alloc&) {
       End(RuntimeError(ErrorNumber::kOutOfMemory));
     }
-    HistoryLog(korva_.SessionHistory, korva_.Preferences,
-               fmt::format("Case import {} {}", state_.Text, state_.Reason));
+    HistoryLog(korva_, fmt::format("Case import {} {}", state_.Text, state_.Reason));
     return state_;
   }
 

@@ -76,8 +76,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            extension, program, kLineEnd, kLineEnd),
        .detail = DoubtsText(doubts),
        .topic = kTopic});
-  HistoryLog(korva.SessionHistory, korva.Preferences,
-             fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
+  HistoryLog(korva, fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }
 
 bool HasFileAssociation(const Korva& korva) {

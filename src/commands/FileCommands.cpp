@@ -76,13 +76,12 @@ void FileNew(Korva& korva, const NewProject& how) {
   korva.Stored.ProjectInput.LoadingConditionAux = carried;
   korva.Stored.ProjectTitle.clear();
   korva.Stored.ProjectDescription.clear();
-  HistoryLog(korva.SessionHistory, korva.Preferences,
-             "File initialized. Use Edit-Project Parameters to enter data");
+  HistoryLog(korva, "File initialized. Use Edit-Project Parameters to enter data");
 }
 
 bool FileOpen(Korva& korva, MessagePort& messages) {
   FileNew(korva, {.ResetName = false});
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
+  HistoryLog(korva, "Opening: " + korva.ProjectFileName);
   korva.OpenFile.Name = korva.ProjectOwnName;
   korva.OpenFile.Bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
   const std::string text = TextFromFileBytes(korva.OpenFile.Bytes);
@@ -104,7 +103,7 @@ bool FileOpen(Korva& korva, MessagePort& messages) {
 bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
   FileNew(korva, {.ResetName = false});
   korva.ProjectOwnName = kUntitled;  // whatever is read, it is no project of the sibling's file
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Opening: " + korva.ProjectFileName);
+  HistoryLog(korva, "Opening: " + korva.ProjectFileName);
   const std::string bytes = ReadWholeFile(korva.ProjectFileName, kLargestProjectFile);
   const std::string text = TextFromFileBytes(bytes);
   if (!DetectVoskFormat(text, korva.ProjectFileName)) {
@@ -120,7 +119,7 @@ bool FileOpenVOSK(Korva& korva, MessagePort& messages) {
 }
 
 void FileSave(Korva& korva) {
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Saving: " + korva.ProjectFileName);
+  HistoryLog(korva, "Saving: " + korva.ProjectFileName);
   NormalizeDescription(korva.Stored);
   std::string bytes = FileBytesFromText(ComposeProject(korva.Stored));
   WriteFileSafely(korva.ProjectFileName, bytes);

@@ -40,7 +40,7 @@ bool PrintInputPage(Korva& korva, Ports& ports) {
 
 void PrintText(Korva& korva, Ports& ports, std::string_view text) {
   if (!ports.Printer.Choose()) {
-    HistoryLog(korva.SessionHistory, korva.Preferences, "Printing aborted");
+    HistoryLog(korva, "Printing aborted");
     return;
   }
   Send(korva, ports, text);
@@ -60,7 +60,7 @@ std::string JoinPages(const Korva& korva, int first, int last) {
 
 void CopyPages(Korva& korva, ClipboardPort& clipboard, std::string_view text) {
   clipboard.SetText(std::string(text));
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Output copied to clipboard");
+  HistoryLog(korva, "Output copied to clipboard");
 }
 
 PaperSize PaperInUse(const Korva& korva, PrinterPort& printer) {
@@ -87,7 +87,7 @@ void SaveTextAsPdf(Korva& korva, Ports& ports, std::string_view text) {
   const PaperSize paper = PaperInUse(korva, ports.Printer);
   WriteFileSafely(*file,
                   Formats().PagesPdf(SheetsOf(text, paper, LocalTimeNow()), paper, DocumentTitle(korva)));
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Output saved to file: " + *file);
+  HistoryLog(korva, "Output saved to file: " + *file);
 }
 
 }  // namespace korva

@@ -112,7 +112,7 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
   } catch (const RuntimeError& error) {
     if (!failureLogged_) {
       failureLogged_ = true;
-      HistoryLog(korva_.SessionHistory, korva_.Preferences, std::string("Recovery copy: ") + error.what());
+      HistoryLog(korva_, std::string("Recovery copy: ") + error.what());
     }
     return false;
   }
@@ -139,7 +139,7 @@ void Recovery::KeepDroppedWork() {
   }
   const std::string path = folder_.NewDroppedPath();
   if (WriteCopy(path, korva_.Stored)) {
-    HistoryLog(korva_.SessionHistory, korva_.Preferences, "Unsaved work kept: " + path);
+    HistoryLog(korva_, "Unsaved work kept: " + path);
   }
   TryRemoveFile(folder_.CopyPath());
   lastCopy_.clear();
@@ -179,7 +179,7 @@ bool Recovery::OfferCopies(MessagePort& messages) {
         return true;
       }
     } catch (const RuntimeError& error) {
-      HistoryLog(korva_.SessionHistory, korva_.Preferences, std::string("Recovery copy: ") + error.what());
+      HistoryLog(korva_, std::string("Recovery copy: ") + error.what());
     }
     SessionFolder::PutAside(path);
   }

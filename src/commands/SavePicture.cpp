@@ -24,7 +24,7 @@ void SavePicture(Korva& korva, Ports& ports, const std::string& what,
     return;
   }
   WriteFileSafely(*file, draw(*kind));
-  HistoryLog(korva.SessionHistory, korva.Preferences, what + " saved to file: " + *file);
+  HistoryLog(korva, what + " saved to file: " + *file);
 }
 
 }  // namespace korva

@@ -20,7 +20,7 @@ std::string TextOfFile(const std::string& path) {
 }
 
 void LogFailure(Korva& korva, const RuntimeError& error) {
-  HistoryLog(korva.SessionHistory, korva.Preferences, std::string("Settings file: ") + error.what());
+  HistoryLog(korva, std::string("Settings file: ") + error.what());
 }
 
 // The text of a settings file of this version, made anew if there is none.
@@ -62,7 +62,7 @@ void LoadSettings(Korva& korva, const SettingsSurroundings& surroundings) {
 
 void SaveSettings(Korva& korva, SettingsSection section) {
   const std::string& path = korva.Places.IniFile;
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Saving default settings to file: " + path);
+  HistoryLog(korva, "Saving default settings to file: " + path);
   try {
     std::string text = TextOfFile(path);
     WriteIniVersion(text);

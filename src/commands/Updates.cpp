@@ -36,7 +36,7 @@ std::unique_ptr<FetchPort::Running> FetchVersionFile(const Korva& korva, Ports& 
 bool CompareServerVersion(Korva& korva, MessagePort& messages, std::string_view versionFile) {
   const std::string server = ReadServerVersion(versionFile);
   const std::string current = ProgramVersionText(false);
-  HistoryLog(korva.SessionHistory, korva.Preferences, "Server/Current: " + server + "/" + current);
+  HistoryLog(korva, "Server/Current: " + server + "/" + current);
   korva.AutoUpdate = false;
   if (IsNewerVersion(server, current)) {
     korva.AutoUpdate = IsConfirmed(korva, messages, NewVersionQuestion(), "messages-updates",
@@ -95,7 +95,7 @@ void Updates::Compare(const FetchAnswer& answer) {
   if (!answer.Complete) {
     view_.LastVersion = "Internet Connection Failed";
     view_.Bytes = "The check failed: " + answer.Reason;
-    HistoryLog(korva_.SessionHistory, korva_.Preferences, view_.LastVersion + ": " + answer.Reason);
+    HistoryLog(korva_, view_.LastVersion + ": " + answer.Reason);
     EndStep();
     return;
   }
@@ -185,7 +185,7 @@ void Updates::FailDownload(const std::string& reason) {
   view_.Busy = false;
   view_.Progress = 0;
   view_.Bytes = "Download failed: " + reason;
-  HistoryLog(korva_.SessionHistory, korva_.Preferences, view_.Bytes);
+  HistoryLog(korva_, view_.Bytes);
   EndStep();
 }
 

@@ -50,11 +50,10 @@ ErrorAction ClassifyError(Korva& korva, MessagePort& port, const RuntimeError& e
   const ErrorClass kind = ClassOf(error.Number());
   const std::string topic = fmt::format("error-{}", static_cast<std::int64_t>(error.Number()));
   if (show) {
-    HistoryLog(
-        korva.SessionHistory, korva.Preferences,
-        kind == ErrorClass::kCancelled
-            ? std::string(error.Description())
-            : fmt::format("Error {}:{}", static_cast<std::int64_t>(error.Number()), error.Description()));
+    HistoryLog(korva, kind == ErrorClass::kCancelled
+                          ? std::string(error.Description())
+                          : fmt::format("Error {}:{}", static_cast<std::int64_t>(error.Number()),
+                                        error.Description()));
   }
   switch (kind) {
     case ErrorClass::kCancelled:

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "core/Korva.h"
 #include "core/Text.h"
 
 namespace korva {
@@ -22,8 +23,8 @@ void CutToLastLines(std::string& text) {
   }
 }
 
-void AppendLine(History& history, const Settings& settings, std::string_view text) {
-  if (CharacterCount(history.Text) >= static_cast<std::size_t>(settings.MaxDisplaySize)) {
+void AppendLine(History& history, int size, std::string_view text) {
+  if (CharacterCount(history.Text) >= static_cast<std::size_t>(size)) {
     CutToLastLines(history.Text);
   }
   history.HistoryCounter = history.HistoryCounter >= kLastNumber ? 1 : history.HistoryCounter + 1;
@@ -32,12 +33,12 @@ void AppendLine(History& history, const Settings& settings, std::string_view tex
 
 }  // namespace
 
-void HistoryLog(History& history, const Settings& settings, std::string_view text) {
-  if (settings.DisplayHistoryWin) {
-    AppendLine(history, settings, text);
+void HistoryLog(Korva& korva, std::string_view text) {
+  if (korva.Preferences.DisplayHistoryWin) {
+    AppendLine(korva.SessionHistory, korva.Preferences.MaxDisplaySize, text);
   }
-  if (history.Changed) {
-    history.Changed();
+  if (korva.SessionHistory.Changed) {
+    korva.SessionHistory.Changed();
   }
 }
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/Settings.h"
-
 namespace korva {
+
+struct Korva;
 
 struct History {
   std::string Text;
@@ -15,9 +15,10 @@ struct History {
   std::function<void()> Changed;  // called after each call of the following, if set
 };
 
-// Appends the next number, ". ", `text` and CR LF if DisplayHistoryWin is 1, else nothing. A history of
-// MaxDisplaySize characters or more is first cut to its last two lines. Numbers restart at 1 after 16384.
-void HistoryLog(History& history, const Settings& settings, std::string_view text);
+// Appends to the session's history the next number, ". ", `text` and CR LF if DisplayHistoryWin is 1, else
+// nothing. A history of MaxDisplaySize characters or more is first cut to its last two lines. Numbers restart
+// at 1 after 16384.
+void HistoryLog(Korva& korva, std::string_view text);
 
 // Empties the text; the numbers go on.
 void ClearHistory(History& history);

@@ -28,8 +28,7 @@ void SetMessageTitles(Korva& korva, TitleSlot slot) {
 }
 
 MessageAnswer ShowMessage(Korva& korva, MessagePort& port, Message message) {
-  HistoryLog(korva.SessionHistory, korva.Preferences,
-             (message.title.empty() ? "Message" : message.title) + ": " + message.text);
+  HistoryLog(korva, (message.title.empty() ? "Message" : message.title) + ": " + message.text);
   if (message.title.empty()) {
     message.title = ProgramTitle;
   }

@@ -1,36 +1,40 @@
 #include <gtest/gtest.h>
 
-#include "core/History.h"
+#include "core/Korva.h"
 
 namespace korva {
 namespace {
 
-Settings Logging(int size) {
-  Settings settings;
-  settings.DisplayHistoryWin = true;
-  settings.MaxDisplaySize = size;
-  return settings;
-}
-
-TEST(History, IsCutToTwoLinesWhenFull) {
-  History history;
-  HistoryLog(history, Settings{}, "unseen while the window is closed");
-  for (const char* line : {"aaaa", "bbbb", "cccc", "dddd"}) {  // 9 characters each
-    HistoryLog(history, Logging(28), line);
+struct SessionHistory : testing::Test {
+  void Log(int size, std::string_view line) {
+    korva.Preferences.MaxDisplaySize = size;
+    HistoryLog(korva, line);
   }
-  EXPECT_EQ(history.Text, "1. aaaa\r\n2. bbbb\r\n3. cccc\r\n4. dddd\r\n");  // 27 characters did not fill it
-  HistoryLog(history, Logging(36), "eeee");
-  EXPECT_EQ(history.Text, "3. cccc\r\n4. dddd\r\n5. eeee\r\n");
-  HistoryLog(history, Logging(4), "f");  // two lines stay, however long
-  EXPECT_EQ(history.Text, "4. dddd\r\n5. eeee\r\n6. f\r\n");
+
+  Korva korva;
+  const std::string& text = korva.SessionHistory.Text;
+};
+
+TEST_F(SessionHistory, IsCutToTwoLinesWhenFull) {
+  korva.Preferences.DisplayHistoryWin = false;
+  Log(28, "unseen while the window is closed");
+  korva.Preferences.DisplayHistoryWin = true;
+  for (const char* line : {"aaaa", "bbbb", "cccc", "dddd"}) {  // 9 characters each
+    Log(28, line);
+  }
+  EXPECT_EQ(text, "1. aaaa\r\n2. bbbb\r\n3. cccc\r\n4. dddd\r\n");  // 27 characters did not fill it
+  Log(36, "eeee");
+  EXPECT_EQ(text, "3. cccc\r\n4. dddd\r\n5. eeee\r\n");
+  Log(4, "f");  // two lines stay, however long
+  EXPECT_EQ(text, "4. dddd\r\n5. eeee\r\n6. f\r\n");
 }
 
-TEST(History, NumbersRestartBehindTheLastOne) {
-  History history;
-  history.HistoryCounter = 16383;
-  HistoryLog(history, Logging(4096), "last");
-  HistoryLog(history, Logging(4096), "first");
-  EXPECT_EQ(history.Text, "16384. last\r\n1. first\r\n");
+TEST_F(SessionHistory, NumbersRestartBehindTheLastOne) {
+  korva.Preferences.DisplayHistoryWin = true;
+  korva.SessionHistory.HistoryCounter = 16383;
+  Log(4096, "last");
+  Log(4096, "first");
+  EXPECT_EQ(text, "16384. last\r\n1. first\r\n");
 }
 
 }  // namespace
