@@ -3,10 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <string_view>
 
+#include "core/Limits.h"
 #include "core/NumberParsing.h"
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
@@ -20,7 +22,6 @@ namespace {
 constexpr double kFineSteps = 50;
 constexpr double kCoarseSteps = 10;
 constexpr float kRightAngle = 1.570796326794895F;
-constexpr double kMostDegrees = 90.0;
 
 float Narrowed(double value, std::string_view what) {
   if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max()))) {
@@ -29,52 +30,38 @@ float Narrowed(double value, std::string_view what) {
   return static_cast<float>(value);
 }
 
-double& WorkingValue(WorkValues& work, GraphKind graph) {
-  switch (graph) {
-    case kEntryHeightGraph:
-      return work.EntryHeight;
-    case kDepthGraph:
-    case kBarrierDepthGraph:
-      return work.DepthCover;
-    case kXcutAngleGraph:
-      return work.XcutAngleRadians;
-    case kXcutSpacingGraph:
-      return work.XcutSpacing;
-    case kFirstBarrierGraph:
-      return work.BarrierWidth[kFirstSide];
-    case kSecondBarrierGraph:
-      return work.BarrierWidth[kSecondSide];
-  }
-  ThrowSubscript(graph, 0, kGraphs - 1);
+// Where a graph's parameter stands: in the record, and in the run.
+struct Parameter {
+  double Project::*InRecord;
+  double WorkValues::*InRun = nullptr;  // nullptr: the barrier width of Side
+  int Side = 0;
+};
+constexpr std::array<Parameter, kGraphs> kParameters = {{
+    {&Project::EntryHeight, &WorkValues::EntryHeight},
+    {&Project::DepthCover, &WorkValues::DepthCover},
+    {&Project::XcutAngle, &WorkValues::XcutAngleRadians},
+    {&Project::XcutSpacing, &WorkValues::XcutSpacing},
+    {&Project::BarrierFirstGob, nullptr, kFirstSide},
+    {&Project::BarrierSecondGob, nullptr, kSecondSide},
+    {&Project::DepthCover, &WorkValues::DepthCover},
+}};
+
+const Parameter& ParameterOf(GraphKind graph) {
+  return kParameters.at(static_cast<std::size_t>(graph));
 }
 
-double Degrees(double radians) {
-  return radians / kRadiansPerDegree;
+double& WorkingValue(WorkValues& work, GraphKind graph) {
+  const Parameter& parameter = ParameterOf(graph);
+  return parameter.InRun == nullptr ? work.BarrierWidth[parameter.Side] : work.*parameter.InRun;
+}
+
+double ShownValue(GraphKind graph, double x) {
+  return graph == kXcutAngleGraph ? x / kRadiansPerDegree : x;
 }
 
 // Writes `x` as it is shown: in degrees for the crosscut angle.
 void WriteField(Project& project, GraphKind graph, double x) {
-  switch (graph) {
-    case kEntryHeightGraph:
-      project.EntryHeight = x;
-      break;
-    case kDepthGraph:
-    case kBarrierDepthGraph:
-      project.DepthCover = x;
-      break;
-    case kXcutAngleGraph:
-      project.XcutAngle = std::min(x, kMostDegrees);
-      break;
-    case kXcutSpacingGraph:
-      project.XcutSpacing = x;
-      break;
-    case kFirstBarrierGraph:
-      project.BarrierFirstGob = x;
-      break;
-    case kSecondBarrierGraph:
-      project.BarrierSecondGob = x;
-      break;
-  }
+  project.*ParameterOf(graph).InRecord = graph == kXcutAngleGraph ? std::min(x, kGreatestXcutAngle) : x;
 }
 
 double TraditionalFactor(const Results& out, GraphKind graph, int c) {
@@ -90,7 +77,7 @@ float LaminatedFactor(const StrondResults& results, GraphKind graph, int stage) 
 // Calls visit(x) for every step until it gives false. Barrier widths are narrowed at each addition.
 template <class Visit>
 void VisitSteps(GraphKind graph, const SweepSteps& steps, Visit&& visit) {
-  const bool narrow = graph == kFirstBarrierGraph || graph == kSecondBarrierGraph;
+  const bool narrow = ParameterOf(graph).InRun == nullptr;
   const double step = static_cast<double>(steps.Step);
   for (double x = static_cast<double>(steps.Low); x <= static_cast<double>(steps.High);
        x = narrow ? static_cast<double>(static_cast<float>(x + step)) : x + step) {
@@ -98,10 +85,6 @@ void VisitSteps(GraphKind graph, const SweepSteps& steps, Visit&& visit) {
       return;
     }
   }
-}
-
-double ShownValue(GraphKind graph, double x) {
-  return graph == kXcutAngleGraph ? Degrees(x) : x;
 }
 
 // Runs one step; an error tells the parameter's value.
