@@ -1,3 +1,7 @@
+#include <fmt/format.h>
+
+#include <array>
+
 #include "core/FileNames.h"
 #include "strond/KORVAStrond2D.h"
 
@@ -5,9 +9,27 @@ namespace korva {
 
 namespace {
 
-// A file in the folder that carries the stem.
-std::string InStemFolder(const std::string& folder, const std::string& stem, std::string_view ext) {
-  return folder + stem + "/" + stem + std::string(ext);
+// The files of a place, made of its folder, the project's stem and the extension.
+struct PlaceFiles {
+  std::string StrondPlace::*Folder;
+  std::string_view Input;
+  std::string_view Output;
+  std::string_view Result;
+};
+constexpr std::array<PlaceFiles, 4> kPlaces = {{
+    {&StrondPlace::App, "{0}/{1}/{1}{2}", "{0}/{1}/{1}{2}", "{0}/{1}_KVSD.{2}"},
+    {&StrondPlace::Tmp, "{0}/{1}/{1}{2}", "{0}{1}/{1}{2}", "{0}{1}_KVSD{2}"},
+    {&StrondPlace::Drive, "{0}/{1}/{1}{2}", "{0}/{1}/{1}{2}", "{0}/{1}_KVSD{2}"},
+    {&StrondPlace::Docs, "{0}{1}{2}", "{0}{1}/{1}{2}", "{0}{1}_KVSD{2}"},
+}};
+
+std::string PathOf(std::string_view PlaceFiles::*file, const std::string& projectPath, std::string_view ext,
+                   const StrondPlace& place) {
+  const auto index = static_cast<std::size_t>(place.iOptDir);
+  return index >= kPlaces.size()
+             ? std::string()
+             : fmt::format(fmt::runtime(kPlaces.at(index).*file), place.*kPlaces.at(index).Folder,
+                           FileBaseName(projectPath, true), ext);
 }
 
 }  // namespace
@@ -21,48 +43,15 @@ StrondPlace StrondPlaceOf(const Folders& folders, SolverFolder iOptDir) {
 }
 
 std::string StrondInputPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  const std::string stem = FileBaseName(projectPath, true);
-  switch (place.iOptDir) {
-    case SolverFolder::kApplication:
-      return InStemFolder(place.App + "/", stem, ext);
-    case SolverFolder::kUserTemporary:
-      return InStemFolder(place.Tmp + "/", stem, ext);
-    case SolverFolder::kRoot:
-      return InStemFolder(place.Drive + "/", stem, ext);
-    case SolverFolder::kDocuments:
-      return place.Docs + stem + std::string(ext);
-  }
-  return {};
+  return PathOf(&PlaceFiles::Input, projectPath, ext, place);
 }
 
 std::string StrondOutputPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  const std::string stem = FileBaseName(projectPath, true);
-  switch (place.iOptDir) {
-    case SolverFolder::kApplication:
-      return InStemFolder(place.App + "/", stem, ext);
-    case SolverFolder::kUserTemporary:
-      return InStemFolder(place.Tmp, stem, ext);
-    case SolverFolder::kRoot:
-      return InStemFolder(place.Drive + "/", stem, ext);
-    case SolverFolder::kDocuments:
-      return InStemFolder(place.Docs, stem, ext);
-  }
-  return {};
+  return PathOf(&PlaceFiles::Output, projectPath, ext, place);
 }
 
 std::string StrondResultPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  const std::string name = FileBaseName(projectPath, true) + "_KVSD";
-  switch (place.iOptDir) {
-    case SolverFolder::kApplication:
-      return place.App + "/" + name + "." + std::string(ext);
-    case SolverFolder::kUserTemporary:
-      return place.Tmp + name + std::string(ext);
-    case SolverFolder::kRoot:
-      return place.Drive + "/" + name + std::string(ext);
-    case SolverFolder::kDocuments:
-      return place.Docs + name + std::string(ext);
-  }
-  return {};
+  return PathOf(&PlaceFiles::Result, projectPath, ext, place);
 }
 
 }  // namespace korva
