@@ -10,11 +10,7 @@ namespace korva {
 
 namespace {
 
-// Limits in feet and factors, in the 32 bits in which they are compared.
-constexpr float kWidePanel = 425;
-constexpr float kModerateDepth = 650;
-constexpr float kDeepCover = 1000;
-constexpr float kExtremeDepth = 2000;
+// In the 32 bits in which they are compared.
 constexpr float kDeepNarrowSF = 1.3F;
 constexpr float kSlenderSF = 2.0F;
 constexpr float kSlenderRatio = 4.0F;
@@ -32,7 +28,9 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, F
   facts.MeanRatio =
       static_cast<float>((w.PanelWidth - w.NumRows * w.EntryWidth) / (w.NumRows * w.EntryHeight));
   watch.Step("the mean width-to-height ratio");
-  facts.CritSF = static_cast<float>(kSoundSF - (static_cast<double>(facts.Depth) - 650) * 0.2 / 350);
+  constexpr auto kModerate = static_cast<double>(kModerateLimit.Feet);
+  constexpr double kSpan = static_cast<double>(kDeepLimit.Feet) - kModerate;
+  facts.CritSF = static_cast<float>(kSoundSF - (static_cast<double>(facts.Depth) - kModerate) * 0.2 / kSpan);
   for (int c = kDevelopment; c <= kRetreat; ++c) {
     facts.SF[c] = RoundSF(r.SFKorva[c], roundKORVASF);
   }
@@ -75,7 +73,7 @@ class RuleSet {
     for (int c = kDevelopment; c <= LastCaseShown(project_, work_); ++c) {
       for (const int k : SideGobs(work_.LoadCond)) {
         SetIf(Rule::kLowShownBarrierFactor,
-              outcome_.Facts.Depth > kModerateDepth && calculation_.Out.BarrierSF[c][k] < kSoundSF);
+              outcome_.Facts.Depth > kModerateLimit.Feet && calculation_.Out.BarrierSF[c][k] < kSoundSF);
       }
     }
   }
@@ -85,20 +83,22 @@ class RuleSet {
       return;
     }
     const RuleFacts& f = outcome_.Facts;
-    const bool narrow = f.PanelWidth <= kWidePanel && (!HasSideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
-    const bool moderate = f.Depth > kModerateDepth && f.Depth <= kDeepCover;
-    SetIf(Rule::kLowFactor, f.Depth <= kModerateDepth);
+    const bool narrow =
+        f.PanelWidth <= kWideLimit.Feet && (!HasSideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
+    const bool moderate = f.Depth > kModerateLimit.Feet && f.Depth <= kDeepLimit.Feet;
+    SetIf(Rule::kLowFactor, f.Depth <= kModerateLimit.Feet);
     SetIf(Rule::kModerateDepth, moderate && !(narrow && sf >= critSF_));
-    SetIf(Rule::kDeepCover, f.Depth > kDeepCover && !(narrow && sf >= kDeepNarrowSF));
+    SetIf(Rule::kDeepCover, f.Depth > kDeepLimit.Feet && !(narrow && sf >= kDeepNarrowSF));
   }
 
   void DepthRules(float sf) {
     const RuleFacts& f = outcome_.Facts;
     const bool activeGob = project_.ExtentActiveGob > 0;
-    SetIf(Rule::kLowBarrierFactor, f.Depth > kModerateDepth && HasSideGobs() && f.MinBarrierSF < kSoundSF);
+    SetIf(Rule::kLowBarrierFactor,
+          f.Depth > kModerateLimit.Feet && HasSideGobs() && f.MinBarrierSF < kSoundSF);
     SetIf(Rule::kSlenderPillars, sf < kSlenderSF && f.MeanRatio < kSlenderRatio);
-    SetIf(Rule::kExtremeDepth, activeGob && f.Depth > kExtremeDepth);
-    SetIf(Rule::kBurst, activeGob && f.Depth > kDeepCover);
+    SetIf(Rule::kExtremeDepth, activeGob && f.Depth > kExtremeLimit.Feet);
+    SetIf(Rule::kBurst, activeGob && f.Depth > kDeepLimit.Feet);
   }
 
   // Inputs that differ from those with which the data base was analyzed.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "core/IndexedArray.h"
 #include "core/Project.h"
@@ -19,6 +20,17 @@ struct RuleFacts {
   float MinBarrierSF = 10000;  // smallest barrier factor that the page shows
   float CritSF = 0;            // factor asked for at this depth in a narrow panel, not yet rounded
 };
+
+// A limit in feet, in the 32 bits in which it is compared, and as the texts name it by unit system.
+struct RuleLimit {
+  float Feet;
+  std::string_view English;
+  std::string_view Metric;
+};
+inline constexpr RuleLimit kWideLimit = {425, "425 ft", "130 m"};
+inline constexpr RuleLimit kModerateLimit = {650, "650 ft", "200 m"};
+inline constexpr RuleLimit kDeepLimit = {1000, "1000 ft", "300 m"};
+inline constexpr RuleLimit kExtremeLimit = {2000, "2000 ft", "600 m"};
 
 // The rules by their numbers in RuleFlags; there is no number 4.
 enum class Rule : int {

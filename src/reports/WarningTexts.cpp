@@ -14,12 +14,9 @@ namespace {
 
 constexpr std::string_view kMoreOnFactors = "  For more information, consult Help/Stability Factors.";
 
-// The limits as the texts name them, by unit system.
-struct LimitNames {
-  std::string_view wide, moderate, deep, extreme, burst;
-};
-constexpr LimitNames kEnglishLimits = {"425 ft", "650 ft", "1000 ft", "2000 ft", "1000 ft. "};
-constexpr LimitNames kMetricLimits = {"130 m", "200 m", "300 m", "600 m", "300 m. "};
+std::string_view Named(const RuleLimit& limit, UnitSystem units) {
+  return units == kMetric ? limit.Metric : limit.English;
+}
 
 constexpr std::string_view kLowFactor =
     "A. Analysis of the KORVA case history data base suggests that the risk of pillar failure is increased "
@@ -39,8 +36,7 @@ constexpr std::string_view kArchInUse =
 
 // The text for a depth between 650 and 1000 ft, which names the depth and the factor asked for there. Where
 // that factor shows as 1.50 there is no second limit to name.
-std::string ModerateDepthText(const RuleFacts& facts, const Project& project, UnitSystem units,
-                              const LimitNames& limits) {
+std::string ModerateDepthText(const RuleFacts& facts, const Project& project, UnitSystem units) {
   std::string text = fmt::format(
       "B. Analysis of the KORVA case history data base suggests that when the depth of cover is {} {}, the "
       "risk of pillar failure is increased when the KORVA SF is less than 1.5 ",
@@ -48,46 +44,45 @@ std::string ModerateDepthText(const RuleFacts& facts, const Project& project, Un
   const std::string crit = Format(facts.CritSF, "0.00");
   if (crit != "1.50") {
     text += fmt::format("or ({} if the panel width is less than {} and the Barrier Pillar SF exceeds 2.0.) ",
-                        crit, limits.wide);
+                        crit, Named(kWideLimit, units));
   }
   return text;
 }
 
-std::string DeepCoverText(const LimitNames& limits) {
+std::string DeepCoverText(UnitSystem units) {
   return fmt::format(
       "C. Analysis of the KORVA case history data base suggests that when the depth of cover is greater "
       "than {}, the risk of pillar failure is increased when the KORVA SF is less than 1.5 or (1.3 if the "
       "panel width is less than {} and the Barrier Pillar SF exceeds 2.0.) ",
-      limits.deep, limits.wide);
+      Named(kDeepLimit, units), Named(kWideLimit, units));
 }
 
-std::string LowBarrierText(const LimitNames& limits) {
+std::string LowBarrierText(UnitSystem units) {
   return fmt::format(
       "Analysis of the KORVA case history data base suggests that when the depth of cover is greater than "
       "{}, the risk of pillar failure is increased when the Barrier Pillar SF is less than 1.5. ",
-      limits.moderate);
+      Named(kModerateLimit, units));
 }
 
-std::string ExtremeDepthText(const LimitNames& limits) {
+std::string ExtremeDepthText(UnitSystem units) {
   return fmt::format(
-      "The KORVA database includes only 7 retreat mining cases where the depth of cover exceeded {}, and "
-      "three of those were failures.  Retreat mining should be avoided when the depth of cover exceeds {}",
-      limits.extreme, limits.extreme);
+      "The KORVA database includes only 7 retreat mining cases where the depth of cover exceeded {0}, and "
+      "three of those were failures.  Retreat mining should be avoided when the depth of cover exceeds {0}",
+      Named(kExtremeLimit, units));
 }
 
-std::string BurstText(const LimitNames& limits) {
+std::string BurstText(UnitSystem units) {
   return fmt::format(
-      "The KORVA database includes 44 failures that occurred where the depth of cover exceeded {} Of "
+      "The KORVA database includes 44 failures that occurred where the depth of cover exceeded {0}.  Of "
       "these, 20 were caused by coal bursts.  BRANTEL recommends that deep cover room-and-pillar retreat "
       "coal mines conduct regular burst hazard assessments for any areas where retreat mining is proposed "
-      "and the depth of cover exceeds {}",
-      limits.burst, limits.burst);
+      "and the depth of cover exceeds {0}. ",
+      Named(kDeepLimit, units));
 }
 
 }  // namespace
 
 WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project, UnitSystem units) {
-  const LimitNames& limits = units == kMetric ? kMetricLimits : kEnglishLimits;
   WarningTexts texts;
   const auto onPage = [&](Rule rule, std::string_view text) {
     if (outcome.Holds(rule)) {
@@ -102,12 +97,12 @@ WarningTexts ComposeWarnings(const RuleOutcome& outcome, const Project& project,
   };
 
   onBoth(Rule::kLowFactor, std::string(kLowFactor), kMoreOnFactors);
-  onBoth(Rule::kModerateDepth, ModerateDepthText(outcome.Facts, project, units, limits), kMoreOnFactors);
-  onBoth(Rule::kDeepCover, DeepCoverText(limits), kMoreOnFactors);
-  onBoth(Rule::kLowBarrierFactor, LowBarrierText(limits), kMoreOnFactors);
+  onBoth(Rule::kModerateDepth, ModerateDepthText(outcome.Facts, project, units), kMoreOnFactors);
+  onBoth(Rule::kDeepCover, DeepCoverText(units), kMoreOnFactors);
+  onBoth(Rule::kLowBarrierFactor, LowBarrierText(units), kMoreOnFactors);
   onBoth(Rule::kSlenderPillars, std::string(kSlenderPillars), kMoreOnFactors);
-  onBoth(Rule::kExtremeDepth, ExtremeDepthText(limits), fmt::format(".{}", kMoreOnFactors));
-  onBoth(Rule::kBurst, BurstText(limits), "");
+  onBoth(Rule::kExtremeDepth, ExtremeDepthText(units), fmt::format(".{}", kMoreOnFactors));
+  onBoth(Rule::kBurst, BurstText(units), "");
   onPage(Rule::kEnteredBreadth, kBreadthWarning);
   onPage(Rule::kOtherUnitWeight, kDataBaseUnitWeight.Warning);
   onPage(Rule::kOtherCoalStrength, kDataBaseStrength.Warning);
