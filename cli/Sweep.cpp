@@ -9,6 +9,7 @@
 #include "commands/Formats.h"
 #include "commands/SweepCommand.h"
 #include "core/ClassifyError.h"
+#include "core/Limits.h"
 #include "files/SafeWriter.h"
 #include "graphs/GraphTitles.h"
 #include "graphs/SweepChart.h"
@@ -215,7 +216,7 @@ Command AddSweep(CLI::App& app, const CommonOptions& common) {
           "4 first, 5 second barrier width, 6 depth of cover")
       ->required()
       ->check(CLI::Range(0, kGraphs - 1));
-  const auto bound = [&](const char* name, const char* key, const char* what) {
+  const auto bound = [&](const char* name, const char* key, const std::string& what) {
     parser
         ->add_option_function<std::string>(
             name,
@@ -225,8 +226,9 @@ Command AddSweep(CLI::App& app, const CommonOptions& common) {
             what)
         ->type_name("P");
   };
-  bound("--min", "PlotRangeMin", "least value in percent of the project's, 0 to 150");
-  bound("--max", "PlotRangeMax", "greatest value, 0 to 150");
+  bound("--min", "PlotRangeMin",
+        fmt::format("least value in percent of the project's, 0 to {}", kGreatestRange));
+  bound("--max", "PlotRangeMax", fmt::format("greatest value, 0 to {}", kGreatestRange));
   AddModelOption(*parser, call->Model);
   auto* csv = parser->add_flag("--csv", call->AsCsv, "all digits, separated by commas");
   auto* json = parser->add_flag("--json", call->AsJson, "the points as JSON")->excludes(csv);

@@ -17,9 +17,6 @@ namespace korva::desktop {
 
 namespace {
 
-constexpr int kLeastSymbol = 3;
-constexpr int kGreatestSymbol = 20;
-
 QComboBox* NewChoice(const char* name, std::initializer_list<const char*> entries, QWidget* parent) {
   QComboBox* list = NewList(QLatin1String(name), parent);
   for (const char* entry : entries) {

@@ -5,16 +5,10 @@
 #include <QInputDialog>
 #include <algorithm>
 
+#include "core/Limits.h"
 #include "desktop/support/FormTools.h"
 
 namespace korva::desktop {
-
-namespace {
-
-constexpr float kLeastSize = 7;  // points, as the settings file takes them
-constexpr float kGreatestSize = 24;
-
-}  // namespace
 
 QFont FontOf(const FontSettings& settings) {
   QFont font(FromUtf8(settings.Name));
@@ -33,7 +27,7 @@ std::optional<FontSettings> QtValues::ChooseFont(const FontSettings& font) {
   }
   const QFont chosen = dialog.selectedFont();
   return FontSettings{chosen.family().toStdString(),
-                      std::clamp(static_cast<float>(chosen.pointSizeF()), kLeastSize, kGreatestSize),
+                      std::clamp(static_cast<float>(chosen.pointSizeF()), kLeastFont, kGreatestFont),
                       chosen.bold() ? -1 : 0, chosen.italic() ? -1 : 0};
 }
 

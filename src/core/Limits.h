@@ -6,8 +6,7 @@ namespace korva {
 // What the input form takes. The check before a calculation takes less steep crosscuts and smaller arch
 // factors, too.
 inline constexpr double kLeastXcutAngle = 30;
-inline constexpr double kGreatestXcutAngle = 90;
-inline constexpr double kGreatestAbutmentAngle = 90;
+inline constexpr double kGreatestAngle = 90;
 inline constexpr double kLeastArchFactor = 0.28;
 inline constexpr double kGreatestArchFactor = 1;
 
@@ -17,7 +16,7 @@ inline constexpr double kGreatestArchFactor = 1;
 inline constexpr double kArchSlope = 0.28;
 inline constexpr double kLeastArchDepth = 25;
 inline constexpr double kWidePanelDepth = 80;
-inline constexpr float kLeastArchFactorSingle = 0.28F;
+inline constexpr auto kLeastArchFactorSingle = static_cast<float>(kLeastArchFactor);
 
 // Stability factors that the case data base asks for: of pillars, and of barriers.
 inline constexpr double kSoundSF = 1.5;
@@ -27,6 +26,12 @@ inline constexpr double kSoundBarrierSF = 2;
 inline constexpr int kLeastHistory = 4096;
 inline constexpr int kGreatestHistory = 16384;
 inline constexpr double kGreatestRange = 150;
+
+// Points of a symbol of a graph, and of a font.
+inline constexpr int kLeastSymbol = 3;
+inline constexpr int kGreatestSymbol = 20;
+inline constexpr float kLeastFont = 7;
+inline constexpr float kGreatestFont = 24;
 
 // Cells of the laminated model have no bound but that of a number in the settings file, on either side of 0.
 inline constexpr int kGreatestCell = 32767;

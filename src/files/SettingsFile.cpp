@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "core/Limits.h"
 #include "core/Tables.h"
 #include "core/Text.h"
 #include "files/OptionsFile.h"
@@ -48,14 +49,14 @@ constexpr auto kGraphTable = std::to_array<Setting<GraphSettings>>({
     {"GridStyle", &GraphSettings::GridStyle, "0", 0, 3},
     {"GraphStyle", &GraphSettings::GraphStyle, "3", 1, 3},
     {"CurveLegend", &GraphSettings::CurveLegend, "1"},
-    {"SymbolSize", &GraphSettings::SymbolSize, "5", 3, 20},
+    {"SymbolSize", &GraphSettings::SymbolSize, "5", kLeastSymbol, kGreatestSymbol},
     {"GraphUnits", &GraphSettings::GraphUnits},
     {"GraphTitle", &GraphSettings::GraphTitle, kDefaultGraphTitle},
 });
 
 constexpr auto kFontTable = std::to_array<Setting<FontSettings>>({
     {"FontName", &FontSettings::Name, ""},
-    {"FontSize", &FontSettings::Size, "0", 7, 24},
+    {"FontSize", &FontSettings::Size, "0", kLeastFont, kGreatestFont},
     {"FontBold", &FontSettings::Bold, "0", -1, 0},
     {"FontItalic", &FontSettings::Italic, "0", -1, 0},
 });

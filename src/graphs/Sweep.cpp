@@ -61,7 +61,7 @@ double ShownValue(GraphKind graph, double x) {
 
 // Writes `x` as it is shown: in degrees for the crosscut angle.
 void WriteField(Project& project, GraphKind graph, double x) {
-  project.*ParameterOf(graph).InRecord = graph == kXcutAngleGraph ? std::min(x, kGreatestXcutAngle) : x;
+  project.*ParameterOf(graph).InRecord = graph == kXcutAngleGraph ? std::min(x, kGreatestAngle) : x;
 }
 
 double TraditionalFactor(const Results& out, GraphKind graph, int c) {

@@ -16,8 +16,8 @@ namespace korva {
 
 // In percent of the parameter's value.
 struct SweepRange {
-  float Min = 50;
-  float Max = 150;
+  float Min = 0;
+  float Max = 0;
 };
 
 // The steps of a sweep: from Low while no more than High, by Step. Radians for the crosscut angle.

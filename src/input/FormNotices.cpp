@@ -13,9 +13,9 @@ std::vector<FormNotice> FormNotices(const Project& p) {
   std::vector<FormNotice> notices;
   if (p.XcutAngle < kLeastXcutAngle) {
     notices.push_back(
-        {"crosscut angle below 30 degrees",
-         fmt::format("the crosscut angle of {} degrees is below the 30 that the input form asks for",
-                     GeneralText(p.XcutAngle))});
+        {fmt::format("crosscut angle below {} degrees", kLeastXcutAngle),
+         fmt::format("the crosscut angle of {} degrees is below the {} that the input form asks for",
+                     GeneralText(p.XcutAngle), kLeastXcutAngle)});
   }
   const double clearLength = p.XcutSpacing * std::sin(p.XcutAngle * kRadiansPerDegree) - p.EntryWidth;
   if (p.XcutSpacing <= p.EntryWidth || clearLength <= 0) {
@@ -24,9 +24,9 @@ std::vector<FormNotice> FormNotices(const Project& p) {
          "the pillars have no length: the crosscut spacing leaves nothing beside the entry width"});
   }
   if (!ComputesArch(p) && p.ArchFactor < kLeastArchFactorSingle) {
-    notices.push_back({"arch factor below 0.28",
-                       fmt::format("the arch factor of {} is below the 0.28 that the input form asks for",
-                                   GeneralText(p.ArchFactor))});
+    notices.push_back({fmt::format("arch factor below {}", kLeastArchFactor),
+                       fmt::format("the arch factor of {} is below the {} that the input form asks for",
+                                   GeneralText(p.ArchFactor), kLeastArchFactor)});
   }
   for (int i = 1; i <= PillarRows(p); ++i) {
     if (p.XcutCenters[i] <= p.EntryWidth) {

@@ -99,9 +99,9 @@ struct Accepted {
 inline constexpr Accepted kAboveZero;
 inline constexpr Accepted kZeroOrMore = {0, true};
 inline constexpr Accepted kWiderThanEntry = {.Words = "more than the entry width"};
-inline constexpr Accepted kXcutAngles = {kLeastXcutAngle, true, kGreatestXcutAngle};
+inline constexpr Accepted kXcutAngles = {kLeastXcutAngle, true, kGreatestAngle};
 inline constexpr Accepted kArchFactors = {kLeastArchFactor, true, kGreatestArchFactor};
-inline constexpr Accepted kAbutmentAngles = {0, true, kGreatestAbutmentAngle};
+inline constexpr Accepted kAbutmentAngles = {0, true, kGreatestAngle};
 inline constexpr Accepted kSlabCuts = {.LeastToo = true, .Words = "0 to the width of the barrier pillar"};
 
 enum class RefusalKind { kRange, kLogic };

@@ -65,7 +65,7 @@ std::string AcceptedText(const NumberField& field) {
   if (range.Words != nullptr) {
     text = range.Words;
   } else if (std::isfinite(range.Greatest)) {
-    const bool angle = range.Greatest == kGreatestAbutmentAngle;
+    const bool angle = range.Greatest == kGreatestAngle;
     text = fmt::format("{} to {}{}", range.Least, range.Greatest, angle ? " degrees" : "");
   } else {
     text = range.LeastToo ? fmt::format("{} or more", range.Least) : fmt::format("above {}", range.Least);

@@ -14,7 +14,7 @@ struct Check {
 };
 
 bool IsAngle(double degrees) {
-  return degrees >= 0 && degrees <= 90;
+  return degrees >= 0 && degrees <= kGreatestAngle;
 }
 
 }  // namespace
@@ -43,12 +43,12 @@ std::optional<std::string> CheckProject(const Project& p) {
       {p.ExtentActiveGob < 0, kInvalidExtentActiveGob},
       {!IsAngle(p.AbutmentAngleActiveGob), kInvalidAngleActiveGob},
       {first && p.ExtentFirstGob < 0, kInvalidExtentFirstGob},
-      {(first && p.AbutmentAngleFirstGob < 0) || p.AbutmentAngleFirstGob > kGreatestAbutmentAngle,
+      {(first && p.AbutmentAngleFirstGob < 0) || p.AbutmentAngleFirstGob > kGreatestAngle,
        kInvalidAngleFirstGob},
       {first && p.BarrierFirstGob < 0, kInvalidBarrierFirstGob},
       {(first && p.SlabcutFirstGob < 0) || p.SlabcutFirstGob > p.BarrierFirstGob, kInvalidSlabcutFirstGob},
       {second && p.ExtentSecondGob < 0, kInvalidExtentSecondGob},
-      {(second && p.AbutmentAngleSecondGob < 0) || p.AbutmentAngleSecondGob > kGreatestAbutmentAngle,
+      {(second && p.AbutmentAngleSecondGob < 0) || p.AbutmentAngleSecondGob > kGreatestAngle,
        kInvalidAngleSecondGob},
       {second && p.BarrierSecondGob < 0, kInvalidBarrierSecondGob},
       {(second && p.SlabcutSecondGob < 0) || p.SlabcutSecondGob > p.BarrierSecondGob,

@@ -11,7 +11,7 @@
 namespace korva {
 namespace {
 
-SweepData Traditional(GraphKind graph, Project project, SweepRange range = {}) {
+SweepData Traditional(GraphKind graph, Project project, SweepRange range = {50, 150}) {
   const Prepared prepared = PrepareCalculation(project, kEnglish);
   EXPECT_FALSE(prepared.Refusal);
   return RunSweep(graph, range, prepared.Run, project, nullptr).Data;
