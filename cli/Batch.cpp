@@ -181,7 +181,7 @@ Json RowsJson(const std::vector<BatchRow>& rows) {
 int RunCall(const Settings& settings, const BatchCall& call) {
   const std::vector<std::string> files = FindProjectFiles(call.Paths);
   if (files.empty()) {
-    Complain(fmt::format("no project files (*.{}) found", kProjectExtension));
+    PrintMessage(fmt::format("no project files (*.{}) found", kProjectExtension));
     if (call.AsJson) {
       Print(JsonText(Json::array()));
     }
@@ -209,7 +209,7 @@ Command AddBatch(CLI::App& app, const CommonOptions& common) {
   AddModelOption(*parser, call->Model);
   auto* csv = parser->add_flag("--csv", call->AsCsv, "rows as comma separated values");
   parser->add_flag("--json", call->AsJson, "rows as JSON")->excludes(csv);
-  parser->add_option("--jobs", call->Jobs, "how many to calculate at once")
+  parser->add_option("--jobs", call->Jobs, "number of projects calculated in parallel")
       ->type_name("N")
       ->check(CLI::Range(1, 256));
   parser->footer("Example:\n  korva batch examples --csv");

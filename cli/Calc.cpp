@@ -13,8 +13,8 @@ namespace korva::cli {
 
 namespace {
 
-// What the input form would compute. A value that has none is null and told; the calculation stands without
-// it.
+// What the input form would compute. A value that has none is null and reported; the calculation stands
+// without it.
 Json FormJson(const Korva& korva, const std::string& file) {
   const Project shown = ShownInForm(korva.ProjectCalc);
   const UnitSystem units = korva.Stored.ProjectUnits;
@@ -77,7 +77,7 @@ int Calc(Korva& korva, const ProjectCall& call) {
     }
     return kRefused;
   }
-  TellFormNotices(korva, call.File);
+  PrintFormNotices(korva, call.File);
   const Json json = CalcJson(korva, evaluated, call.File);
   Print(call.AsJson ? JsonText(json) : CalcText(json));
   return kDone;

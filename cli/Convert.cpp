@@ -31,9 +31,8 @@ int Save(Korva& korva, const SaveCall& call) {
     return kFailed;
   }
   if (!call.Force && WouldLoseContent(korva, call)) {
-    Complain(fmt::format(
-        "{}: not replaced, since what stands behind its last value would be lost; --force replaces it",
-        call.Out));
+    PrintMessage(fmt::format(
+        "{}: not replaced, since what follows its last value would be lost; --force replaces it", call.Out));
     return kRefused;
   }
   if (call.Convert) {

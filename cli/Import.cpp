@@ -36,7 +36,7 @@ bool IsVoskFile(const std::string& path) {
 
 int ImportVosk(Korva& korva, const VoskCall& call) {
   if (IsVoskFile(call.Out)) {
-    Complain(fmt::format("{}: not replaced, since it is a VOSK project itself", call.Out));
+    PrintMessage(fmt::format("{}: not replaced, since it is a VOSK project itself", call.Out));
     return kRefused;
   }
   if (!ReadInto(korva, call.File, FileOpenVOSK)) {
@@ -49,7 +49,7 @@ int ImportVosk(Korva& korva, const VoskCall& call) {
 
 Command AddVosk(CLI::App& import, const CommonOptions& common) {
   auto call = std::make_shared<VoskCall>();
-  CLI::App* parser = import.add_subcommand("vosk", "Take the panel of a VOSK project over");
+  CLI::App* parser = import.add_subcommand("vosk", "Import the panel of a VOSK project");
   parser->add_option("FILE", call->File, "VOSK project file")->required();
   parser->add_option("OUT", call->Out, "project file to write")->required();
   parser->footer("Example:\n  korva import vosk panel.VSK panel.KVL");
@@ -93,9 +93,9 @@ std::vector<int> RowsOf(const Sheet& sheet, const CasesCall& call) {
 }
 
 // Tells what became of a row; a fault goes beside the result.
-void TellRow(const ImportedRow& row, const CasesCall& call) {
+void PrintRow(const ImportedRow& row, const CasesCall& call) {
   if (row.Fault) {
-    Complain(fmt::format("{}: {}", call.Workbook, row.Fault->what()));
+    PrintMessage(fmt::format("{}: {}", call.Workbook, row.Fault->what()));
   } else if (!call.AsJson) {
     Print(fmt::format("{:<8}{}\n", row.Row, row.File));
   }
@@ -117,7 +117,7 @@ bool ImportRow(Korva& korva, const Sheet& sheet, const CasesCall& call, Imported
   } catch (const RuntimeError& error) {
     row.Fault = error;
   }
-  TellRow(row, call);
+  PrintRow(row, call);
   return !row.Fault || IsCaseFault(*row.Fault);
 }
 

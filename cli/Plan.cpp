@@ -62,7 +62,7 @@ Json PlanJson(const Plan& plan) {
 }
 
 int Refuse(const PlanCall& call, const std::string& why) {
-  Complain(call.File + ": " + why);
+  PrintMessage(call.File + ": " + why);
   if (call.AsJson) {
     Print(JsonText({{"file", call.File}, {"refused", why}}));
   }
@@ -86,9 +86,10 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
     return Refuse(call, *refusal);
   }
   if (call.Plot >= kPlotCapacity && !UsesTraditional(korva.ProjectCalc.CalcMode)) {
-    return Refuse(call, "the laminated model alone gives no load bearing capacity and no pillar stresses");
+    return Refuse(call,
+                  "the laminated model alone provides neither load bearing capacity nor pillar stresses");
   }
-  TellFormNotices(korva, call.File);
+  PrintFormNotices(korva, call.File);
   Evaluate(korva, call.Plot);
   PlanRequest request = PlanRequestOf(korva, kPlanFromResults, true);
   request.PlotType = static_cast<PillarPlot>(call.Plot);
@@ -109,7 +110,7 @@ int DrawPlanOf(Korva& korva, const PlanCall& call, PictureKind kind) {
 
 Command AddPlan(CLI::App& app, const CommonOptions& common) {
   auto call = std::make_shared<PlanCall>();
-  CLI::App* parser = app.add_subcommand("plan", "Draw the panel in plan, to scale");
+  CLI::App* parser = app.add_subcommand("plan", "Draw a plan of the panel to scale");
   AddFile(*parser, call->File);
   parser
       ->add_option(

@@ -54,7 +54,7 @@ std::string ReportPdf(const Korva& korva, const ReportCall& call) {
 void CheckCall(const ReportCall& call) {
   RefuseOwnFile(call, "report");
   if (call.AsJson && IsPdf(call)) {
-    throw UsageError{"JSON does not go into a PDF; leave out --json or give -o another ending"};
+    throw UsageError{"JSON cannot be written to a PDF; leave out --json or use another extension with -o"};
   }
   if (!call.Paper.empty() && !IsPdf(call)) {
     throw UsageError{"--paper is for a report as PDF, -o OUT.pdf"};
@@ -69,7 +69,7 @@ int Report(Korva& korva, const ReportCall& call) {
     }
     return kRefused;
   }
-  TellFormNotices(korva, call.File);
+  PrintFormNotices(korva, call.File);
   if (call.AsJson) {
     const Json pages(std::vector<std::string>(korva.OutBuf.begin(), korva.OutBuf.end()));
     WriteOrPrint(call, JsonText(ReportJson(call.File, nullptr, pages, korva.WarningText)));

@@ -32,8 +32,8 @@ Settings PreferencesOf(const CommonOptions& options) {
   if (!options.SettingsFile.empty()) {
     const std::string text = TextFromFileBytes(ReadWholeFile(options.SettingsFile, kLargestProjectFile));
     if (!HasOptions(text)) {
-      Complain(fmt::format("warning: {}: no options are set in it; each has the value of a missing key",
-                           options.SettingsFile));
+      PrintMessage(fmt::format("warning: {}: no options are set in it; each has the value of a missing key",
+                               options.SettingsFile));
     }
     settings.Options = ReadOptions(text);
   }
@@ -47,13 +47,13 @@ Settings PreferencesOf(const CommonOptions& options) {
       case OptionChange::kDone:
         break;
       case OptionChange::kReset:
-        Complain(
-            fmt::format("--set {}: outside the option's range; its lowest or factory value is used", change));
+        PrintMessage(
+            fmt::format("--set {}: outside the option's range; its minimum or default is used", change));
         break;
       case OptionChange::kUnknownKey:
         throw UsageError{fmt::format("--set {}: there is no such option", change)};
       case OptionChange::kNoNumber:
-        throw UsageError{fmt::format("--set {}: the value is no number", change)};
+        throw UsageError{fmt::format("--set {}: the value is not a number", change)};
     }
   }
   return settings;
@@ -81,7 +81,7 @@ bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, Messag
   TerminalMessages messages(file);
   const auto tellNotices = [&] {  // also in front of an error, whose cause they may be
     for (const FileNotice& notice : korva.FileNotices) {
-      Complain(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
+      PrintMessage(fmt::format("warning: {}, line {}: {}", file, notice.line, notice.text));
     }
   };
   bool opened = false;
@@ -144,10 +144,10 @@ void WriteOrPrint(const ProjectCall& call, const std::string& result) {
 }
 
 void Warn(std::string_view file, std::string_view text) {
-  Complain(fmt::format("warning: {}: {}", file, text));
+  PrintMessage(fmt::format("warning: {}: {}", file, text));
 }
 
-void TellFormNotices(const Korva& korva, const std::string& file) {
+void PrintFormNotices(const Korva& korva, const std::string& file) {
   for (const FormNotice& notice : FormNotices(korva.ProjectCalc)) {
     Warn(file, notice.Text);
   }

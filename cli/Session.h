@@ -26,7 +26,7 @@ struct Command {
   std::function<int()> Run;
 };
 
-// The options before or behind any command.
+// The options before or after any command.
 struct CommonOptions {
   std::string SettingsFile;
   std::vector<std::string> Changes;  // KEY=VALUE
@@ -53,11 +53,11 @@ void AddModelOption(CLI::App& command, std::string& model);
 std::optional<OverburdenModel> ModelOf(const std::string& name);
 
 // Reads `file` into `korva` with `read`, telling what was odd in it. False for a file of another format,
-// which has been told.
+// which has been reported.
 bool ReadInto(Korva& korva, const std::string& file, bool (*read)(Korva&, MessagePort&));
 
 // Opens the project `file` into `korva`, telling what was odd in it. False for a file of no project format,
-// which has been told.
+// which has been reported.
 bool OpenProject(Korva& korva, const std::string& file, bool asJson);
 
 // A call about one project, to be calculated by the model asked for or by its own.
@@ -66,7 +66,7 @@ struct ProjectCall {
   std::string Model;
   bool AsJson = false;
   std::string Out;                   // the file that gets the result; empty for the terminal
-  std::vector<std::string> Changes;  // KEY=VALUE, behind the common ones
+  std::vector<std::string> Changes;  // KEY=VALUE, after the common ones
 };
 
 // Opens the project of `call` and gives a laminated run a folder of its own, then runs `action`.
@@ -87,7 +87,7 @@ void WriteOrPrint(const ProjectCall& call, const std::string& result);
 void Warn(std::string_view file, std::string_view text);
 
 // Tells what the input form would refuse about the working copy.
-void TellFormNotices(const Korva& korva, const std::string& file);
+void PrintFormNotices(const Korva& korva, const std::string& file);
 
 // Makes the program's state with the preferences of this call and runs `action` on it. A run-time error is
 // told, with `asJson` as the result too, and becomes status 3; `file` is what messages are about.

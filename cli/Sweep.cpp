@@ -125,15 +125,15 @@ Json SweepJson(const SweepData& data) {
   return json;
 }
 
-void TellMissingBarrier(const Korva& korva, const SweepCall& call) {
+void PrintMissingBarrier(const Korva& korva, const SweepCall& call) {
   if (!HasBarrierOf(call.Graph, korva.ProjectCalc)) {
-    Complain(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
-                         IsOfSecondBarrier(call.Graph, false) ? "second" : "first"));
+    PrintMessage(fmt::format("warning: {}: there is no {} barrier; its factors are 0", call.File,
+                             IsOfSecondBarrier(call.Graph, false) ? "second" : "first"));
   }
 }
 
 // Runs the sweep and keeps its points. The error that ended it, if one did.
-std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
+std::optional<RuntimeError> RunAndKeep(Korva& korva, SweepJob& job) {
   TerminalProgress progress;
   SweepOutcome outcome = RunSweepJob(job, [&progress](int step, int capacity) {
     progress.Advance(static_cast<std::size_t>(step - 1), static_cast<std::size_t>(capacity - 1));
@@ -144,7 +144,7 @@ std::optional<RuntimeError> RunToItsEnd(Korva& korva, SweepJob& job) {
   return failure;
 }
 
-void TellNotes(const Korva& korva, const SweepCall& call) {
+void PrintNotes(const Korva& korva, const SweepCall& call) {
   const auto tell = [&call](std::string_view text) { Warn(call.File, text); };
   for (const NoticeRange& range : NoticeRanges(korva.Sweep)) {
     tell(fmt::format("{} {}: {}", ParameterName(call.Graph), range.Values, range.Reason));
@@ -190,12 +190,12 @@ int Sweep(Korva& korva, const SweepCall& call, PictureKind kind) {
     }
     return kRefused;
   }
-  TellMissingBarrier(korva, call);
-  const std::optional<RuntimeError> failure = RunToItsEnd(korva, *job);
+  PrintMissingBarrier(korva, call);
+  const std::optional<RuntimeError> failure = RunAndKeep(korva, *job);
   if (failure && korva.Sweep.PointCount == 0) {
     throw RuntimeError(failure->Number(), failure->Detail());
   }
-  TellNotes(korva, call);
+  PrintNotes(korva, call);
   PrintSweep(korva, call, kind, failure);
   if (failure && !call.AsJson) {
     throw RuntimeError(failure->Number(), failure->Detail());

@@ -29,7 +29,7 @@ void Print(std::string_view text) {
   }
 }
 
-void Complain(std::string_view text) {
+void PrintMessage(std::string_view text) {
   std::string shown = PlatformLines(text);
   std::replace_if(
       shown.begin(), shown.end(), [](char c) { return IsControl(c) && c != '\n' && c != '\t'; }, '?');
@@ -52,9 +52,9 @@ std::string PlatformLines(std::string_view text) {
 }
 
 MessageAnswer TerminalMessages::Show(const Message& message) {
-  Complain(file_ + ": " + message.text);
+  PrintMessage(file_ + ": " + message.text);
   if (!message.detail.empty()) {
-    Complain(message.detail);
+    PrintMessage(message.detail);
   }
   switch (message.buttons) {
     case MessageButtons::kOk:

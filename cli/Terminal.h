@@ -22,9 +22,9 @@ struct ClosedPipe {};
 // Writes to standard output; a run-time error if that cannot be written, or ClosedPipe.
 void Print(std::string_view text);
 
-// A line on standard error behind the program's name, in which "?" stands for control characters, since words
-// out of files may be told; and text on standard error as it is.
-void Complain(std::string_view text);
+// A line on standard error after the program's name, in which "?" stands for control characters, since words
+// out of files may be printed; and text on standard error as it is.
+void PrintMessage(std::string_view text);
 void PrintToStandardError(std::string_view text);
 
 // The text with the line ends of this platform.

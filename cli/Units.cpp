@@ -27,7 +27,7 @@ double ValueOf(const std::string& text) {
     throw UsageError{fmt::format("{}: expected a number{}", text, number.Note ? "; it " + *number.Note : "")};
   }
   if (number.Note) {
-    Complain(fmt::format("{}: {}", text, *number.Note));
+    PrintMessage(fmt::format("{}: {}", text, *number.Note));
   }
   return number.Value;
 }

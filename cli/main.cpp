@@ -71,7 +71,7 @@ int Run(int argc, char** argv) {
   } catch (const CLI::Success& asked) {  // help or version
     return app.exit(asked);
   } catch (const CLI::ParseError& error) {
-    Complain(UsageText(error, app, argc > 1 ? argv[1] : ""));
+    PrintMessage(UsageText(error, app, argc > 1 ? argv[1] : ""));
     return kUsage;
   }
   const auto called = std::find_if(parser->Commands.begin(), parser->Commands.end(),
@@ -84,18 +84,18 @@ int Run(int argc, char** argv) {
 }  // namespace korva::cli
 
 int main(int argc, char** argv) {
-  const korva::EndingSignals signals(korva::RemovePrivateFoldersForGood);
+  const korva::EndingSignals signals(korva::RemoveAllPrivateFolders);
   try {
     return korva::cli::Run(argc, argv);
   } catch (const korva::cli::UsageError& error) {
-    korva::cli::Complain(error.text);
+    korva::cli::PrintMessage(error.text);
     return korva::cli::kUsage;
   } catch (const korva::cli::ClosedPipe&) {
     signals.EndByClosedPipe();
-    korva::cli::Complain("standard output: nobody reads it any more");
+    korva::cli::PrintMessage("standard output was closed");
     return korva::cli::kFailed;
   } catch (const std::exception& error) {
-    korva::cli::Complain(error.what());
+    korva::cli::PrintMessage(error.what());
     return korva::cli::kFailed;
   }
 }

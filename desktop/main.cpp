@@ -87,8 +87,8 @@ QString ShippedFolder(const QString& programFolder, const QString& name) {
   if (QFileInfo(installed).isDir()) {
     return installed;
   }
-  static constexpr int kLevelsOfABuild = 4;
-  for (int level = 0; level < kLevelsOfABuild; ++level) {
+  static constexpr int kBuildTreeDepth = 4;
+  for (int level = 0; level < kBuildTreeDepth; ++level) {
     QString built = folder.filePath(name);
     if (QFileInfo(built).isDir()) {
       return built;

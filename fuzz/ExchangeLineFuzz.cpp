@@ -20,7 +20,7 @@ static void CheckSolution(const Panel& panel) {
     korva::Require(std::isfinite(factor) && factor >= 0, "a factor is a number");
   }
   const std::string whole = ResultText(factors);
-  const std::string text = whole.substr(whole.find('\n'));  // behind the heading
+  const std::string text = whole.substr(whole.find('\n'));  // after the heading
   korva::Require(text.find("nan") == std::string::npos && text.find("inf") == std::string::npos,
                  "a result is a number");
 }

@@ -19,7 +19,7 @@ struct BiffBook {
   };
   TextCoding Coding;
   DateSystem Dates = DateSystem::k1900;
-  // The number of the program that calculated it; 0 asks for doing it anew when the workbook is opened.
+  // The number of the program that calculated it; 0 asks for doing it again when the workbook is opened.
   // Scripts and programs before 2000 name none.
   std::optional<std::uint32_t> Calculator;
   std::vector<Worksheet> Worksheets;

@@ -77,7 +77,7 @@ struct TextCoding {
 };
 
 // A text of `length` characters in UTF-8, off the front of `reader`. Where its record ends, the text goes on
-// in the records behind it, and so does `reader`.
+// in the records after it, and so does `reader`.
 std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& coding, RecordReader& records);
 
 // The same for a text that stays within its record.

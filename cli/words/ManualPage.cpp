@@ -53,7 +53,7 @@ std::string Section(const Call& call) {
   }
   std::string text =
       fmt::format(".SS {}\n{}\n.PP\n{}.\n{}", Plain(call.Name), usage, Plain(call.Meaning), items);
-  const auto line = call.Footer.find('\n');  // behind "Example:"
+  const auto line = call.Footer.find('\n');  // after "Example:"
   if (line != std::string::npos) {
     text += fmt::format(".PP\nExample:\n.PP\n.nf\n{}\n.fi\n", Plain(call.Footer.substr(line + 1)));
   }
@@ -72,7 +72,7 @@ std::string ManualPage(const std::vector<Call>& calls) {
       "Works out the loads on the pillars of a panel described by a project file, their strength, that of its barrier "
       "pillars, and their stability factors, with the traditional loading model or a laminated overburden. The result "
       "goes to standard output, messages go to standard error.\n"
-      ".SH OPTIONS\nThey stand before or behind any command.\n",
+      ".SH OPTIONS\nThey come before or after any command.\n",
       Plain(ProgramVersionText(true)));
   for (const Word& option : program.Options) {
     text += Item(ShownName(option), option);

@@ -15,9 +15,9 @@ int main(int argc, char** argv) {
       Print(kind == "bash" ? BashWords(calls) : kind == "fish" ? FishWords(calls) : ManualPage(calls));
       return 0;
     }
-    Complain("usage: korva-words bash|fish|man");
+    PrintMessage("usage: korva-words bash|fish|man");
   } catch (const std::exception& error) {
-    Complain(error.what());
+    PrintMessage(error.what());
   }
   return 2;
 }

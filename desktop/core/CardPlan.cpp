@@ -16,7 +16,7 @@ constexpr int kColumns = 62;  // of digits
 constexpr int kLines = 19;
 constexpr int kLegendColumns = 34;  // that the legend takes at least
 constexpr double kLegendLines = 4.2;
-const QString kNoPlan = QStringLiteral("No plan: these dimensions make no panel");
+const QString kNoPlan = QStringLiteral("No plan: these dimensions do not form a panel");
 
 }  // namespace
 

@@ -75,7 +75,7 @@ class MainMenus {
   void ShowRecentFiles(const IndexedArray<std::string, 1, kMostRecentFiles>& captions);
 
   QToolBar& ToolBar() const { return *toolBar_; }
-  // Draws the toolbar's images anew, in the colours of the window's palette.
+  // Draws the toolbar's images again, in the colours of the window's palette.
   void PaintImages(const QPalette& palette);
 
  private:

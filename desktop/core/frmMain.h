@@ -52,7 +52,7 @@ class frmMain final : public QMainWindow, public MainWindow {
   void ShowHelp(const std::vector<std::string>& labels) override;
   void KeepWork() override { recovery_.KeepCopy(); }
   void KeepDroppedWork() override { recovery_.KeepDroppedWork(); }
-  void EndAtOnce() override;
+  void QuitNow() override;
   void SetInputEnabled(bool enabled) override;
 
  protected:

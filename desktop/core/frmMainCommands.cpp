@@ -173,13 +173,13 @@ void frmMain::AfterSweep() {
   bool shown = false;
   bool again = false;
   Run([&, taken = false]() mutable {
-    if (taken) {  // the person wants the failed step tried again: the sweep begins anew
+    if (taken) {  // the person wants the failed step tried again: the sweep starts over
       again = true;
       return;
     }
     taken = true;
     SweepOutcome outcome = sweep->TakeOutcome();
-    shown = WantsPoints(korva_, ports_.Messages, outcome);
+    shown = AskForPoints(korva_, ports_.Messages, outcome);
     const std::optional<RuntimeError> failure = outcome.Failure;
     KeepSweep(korva_, sweep->Job(), shown ? std::move(outcome) : SweepOutcome());
     if (failure) {
@@ -261,11 +261,11 @@ void frmMain::HelpItem(int index) {
       break;
     case kDisclaimer:
       if (frmDisclaimer(session_, this).exec() != QDialog::Accepted) {
-        EndAtOnce();
+        QuitNow();
       }
       break;
     case kProgramUpdates:
-      versionFetch_.reset();  // the window asks anew, when it is told to
+      versionFetch_.reset();  // the window asks again, when it is told to
       answerTimer_.stop();
       frmUpdate(session_, this).exec();
       break;
@@ -328,7 +328,7 @@ void frmMain::AnswerUpdates() {
 }
 
 // Unsaved work is offered at the next start.
-void frmMain::EndAtOnce() {
+void frmMain::QuitNow() {
   recovery_.EndKeepingWork();
   recoveryTimer_.stop();
   QCoreApplication::exit();  // at once; quit() would close the windows, each with its questions

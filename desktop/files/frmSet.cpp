@@ -180,7 +180,7 @@ void frmSet::Wire() {
   connect(checks_.Of(&Settings::KeepFileNames), &QCheckBox::toggled, shortNames, &QWidget::setEnabled);
   const auto say = [this](std::string text, std::string title) {
     if (!loading_) {
-      ShowMessage(session_.State, session_.Outside.Messages,
+      ShowMessage(session_.State, session_.Ports.Messages,
                   {.text = std::move(text), .title = std::move(title), .topic = "messages-forms"});
     }
   };
@@ -207,13 +207,13 @@ void frmSet::ExtensionTyped(const QString& text) {
 }
 
 void frmSet::ChooseFont() {
-  korva::ChooseFont(session_.Outside.Values, session_.State.Preferences.DisplayFont);
+  korva::ChooseFont(session_.Ports.Values, session_.State.Preferences.DisplayFont);
   session_.Main.ApplyHistoryFont();
 }
 
 void frmSet::ChooseEditor() {
-  Attempt(session_.State, session_.Outside.Messages, [&] {
-    if (const auto chosen = korva::ChooseEditor(session_.State, session_.Outside.Files)) {
+  Attempt(session_.State, session_.Ports.Messages, [&] {
+    if (const auto chosen = korva::ChooseEditor(session_.State, session_.Ports.Files)) {
       editor_->Fill(*chosen);
     }
   });
@@ -242,7 +242,7 @@ void frmSet::Check() {
   const std::string& title = refusal->Title == Kind::kError   ? titles.TitleError
                              : refusal->Title == Kind::kRange ? titles.TitleRangeError
                                                               : titles.TitleInvalidCharacter;
-  ShowMessage(session_.State, session_.Outside.Messages,
+  ShowMessage(session_.State, session_.Ports.Messages,
               {refusal->Text, MessageButtons::kOk, MessageIcon::kCritical, title, {}, "refusal-options"});
   findChild<FieldBox*>(FromUtf8(refusal->Control))->ShowRefused(FromUtf8(refusal->Text));
 }

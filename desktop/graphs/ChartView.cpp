@@ -24,7 +24,7 @@ DrawPoint PointOf(const QPointF& position) {
 }
 
 // The range moved and sized so that some of the whole stays in sight.
-AxisRange InSight(AxisRange range, const AxisRange& whole) {
+AxisRange WithinReach(AxisRange range, const AxisRange& whole) {
   const double all = whole.High - whole.Low;
   const double span = std::clamp(range.High - range.Low, kLeastSpan * all, kMostSpan * all);
   const double middle = std::clamp((range.Low + range.High) / 2, whole.Low - span / 2, whole.High + span / 2);
@@ -55,7 +55,7 @@ void ChartView::Arrange() {
     notes << FromUtf8(note);
   }
   setAccessibleDescription(notes.join(QLatin1String(". ")));
-  if (layout_.LegendLeftOut) {
+  if (layout_.LegendOmitted) {
     notes << QStringLiteral("A larger window shows the legend");
   }
   setToolTip(notes.join(QLatin1Char('\n')));
@@ -85,19 +85,19 @@ std::optional<ChartPoint> ChartView::PointAt(const QPointF& position) const {
   return point;
 }
 
-void ChartView::Look(const PictureBox& box) {
+void ChartView::ShowBox(const PictureBox& box) {
   const DrawPoint low = layout_.ValueAt({box.Left, box.Bottom});
   const DrawPoint high = layout_.ValueAt({box.Right, box.Top});
   const ChartWindow whole = WholeOf(chart_);
-  seen_ = {InSight({low.X, high.X}, whole.X), InSight({low.Y, high.Y}, whole.Y)};
+  seen_ = {WithinReach({low.X, high.X}, whole.X), WithinReach({low.Y, high.Y}, whole.Y)};
   Arrange();
 }
 
 void ChartView::ZoomBy(double factor, QPointF around) {
   const PictureBox& plot = layout_.Plot;
   const auto from = [factor](double edge, double fixed) { return fixed + (edge - fixed) / factor; };
-  Look({from(plot.Left, around.x()), from(plot.Top, around.y()), from(plot.Right, around.x()),
-        from(plot.Bottom, around.y())});
+  ShowBox({from(plot.Left, around.x()), from(plot.Top, around.y()), from(plot.Right, around.x()),
+           from(plot.Bottom, around.y())});
 }
 
 void ChartView::EditTitle(std::string& title, const char* what) {
@@ -134,7 +134,7 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF by = event->position() - *dragged_;
     const PictureBox& plot = layout_.Plot;
     dragged_ = event->position();
-    Look({plot.Left - by.x(), plot.Top - by.y(), plot.Right - by.x(), plot.Bottom - by.y()});
+    ShowBox({plot.Left - by.x(), plot.Top - by.y(), plot.Right - by.x(), plot.Bottom - by.y()});
   }
   emit PointerMoved(event->position());
 }

@@ -57,7 +57,7 @@ class ChartView final : public QWidget {
  private:
   void Arrange();
   // Shows the part of the chart that a box of the picture holds.
-  void Look(const PictureBox& box);
+  void ShowBox(const PictureBox& box);
   void EditTitle(std::string& title, const char* what);
 
   Chart chart_;

@@ -88,13 +88,13 @@ void frmGraph::BuildMenus() {
   })->setShortcut(QKeySequence::Save);
   separator(1);
   AddItem(session_, file, "GraphFileItem", 2, "Export to Excel",
-          [this] { ExportGraph(session_.State, session_.Outside, TheChart()); });
+          [this] { ExportGraph(session_.State, session_.Ports, CurrentChart()); });
   separator(3);
   AddItem(session_, file, "GraphFileItem", 4, "E&xit", [this] { close(); })->setShortcut(Qt::Key_Escape);
 
   QMenu& edit = *AddMenu(*menuBar(), "GraphEdit", "&Edit");
   AddItem(session_, edit, "GraphEditItem", 0, "Copy ", [this] {
-    session_.Outside.Clipboard.SetPicture(Formats().PictureBytes(PictureKind::kPng, graph1_->Sheet()));
+    session_.Ports.Clipboard.SetPicture(Formats().PictureBytes(PictureKind::kPng, graph1_->Sheet()));
   })->setShortcut(QKeySequence::Copy);
 
   QMenu& options = *AddMenu(*menuBar(), "GraphOptions", "&Options");
@@ -113,14 +113,14 @@ void frmGraph::GraphInit(GraphKind graph) {
   DisplayCurves_ = korva::DisplayCurves(session_.State.ProjectCalc, session_.State.Sweep);
 }
 
-Chart frmGraph::TheChart() const {
+Chart frmGraph::CurrentChart() const {
   const Korva& korva = session_.State;
   return ChartOf(korva.Sweep, DisplayCurves_, korva.Preferences.Graph,
                  reference_->isChecked() && DisplayCurves_ > 0);
 }
 
 void frmGraph::DrawCurve() {
-  graph1_->Show(TheChart());
+  graph1_->Show(CurrentChart());
 }
 
 void frmGraph::ClearGraph() {
@@ -145,7 +145,7 @@ void frmGraph::TrackPoint(QPointF position) {
 }
 
 void frmGraph::Save() {
-  SavePicture(session_.State, session_.Outside, "Graph",
+  SavePicture(session_.State, session_.Ports, "Graph",
               [this](PictureKind kind) { return Formats().PictureBytes(kind, graph1_->Sheet()); });
 }
 
@@ -174,8 +174,8 @@ void frmGraph::ShowPointFrame(bool shown) {
 }
 
 QString frmGraph::Edited(const QString& title, const QString& what) {
-  const auto edited = session_.Outside.Values.EnterText(
-      {windowTitle().toStdString(), what.toStdString(), title.toStdString()});
+  const auto edited =
+      session_.Ports.Values.EnterText({windowTitle().toStdString(), what.toStdString(), title.toStdString()});
   return edited ? FromUtf8(*edited) : title;
 }
 

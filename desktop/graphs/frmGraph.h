@@ -46,7 +46,7 @@ class frmGraph final : public QMainWindow {
   void TrackPoint(QPointF position);
   // The title as a person leaves it.
   QString Edited(const QString& title, const QString& what);
-  Chart TheChart() const;
+  Chart CurrentChart() const;
 
   Session& session_;
   GraphKind graph_ = kEntryHeightGraph;

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "commands/AcceptForms.h"
+#include "core/Limits.h"
 #include "desktop/graphs/frmGraph.h"
 #include "desktop/support/FormTools.h"
 #include "desktop/support/ReadOut.h"
@@ -116,7 +117,7 @@ QWidget* frmGraphOpt::BuildFormat() {
   txtSS_ = new QLineEdit(frame);
   txtSS_->setObjectName(QStringLiteral("txtSS"));
   txtSS_->setAccessibleName(QStringLiteral("Symbol size"));
-  MakeReadOut(*txtSS_);
+  MakeReadOnly(*txtSS_);
   txtSS_->setAlignment(Qt::AlignRight);
   txtSS_->setFixedWidth(fontMetrics().averageCharWidth() * 6);
   connect(HScroll1_, &QScrollBar::valueChanged, this,
@@ -167,7 +168,7 @@ void frmGraphOpt::ShowSymbolControls() {
 
 void frmGraphOpt::CheckChoice(QComboBox& list) {
   if (list.currentIndex() < 0) {
-    ShowMessage(session_.State, session_.Outside.Messages,
+    ShowMessage(session_.State, session_.Ports.Messages,
                 {.text = "Please select a valid entry", .topic = "messages-forms"});
     list.setCurrentIndex(0);
   }

@@ -21,7 +21,7 @@ namespace korva::desktop {
 
 class frmGraph;
 
-// Works on a draft of the settings; OK takes it over, saves it, and has `graph` drawn anew.
+// Works on a draft of the settings; OK takes it over, saves it, and has `graph` drawn again.
 class frmGraphOpt final : public QDialog {
   Q_OBJECT
 

@@ -27,7 +27,7 @@ frmStrondCalc::frmStrondCalc(QWidget* parent) : QDialog(parent, Qt::Window) {
   lblProg_->setAccessibleName(QStringLiteral("Progress Log"));
   auto* inner = new QVBoxLayout(log);
   inner->addWidget(lblProg_);
-  QPushButton* cancel = NewButton("cmdCancel", "Cancel", "Ends the calculations after the present step",
+  QPushButton* cancel = NewButton("cmdCancel", "Cancel", "Ends the calculations after the current step",
                                   *this, [this] { emit Cancelled(); });
   QVBoxLayout* all = NewColumn(this);
   all->addWidget(text);

@@ -66,7 +66,7 @@ void frmKORVADesc::Build() {
 
   QPushButton* next =
       NewButton("Command4", "Next Form", "Accepts and opens the project parameters", *this, [this] {
-        goOn_ = true;
+        openParameters_ = true;
         accept();
       });
   QVBoxLayout* all = NewColumn(this);
@@ -116,7 +116,7 @@ void frmKORVADesc::done(int result) {
   }
   QDialog::done(result);
   session_.Main.Refresh();
-  if (result == Accepted && goOn_) {
+  if (result == Accepted && openParameters_) {
     session_.Main.EditParameters();
   }
 }

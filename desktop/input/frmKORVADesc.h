@@ -31,7 +31,7 @@ class frmKORVADesc final : public QDialog {
   FieldBox* title_ = nullptr;
   DescriptionBox* description_ = nullptr;
   std::array<QRadioButton*, 2> units_{};
-  bool goOn_ = false;
+  bool openParameters_ = false;
 };
 
 }  // namespace korva::desktop

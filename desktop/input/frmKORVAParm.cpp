@@ -60,7 +60,7 @@ void frmKORVAParm::Load() {
   ShowConditionFields();
   HistoryLog(korva, "Editing Project Parameters");
   if (!knownModel || !knownCondition) {
-    ShowMessage(korva, session_.Outside.Messages,
+    ShowMessage(korva, session_.Ports.Messages,
                 {.text = "Internal Error: SetArrayIndex. Check input/form data.",
                  .title = korva.Titles.TitleRangeError,
                  .topic = "messages-forms"});
@@ -99,11 +99,11 @@ PanelLoading frmKORVAParm::Condition() const {
 }
 
 void frmKORVAParm::Run(const std::function<void()>& step) {
-  Attempt(session_.State, session_.Outside.Messages, step);
+  Attempt(session_.State, session_.Ports.Messages, step);
 }
 
-void frmKORVAParm::Say(const std::string& text) {
-  ShowMessage(session_.State, session_.Outside.Messages, {.text = text, .topic = "warnings-input"});
+void frmKORVAParm::ShowWarning(const std::string& text) {
+  ShowMessage(session_.State, session_.Ports.Messages, {.text = text, .topic = "warnings-input"});
 }
 
 bool frmKORVAParm::CheckAndShow() {
@@ -112,7 +112,7 @@ bool frmKORVAParm::CheckAndShow() {
     return true;
   }
   const MessageTitles& titles = session_.State.Titles;
-  ShowMessage(session_.State, session_.Outside.Messages,
+  ShowMessage(session_.State, session_.Ports.Messages,
               {refusal->Text,
                MessageButtons::kOk,
                MessageIcon::kCritical,
@@ -143,7 +143,7 @@ void frmKORVAParm::ShowHidden(FieldBox& box) {
   box.parentWidget()->show();
 }
 
-void frmKORVAParm::TakeAndClose() {
+void frmKORVAParm::AcceptAndClose() {
   const QPointer<frmKORVAParm> there = this;
   ui_.cmdOK->setFocus();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // no second click on a button
@@ -171,8 +171,8 @@ void frmKORVAParm::Results() {
   session_.Main.KeepWork();
   bool calculated = false;
   {
-    const BusyPointer busy(session_.Outside.Busy);
-    calculated = CalculateFromForm(session_.State, session_.Outside.Messages);
+    const BusyPointer busy(session_.Ports.Busy);
+    calculated = CalculateFromForm(session_.State, session_.Ports.Messages);
   }
   if (calculated) {
     hide();
@@ -196,7 +196,7 @@ void frmKORVAParm::View() {
 
 void frmKORVAParm::DrawPlanPreview() {
   if (!ui_.Picture1->Show(PlanRequestOf(session_.State, kPlanFromForm, false))) {
-    Say(std::string(kInvalidPillars));
+    ShowWarning(std::string(kInvalidPillars));
   }
 }
 
@@ -228,7 +228,7 @@ void frmKORVAParm::reject() {
 }
 
 void frmKORVAParm::closeEvent(QCloseEvent* event) {
-  if (!accepted_ && !DiscardParameters(session_.State, session_.Outside.Messages, Texts())) {
+  if (!accepted_ && !DiscardParameters(session_.State, session_.Ports.Messages, Texts())) {
     event->ignore();
     return;
   }

@@ -56,13 +56,13 @@ class frmKORVAParm final : public QDialog {
   void ShowPanelPicture();
 
   void WarnOnLeaving(const std::optional<std::string>& warning);
-  void EndClick(QAbstractButton* pressed);
-  void Say(const std::string& text);
+  void CompleteClick(QAbstractButton* pressed);
+  void ShowWarning(const std::string& text);
   void Run(const std::function<void()>& step);
   bool CheckAndShow();
   void ShowHidden(FieldBox& box);
 
-  void TakeAndClose();
+  void AcceptAndClose();
   void Results();
   void View();
   void DrawPlanPreview();

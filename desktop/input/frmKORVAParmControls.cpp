@@ -139,7 +139,7 @@ QGroupBox* frmKORVAParmControls::BleederFrame() {
       continue;
     }
     grid->addWidget(check, ++line, 0);
-    const std::size_t field = PlaceOf(kFlagFields[i].Number);
+    const std::size_t field = IndexOf(kFlagFields[i].Number);
     AddBox(*grid, field, line, 1);
     KeepPlace(*labels[field]);
     KeepPlace(*boxes[field]);
@@ -187,11 +187,11 @@ void frmKORVAParmControls::AddButtons(QBoxLayout& layout) {
     const char* ToolTip;
   };
   for (const Button& row : std::initializer_list<Button>{
-           {cmdResults, "cmdResults", "&Results", "Calculates what stands in the form, without storing it"},
+           {cmdResults, "cmdResults", "&Results", "Calculates the values in the form, without storing them"},
            {cmdCopyClip, "cmdCopyClip", "&Copy Clip", "Copies a picture of this window to the clipboard"},
            {cmdView, "cmdView", kViewPlanCaption, kViewPlanTip},
            {cmdCancel, "cmdCancel", "Cancel", "Closes without storing anything"},
-           {cmdOK, "cmdOK", "OK", "Stores what stands in the form in the project"},
+           {cmdOK, "cmdOK", "OK", "Stores the values of the form in the project"},
            {cmdHelp, "cmdHelp", kHelpCaption, ""}}) {
     row.Made = NewButton(row.Name, QLatin1String(row.Caption), &form_);
     row.Made->setToolTip(QLatin1String(row.ToolTip));

@@ -30,7 +30,7 @@ void frmKORVAParm::Wire() {
     warningShown_ = false;
     timer_.stop();
   });
-  connect(ui_.cmdOK, &QPushButton::clicked, this, &frmKORVAParm::TakeAndClose);
+  connect(ui_.cmdOK, &QPushButton::clicked, this, &frmKORVAParm::AcceptAndClose);
   connect(ui_.cmdCancel, &QPushButton::clicked, this, &QWidget::close);
   connect(ui_.cmdResults, &QPushButton::clicked, this, [this] { Run([this] { Results(); }); });
   connect(ui_.cmdView, &QPushButton::clicked, this, [this] { Run([this] { View(); }); });
@@ -112,7 +112,7 @@ void frmKORVAParm::WirePreview() {
 void frmKORVAParm::WireWarnings() {
   const UnitSystem units = session_.State.Stored.ProjectUnits;
   for (std::size_t i = 0; i < kNumberFields.size(); ++i) {
-    if (const DataBaseValue* usual = kNumberFields[i].Usual) {
+    if (const DataBaseValue* usual = kNumberFields[i].DataBase) {
       const FieldBox& box = *ui_.boxes[i];
       connect(&box, &FieldBox::FocusLeft, this,
               [this, &box, units, usual] { WarnOnLeaving(WarningOn(box.Text(), *usual, units)); });
@@ -202,17 +202,17 @@ void frmKORVAParm::ShowEntryFields(int entries) {
 void frmKORVAParm::FlagClicked(std::size_t field) {
   const FlagField& row = kFlagFields[field];
   QCheckBox& check = *ui_.checks[field];
-  FieldBox& box = *ui_.boxes[PlaceOf(row.Number)];
+  FieldBox& box = *ui_.boxes[IndexOf(row.Number)];
   switch (row.Role) {
     case FlagRole::kComputes:
       if (!loading_ && !check.isChecked()) {
-        Say(FormWarning(row.Warning));
+        ShowWarning(FormWarning(row.Warning));
       }
       box.setEnabled(!check.isChecked());
       return;
     case FlagRole::kExcludes:
       if (check.isChecked() && FieldNumber(box.Text()) > 0) {
-        Say(std::string(row.Warning));
+        ShowWarning(std::string(row.Warning));
         check.setChecked(false);
       }
       ShowPanelPicture();
@@ -224,7 +224,7 @@ void frmKORVAParm::FlagClicked(std::size_t field) {
 
 void frmKORVAParm::ShowRowWidth(std::size_t field) {
   const QCheckBox& check = *ui_.checks[field];
-  const std::size_t width = PlaceOf(kFlagFields[field].Number);
+  const std::size_t width = IndexOf(kFlagFields[field].Number);
   const bool left = check.isChecked() && !check.isHidden();
   ui_.labels[width]->setVisible(left);
   ui_.boxes[width]->setVisible(left);
@@ -244,7 +244,7 @@ void frmKORVAParm::ShowConditionFields() {
   const bool first = HasFirstSideGob(loading);
   const bool second = HasSecondSideGob(loading);
   if (second && !loading_) {
-    Say(FormWarning(kTwoSideGobsWarning));
+    ShowWarning(FormWarning(kTwoSideGobsWarning));
   }
   ui_.fraActive->setVisible(HasActiveGob(loading));
   ui_.fraBleeder->setVisible(HasActiveGob(loading));
@@ -270,17 +270,17 @@ void frmKORVAParm::WarnOnLeaving(const std::optional<std::string>& warning) {
   const bool byMouse = QApplication::mouseButtons() != Qt::NoButton;
   const QPointer<QAbstractButton> pressed =
       byMouse ? qobject_cast<QAbstractButton*>(QApplication::focusWidget()) : nullptr;
-  Say(*warning);
+  ShowWarning(*warning);
   warningShown_ = true;
   timer_.start();
   if (pressed != nullptr) {
-    QTimer::singleShot(0, this, [this, pressed] { EndClick(pressed); });
+    QTimer::singleShot(0, this, [this, pressed] { CompleteClick(pressed); });
   }
 }
 
 // A button that was pressed while the box of a warning came up never hears of its release: its click is done
 // now. OK then holds itself back, so that the person may look at the field again.
-void frmKORVAParm::EndClick(QAbstractButton* pressed) {
+void frmKORVAParm::CompleteClick(QAbstractButton* pressed) {
   if (pressed != nullptr && pressed->isDown() && QApplication::mouseButtons() == Qt::NoButton) {
     pressed->setDown(false);
     pressed->click();

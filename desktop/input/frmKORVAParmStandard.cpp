@@ -27,7 +27,7 @@ QGroupBox* frmKORVAParmControls::EntriesFrame() {
 void frmKORVAParmControls::AddEntry(QGridLayout& grid, int number) {
   auto* block = new FieldBox(IndexedName("Text15", number), 0, &form_);
   block->setText(QString::number(number));
-  MakeReadOut(*block);
+  MakeReadOnly(*block);
   block->setFocusPolicy(Qt::NoFocus);
   block->setAlignment(Qt::AlignCenter);
   block->Explain(QStringLiteral("Entry %1").arg(number), QStringLiteral("Entry %1 of the panel").arg(number));
@@ -87,7 +87,7 @@ QGroupBox* frmKORVAParmControls::RatioFrame() {
   QGroupBox* ratio = NewFrame("Frame7", "Extraction ratio");
   auto* ratioRow = new QHBoxLayout(ratio);
   Text10 = new FieldBox(QStringLiteral("Text10"), 0, ratio);
-  MakeReadOut(*Text10);
+  MakeReadOnly(*Text10);
   Text10->setFocusPolicy(Qt::ClickFocus);
   Text10->setAlignment(Qt::AlignRight);
   Text10->Explain(

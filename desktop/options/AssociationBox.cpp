@@ -32,13 +32,13 @@ AssociationBox::AssociationBox(Session& session, QWidget* parent)
 }
 
 void AssociationBox::Associate() {
-  AskFileAssociation(session_.State, session_.Outside,
+  AskFileAssociation(session_.State, session_.Ports,
                      {Resource(":/korva/korva-strond.svg"), Resource(":/korva/korva-strond-project.svg")});
   ShowState();
 }
 
 void AssociationBox::Dissociate() {
-  AskFileDissociation(session_.State, session_.Outside);
+  AskFileDissociation(session_.State, session_.Ports);
   ShowState();
 }
 

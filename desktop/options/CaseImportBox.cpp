@@ -43,7 +43,7 @@ void CaseImportBox::Build() {
   progress_ = new QProgressBar(this);
   progress_->setObjectName(QStringLiteral("prgImport"));
   progress_->setTextVisible(false);
-  cancel_ = NewButton("cmdCancelImport", "Stop", "Ends the import after the present row", *this,
+  cancel_ = NewButton("cmdCancelImport", "Stop", "Ends the import after the current row", *this,
                       [this] { Cancel(); });
   reason_ = NewLabel(QStringLiteral("lblImport"), {}, this);
   reason_->setWordWrap(true);
@@ -67,8 +67,8 @@ void CaseImportBox::Build() {
 void CaseImportBox::Import() {
   cancelled_ = false;
   const CaseImportSteps steps = {[this] { session_.Main.KeepDroppedWork(); },
-                                 [this](const CaseImportState& state) { return GoOn(state); }};
-  const CaseImportState end = ImportCases(session_.State, session_.Outside, text3_->Text(), steps);
+                                 [this](const CaseImportState& state) { return MayContinue(state); }};
+  const CaseImportState end = ImportCases(session_.State, session_.Ports, text3_->Text(), steps);
   SetRunning(false);
   if (!end.Text.empty()) {
     Show(end);
@@ -76,7 +76,7 @@ void CaseImportBox::Import() {
   session_.Main.Refresh();
 }
 
-bool CaseImportBox::GoOn(const CaseImportState& state) {
+bool CaseImportBox::MayContinue(const CaseImportState& state) {
   SetRunning(true);
   Show(state);
   QCoreApplication::processEvents();

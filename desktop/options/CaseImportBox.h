@@ -24,7 +24,7 @@ class CaseImportBox final : public QWidget {
   CaseImportBox(Session& session, QWidget* parent);
 
   bool IsRunning() const { return running_; }
-  // Ends the import after the present row.
+  // Ends the import after the current row.
   void Cancel() { cancelled_ = true; }
 
  signals:
@@ -34,7 +34,7 @@ class CaseImportBox final : public QWidget {
  private:
   void Build();
   void Import();
-  bool GoOn(const CaseImportState& state);
+  bool MayContinue(const CaseImportState& state);
   void Show(const CaseImportState& state);
   void SetRunning(bool running);
 

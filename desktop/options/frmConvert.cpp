@@ -36,7 +36,7 @@ void frmConvert::Build() {
   units->setToolTip(QStringLiteral("The units to convert to"));
   QPushButton* help = NewHelpButton("Command3", session_, this);
   QPushButton* convert =
-      NewButton("Command2", "Convert", "Converts the open project; its file stays as it is until you save",
+      NewButton("Command2", "Convert", "Converts the open project; its file is unchanged until you save",
                 *this, [this] { Convert(); });
   convert->setDefault(true);
   QPushButton* cancel = NewButton("Command1", "Cancel", "", *this, [this] { reject(); });
@@ -58,9 +58,9 @@ void frmConvert::Load() {
 
 void frmConvert::Convert() {
   const auto target = static_cast<UnitSystem>(GetArrayIndex(units_));
-  const bool converted = Attempt(session_.State, session_.Outside.Messages,
+  const bool converted = Attempt(session_.State, session_.Ports.Messages,
                                  [&] { ConvertProject(session_.State, target); }) == AttemptResult::kDone;
-  ShowMessage(session_.State, session_.Outside.Messages,
+  ShowMessage(session_.State, session_.Ports.Messages,
               {.text = converted ? "Conversion Completed: The conversion form will be closed"
                                  : "Error in the Conversion Procedure. Call technical support",
                .topic = "messages-files"});

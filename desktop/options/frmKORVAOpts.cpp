@@ -259,7 +259,7 @@ void frmKORVAOpts::Check() {
     return;
   }
   const std::string title = refusal->IsRange ? session_.State.Titles.TitleRangeError : std::string();
-  ShowMessage(session_.State, session_.Outside.Messages,
+  ShowMessage(session_.State, session_.Ports.Messages,
               {refusal->Text,
                MessageButtons::kOk,
                refusal->IsRange ? MessageIcon::kCritical : MessageIcon::kNone,

@@ -66,7 +66,7 @@ QWidget* frmUnits::NewPage(const UnitTab& tab) {
     source->setChecked(i == 0);
     auto* result = new QLineEdit(QStringLiteral("0"), frame);
     result->setObjectName(FromUtf8(tab.Units[i].ResultBox));
-    MakeReadOut(*result);
+    MakeReadOnly(*result);
     result->setAlignment(Qt::AlignRight);
     result->setAccessibleName(QStringLiteral("Value in ") + caption);
     result->setMinimumWidth(fontMetrics().averageCharWidth() * kResultColumns);
@@ -91,7 +91,7 @@ void frmUnits::Convert(std::size_t tab) {
   for (QLineEdit* result : page.Results) {
     result->clear();
   }
-  Attempt(session_.State, session_.Outside.Messages, [&] {
+  Attempt(session_.State, session_.Ports.Messages, [&] {
     const double value = ReadCalculatorNumber(page.Input->Text()).Value;
     const std::vector<double> row =
         ConvertUnits(UnitTabs()[tab].Quantity, GetArrayIndex(page.Sources), value);
@@ -108,7 +108,7 @@ void frmUnits::Copy() {
     text += pages_[tab].Results[i]->text().toStdString() + " " +
             std::string(UnitTabs()[tab].Units[i].Caption) + "\n";
   }
-  session_.Outside.Clipboard.SetText(text);
+  session_.Ports.Clipboard.SetText(text);
 }
 
 // It always opens on the lengths.

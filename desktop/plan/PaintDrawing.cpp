@@ -150,7 +150,7 @@ void PaintLines(QPainter& painter, const Fit& fit, const Drawing& drawing, const
   }
 }
 
-// A plate of the window's colour makes it readable on any pattern.
+// A background of the window's colour makes it readable on any pattern.
 void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const PaintStyle& style) {
   const QString words = FromUtf8(text.Text);
   const QFontMetricsF metrics(style.Font, painter.device());
@@ -168,14 +168,14 @@ void PaintText(QPainter& painter, const Fit& fit, const DrawText& text, const Pa
     return;
   }
   const double width = metrics.horizontalAdvance(words);
-  const QRectF plate(-text.Along * width - 2 * style.Unit, -metrics.height() / 2, width + 4 * style.Unit,
-                     metrics.height());
-  if (text.Plate) {
+  const QRectF background(-text.Along * width - 2 * style.Unit, -metrics.height() / 2, width + 4 * style.Unit,
+                          metrics.height());
+  if (text.Background) {
     QColor back = style.Palette.color(QPalette::Window);
-    back.setAlphaF(static_cast<float>(kPlateShare));
-    painter.fillRect(plate, back);
+    back.setAlphaF(static_cast<float>(kBackgroundOpacity));
+    painter.fillRect(background, back);
   }
-  painter.drawText(plate, Qt::AlignCenter, words);
+  painter.drawText(background, Qt::AlignCenter, words);
   painter.restore();
 }
 

@@ -76,7 +76,7 @@ QRectF PlanView::FrameSquare() const {
 }
 
 // No more of the surroundings than at the whole plan.
-void PlanView::KeepInSight() {
+void PlanView::KeepInView() {
   const double most = Side() * (zoom_ - 1) / 2;
   moved_ = {std::clamp(moved_.x(), -most, most), std::clamp(moved_.y(), -most, most)};
   update();
@@ -93,7 +93,7 @@ void PlanView::ZoomBy(double factor, QPointF point) {
   if (plan_) {
     LayOut();
   }
-  KeepInSight();
+  KeepInView();
 }
 
 void PlanView::ShowWhole() {
@@ -140,7 +140,7 @@ void PlanView::PaintOnPaper(QPainter& painter) const {
 void PlanView::resizeEvent(QResizeEvent*) {
   if (plan_) {
     LayOut();
-    KeepInSight();
+    KeepInView();
   }
 }
 
@@ -156,7 +156,7 @@ void PlanView::mouseMoveEvent(QMouseEvent* event) {
   if (dragged_) {
     moved_ += event->position() - *dragged_;
     dragged_ = event->position();
-    KeepInSight();
+    KeepInView();
     return;
   }
   ShowHint(*event);

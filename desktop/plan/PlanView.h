@@ -55,7 +55,7 @@ class PlanView : public QWidget {
   // What the frame leaves of the view.
   QRectF PanelRoom() const;
   void Paint(QPainter& painter, const PaintStyle& style) const;
-  void KeepInSight();
+  void KeepInView();
   void ShowHint(const QMouseEvent& event);
 
   PlanRequest request_;

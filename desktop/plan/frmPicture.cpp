@@ -38,7 +38,7 @@ constexpr double kZoomStep = 1.5;
 frmPicture* frmPicture::Open(Session& session, QWidget& opener, PlanOpener caller) {
   std::unique_ptr<frmPicture> window(new frmPicture(session, opener, caller));
   if (!window->view_->Show(window->request_)) {
-    ShowMessage(session.State, session.Outside.Messages,
+    ShowMessage(session.State, session.Ports.Messages,
                 {.text = std::string(kInvalidPillars), .topic = "messages-forms"});
     return nullptr;
   }
@@ -154,7 +154,7 @@ void frmPicture::Print() {
 }
 
 void frmPicture::SavePlan() {
-  SavePicture(session_.State, session_.Outside, "Plan", [this](PictureKind kind) {
+  SavePicture(session_.State, session_.Ports, "Plan", [this](PictureKind kind) {
     PlanRequest whole = view_->Request();
     whole.Zoom = 1;
     const Plan plan = DrawPlan(whole).value();

@@ -146,30 +146,30 @@ void frmResTxtPlt::PreviousPage() {
 }
 
 void frmResTxtPlt::CopyPage() {
-  session_.Outside.Clipboard.SetText(session_.State.OutBuf[page_]);
+  session_.Ports.Clipboard.SetText(session_.State.OutBuf[page_]);
   HistoryLog(session_.State, "Output page # " + std::to_string(page_) + "copied to clipboard");
 }
 
 void frmResTxtPlt::CopyAll() {
-  CopyPages(session_.State, session_.Outside.Clipboard,
+  CopyPages(session_.State, session_.Ports.Clipboard,
             JoinPages(session_.State, 0, session_.State.OutPageLast));
 }
 
 void frmResTxtPlt::Print(const char* logged, int first, int last) {
   HistoryLog(session_.State, logged);
-  Attempt(session_.State, session_.Outside.Messages,
-          [&] { PrintPages(session_.State, session_.Outside, first, last); });
+  Attempt(session_.State, session_.Ports.Messages,
+          [&] { PrintPages(session_.State, session_.Ports, first, last); });
   Loadbuffer();
 }
 
 void frmResTxtPlt::SavePdf() {
-  Attempt(session_.State, session_.Outside.Messages, [this] {
-    SaveTextAsPdf(session_.State, session_.Outside, JoinPages(session_.State, 0, session_.State.OutPageLast));
+  Attempt(session_.State, session_.Ports.Messages, [this] {
+    SaveTextAsPdf(session_.State, session_.Ports, JoinPages(session_.State, 0, session_.State.OutPageLast));
   });
 }
 
 void frmResTxtPlt::ViewPlan() {
-  Attempt(session_.State, session_.Outside.Messages, [this] {
+  Attempt(session_.State, session_.Ports.Messages, [this] {
     if (frmPicture* plan = frmPicture::Open(session_, *this, kPlanFromResults)) {
       setEnabled(false);
       connect(plan, &frmPicture::Closed, this, &frmResTxtPlt::Loadbuffer);
@@ -183,7 +183,7 @@ void frmResTxtPlt::showPopWarnings() {
     return;
   }
   if (CharacterCount(warnings) <= kLongestBoxText) {
-    ShowMessage(session_.State, session_.Outside.Messages,
+    ShowMessage(session_.State, session_.Ports.Messages,
                 {.text = warnings, .title = std::string(kWarningsTitle)});
     return;
   }

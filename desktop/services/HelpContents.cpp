@@ -72,7 +72,7 @@ QModelIndex HelpContents::SectionBefore(const QModelIndex& page, int position) c
 }
 
 void HelpContents::ShowPlace(const QUrl& address) {
-  const QModelIndex page = contents_->indexOf(address);  // which is deaf to fragments
+  const QModelIndex page = contents_->indexOf(address);  // which ignores fragments
   if (!page.isValid()) {
     return;
   }

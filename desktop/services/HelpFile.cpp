@@ -26,16 +26,16 @@ HelpFile::HelpFile() : folder_(QDir::tempPath() + QStringLiteral("/korva-strond-
 // The toolkit's threads, which search and read the contents and the index, must not find their engine gone.
 // One that does not end keeps it.
 HelpFile::~HelpFile() {
-  for (QDeadlineTimer limit(kLongestWork); IsAtWork() && !limit.hasExpired();) {
+  for (QDeadlineTimer limit(kLongestWork); IsBusy() && !limit.hasExpired();) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
     QThread::msleep(1);
   }
-  if (IsAtWork()) {
+  if (IsBusy()) {
     static_cast<void>(engine_.release());
   }
 }
 
-bool HelpFile::IsAtWork() const {
+bool HelpFile::IsBusy() const {
   return engine_ && (isSearching_ || engine_->contentModel()->isCreatingContents() ||
                      engine_->indexModel()->isCreatingIndex());
 }

@@ -34,7 +34,7 @@ class HelpFile {
  private:
   HelpFile();
   void ReadLabels();
-  bool IsAtWork() const;
+  bool IsBusy() const;
 
   std::map<std::string, QUrl> topics_;  // by label
   bool isSearching_ = false;

@@ -25,7 +25,7 @@ class LateRunning final : public QObject, public FetchPort::Running {
   void Begin() {
     FetchAnswer failure;
     if (!CanExist(QUrl(QString::fromStdString(question_.Address)).host().toStdString())) {
-      failure.Reason = "this program was built without a server to ask";
+      failure.Reason = "this program was built without an update server";
     } else {
       try {
         FetchPort* fetches =

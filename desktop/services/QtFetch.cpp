@@ -50,14 +50,14 @@ class QtRunning final : public QObject, public FetchPort::Running {
     limit_.start(question.Limit);
     const QUrl address(QString::fromStdString(question.Address), QUrl::StrictMode);
     if (!IsTrusted(address)) {
-      EndLater(QStringLiteral("the address is not a safe one"));
+      EndLater(QStringLiteral("the address is not secure"));
     } else {
       QTimer::singleShot(0, this, [this, address] { Ask(address); });  // which may fail at once
     }
   }
   QtRunning(const QtRunning&) = delete;
   QtRunning& operator=(const QtRunning&) = delete;
-  ~QtRunning() override { HangUp(); }
+  ~QtRunning() override { Disconnect(); }
 
  private:
   void Ask(const QUrl& address) {
@@ -129,17 +129,17 @@ class QtRunning final : public QObject, public FetchPort::Running {
   void Redirect(const QUrl& target) {
     if (!IsTrusted(target) ||
         !MayRedirect(SchemeOf(address_), SchemeOf(target), target.host().toStdString())) {
-      End(QStringLiteral("the server redirects to an address that is not safe"));
+      End(QStringLiteral("the server redirects to an address that is not secure"));
     } else if (++redirects_ > kMostRedirects) {
       End(QStringLiteral("too many redirects"));
     } else {
-      HangUp();
+      Disconnect();
       Ask(target);
     }
   }
 
   // The connection may be in the middle of telling: it goes later.
-  void HangUp() {
+  void Disconnect() {
     if (socket_ != nullptr) {
       socket_->disconnect(this);
       socket_->abort();
@@ -160,7 +160,7 @@ class QtRunning final : public QObject, public FetchPort::Running {
     }
     limit_.stop();
     silence_.stop();
-    HangUp();
+    Disconnect();
     FetchAnswer answer;
     answer.Complete = fault.isEmpty();
     answer.Reason = fault.toStdString();

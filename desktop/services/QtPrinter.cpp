@@ -62,7 +62,7 @@ class KeptOrientation {
 
 void BeginPainting(QPainter& painter, QPaintDevice& sheet) {
   if (!painter.begin(&sheet)) {
-    throw RuntimeError(ErrorNumber::kPrinter, "the printer takes no document");
+    throw RuntimeError(ErrorNumber::kPrinter, "the printer accepts no document");
   }
 }
 

@@ -41,7 +41,7 @@ void TextLoader::Step() {
   spent.start();
   while (!file->Ended() && spent.elapsed() < kStepTime) {
     std::string piece;
-    const auto result = Attempt(session_.State, session_.Outside.Messages, [&] { piece = file->Next(); });
+    const auto result = Attempt(session_.State, session_.Ports.Messages, [&] { piece = file->Next(); });
     if (file != file_) {  // another was chosen while a message waited for its answer
       return;
     }

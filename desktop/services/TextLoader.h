@@ -19,7 +19,7 @@ class TextLoader final : public QObject {
  public:
   TextLoader(Session& session, QPlainTextEdit& view);
 
-  // Empties the view and begins with `file`. Run-time errors of opening it; later ones are told.
+  // Empties the view and begins with `file`. Run-time errors of opening it; later ones are reported.
   void Load(const std::string& file);
   // Ends at once and empties the view.
   void Clear();

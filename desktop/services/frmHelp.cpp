@@ -38,7 +38,7 @@ constexpr int kZoomStep = 10;
 std::unique_ptr<frmHelp> frmHelp::Open(Session& session) {
   auto file = HelpFile::Open(FromUtf8(DocumentPath(session.State.Places, HelpFileName)));
   if (!file) {
-    SayHelpNotAvailable(session.State, session.Outside.Messages);
+    ShowHelpNotAvailable(session.State, session.Ports.Messages);
     return nullptr;
   }
   return std::unique_ptr<frmHelp>(new frmHelp(session, std::move(file)));
@@ -51,10 +51,10 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
       browser_(new HelpBrowser(*file_, this)) {
   setObjectName(QStringLiteral("frmHelp"));
   setWindowTitle(QStringLiteral("Help for ") + FromUtf8(ExeName));
-  setProperty(kAsideProperty, true);
+  setProperty(kAuxiliaryWindowProperty, true);
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName(QStringLiteral("tabHelp"));
-  tabs_->setAccessibleName(QStringLiteral("Ways to a page"));
+  tabs_->setAccessibleName(QStringLiteral("Contents, index and search"));
   tabs_->setMinimumWidth(fontMetrics().averageCharWidth() * kListColumns / 2);
   tabs_->tabBar()->installEventFilter(this);
   auto* contents = new HelpContents(*file_, *browser_, this);
@@ -70,7 +70,7 @@ frmHelp::frmHelp(Session& session, std::unique_ptr<HelpFile> file)
     browser_->ShowExcerpt(excerpt);
   });
   connect(browser_, &HelpBrowser::LinkOutside, this, [this](const QUrl& link) {
-    ShowMessage(session_.State, session_.Outside.Messages,
+    ShowMessage(session_.State, session_.Ports.Messages,
                 {.text = "This link leads out of the help: " + link.toDisplayString().toStdString()});
   });
 
@@ -135,11 +135,10 @@ QBoxLayout* frmHelp::NewToolRow() {
   connect(find_, &QLineEdit::returnPressed, this, [this] { Find(false); });
   connect(find_, &QLineEdit::textChanged, this, [this] { find_->setPalette({}); });
   QPushButton* previous =
-      NewButton("cmdPrevious", "&Previous", "The place before (Shift+F3)", *this, [this] { Find(true); });
-  QPushButton* next = NewButton("cmdNext", "&Next", "The next place (F3)", *this, [this] { Find(false); });
+      NewButton("cmdPrevious", "&Previous", "Previous match (Shift+F3)", *this, [this] { Find(true); });
+  QPushButton* next = NewButton("cmdNext", "&Next", "Next match (F3)", *this, [this] { Find(false); });
   QPushButton* manual = NewButton("cmdPdf", "PDF &Manual", "Opens the manual for printing", *this, [this] {
-    Attempt(session_.State, session_.Outside.Messages,
-            [this] { OpenManual(session_.State, session_.Outside); });
+    Attempt(session_.State, session_.Ports.Messages, [this] { OpenManual(session_.State, session_.Ports); });
   });
   PaintImages();
   auto* row = new QHBoxLayout;
@@ -163,18 +162,18 @@ void frmHelp::PaintImages() {
 
 void frmHelp::ShowTopic(const std::vector<std::string>& labels) {
   const QUrl topic = file_->Topic(labels);
-  BringUp();  // before, so that the page finds the room that it has
+  ShowInFront();  // before, so that the page finds the room that it has
   GoTo(topic.isEmpty() ? file_->StartPage() : topic);
   browser_->setFocus();
 }
 
 void frmHelp::ShowTab(int tab) {
   tabs_->setCurrentIndex(tab);
-  BringUp();
+  ShowInFront();
   tabs_->currentWidget()->setFocus();
 }
 
-void frmHelp::BringUp() {
+void frmHelp::ShowInFront() {
   if (isMinimized()) {
     showNormal();
   }

@@ -51,7 +51,7 @@ class frmHelp final : public QWidget {
   void PaintImages();
 
   void ShowTab(int tab);
-  void BringUp();
+  void ShowInFront();
   void BelongToFrontDialog();
   void GoTo(const QUrl& page);
   void Find(bool backward);

@@ -90,7 +90,7 @@ void frmPath::GoTo(const QString& folder) {
 void frmPath::DriveChosen(const QString& root) {
   if (!QDir(root).isReadable()) {
     ShowMessage(
-        session_.State, session_.Outside.Messages,
+        session_.State, session_.Ports.Messages,
         {.text = "Windows is unable to read selected drive. Make sure the door is closed and the disk is "
                  "formatted and free of errors",
          .title = session_.State.Titles.TitleError,

@@ -56,23 +56,23 @@ void frmPreview::Build() {
 }
 
 void frmPreview::ShowSheets() {
-  const PaperSize paper = PaperInUse(session_.State, session_.Outside.Printer);
+  const PaperSize paper = PaperInUse(session_.State, session_.Ports.Printer);
   sheets_->Show(SheetsOf(session_.State.OutBuf[0], paper, LocalTimeNow()), paper);
 }
 
 void frmPreview::CopyText() {
-  CopyPages(session_.State, session_.Outside.Clipboard, session_.State.OutBuf[0]);
+  CopyPages(session_.State, session_.Ports.Clipboard, session_.State.OutBuf[0]);
 }
 
 void frmPreview::PrintPage() {
-  Attempt(session_.State, session_.Outside.Messages,
-          [this] { PrintText(session_.State, session_.Outside, session_.State.OutBuf[0]); });
+  Attempt(session_.State, session_.Ports.Messages,
+          [this] { PrintText(session_.State, session_.Ports, session_.State.OutBuf[0]); });
   ShowSheets();  // the dialog may have brought other paper
 }
 
 void frmPreview::SavePdf() {
-  Attempt(session_.State, session_.Outside.Messages,
-          [this] { SaveTextAsPdf(session_.State, session_.Outside, session_.State.OutBuf[0]); });
+  Attempt(session_.State, session_.Ports.Messages,
+          [this] { SaveTextAsPdf(session_.State, session_.Ports, session_.State.OutBuf[0]); });
 }
 
 }  // namespace korva::desktop

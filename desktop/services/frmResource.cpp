@@ -22,8 +22,7 @@ frmResource::frmResource(Session& session, QWidget* parent) : QDialog(parent) {
         NewButton(qPrintable(IndexedName("Command1", i)), FromUtf8(ResourceTitles[at]), this);
     button->setToolTip(FromUtf8(ResourceFiles[at]));
     connect(button, &QPushButton::clicked, this, [&session, i] {
-      Attempt(session.State, session.Outside.Messages,
-              [&] { OpenResource(session.State, session.Outside, i); });
+      Attempt(session.State, session.Ports.Messages, [&] { OpenResource(session.State, session.Ports, i); });
     });
     list->addWidget(button, i, 0);
     QLabel* state = NewLabel(IndexedName("lblState", i), {}, this);

@@ -30,7 +30,7 @@ constexpr int kListColumns = 34;
 constexpr int kListLines = 6;
 
 // The folder and all above it, the root first.
-std::vector<std::string> WayTo(const std::string& folder) {
+std::vector<std::string> FolderChain(const std::string& folder) {
   std::vector<std::string> way = {"/"};
   for (std::size_t end = 1; end < folder.size();) {
     end = std::min(folder.find('/', end), folder.size());
@@ -188,7 +188,7 @@ void frmTextBrow::Load() {
 }
 
 bool frmTextBrow::MoveTo(const std::string& folder) {
-  return Attempt(session_.State, session_.Outside.Messages, [&] {
+  return Attempt(session_.State, session_.Ports.Messages, [&] {
            FolderContent content = ReadFolder(folder);
            folder_ = folder;
            ShowFolders(content.Folders);
@@ -198,7 +198,7 @@ bool frmTextBrow::MoveTo(const std::string& folder) {
 
 void frmTextBrow::ShowFolders(const std::vector<std::string>& below) {
   dir_->clear();
-  folders_ = WayTo(folder_);
+  folders_ = FolderChain(folder_);
   const std::size_t levels = folders_.size();
   for (std::size_t level = 0; level < levels; ++level) {
     const auto name = folders_[level].rfind('/') + 1;
@@ -231,17 +231,17 @@ void frmTextBrow::ShowFile() {
   name_->ShowPath(FromUtf8(file));
   loader_->Clear();
   if (external_->isChecked()) {
-    if (ViewExternally(session_.State, session_.Outside, file)) {
+    if (ViewExternally(session_.State, session_.Ports, file)) {
       progress_->setText(QStringLiteral("A copy is shown in the external viewer"));
     }
     return;
   }
-  Attempt(session_.State, session_.Outside.Messages, [&] { loader_->Load(file); });
+  Attempt(session_.State, session_.Ports.Messages, [&] { loader_->Load(file); });
 }
 
 void frmTextBrow::ChooseFont() {
   FontSettings& font = session_.State.Preferences.TextBrowse.BrowseFont;
-  korva::ChooseFont(session_.Outside.Values, font);
+  korva::ChooseFont(session_.Ports.Values, font);
   text_->setFont(FontOf(font));
 }
 

@@ -34,7 +34,7 @@ class frmTextBrow final : public QDialog {
   void Wire();
   void Load();
 
-  // Moves to a folder; an error is told and leaves everything where it is. False after one.
+  // Moves to a folder; an error is reported and leaves everything where it is. False after one.
   bool MoveTo(const std::string& folder);
   void ShowFolders(const std::vector<std::string>& below);
   void OpenFolder();

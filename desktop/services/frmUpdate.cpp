@@ -52,7 +52,7 @@ frmUpdate::frmUpdate(Session& session, QWidget* parent)
       Command1_(NewButton("Command1", "Close", "", *this, [this] { accept(); })),
       chkShow_(NewCheckBox("chkShow", QStringLiteral("Disable check for program updates"), this)),
       updates_(
-          session.State, session.Outside, [this] { ShowView(); }, [this] { session_.Main.EndAtOnce(); }) {
+          session.State, session.Ports, [this] { ShowView(); }, [this] { session_.Main.QuitNow(); }) {
   setObjectName(QStringLiteral("frmUpdate"));
   setWindowTitle(QStringLiteral("Program Updates for ") + FromUtf8(ExeName));
   ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));

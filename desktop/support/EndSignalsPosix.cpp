@@ -13,15 +13,15 @@ namespace korva::desktop {
 namespace {
 
 constexpr std::array kEndSignals = {SIGTERM, SIGHUP, SIGINT};
-constexpr unsigned kPatience = 5;  // seconds for an event loop that does not come round
+constexpr unsigned kExitTimeout = 5;  // seconds for an event loop that does not come round
 
 std::array<int, 2> signalPipe = {-1, -1};  // a handler reaches nothing else
 
-void TellEventLoop(int number) {
+void NotifyEventLoop(int number) {
   const int code = errno;
   const auto byte = static_cast<char>(number);
   [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
-  ::alarm(kPatience);
+  ::alarm(kExitTimeout);
   errno = code;
 }
 
@@ -47,7 +47,7 @@ EndSignals::EndSignals(std::function<void()> keep) : keep_(std::move(keep)) {
   for (const int number : kEndSignals) {
     struct sigaction before {};
     struct sigaction action {};
-    action.sa_handler = TellEventLoop;
+    action.sa_handler = NotifyEventLoop;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     ::sigemptyset(&action.sa_mask);
     if (::sigaction(number, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) {
@@ -62,7 +62,7 @@ EndSignals::~EndSignals() {
   }
   for (const int number : kEndSignals) {
     struct sigaction now {};
-    if (::sigaction(number, nullptr, &now) == 0 && now.sa_handler == TellEventLoop) {
+    if (::sigaction(number, nullptr, &now) == 0 && now.sa_handler == NotifyEventLoop) {
       static_cast<void>(std::signal(number, SIG_DFL));
     }
   }

@@ -34,7 +34,7 @@ class FieldBox : public QLineEdit {
   // What stands in the box, as UTF-8.
   std::string Text() const;
 
-  // Takes the focus, selects the text and wears a red frame with `reason` as tool tip until it is changed.
+  // Takes the focus, selects the text and shows a red frame with `reason` as tool tip until it is changed.
   void ShowRefused(const QString& reason);
 
  signals:

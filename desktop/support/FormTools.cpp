@@ -28,7 +28,7 @@ namespace {
 constexpr int kTitleButtonColumns = 20;  // characters: icon and buttons of the title bar
 
 // Passes the wheel on.
-class WheelPasser final : public QObject {
+class WheelFilter final : public QObject {
  public:
   using QObject::QObject;
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
@@ -69,7 +69,7 @@ const QWidget* OpenWindow() {
   }
   const QWidgetList windows = QApplication::topLevelWidgets();
   const auto open = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
-    return window->isVisible() && !window->property(kAsideProperty).toBool() &&
+    return window->isVisible() && !window->property(kAuxiliaryWindowProperty).toBool() &&
            (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
   });
   return open == windows.end() ? nullptr : *open;
@@ -159,7 +159,7 @@ QAction* AddItem(Session& session, QMenu& menu, const char* array, int index, co
   action->setObjectName(IndexedName(array, index));
   action->setMenuRole(QAction::NoRole);
   QObject::connect(action, &QAction::triggered, &menu, [&session, command = std::move(command)] {
-    Attempt(session.State, session.Outside.Messages, command);
+    Attempt(session.State, session.Ports.Messages, command);
   });
   return action;
 }
@@ -170,7 +170,7 @@ void SetColumns(QLineEdit& box, int digits) {
 }
 
 void LetWheelPass(QWidget& control) {
-  control.installEventFilter(new WheelPasser(&control));
+  control.installEventFilter(new WheelFilter(&control));
 }
 
 int GetArrayIndex(std::span<QRadioButton* const> options) {
@@ -272,7 +272,7 @@ void CenterForm(QWidget& form, const QWidget* from) {
 
 QWidget* FrontWindow() {
   QWidget* active = QApplication::activeWindow();
-  if (active != nullptr && active->property(kAsideProperty).toBool()) {
+  if (active != nullptr && active->property(kAuxiliaryWindowProperty).toBool()) {
     active = QApplication::activeModalWidget();
   }
   if (active != nullptr && active->isEnabled()) {
@@ -280,14 +280,15 @@ QWidget* FrontWindow() {
   }
   const QWidgetList windows = QApplication::topLevelWidgets();
   const auto front = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
-    return window->isVisible() && window->isEnabled() && !window->property(kAsideProperty).toBool() &&
+    return window->isVisible() && window->isEnabled() &&
+           !window->property(kAuxiliaryWindowProperty).toBool() &&
            (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
   });
   return front == windows.end() ? active : *front;
 }
 
 void ShowHelpHint(Session& session) {
-  ShowMessage(session.State, session.Outside.Messages,
+  ShowMessage(session.State, session.Ports.Messages,
               {.text = std::string(kHelpHint),
                .icon = MessageIcon::kExclamation,
                .title = "Help",

@@ -34,7 +34,7 @@ inline constexpr const char* kCloseTip = "Closes this window";
 inline constexpr const char* kSavePdfCaption = "Save as P&DF...";
 inline constexpr const char* kSavePictureCaption = "&Save Picture...";
 inline constexpr const char* kViewPlanCaption = "&View Plan";
-inline constexpr const char* kViewPlanTip = "Draws the panel in plan";
+inline constexpr const char* kViewPlanTip = "Shows a plan view of the panel";
 
 QString FromUtf8(std::string_view text);
 
@@ -98,7 +98,7 @@ int TitleWidth(const QWidget& form);
 void CenterForm(QWidget& form, const QWidget* from = nullptr);
 
 // Marks a window that stands beside the others, such as the help: nothing belongs to it.
-inline constexpr const char* kAsideProperty = "aside";
+inline constexpr const char* kAuxiliaryWindowProperty = "aside";
 
 // The window that a message box or a dialog belongs to: the active one unless it is disabled, else one that
 // is open and enabled.

@@ -4,7 +4,7 @@
 
 namespace korva::desktop {
 
-void MakeReadOut(QLineEdit& box) {
+void MakeReadOnly(QLineEdit& box) {
   box.setReadOnly(true);
   box.setFrame(false);
   QPalette ground = box.palette();

@@ -7,6 +7,6 @@ namespace korva::desktop {
 
 // Makes `box` look and act as a read-out: no frame, on the window's ground, text that can be selected and
 // copied but not edited.
-void MakeReadOut(QLineEdit& box);
+void MakeReadOnly(QLineEdit& box);
 
 }  // namespace korva::desktop

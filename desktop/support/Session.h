@@ -33,14 +33,14 @@ class MainWindow {
   // Opens the help at the first of these labels that it has.
   virtual void ShowHelp(const std::vector<std::string>& labels) = 0;
   // Ends the program without a question; unsaved work is kept as KeepDroppedWork keeps it.
-  virtual void EndAtOnce() = 0;
+  virtual void QuitNow() = 0;
   // Enabled while no window of the program stands in front of it.
   virtual void SetInputEnabled(bool enabled) = 0;
 };
 
 struct Session {
   Korva& State;
-  Ports& Outside;
+  korva::Ports& Ports;
   MainWindow& Main;
   PicturePrinter& Pictures;
 };

@@ -43,7 +43,7 @@ void BandedCholesky::Factor(const Plane<float>& k, Stencil<float> stencil) {
       }
       if (column == row) {
         if (!(sum > 0)) {
-          throw std::domain_error("the ground bears nothing");
+          throw std::domain_error("the foundation has no stiffness");
         }
         Band(row, width_) = std::sqrt(sum);
       } else {

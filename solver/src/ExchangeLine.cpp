@@ -176,7 +176,7 @@ Panel ReadExchangeLine(std::string_view text) {
   return panel;
 }
 
-Failure BeyondNumbers(const Panel& panel) {
+Failure OverflowFailure(const Panel& panel) {
   const int field = panel.EntryHeight < panel.UnitWeight ? kEntryHeight : kUnitWeight;
   return {KORVASTROND_FIELD + field};
 }

@@ -19,6 +19,6 @@ Panel ReadExchangeLine(std::string_view text);
 
 // The failure for a panel whose results are beyond all numbers: KORVASTROND_FIELD plus the number of the
 // field that drives them there. It is so small that others are divided by it.
-Failure BeyondNumbers(const Panel& panel);
+Failure OverflowFailure(const Panel& panel);
 
 }  // namespace korva::laminated

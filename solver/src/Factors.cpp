@@ -106,10 +106,10 @@ class Run {
       factors_.PillarStrength.at(Index(row)) = PillarStrength(layout_, row);
     }
     for (int side = 0; side < panel_.GobSides(); ++side) {
-      SetBearing(factors_.Barrier.at(Index(side)), panel_.Sides.at(Index(side)).Barrier, panel_.BreadthAMZ);
+      SetSupport(factors_.Barrier.at(Index(side)), panel_.Sides.at(Index(side)).Barrier, panel_.BreadthAMZ);
       if (layout_.Retreats) {
         const Side& given = panel_.Sides.at(Index(side));
-        SetBearing(factors_.Remnant.at(Index(side)), given.Barrier - given.SlabCut, layout_.RemnantLength);
+        SetSupport(factors_.Remnant.at(Index(side)), given.Barrier - given.SlabCut, layout_.RemnantLength);
       }
     }
     SolveCase(0);
@@ -132,7 +132,7 @@ class Run {
  private:
   static double SquareOf(double value) { return value * value; }
 
-  void SetBearing(Bearing& bearing, double width, double length) const {
+  void SetSupport(Support& bearing, double width, double length) const {
     if (width > 0 && length > 0) {
       bearing.Strength = LongPillarShape(width, panel_.EntryHeight) * CoalStrength(panel_);
       bearing.Area = width * length;
@@ -144,7 +144,7 @@ class Run {
     return layout_.BarrierBetween(side, -layout_.RemnantLength, 0, panel_.Sides.at(Index(side)).SlabCut);
   }
 
-  double Capacity(const Bearing& bearing) const {
+  double Capacity(const Support& bearing) const {
     return bearing.Strength * StrengthUnit(panel_.Metric) * bearing.Area;
   }
 
@@ -178,7 +178,7 @@ class Run {
           factors_.Remnant.at(s).Area > 0 ? LoadOn(RemnantWindow(side)) : 0;
     }
     if (rule_.Yields) {
-      LetYield(c, run);
+      YieldOverloaded(c, run);
     }
     factors_.Pillars.at(Index(c)) = PillarFactor();
   }
@@ -197,7 +197,7 @@ class Run {
 
   // Takes stiffness from overloaded parts until each bears its capacity and no more. Nothing changes, and
   // nothing is solved again, if no part is overloaded.
-  void LetYield(int c, CaseRun& run) {
+  void YieldOverloaded(int c, CaseRun& run) {
     const std::vector<Part> parts = Parts(c, run.Kept);
     std::vector<double> next(parts.size());
     for (int step = 0; step < rule_.MostYieldSteps; ++step) {
@@ -253,7 +253,7 @@ class Run {
   void RepeatDevelopment() {
     factors_.Pillars[1] = factors_.Pillars[0];
     factors_.Runs[1] = factors_.Runs[0];
-    for (Bearing& barrier : factors_.Barrier) {
+    for (Support& barrier : factors_.Barrier) {
       barrier.Load[1] = barrier.Load[0];
     }
   }
@@ -277,16 +277,16 @@ double LongPillarShape(double w, double h) {
   return w < h ? 0 : 0.64 + 0.54 * w / h;
 }
 
-double Bearing::Factor(int c, bool metric) const {
+double Support::Factor(int c, bool metric) const {
   const double load = Load.at(Index(c));
   return load > 0 ? Strength * StrengthUnit(metric) * Area / load : 0;
 }
 
-bool AreNumbers(const Factors& f) {
+bool AreFinite(const Factors& f) {
   const auto all = [](const auto& values) {
     return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
   };
-  const auto borne = [&all](const Bearing& b) {
+  const auto borne = [&all](const Support& b) {
     return std::isfinite(b.Strength) && std::isfinite(b.Area) && all(b.Load);
   };
   return all(f.Pillars) && all(f.PillarStrength) && std::all_of(f.Barrier.begin(), f.Barrier.end(), borne) &&

@@ -12,7 +12,7 @@ enum Case : int { kDevelopment = 0, kRetreat = 1 };
 inline constexpr int kCases = 2;
 
 // Strength, area and the load of each case on a barrier or remnant: psi or Pa, ft2 or m2, lb or N.
-struct Bearing {
+struct Support {
   double Strength = 0;
   double Area = 0;
   std::array<double, kCases> Load{};
@@ -32,8 +32,8 @@ struct CaseRun {
 struct Factors {
   std::array<double, kCases> Pillars{};  // of the active mining zone
   std::array<double, kMostRows> PillarStrength{};
-  std::array<Bearing, kSides> Barrier;
-  std::array<Bearing, kSides> Remnant;
+  std::array<Support, kSides> Barrier;
+  std::array<Support, kSides> Remnant;
   std::array<std::array<double, kSides>, kCases> BarrierFactor{};  // case, side
   std::array<std::array<double, kSides>, kCases> RemnantFactor{};
   Grid Cells;
@@ -53,7 +53,7 @@ double PillarShape(double w, double l, double h);
 double LongPillarShape(double w, double h);
 
 // Whether every factor, strength, area and load is a number.
-bool AreNumbers(const Factors& factors);
+bool AreFinite(const Factors& factors);
 
 // Solves both cases. Failure KORVASTROND_NO_CONVERGENCE and KORVASTROND_NO_YIELD_BALANCE.
 Factors ComputeFactors(const Panel& panel, const FactorRule& rule = {});

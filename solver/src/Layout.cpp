@@ -23,7 +23,7 @@ constexpr double kMostCellsPerEntry = 12;
 constexpr double kLeastCoalShare = 0.2;
 constexpr double kInbyMargin = 1.5;  // the strip of solid between side gobs settles more slowly
 constexpr int kSideMultiple = 32;
-constexpr double kRoundingRoom = 1.2;
+constexpr double kRoundingMargin = 1.2;
 constexpr double kGrowth = 1.02;
 
 Ground Between(double xa, double xb, double y0, double y1) {
@@ -60,7 +60,7 @@ void SetActiveGob(Layout& layout) {
                        (panel.RowB ? panel.Centers.at(static_cast<std::size_t>(panel.Rows() - 1)) : 0) +
                        side(0).SlabCut + side(1).SlabCut;
   const double reach =
-      2 * ShedCover(panel.DepthCover, {.Width = kEndless, .AbutmentAngle = panel.AbutmentAngleActiveGob});
+      2 * ShedCover(panel.DepthCover, {.Width = kUnbounded, .AbutmentAngle = panel.AbutmentAngleActiveGob});
   layout.RemnantLength = std::max(0.0, std::min({front / 2, panel.ExtentActiveGob / 2, reach}));
 }
 
@@ -153,15 +153,15 @@ void AddSideGround(StiffnessMap& map) {
   const Layout& layout = map.Panel;
   for (int side = 0; side < kSides; ++side) {
     const auto s = static_cast<std::size_t>(side);
-    const double far = Layout::Outward(side) * kEndless;
+    const double far = Layout::Outward(side) * kUnbounded;
     if (side >= layout.Given.GobSides()) {
-      map.Add(Between(layout.Rib.at(s), far, -kEndless, kEndless), 1);
+      map.Add(Between(layout.Rib.at(s), far, -kUnbounded, kUnbounded), 1);
       continue;
     }
     const double gob = layout.BeyondBarrier(side).Gob;
     const double end = gob + Layout::Outward(side) * layout.Given.Sides.at(s).Extent;
-    map.Add(Between(gob, end, -kEndless, kEndless), layout.SideStiffness.at(s));
-    map.Add(Between(end, far, -kEndless, kEndless), 1);
+    map.Add(Between(gob, end, -kUnbounded, kUnbounded), layout.SideStiffness.at(s));
+    map.Add(Between(end, far, -kUnbounded, kUnbounded), 1);
   }
 }
 
@@ -252,7 +252,7 @@ Grid GridFor(const Layout& layout, const GridRule& rule) {
   double cell = CellByRule(layout) * rule.CellFactor;
   const double cells = (reach.Right - reach.Left) / cell * ((reach.Outby + reach.Inby) / cell);
   cell *= std::sqrt(std::max(1.0, cells / rule.MostCells));
-  const double most = kRoundingRoom * rule.MostCells;
+  const double most = kRoundingMargin * rule.MostCells;
   // Before a side is counted, so that it stays a count.
   while (std::max(reach.Right - reach.Left, reach.Outby + reach.Inby) / cell * kSideMultiple > most) {
     cell *= kGrowth;
@@ -270,8 +270,8 @@ std::vector<double> DevelopmentStiffness(const Layout& layout, const Grid& grid,
   AddSideGround(map);
   for (int side = 0; side < layout.Given.GobSides(); ++side) {
     const auto s = static_cast<std::size_t>(side);
-    map.Add(layout.BarrierBetween(side, -kEndless, kEndless), yield.Barrier.at(s));
-    AddBleeders(map, side, -kEndless, kEndless, yield.Bleeder.at(s));
+    map.Add(layout.BarrierBetween(side, -kUnbounded, kUnbounded), yield.Barrier.at(s));
+    AddBleeders(map, side, -kUnbounded, kUnbounded, yield.Bleeder.at(s));
   }
   const auto [first, last] = PitchesIn(layout, grid);
   for (int row = 0; row < layout.Given.Rows(); ++row) {
@@ -287,25 +287,25 @@ std::vector<double> RetreatStiffness(const Layout& layout, const Grid& grid, con
   AddSideGround(map);
   for (int side = 0; side < layout.Given.GobSides(); ++side) {
     const auto s = static_cast<std::size_t>(side);
-    map.Add(layout.BarrierBetween(side, 0, kEndless), yield.Barrier.at(s));
+    map.Add(layout.BarrierBetween(side, 0, kUnbounded), yield.Barrier.at(s));
     map.Add(layout.BarrierBetween(side, layout.GobStart, 0), yield.BesideGob.at(s));
     map.Add(layout.BarrierBetween(side, layout.GobEnd, layout.GobStart, layout.Given.Sides.at(s).SlabCut),
             yield.BesideGob.at(s));
-    map.Add(layout.BarrierBetween(side, -kEndless, layout.GobEnd), 1);
-    AddBleeders(map, side, 0, kEndless, yield.Bleeder.at(s));
+    map.Add(layout.BarrierBetween(side, -kUnbounded, layout.GobEnd), 1);
+    AddBleeders(map, side, 0, kUnbounded, yield.Bleeder.at(s));
     AddBleeders(map, side, layout.GobEnd, 0, yield.BleederBesideGob.at(s));
-    AddBleeders(map, side, -kEndless, layout.GobEnd, 1);
+    AddBleeders(map, side, -kUnbounded, layout.GobEnd, 1);
   }
   const int lastRow = layout.Given.Rows() - 1;
   const auto [first, last] = PitchesIn(layout, grid);
   for (int row = 0; row <= lastRow; ++row) {
     const bool stays = (row == 0 && layout.Given.RowA) || (row == lastRow && layout.Given.RowB);
     for (int along = stays ? first : 0; along <= last; ++along) {
-      map.Add(Clipped(layout.Pillar(row, along), layout.GobEnd, kEndless), 1);
+      map.Add(Clipped(layout.Pillar(row, along), layout.GobEnd, kUnbounded), 1);
     }
   }
   map.Add(Between(layout.GobLeft, layout.GobRight, layout.GobEnd, layout.GobStart), layout.ActiveStiffness);
-  map.Add(Between(layout.Rib[0], layout.Rib[1], -kEndless, layout.GobEnd), 1);
+  map.Add(Between(layout.Rib[0], layout.Rib[1], -kUnbounded, layout.GobEnd), 1);
   return std::move(map.Cells);
 }
 

@@ -45,8 +45,8 @@ int Run(const char* path) {
     const std::filesystem::path exchange = PathOf(path);
     const Panel panel = ReadExchangeLine(ReadExchangeFile(exchange));
     const Factors factors = ComputeFactors(panel);
-    if (!AreNumbers(factors)) {
-      throw BeyondNumbers(panel);
+    if (!AreFinite(factors)) {
+      throw OverflowFailure(panel);
     }
     WriteResult(ResultPath(exchange, ProgramFolder()), ResultText(factors));
     return KORVASTROND_DONE;

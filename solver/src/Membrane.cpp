@@ -26,7 +26,7 @@ class Membrane::Work {
 
   void SetStiffness(const std::vector<double>& k) {
     if (std::none_of(k.begin(), k.end(), [](double value) { return value > 0; })) {
-      throw std::domain_error("the ground bears nothing");
+      throw std::domain_error("the foundation has no stiffness");
     }
     for (int j = 0; j < ny_; ++j) {
       std::copy_n(k.begin() + static_cast<std::ptrdiff_t>(j) * nx_, nx_, k_.Row(j));
@@ -66,7 +66,7 @@ class Membrane::Work {
     }
     outcome.Residual = Relative(rr, whole);
     outcome.Converged = outcome.Residual <= rule.Tolerance;
-    outcome.Equilibrium = std::abs(BorneLoad() / cells - 1);
+    outcome.Equilibrium = std::abs(CarriedLoad() / cells - 1);
     return outcome;
   }
 
@@ -150,7 +150,7 @@ class Membrane::Work {
     return sum;
   }
 
-  double BorneLoad() const {
+  double CarriedLoad() const {
     double sum = 0;
     for (int j = 0; j < ny_; ++j) {
       sum += kernels_.Product(k_.Row(j), u_.Row(j), nx_);

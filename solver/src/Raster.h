@@ -46,15 +46,15 @@ class CrosscutLine {
   double mean_ = 0;
 };
 
-inline constexpr double kEndless = 1e30;
+inline constexpr double kUnbounded = 1e30;
 
 // Ground between X0 and X1 across the entries and Y0 and Y1 along them. Y is measured from the crosscut line,
 // for `Plain` ground from 0.
 struct Ground {
   double X0 = 0;
   double X1 = 0;
-  double Y0 = -kEndless;
-  double Y1 = kEndless;
+  double Y0 = -kUnbounded;
+  double Y1 = kUnbounded;
   bool Plain = false;
 
   bool Empty() const { return !(X1 > X0) || !(Y1 > Y0); }

@@ -32,8 +32,8 @@ void AddLine(std::string& text, std::initializer_list<double> values) {
   text += "\r\n";
 }
 
-void AddBearings(std::string& text, const std::array<Bearing, kSides>& bearings) {
-  for (const Bearing& b : bearings) {
+void AddSupports(std::string& text, const std::array<Support, kSides>& bearings) {
+  for (const Support& b : bearings) {
     AddLine(text, {b.Strength, b.Area, b.Load[0], b.Load[1]});
   }
 }
@@ -68,8 +68,8 @@ std::string ResultText(const Factors& f) {
   AddFactors(text, f.RemnantFactor);
   const auto& s = f.PillarStrength;
   AddLine(text, {s[0], s[1], s[2], s[3], s[4], s[5], s[6], s[7], s[8]});
-  AddBearings(text, f.Barrier);
-  AddBearings(text, f.Remnant);
+  AddSupports(text, f.Barrier);
+  AddSupports(text, f.Remnant);
   return text;
 }
 

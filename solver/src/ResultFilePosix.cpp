@@ -31,7 +31,7 @@ struct NewFile {
   int Descriptor = -1;
 };
 
-// A file made anew in `folder`. The system itself takes the process's mask off its permissions: asking for
+// A file created in `folder`. The system itself takes the process's mask off its permissions: asking for
 // the mask would change it for all threads.
 NewFile MakeFileIn(const fs::path& folder) {
   static constexpr int kMostNames = 1000;

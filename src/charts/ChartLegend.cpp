@@ -38,7 +38,7 @@ std::vector<LegendEntry> Entries(const Chart& chart) {
 // A label is never wider than the sheet.
 double LabelWidth(const ChartWork& work) {
   double width = 0;
-  for (const LegendEntry& entry : Entries(work.Of)) {
+  for (const LegendEntry& entry : Entries(work.Source)) {
     width = std::max(width, work.Width(entry.Label));
   }
   return std::min(width, work.Size.Width - 2 * kEdge - kSample - 3 * kPad);
@@ -50,7 +50,7 @@ double ColumnWidth(const ChartWork& work) {
 
 // With so many rows in a column.
 PictureSize SizeOf(const ChartWork& work, std::size_t rows) {
-  const std::size_t columns = (Entries(work.Of).size() + rows - 1) / rows;
+  const std::size_t columns = (Entries(work.Source).size() + rows - 1) / rows;
   return {static_cast<double>(columns) * ColumnWidth(work) + kPad,
           static_cast<double>(rows) * kRowHeight + 2 * kPad - 4};
 }
@@ -102,7 +102,7 @@ bool IsFree(const ChartWork& work, const PictureBox& box) {
     const DrawPoint at = out.Place(line.At, line.At);
     return line.Upright ? at.X > box.Left && at.X < box.Right : at.Y > box.Top && at.Y < box.Bottom;
   };
-  const Chart& chart = work.Of;
+  const Chart& chart = work.Source;
   return !chart.Cells && std::none_of(chart.Bars.begin(), chart.Bars.end(), holds) &&
          std::none_of(chart.References.begin(), chart.References.end(), crossed) &&
          std::none_of(chart.Curves.begin(), chart.Curves.end(),
@@ -126,7 +126,7 @@ std::optional<PictureBox> FreeCorner(const ChartWork& work, const PictureSize& s
   return std::nullopt;
 }
 
-bool PutBeside(ChartWork& work, const PictureSize& size) {
+bool PlaceBeside(ChartWork& work, const PictureSize& size) {
   const PictureBox& plot = work.Out.Plot;
   if (plot.Width() - size.Width - kLegendGap < kLeastPlotWidth ||
       plot.Top + size.Height > work.NotesTop - kEdge) {
@@ -138,7 +138,7 @@ bool PutBeside(ChartWork& work, const PictureSize& size) {
   return true;
 }
 
-bool PutBelow(ChartWork& work, const PictureSize& size) {
+bool PlaceBelow(ChartWork& work, const PictureSize& size) {
   const PictureBox& plot = work.Out.Plot;
   const double below = size.Height + kLegendGap / 2;
   if (size.Width + 2 * kEdge > work.Size.Width || plot.Height() - below < kLeastPlotHeight) {
@@ -146,7 +146,7 @@ bool PutBelow(ChartWork& work, const PictureSize& size) {
   }
   PlaceFrame(work, 0, below);
   const double left =
-      Snapped(std::clamp(plot.Across() - size.Width / 2, kEdge, work.Size.Width - kEdge - size.Width));
+      Snapped(std::clamp(plot.CenterX() - size.Width / 2, kEdge, work.Size.Width - kEdge - size.Width));
   const double top = plot.Bottom + kAxisRoom - kEdge / 2;
   work.Out.Legend = {left, top, left + size.Width, top + size.Height};
   return true;
@@ -155,19 +155,19 @@ bool PutBelow(ChartWork& work, const PictureSize& size) {
 }  // namespace
 
 void PlaceLegend(ChartWork& work) {
-  const std::size_t entries = Entries(work.Of).size();
+  const std::size_t entries = Entries(work.Source).size();
   if (entries == 0) {
     return;
   }
   const PictureSize column = SizeOf(work, entries);
   work.LegendRows = entries;
   work.Out.Legend = FreeCorner(work, column);
-  bool placed = work.Out.Legend || PutBeside(work, column);
+  bool placed = work.Out.Legend || PlaceBeside(work, column);
   for (std::size_t rows = 1; !placed && rows <= entries; ++rows) {
     work.LegendRows = rows;
-    placed = PutBelow(work, SizeOf(work, rows));
+    placed = PlaceBelow(work, SizeOf(work, rows));
   }
-  work.Out.LegendLeftOut = !placed;
+  work.Out.LegendOmitted = !placed;
 }
 
 void DrawLegend(ChartWork& work) {
@@ -178,7 +178,7 @@ void DrawLegend(ChartWork& work) {
   work.AddBox(box, kPaper, {kGridColour, 1});
   const double width = ColumnWidth(work);
   std::size_t entry = 0;
-  for (const auto& [label, fill, curve] : Entries(work.Of)) {
+  for (const auto& [label, fill, curve] : Entries(work.Source)) {
     const std::size_t column = entry / work.LegendRows;
     const std::size_t row = entry % work.LegendRows;
     const double left = box.Left + kPad + static_cast<double>(column) * width;
@@ -197,7 +197,7 @@ void DrawLegend(ChartWork& work) {
     work.AddText(std::move(text));
     ++entry;
   }
-  work.Taken.push_back(box);
+  work.Occupied.push_back(box);
 }
 
 }  // namespace korva

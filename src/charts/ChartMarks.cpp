@@ -10,10 +10,10 @@ namespace korva {
 namespace {
 
 constexpr double kHollowWidth = 1.5;
-constexpr double kStrip = 14;  // the width of the scale of colours
-constexpr int kStripParts = 64;
-constexpr double kSamples = 2;        // of the cells' colours in a pixel
-constexpr double kLeastOutlined = 4;  // a thinner bar would be all outline
+constexpr double kScaleWidth = 14;  // the width of the scale of colours
+constexpr int kScaleSteps = 64;
+constexpr double kSamplesPerPixel = 2;  // of the cells' colours in a pixel
+constexpr double kLeastOutlined = 4;    // a thinner bar would be all outline
 
 // Dark to light, in steps that look alike to all eyes.
 std::uint32_t CellPixel(double share) {
@@ -30,14 +30,14 @@ std::uint32_t CellPixel(double share) {
   return pixel;
 }
 
-Rgb Paled(Rgb colour) {
+Rgb Lightened(Rgb colour) {
   return (colour >> 2U & 0x3F3F3FU) + 0xC0C0C0U;
 }
 
 // The row or column that each sample along an axis lies in, counted from 1 on; 0 or the number of edges
 // outside of them all.
 std::vector<std::size_t> CellsAlong(const std::vector<double>& edges, double length, const AxisRange& axis) {
-  std::vector<std::size_t> cells(static_cast<std::size_t>(kSamples * length));
+  std::vector<std::size_t> cells(static_cast<std::size_t>(kSamplesPerPixel * length));
   const double step = (axis.High - axis.Low) / static_cast<double>(cells.size());
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const double value = axis.Low + (static_cast<double>(i) + 0.5) * step;
@@ -64,7 +64,7 @@ void DrawCells(ChartWork& work, const ChartCells& cells) {
   const ChartWindow& seen = work.Out.Seen;
   const std::vector<std::size_t> across = CellsAlong(cells.XEdges, plot.Width(), seen.X);
   PictureRaster raster = {plot, across.size(), {}};
-  raster.Pixels.reserve(across.size() * static_cast<std::size_t>(kSamples * plot.Height()));
+  raster.Pixels.reserve(across.size() * static_cast<std::size_t>(kSamplesPerPixel * plot.Height()));
   for (const std::size_t row : CellsAlong(cells.YEdges, plot.Height(), {seen.Y.High, seen.Y.Low})) {
     for (const std::size_t column : across) {
       raster.Pixels.push_back(pixels[row * (columns + 1) + column]);
@@ -73,9 +73,9 @@ void DrawCells(ChartWork& work, const ChartCells& cells) {
   work.Add(std::move(raster));
 }
 
-// Calls `act` with the first point of each run of those that are there, and the one behind its last.
+// Calls `act` with the first point of each run of those that are there, and the one after its last.
 template <class There, class Act>
-void ForRuns(const ChartCurve& curve, There&& isThere, Act&& act) {
+void ForEachRun(const ChartCurve& curve, There&& isThere, Act&& act) {
   const std::size_t points = curve.X.size();
   for (std::size_t first = 0, end = 0; first < points; first = end + 1) {
     for (end = first; end < points && isThere(end);) {
@@ -89,8 +89,8 @@ void ForRuns(const ChartCurve& curve, There&& isThere, Act&& act) {
 
 void DrawInterval(ChartWork& work, const ChartCurve& curve) {
   const auto isThere = [&curve](std::size_t i) { return HasInterval(curve, i); };
-  ForRuns(curve, isThere, [&](std::size_t first, std::size_t end) {
-    const Rgb colour = Paled(curve.Colour);  // as a line around it, too, for a point alone
+  ForEachRun(curve, isThere, [&](std::size_t first, std::size_t end) {
+    const Rgb colour = Lightened(curve.Colour);  // as a line around it, too, for a point alone
     PicturePath area = {.Points = {}, .Pen = {colour, 1}, .Closed = true, .Fill = colour, .Clipped = true};
     for (std::size_t i = first; i < end; ++i) {
       area.Points.push_back(work.Out.Place(curve.X[i], curve.High[i]));
@@ -104,7 +104,7 @@ void DrawInterval(ChartWork& work, const ChartCurve& curve) {
 
 void DrawCurveLine(ChartWork& work, const ChartCurve& curve) {
   const auto isThere = [&curve](std::size_t i) { return curve.Y[i] != kChartHole; };
-  ForRuns(curve, isThere, [&](std::size_t first, std::size_t end) {
+  ForEachRun(curve, isThere, [&](std::size_t first, std::size_t end) {
     PicturePath line = {.Points = {}, .Pen = {curve.Colour, curve.Width, curve.Dash}, .Clipped = true};
     for (std::size_t i = first; i < end; ++i) {
       line.Points.push_back(work.Out.Place(curve.X[i], curve.Y[i]));
@@ -116,7 +116,7 @@ void DrawCurveLine(ChartWork& work, const ChartCurve& curve) {
 }
 
 void DrawCurve(ChartWork& work, std::size_t index) {
-  const ChartCurve& curve = work.Of.Curves[index];
+  const ChartCurve& curve = work.Source.Curves[index];
   if (curve.Line) {
     DrawCurveLine(work, curve);
   }
@@ -153,64 +153,65 @@ void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, d
   }
 }
 
-void DrawGround(ChartWork& work) {
+void DrawBackdrop(ChartWork& work) {
   const ChartLayout& out = work.Out;
-  for (const ChartBand& band : work.Of.Bands) {
+  for (const ChartBand& band : work.Source.Bands) {
     const double from = std::max(out.Plot.Left, out.Place(band.From, 0).X);
     const double to = std::min(out.Plot.Right, out.Place(band.To, 0).X);
     if (from < to) {
       work.AddBox({from, out.Plot.Top, to, out.Plot.Bottom}, band.Colour, {}, true);
     }
   }
-  if (work.Of.Cells) {
-    DrawCells(work, *work.Of.Cells);
+  if (work.Source.Cells) {
+    DrawCells(work, *work.Source.Cells);
   }
 }
 
 void DrawMarks(ChartWork& work) {
-  for (const ChartBar& bar : work.Of.Bars) {
+  for (const ChartBar& bar : work.Source.Bars) {
     const PictureBox box = PlacedBox(work.Out, {bar.Left, bar.Low}, {bar.Right, bar.High});
     const double outline = std::min(box.Width(), box.Height()) < kLeastOutlined ? 0 : 1;
     work.AddBox(box, bar.Colour, {kPaper, outline}, true);
   }
-  for (const ChartCurve& curve : work.Of.Curves) {
+  for (const ChartCurve& curve : work.Source.Curves) {
     DrawInterval(work, curve);
   }
-  for (std::size_t i = 0; i < work.Of.Curves.size(); ++i) {
+  for (std::size_t i = 0; i < work.Source.Curves.size(); ++i) {
     DrawCurve(work, i);
   }
 }
 
 double CellScaleRoom(const ChartWork& work) {
-  if (!work.Of.Cells) {
+  if (!work.Source.Cells) {
     return 0;
   }
-  const AxisScale& scale = work.Of.Cells->Scale;
+  const AxisScale& scale = work.Source.Cells->Scale;
   double labels = 0;
   for (int i = 0; i < scale.Labels(); ++i) {
     labels = std::max(labels, work.Width(scale.Text(i)));
   }
-  return kStrip + kEdge + labels + (work.Of.Cells->Title.empty() ? 0 : kTextPixels + kEdge);
+  return kScaleWidth + kEdge + labels + (work.Source.Cells->Title.empty() ? 0 : kTextPixels + kEdge);
 }
 
 void DrawCellScale(ChartWork& work) {
-  if (!work.Of.Cells || work.CellsLeft + kStrip > work.Size.Width) {
+  if (!work.Source.Cells || work.CellsLeft + kScaleWidth > work.Size.Width) {
     return;
   }
   const PictureBox& plot = work.Out.Plot;
   const double left = work.CellsLeft;
-  PictureRaster strip = {{left, plot.Top, left + kStrip, plot.Bottom}, 1, {}};
-  for (int i = kStripParts; i-- > 0;) {
-    strip.Pixels.push_back(CellPixel((i + 0.5) / kStripParts));
+  PictureRaster strip = {{left, plot.Top, left + kScaleWidth, plot.Bottom}, 1, {}};
+  for (int i = kScaleSteps; i-- > 0;) {
+    strip.Pixels.push_back(CellPixel((i + 0.5) / kScaleSteps));
   }
   work.Add(std::move(strip));
-  const AxisScale& scale = work.Of.Cells->Scale;
+  const AxisScale& scale = work.Source.Cells->Scale;
   for (int i = 0; i < scale.Labels(); ++i) {
     const double y = plot.Bottom - (scale.Value(i) - scale.Low) / (scale.High - scale.Low) * plot.Height();
-    work.AddText({scale.Text(i), {left + kStrip + kEdge / 2, y + kMiddleLine * kTextPixels}, kTextPixels});
+    work.AddText(
+        {scale.Text(i), {left + kScaleWidth + kEdge / 2, y + kMiddleLine * kTextPixels}, kTextPixels});
   }
-  PictureText title = {work.Of.Cells->Title,
-                       {work.CellsLeft + CellScaleRoom(work) - kEdge / 2, plot.Down()},
+  PictureText title = {work.Source.Cells->Title,
+                       {work.CellsLeft + CellScaleRoom(work) - kEdge / 2, plot.CenterY()},
                        kTextPixels,
                        0.5,
                        true};

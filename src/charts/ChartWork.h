@@ -21,7 +21,7 @@ inline constexpr double kRounding = 1e-6;
 
 inline constexpr Rgb kPaper = 0xFFFFFF;
 inline constexpr Rgb kBlack = 0x000000;
-inline constexpr Rgb kQuiet = 0x808080;
+inline constexpr Rgb kReferenceColour = 0x808080;
 inline constexpr Rgb kGridColour = 0xE0E0E0;
 
 // A label of an axis, and what it stands at.
@@ -32,23 +32,23 @@ struct AxisLabel {
 
 struct ChartWork {
   ChartWork(const Chart& chart, PictureSize size, const TextMeasure& measure)
-      : Of(chart), Size(size), Measure(measure) {}
+      : Source(chart), Size(size), Measure(measure) {}
 
-  const Chart& Of;
+  const Chart& Source;
   PictureSize Size;
   const TextMeasure& Measure;
   ChartLayout Out;
   std::vector<AxisLabel> XLabels;
   std::vector<AxisLabel> YLabels;
   double NotesTop = 0;
-  double ReferencesRoom = 0;      // right of the plot, for the texts of references
-  double CellsLeft = 0;           // where the scale of the cells' colours begins
-  double RightRoom = 0;           // right of the plot, without a legend
-  std::size_t LegendRows = 0;     // in a column
-  std::vector<PictureBox> Taken;  // by texts and the legend
+  double ReferencesRoom = 0;         // right of the plot, for the texts of references
+  double CellsLeft = 0;              // where the scale of the cells' colours begins
+  double RightRoom = 0;              // right of the plot, without a legend
+  std::size_t LegendRows = 0;        // in a column
+  std::vector<PictureBox> Occupied;  // by texts and the legend
 
   double Width(const std::string& text) const { return Measure(text, kTextPixels); }
-  double SymbolRadius() const { return Of.SymbolSize / 2 + 1; }
+  double SymbolRadius() const { return Source.SymbolSize / 2 + 1; }
   template <class Record>
   void Add(Record record) {
     Out.Drawn.Records.emplace_back(std::move(record));
@@ -78,7 +78,7 @@ void PlaceLegend(ChartWork& work);
 void DrawLegend(ChartWork& work);
 
 // Bands and cells, over which there may be a grid; then bars and curves.
-void DrawGround(ChartWork& work);
+void DrawBackdrop(ChartWork& work);
 void DrawMarks(ChartWork& work);
 void DrawSymbol(ChartWork& work, const ChartCurve& curve, const DrawPoint& at, double radius, bool hollow,
                 bool clipped);

@@ -25,8 +25,8 @@ PictureBox BoxOf(const PictureText& text, const TextMeasure& measure) {
   return {x - text.Along * width, y - head, x + (1 - text.Along) * width, y + tail};
 }
 
-std::string CutOff(std::string text, const std::string& dots, double room,
-                   const std::function<double(const std::string& text)>& size) {
+std::string TruncatedText(std::string text, const std::string& dots, double room,
+                          const std::function<double(const std::string& text)>& size) {
   while (!text.empty() && size(text + dots) > room) {
     while (IsContinuation(text.back()) && text.size() > 1) {
       text.pop_back();  // of a character of several bytes
@@ -41,8 +41,8 @@ void FitText(PictureText& text, double room, double least, const TextMeasure& me
     --text.Pixels;
   }
   if (measure(text.Text, text.Pixels) > room) {
-    text.Text = CutOff(std::move(text.Text), "\xE2\x80\xA6", room,
-                       [&](const std::string& cut) { return measure(cut, text.Pixels); });
+    text.Text = TruncatedText(std::move(text.Text), "\xE2\x80\xA6", room,
+                              [&](const std::string& cut) { return measure(cut, text.Pixels); });
   }
 }
 

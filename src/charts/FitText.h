@@ -16,9 +16,9 @@ PictureBox BoxOf(const PictureText& text, const TextMeasure& measure);
 // and ends it with dots. Nothing is left of it where there is no room for those.
 void FitText(PictureText& text, double room, double least, const TextMeasure& measure);
 
-// `text` without as many characters at its end as make it, with `dots` behind, no wider than `room`.
-std::string CutOff(std::string text, const std::string& dots, double room,
-                   const std::function<double(const std::string& text)>& size);
+// `text` without as many characters at its end as make it, with `dots` after, no wider than `room`.
+std::string TruncatedText(std::string text, const std::string& dots, double room,
+                          const std::function<double(const std::string& text)>& size);
 
 // The notes in lines no wider than `width`, by the room that `size` gives a text. A word longer than a line
 // is cut between two characters.

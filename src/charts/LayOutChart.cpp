@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kHeadingPixels = 20;
 constexpr double kHeadingLine = 22;
-constexpr double kTop = 36;  // of the plot
+constexpr double kPlotTop = 36;  // of the plot
 constexpr double kTick = 5;
 constexpr double kGap = 4;
 constexpr double kXLabelGap = 10;
@@ -29,11 +29,11 @@ constexpr double kWideName = 100;        // names beyond it are cut off, not lef
 std::vector<std::string> ShownNotes(ChartWork& work) {
   const double room = work.Size.Width - 2 * kEdge;
   const auto size = [&work](const std::string& text) { return work.Width(text); };
-  std::vector<std::string> lines = NoteLines(work.Of.Notes, room, size);
+  std::vector<std::string> lines = NoteLines(work.Source.Notes, room, size);
   const double most = std::max(1.0, std::floor((work.Size.Height - kHeightWithoutNotes) / kNoteHeight));
   if (static_cast<double>(lines.size()) > most) {
     lines.resize(static_cast<std::size_t>(most));
-    lines.back() = CutOff(lines.back(), " ...", room, size);
+    lines.back() = TruncatedText(lines.back(), " ...", room, size);
   }
   work.NotesTop =
       work.Size.Height - static_cast<double>(lines.size()) * kNoteHeight - (lines.empty() ? 0 : kGap);
@@ -48,7 +48,7 @@ void KeepOnSheet(const ChartWork& work, PictureText& text) {
 
 // The titles come first: no other text takes their room.
 void DrawTitles(ChartWork& work) {
-  const Chart& chart = work.Of;
+  const Chart& chart = work.Source;
   ChartLayout& out = work.Out;
   const double room = work.Size.Width - 2 * kEdge;
   const auto add = [&work](PictureText text, double most, double least) {
@@ -60,12 +60,12 @@ void DrawTitles(ChartWork& work) {
       text.Text = std::string(kEmptyTitle, ' ');
       return BoxOf(text, work.Measure);
     }
-    return work.AddText(text) ? work.Taken.back() : PictureBox{};
+    return work.AddText(text) ? work.Occupied.back() : PictureBox{};
   };
   out.Title = add({chart.Title, {work.Size.Width / 2, kHeadingLine}, kHeadingPixels, 0.5}, room, kTextPixels);
-  out.XTitle = add({chart.XAxis.Title, {out.Plot.Across(), out.Plot.Bottom + kTitleLine}, kTextPixels, 0.5},
+  out.XTitle = add({chart.XAxis.Title, {out.Plot.CenterX(), out.Plot.Bottom + kTitleLine}, kTextPixels, 0.5},
                    room, kLeastPixels);
-  out.YTitle = add({chart.YAxis.Title, {kEdge + kTextPixels - 2, out.Plot.Down()}, kTextPixels, 0.5, true},
+  out.YTitle = add({chart.YAxis.Title, {kEdge + kTextPixels - 2, out.Plot.CenterY()}, kTextPixels, 0.5, true},
                    out.Plot.Height() + 2 * kGap, kLeastPixels);
 }
 
@@ -92,7 +92,7 @@ std::vector<AxisLabel> LabelsOf(const ChartWork& work, const ChartAxis& axis, co
 // What a name below the plot needs at most.
 double NameWidth(const ChartWork& work) {
   double widest = 0;
-  for (const std::string& name : work.Of.XAxis.Names) {
+  for (const std::string& name : work.Source.XAxis.Names) {
     widest = std::max(widest, work.Width(name));
   }
   return std::min(widest, kWideName);
@@ -106,13 +106,13 @@ std::size_t StepOfNames(double least, double room) {
 void DrawGrid(ChartWork& work) {
   const ChartLayout& out = work.Out;
   const PicturePen pen = {kGridColour, 1};
-  if (work.Of.XAxis.Grid) {
+  if (work.Source.XAxis.Grid) {
     for (const AxisLabel& label : work.XLabels) {
       const double x = Snapped(out.Place(label.Value, 0).X);
       work.AddLine({x, out.Plot.Top}, {x, out.Plot.Bottom}, pen);
     }
   }
-  if (work.Of.YAxis.Grid) {
+  if (work.Source.YAxis.Grid) {
     for (const AxisLabel& label : work.YLabels) {
       const double y = Snapped(out.Place(0, label.Value).Y);
       work.AddLine({out.Plot.Left, y}, {out.Plot.Right, y}, pen);
@@ -144,29 +144,29 @@ double ReferenceGap(const ChartWork& work) {
 
 // What their texts leave free around them, of the scale of colours, too.
 double ReferencesClear(const ChartWork& work) {
-  return ReferenceGap(work) + (work.Of.Cells ? kGap : 0);
+  return ReferenceGap(work) + (work.Source.Cells ? kGap : 0);
 }
 
 void DrawReferences(ChartWork& work) {
   const PictureBox& plot = work.Out.Plot;
-  for (const ChartReference& line : work.Of.References) {
+  for (const ChartReference& line : work.Source.References) {
     const AxisRange& seen = line.Upright ? work.Out.Seen.X : work.Out.Seen.Y;
     if (line.At < seen.Low || line.At > seen.High) {
       continue;
     }
-    const PicturePen pen = {kQuiet, 1, kDash};
+    const PicturePen pen = {kReferenceColour, 1, kDash};
     const DrawPoint at = work.Out.Place(line.At, line.At);
     if (line.Upright) {
       const double x = Snapped(at.X);
       work.AddLine({x, plot.Top}, {x, plot.Bottom}, pen);
-      PictureText text = {line.Text, {x, plot.Top - kGap}, kTextPixels, 0.5, false, kQuiet};
+      PictureText text = {line.Text, {x, plot.Top - kGap}, kTextPixels, 0.5, false, kReferenceColour};
       KeepOnSheet(work, text);
       work.AddText(std::move(text));
     } else {
       const double y = Snapped(at.Y);
       work.AddLine({plot.Left, y}, {plot.Right, y}, pen);
       const DrawPoint place = {plot.Right + ReferenceGap(work), y + kMiddleLine * kTextPixels};
-      PictureText text = {line.Text, place, kTextPixels, 0, false, kQuiet};
+      PictureText text = {line.Text, place, kTextPixels, 0, false, kReferenceColour};
       FitText(text, work.ReferencesRoom - ReferencesClear(work) + kRounding, kTextPixels, work.Measure);
       work.AddText(std::move(text));
     }
@@ -184,7 +184,7 @@ void DrawNotes(ChartWork& work, const std::vector<std::string>& lines) {
 // Each beside its point on the side that is free, if one is.
 void DrawLabels(ChartWork& work) {
   const double away = work.SymbolRadius() + 2;
-  for (const ChartLabel& label : work.Of.Labels) {
+  for (const ChartLabel& label : work.Source.Labels) {
     const DrawPoint at = work.Out.Place(label.X, label.Y);
     if (!work.Out.Plot.Contains(at)) {
       continue;
@@ -221,10 +221,11 @@ bool ChartWork::AddText(PictureText text) {
   const PictureBox box = BoxOf(text, Measure);
   const PictureBox sheet = {0, 0, Size.Width, Size.Height};
   if (text.Text.empty() || !sheet.Contains(box) ||
-      std::any_of(Taken.begin(), Taken.end(), [&box](const PictureBox& taken) { return taken.Meets(box); })) {
+      std::any_of(Occupied.begin(), Occupied.end(),
+                  [&box](const PictureBox& taken) { return taken.Meets(box); })) {
     return false;
   }
-  Taken.push_back(box);
+  Occupied.push_back(box);
   Add(std::move(text));
   return true;
 }
@@ -233,17 +234,17 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   PictureBox& plot = work.Out.Plot;
   const AxisRange& y = work.Out.Seen.Y;
   double texts = 0;  // of the references
-  double top = kTop;
-  for (const ChartReference& line : work.Of.References) {
+  double top = kPlotTop;
+  for (const ChartReference& line : work.Source.References) {
     texts = std::max(texts, line.Upright ? 0 : work.Width(line.Text) + ReferencesClear(work));
-    top = line.Upright ? kTop + kTextPixels + 2 : top;
+    top = line.Upright ? kPlotTop + kTextPixels + 2 : top;
   }
   plot.Top = Snapped(top);
   plot.Bottom = std::max(plot.Top + 1, Snapped(work.NotesTop - kAxisRoom - below));
   const double mostLabels = work.Size.Width / 3;
   const AxisScale yScale =
       ScaleThatFits(y.Low, y.High, plot.Height(), kGap, [](const std::string&) { return kTextPixels; });
-  work.YLabels = LabelsOf(work, work.Of.YAxis, y, yScale,
+  work.YLabels = LabelsOf(work, work.Source.YAxis, y, yScale,
                           StepOfNames(kTextPixels + 2, plot.Height() / (y.High - y.Low)), mostLabels);
   double labels = 0;
   for (const AxisLabel& label : work.YLabels) {
@@ -261,7 +262,7 @@ void PlaceFrame(ChartWork& work, double right, double below) {
   const double nameRoom = plot.Width() / (x.High - x.Low);
   const std::size_t step = StepOfNames(NameWidth(work) + kXLabelGap, nameRoom);
   work.XLabels =
-      LabelsOf(work, work.Of.XAxis, x, xScale, step, static_cast<double>(step) * nameRoom - kXLabelGap);
+      LabelsOf(work, work.Source.XAxis, x, xScale, step, static_cast<double>(step) * nameRoom - kXLabelGap);
 }
 
 DrawPoint ChartLayout::Place(double x, double y) const {
@@ -291,7 +292,7 @@ ChartLayout LayOutChart(const Chart& chart, PictureSize size, const TextMeasure&
   PlaceLegend(work);
   // The symbols at the ends of the whole are whole.
   work.Out.Drawn.Clip = seen ? work.Out.Plot : work.Out.Plot.Grown(work.SymbolRadius() + 1);
-  DrawGround(work);
+  DrawBackdrop(work);
   DrawGrid(work);
   DrawMarks(work);
   DrawTitles(work);

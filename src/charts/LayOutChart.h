@@ -41,7 +41,7 @@ struct ChartLayout {
   PictureBox XTitle;
   PictureBox YTitle;
   std::optional<PictureBox> Legend;
-  bool LegendLeftOut = false;  // for want of room
+  bool LegendOmitted = false;  // for want of room
 
   DrawPoint Place(double x, double y) const;        // in the picture
   DrawPoint ValueAt(const DrawPoint& place) const;  // on the axes

@@ -20,7 +20,7 @@ namespace korva {
 
 namespace {
 
-// A batch asks nobody: messages are told by the rows.
+// A batch asks nobody: the rows hold the messages.
 class SilentMessages final : public MessagePort {
  public:
   MessageAnswer Show(const Message&) override { return MessageAnswer::kCancel; }

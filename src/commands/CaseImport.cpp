@@ -26,7 +26,7 @@ namespace {
 constexpr int kAllRows = 999;
 
 // Whether the file `path` holds just `bytes`; false also if that cannot be told.
-bool Holds(const std::string& path, const std::string& bytes) {
+bool HasContent(const std::string& path, const std::string& bytes) {
   try {
     return ReadWholeFile(path, kLargestProjectFile) == bytes;
   } catch (const RuntimeError&) {
@@ -36,9 +36,9 @@ bool Holds(const std::string& path, const std::string& bytes) {
 
 // Whether `path` is still free, or a file that holds just `bytes`. A link is neither. Run-time error of
 // looking into the folder.
-bool MayTake(const std::string& path, const std::string& bytes) {
+bool IsAvailable(const std::string& path, const std::string& bytes) {
   const FileState state = StateOfFile(path);
-  return !IsLink(path) && (!state.exists || (state.isRegular && Holds(path, bytes)));
+  return !IsLink(path) && (!state.exists || (state.isRegular && HasContent(path, bytes)));
 }
 
 // The name of a case's file that replaces no other file.
@@ -49,7 +49,7 @@ std::string CaseFileName(const std::string& folder, const std::string& name, int
                              : copy == 1 ? fmt::format(" (row {})", row)
                                          : fmt::format(" (row {}, {})", row, copy);
     std::string path = NameWithin(folder, fmt::format("{}{}.{}", name, mark, kProjectExtension));
-    if (MayTake(path, bytes)) {
+    if (IsAvailable(path, bytes)) {
       return path;
     }
   }
@@ -120,13 +120,14 @@ class DialogImport {
  private:
   void Import(std::string_view rowText) {
     const std::string workbook = ChooseWorkbook(korva_, ports_.Files);
-    const Sheet sheet = Formats().ReadSheet(workbook, kCaseSheet, [this] { return steps_.GoOn(state_); });
+    const Sheet sheet =
+        Formats().ReadSheet(workbook, kCaseSheet, [this] { return steps_.MayContinue(state_); });
     steps_.KeepWork();
     folder_ = FolderOfCases(korva_.Preferences);
     const CaseRows rows = RowsOf(rowText);
     state_.LastRow = rows.Last;
     for (int row = rows.First; row <= rows.Last; ++row) {
-      if (!steps_.GoOn(state_)) {
+      if (!steps_.MayContinue(state_)) {
         throw RuntimeError(ErrorNumber::kDialogCancelled, "The import was stopped.");
       }
       state_.Row = row;

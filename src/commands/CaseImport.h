@@ -33,7 +33,7 @@ struct CaseImportSteps {
   // Keeps unsaved work, which is about to be dropped.
   std::function<void()> KeepWork;
   // Shows a state and lets pending events run. False if the person wants it to end.
-  std::function<bool(const CaseImportState&)> GoOn;
+  std::function<bool(const CaseImportState&)> MayContinue;
 };
 
 // The whole import of the options dialog: question, file dialog, workbook, rows. `rowText` is 0 for the first

@@ -21,7 +21,7 @@ std::string TitleOf(const std::string& file) {
       ReadProject(text, file, *format, project, notices);
     }
   } catch (const RuntimeError&) {
-    project.ProjectTitle.clear();  // opening it tells what is wrong
+    project.ProjectTitle.clear();  // opening it reports what is wrong
   }
   return Trimmed(project.ProjectTitle).empty() ? FileBaseName(file, true) : project.ProjectTitle;
 }

@@ -60,7 +60,7 @@ std::string ScratchName(const Folders& places) {
 void CopyToScratch(const Korva& korva, Ports& ports, const std::string& file) {
   const BusyPointer busy(ports.Busy);
   const std::string text = WithFileLineEnds(ReadWholeFile(file, kLargestViewedFile));
-  TryMakeFolderPath(korva.Places.TempRoot);  // writing tells what went wrong
+  TryMakeFolderPath(korva.Places.TempRoot);  // writing reports what went wrong
   WriteScratchFile(ScratchName(korva.Places), text);
 }
 

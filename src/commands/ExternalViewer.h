@@ -31,8 +31,8 @@ std::optional<std::string> ViewerRemark(std::string_view setting);
 std::optional<std::string> ChooseEditor(Korva& korva, FileChoicePort& files);
 
 // Copies `file` as text, with CR LF line ends, to the scratch file "~tmpbr.tmp" and starts the external
-// viewer on that, so that the file itself stays out of its hands. Errors of copying and of starting are told
-// each for itself; false after one.
+// viewer on that, so that the file itself stays out of its hands. Errors of copying and of starting are
+// reported each for itself; false after one.
 bool ViewExternally(Korva& korva, Ports& ports, const std::string& file);
 
 }  // namespace korva

@@ -30,7 +30,7 @@ std::string Listed(std::string_view heading, const std::vector<std::string>& nam
   return names.empty() ? std::string() : fmt::format("{}\n{}", heading, fmt::join(names, "\n"));
 }
 
-std::string DoubtsText(const AssociationDoubts& doubts) {
+std::string CaveatsText(const AssociationCaveats& doubts) {
   const std::string tools =
       Listed("Desktops may not see it before these tools are installed and have run:", doubts.MissingTools);
   const std::string lists =
@@ -60,7 +60,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
     return;
   }
   const std::string program(ProgramFile);
-  AssociationDoubts doubts;
+  AssociationCaveats doubts;
   const auto associate = [&] {
     const BusyPointer busy(ports.Busy);
     doubts = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
@@ -74,7 +74,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "function to be successfully completed the user needs to have access to the "
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
-       .detail = DoubtsText(doubts),
+       .detail = CaveatsText(doubts),
        .topic = kTopic});
   HistoryLog(korva, fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }

@@ -21,7 +21,7 @@ void FileNew(Korva& korva, const NewProject& how = {});
 // Reads the file ProjectFileName, any of the five formats, into the project and copies it to the working
 // copy. False, after a message, for a file of another format; a run-time error for one that cannot be read
 // whole: the project then holds what was read in front of the fault, with the flags of FileNew. FileNotices
-// tells what was odd.
+// reports what was odd.
 bool FileOpen(Korva& korva, MessagePort& messages);
 
 // Reads the panel of the sibling program's file ProjectFileName into the project; the working copy stays.

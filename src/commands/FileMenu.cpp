@@ -70,7 +70,7 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
 void FileMenu::New() {
   recovery_.KeepDroppedWork();
   FileNew(korva_);
-  recovery_.TellOpenFile(ports_.Messages);
+  recovery_.RecordOpenFile(ports_.Messages);
 }
 
 bool FileMenu::Open() {
@@ -87,7 +87,7 @@ bool FileMenu::ImportVosk() {
           AttemptResult::kDone &&
       Load(FileOpenVOSK);
   korva_.ProjectFileName = kUntitled;
-  recovery_.TellOpenFile(ports_.Messages);
+  recovery_.RecordOpenFile(ports_.Messages);
   return imported;
 }
 
@@ -106,7 +106,7 @@ bool FileMenu::LoadProjFile() {
   if (opened) {
     AddRecentFile();
   }
-  recovery_.TellOpenFile(ports_.Messages);
+  recovery_.RecordOpenFile(ports_.Messages);
   return opened;
 }
 
@@ -145,7 +145,7 @@ bool FileMenu::Save(bool saveAs) {
   const bool saved = FileMenuSave(saveAs);
   if (saved) {
     AddRecentFile();
-    recovery_.TellSessions();  // the person was told before
+    recovery_.RecordOpenFile();  // the person was told before
   }
   return saved;
 }
@@ -174,7 +174,7 @@ bool FileMenu::FileMenuSave(bool saveAs) {
 // What speaks against replacing the file of the project's name: it is not known to be what was opened or
 // saved last, or another window has it open. Empty if nothing does. `chosen` tells that the name comes from a
 // dialog just now, which has asked.
-std::string FileMenu::DoubtOfSaving(bool chosen) const {
+std::string FileMenu::SaveWarning(bool chosen) const {
   switch (CompareWithDisk(korva_)) {
     case DiskState::kNotReadWhole:
       return "{} could not be read whole. Saving replaces it with what was read. Replace it?";
@@ -194,7 +194,7 @@ std::string FileMenu::DoubtOfSaving(bool chosen) const {
 }
 
 bool FileMenu::MayReplace(bool chosen) {
-  const std::string doubt = DoubtOfSaving(chosen);
+  const std::string doubt = SaveWarning(chosen);
   return doubt.empty() ||
          IsConfirmed(korva_, ports_.Messages, fmt::format(fmt::runtime(doubt), korva_.ProjectFileName),
                      "messages-files", MessageButtons::kYesNoDefaultNo, MessageIcon::kExclamation);

@@ -48,7 +48,7 @@ class FileMenu {
   bool Load(bool (*read)(Korva&, MessagePort&));
   bool FileMenuSave(bool saveAs);
   bool SaveBeforeOpening();
-  std::string DoubtOfSaving(bool chosen) const;
+  std::string SaveWarning(bool chosen) const;
   bool MayReplace(bool chosen);
   void AddRecentFile();
   enum class FileDialog { kOpen, kSave, kImport };

@@ -38,14 +38,14 @@ void ExportGraph(Korva& korva, Ports& ports, const Chart& chart) {
   {
     const BusyPointer busy(ports.Busy);
     const std::string bytes = Formats().GraphWorkbook(chart);
-    TryMakeFolderPath(korva.Places.TempRoot);  // writing tells what went wrong
+    TryMakeFolderPath(korva.Places.TempRoot);  // writing reports what went wrong
     file = FreeWorkbookName(korva.Places.TempRoot, korva.ProjectFileName);
     WriteFileSafely(file, bytes);
   }
   const bool opened = ports.Documents.Open(file);
   ShowMessage(korva, ports.Messages,
               {.text = fmt::format("Exported {} Curves", chart.Curves.size()),
-               .detail = opened ? "" : fmt::format("No program is set to open it. It stands in {}", file),
+               .detail = opened ? "" : fmt::format("No program is set to open it. It was saved as {}", file),
                .topic = "messages-graphs"});
 }
 

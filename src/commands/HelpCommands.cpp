@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-void SayNotAvailable(Korva& korva, MessagePort& messages, std::string_view kind, std::string_view name) {
+void ShowNotAvailable(Korva& korva, MessagePort& messages, std::string_view kind, std::string_view name) {
   ShowMessage(korva, messages,
               {.text = std::string(kind).append(" file (").append(name).append(") not available"),
                .topic = "messages-documents"});
@@ -17,7 +17,7 @@ void SayNotAvailable(Korva& korva, MessagePort& messages, std::string_view kind,
 // `name` is what a message calls the document.
 void Open(Korva& korva, Ports& ports, const std::string& path, std::string_view kind, std::string_view name) {
   if (!IsFile(path)) {
-    SayNotAvailable(korva, ports.Messages, kind, name);
+    ShowNotAvailable(korva, ports.Messages, kind, name);
   } else if (!ports.Documents.Open(path)) {
     ShowMessage(korva, ports.Messages, {.text = kOperationFailed, .topic = "messages-documents"});
   }
@@ -31,8 +31,8 @@ std::string DocumentPath(const Folders& places, std::string_view name) {
   return !IsFile(beside) && !places.Docs.empty() && IsFile(shared) ? shared : beside;
 }
 
-void SayHelpNotAvailable(Korva& korva, MessagePort& messages) {
-  SayNotAvailable(korva, messages, "Help", HelpFileName);
+void ShowHelpNotAvailable(Korva& korva, MessagePort& messages) {
+  ShowNotAvailable(korva, messages, "Help", HelpFileName);
 }
 
 void OpenManual(Korva& korva, Ports& ports) {

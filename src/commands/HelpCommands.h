@@ -14,7 +14,7 @@ namespace korva {
 std::string DocumentPath(const Folders& places, std::string_view name);
 
 // Says that the help file is not there or cannot be read.
-void SayHelpNotAvailable(Korva& korva, MessagePort& messages);
+void ShowHelpNotAvailable(Korva& korva, MessagePort& messages);
 
 // "Help in PDF format...": hands the manual to the person's desktop.
 void OpenManual(Korva& korva, Ports& ports);

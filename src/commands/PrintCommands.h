@@ -16,10 +16,10 @@ namespace korva {
 bool LoadInputPage(Korva& korva, MessagePort& messages);
 
 // "Print": sends page 0 to the printer, without a dialog. False if the person did not want an empty project
-// printed; a printer that fails is told.
+// printed; a printer that fails is reported.
 bool PrintInputPage(Korva& korva, Ports& ports);
 
-// Asks for the printer and prints `text`. If that is cancelled, the history tells so. Run-time error 482.
+// Asks for the printer and prints `text`. If that is cancelled, the history says so. Run-time error 482.
 void PrintText(Korva& korva, Ports& ports, std::string_view text);
 
 // The same for the output pages from `first` to `last`.
@@ -28,7 +28,7 @@ void PrintPages(Korva& korva, Ports& ports, int first, int last);
 // The output pages from `first` to `last`, one text without anything between them.
 std::string JoinPages(const Korva& korva, int first, int last);
 
-// "Copy All" of pages: `text` goes to the clipboard, which the history tells.
+// "Copy All" of pages: `text` goes to the clipboard, and the history says so.
 void CopyPages(Korva& korva, ClipboardPort& clipboard, std::string_view text);
 
 // The paper in the printer; without a printer the paper that the project's units ask for.

@@ -32,8 +32,8 @@ FactorSummary LastFactors(const Korva& korva);
 // What was odd in a file, a line each; nothing of what is harmless.
 std::vector<std::string> NoticeTexts(const std::vector<FileNotice>& notices);
 
-// What a person should know about the project that no message has told: what was odd in its file, and what
-// the input form would refuse of a project that was calculated all the same. Empty if there is nothing.
+// What a person should know about the project that no message has reported: what was odd in its file, and
+// what the input form would refuse of a project that was calculated all the same. Empty if there is nothing.
 std::string ProjectRemark(const Korva& korva);
 
 }  // namespace korva

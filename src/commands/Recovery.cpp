@@ -20,14 +20,14 @@ namespace korva {
 
 namespace {
 
-// A copy is a project file with two more lines: the project's name behind a mark, and what is known of the
+// A copy is a project file with two more lines: the project's name after a mark, and what is known of the
 // file of that name. A copy of a project that no file is known for has no second line.
 constexpr std::string_view kNameMark = "##Recovery##";
 
 struct CopyText {
   std::string Project;
   std::string Name;
-  std::string FileMark;
+  std::string FileFingerprint;
 };
 
 std::optional<CopyText> SplitCopy(const std::string& text) {
@@ -59,7 +59,7 @@ std::string FullNameOfFile(const std::string& name) {
 }
 
 // Equal for equal bytes that were read to the same extent, and else different by all chance.
-std::string MarkOfFile(const std::string& bytes, bool readWhole) {
+std::string FingerprintOf(const std::string& bytes, bool readWhole) {
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const char c : bytes) {
     hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
@@ -71,14 +71,14 @@ std::string MarkOfFile(const std::string& bytes, bool readWhole) {
 // only the name is known, so that saving asks.
 KnownFile FileOfCopy(const CopyText& copy) {
   KnownFile file;
-  if (copy.FileMark.empty()) {
+  if (copy.FileFingerprint.empty()) {
     return file;
   }
   file = {copy.Name, {}, true};
   try {
     std::string bytes = ReadWholeFile(copy.Name, kLargestProjectFile);
     for (const bool readWhole : {true, false}) {
-      if (copy.FileMark == MarkOfFile(bytes, readWhole)) {
+      if (copy.FileFingerprint == FingerprintOf(bytes, readWhole)) {
         file = {copy.Name, std::move(bytes), readWhole};
         break;
       }
@@ -102,7 +102,7 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
     text.append(kNameMark).append(korva_.ProjectOwnName).append(kLineEnd);
     const KnownFile& file = korva_.OpenFile;
     if (!file.Name.empty() && NamesOneFile(file.Name, korva_.ProjectOwnName)) {
-      text.append(MarkOfFile(file.Bytes, file.ReadWhole)).append(kLineEnd);
+      text.append(FingerprintOf(file.Bytes, file.ReadWhole)).append(kLineEnd);
     }
     if (text != lastCopy_ || path != folder_.CopyPath()) {
       WriteFileSafely(path, FileBytesFromText(text));
@@ -119,8 +119,8 @@ bool Recovery::WriteCopy(const std::string& path, const StoredProject& project) 
 }
 
 void Recovery::KeepCopy() {
-  if (toldName_ != korva_.ProjectOwnName) {
-    TellSessions();  // an import of cases has taken the project's place, say
+  if (recordedName_ != korva_.ProjectOwnName) {
+    RecordOpenFile();  // an import of cases has taken the project's place, say
   }
   const auto draft = Draft ? Draft() : std::nullopt;
   if (draft) {
@@ -174,21 +174,21 @@ bool Recovery::OfferCopies(MessagePort& messages) {
                       fmt::format("Unsaved work on {} was kept when the program ended. Restore it?", name),
                       "messages-files", MessageButtons::kYesNo, MessageIcon::kQuestion);
       if (wanted && Restore(path)) {
-        SessionFolder::PutAside(path);
-        TellOpenFile(messages);
+        SessionFolder::KeepAsDone(path);
+        RecordOpenFile(messages);
         return true;
       }
     } catch (const RuntimeError& error) {
       HistoryLog(korva_, std::string("Recovery copy: ") + error.what());
     }
-    SessionFolder::PutAside(path);
+    SessionFolder::KeepAsDone(path);
   }
   return false;
 }
 
-void Recovery::TellSessions() {
-  toldName_ = korva_.ProjectOwnName;
-  folder_.TellOpenFile(FullNameOfFile(toldName_));
+void Recovery::RecordOpenFile() {
+  recordedName_ = korva_.ProjectOwnName;
+  folder_.RecordOpenFile(FullNameOfFile(recordedName_));
 }
 
 bool Recovery::IsOpenElsewhere() const {
@@ -196,8 +196,8 @@ bool Recovery::IsOpenElsewhere() const {
   return !name.empty() && folder_.IsOpenElsewhere(name);
 }
 
-void Recovery::TellOpenFile(MessagePort& messages) {
-  TellSessions();
+void Recovery::RecordOpenFile(MessagePort& messages) {
+  RecordOpenFile();
   if (IsOpenElsewhere()) {
     ShowMessage(
         korva_, messages,

@@ -31,9 +31,9 @@ class Recovery {
   bool OfferCopies(MessagePort& messages);
 
   // Tells other sessions which file is open here, and the person if another has it open too.
-  void TellOpenFile(MessagePort& messages);
+  void RecordOpenFile(MessagePort& messages);
   // The first half of that.
-  void TellSessions();
+  void RecordOpenFile();
   // Whether another session has the file ProjectFileName open.
   bool IsOpenElsewhere() const;
 
@@ -49,7 +49,7 @@ class Recovery {
   Korva& korva_;
   SessionFolder folder_;
   std::string lastCopy_;
-  std::string toldName_;  // the project that other sessions know of
+  std::string recordedName_;  // the project that other sessions know of
   bool failureLogged_ = false;
 };
 

@@ -23,7 +23,7 @@ void LogFailure(Korva& korva, const RuntimeError& error) {
   HistoryLog(korva, std::string("Settings file: ") + error.what());
 }
 
-// The text of a settings file of this version, made anew if there is none.
+// The text of a settings file of this version, created if there is none.
 std::string TextOfThisVersion(Korva& korva, const SettingsSurroundings& surroundings) {
   const std::string& path = korva.Places.IniFile;
   std::string text;

@@ -53,13 +53,13 @@ void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome) {
   }
 }
 
-bool WantsPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome) {
+bool AskForPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome) {
   if (outcome.Data.PointCount == 0) {
     return false;
   }
   return !outcome.Cancelled ||
          IsConfirmed(korva, messages,
-                     fmt::format("The calculations were stopped: {}.{}Show the points that there are?",
+                     fmt::format("The calculations were stopped: {}.{}Show the points calculated so far?",
                                  outcome.Data.Partial, kLineEnd),
                      "messages-graphs", MessageButtons::kYesNoDefaultNo, MessageIcon::kQuestion);
 }

@@ -38,7 +38,7 @@ SweepOutcome RunSweepJob(SweepJob& job, const std::function<bool(int step, int c
 void KeepSweep(Korva& korva, const SweepJob& job, SweepOutcome outcome);
 
 // Whether there are points to be shown: a person who has stopped the sweep is asked.
-bool WantsPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome);
+bool AskForPoints(Korva& korva, MessagePort& messages, const SweepOutcome& outcome);
 
 // What the progress window says before a laminated solution.
 std::string SweepStepText(int step, int capacity);

@@ -162,7 +162,7 @@ void Updates::Download() {
     if (answer.Complete) {
       FetchSetup(answer.Bytes);
     } else {
-      FailDownload("its signature did not come: " + answer.Reason);
+      FailDownload("its signature could not be fetched: " + answer.Reason);
     }
   });
   changed_();
@@ -232,7 +232,7 @@ void Updates::StartSetup(const std::string& file) {
   const std::string signature = file + std::string(kSignatureExtension);
   const std::string fault =
       !StateOfFile(signature).exists
-          ? "its signature is not there"
+          ? "its signature is missing"
           : SignatureFault(ReadWholeFile(file, kLargestSetup), setupName_,
                            ReadWholeFile(signature, kLargestSignature), korva_.Updates.PublicKey);
   if (!fault.empty()) {

@@ -14,7 +14,7 @@ class ArithmeticWatch {
   enum class Mode { kWhole, kStepwise };
 
   // `results` is where a function of its own computes what it gives back, if it does: a compiler may
-  // otherwise put the operations off behind the look at the flags.
+  // otherwise move the operations after the reading of the flags.
   explicit ArithmeticWatch(Mode mode, const void* results = nullptr);
 
   bool Raised() const;

@@ -1,5 +1,5 @@
 // The values with which the case history data base was analyzed, and what is said where a panel differs.
-// Pages print the texts as they stand, the form behind "Warning: ".
+// Pages print the texts as they stand, the form after "Warning: ".
 #pragma once
 
 #include <string_view>

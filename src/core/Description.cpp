@@ -14,7 +14,7 @@ struct WrappedLine {
   int count = 1;  // the number of pieces plus 1
 };
 
-// How many characters of `line` its next piece takes. A line that is cut ends behind a blank at characters 40
+// How many characters of `line` its next piece takes. A line that is cut ends after a blank at characters 40
 // to 59, or hard at 60; the shorter rest of a line is treated in the same way, so it may be split once more.
 std::size_t PieceLength(std::string_view line) {
   const std::string_view window = line.substr(0, BytesOfCharacters(line, kLongestLine - 1));

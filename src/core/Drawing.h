@@ -29,10 +29,10 @@ struct DrawText {
   DrawPoint At;
   bool Upright = false;  // runs from bottom to top
   std::string Text;
-  double Along = 0.5;  // 0: the text begins at `At`, 1: it ends there
-  bool Plate = true;   // on a plate of the paper's colour, where it stands on a pattern
-  double Room = 0;     // above 0: breaks into lines of this width below `At`
-  double Scale = 1;    // of its letters, where there is little room
+  double Along = 0.5;      // 0: the text begins at `At`, 1: it ends there
+  bool Background = true;  // on a background of the paper's colour, where it stands on a pattern
+  double Room = 0;         // above 0: breaks into lines of this width below `At`
+  double Scale = 1;        // of its letters, where there is little room
 };
 
 struct LegendEntry {
@@ -49,7 +49,7 @@ struct Drawing {
   std::vector<DrawLine> Lines;  // dimensions
   std::vector<DrawText> Texts;
   std::vector<LegendEntry> Legend;  // beside the drawing
-  std::string Note;                 // behind the legend
+  std::string Note;                 // after the legend
 };
 
 }  // namespace korva

@@ -49,7 +49,7 @@ void AppendUtf8(std::string& text, char32_t point) {
   const unsigned more = point < 0x80      ? 0
                         : point < 0x800   ? 1
                         : point < 0x10000 ? 2
-                                          : 3;  // bytes behind the first
+                                          : 3;  // bytes after the first
   text += static_cast<char>(kLead[more] | (point >> (6 * more)));
   for (unsigned left = more; left-- > 0;) {
     text += static_cast<char>(0x80 | ((point >> (6 * left)) & 0x3F));

@@ -19,8 +19,8 @@ inline constexpr double kWidePanelDepth = 80;
 inline constexpr auto kLeastArchFactorSingle = static_cast<float>(kLeastArchFactor);
 
 // Stability factors that the case data base asks for: of pillars, and of barriers.
-inline constexpr double kSoundSF = 1.5;
-inline constexpr double kSoundBarrierSF = 2;
+inline constexpr double kRequiredSF = 1.5;
+inline constexpr double kRequiredBarrierSF = 2;
 
 // Characters of the history box, and percent of the project's value to which a graph goes.
 inline constexpr int kLeastHistory = 4096;

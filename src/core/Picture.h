@@ -28,8 +28,8 @@ struct PictureBox {
 
   double Width() const { return Right - Left; }
   double Height() const { return Bottom - Top; }
-  double Across() const { return (Left + Right) / 2; }
-  double Down() const { return (Top + Bottom) / 2; }
+  double CenterX() const { return (Left + Right) / 2; }
+  double CenterY() const { return (Top + Bottom) / 2; }
   bool Contains(const DrawPoint& at) const {
     return at.X >= Left && at.X <= Right && at.Y >= Top && at.Y <= Bottom;
   }

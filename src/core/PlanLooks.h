@@ -49,6 +49,6 @@ struct PlanSizes {
 inline constexpr PlanSizes kScreenSizes = {8, 7, 1.6, {8, 4}};
 inline constexpr PlanSizes kFileSizes = {7, 6, 1.4, {6, 3}};
 
-inline constexpr double kPlateShare = 0.85;  // of a pattern that the plate below a text covers
+inline constexpr double kBackgroundOpacity = 0.85;  // of a pattern that the background below a text covers
 
 }  // namespace korva

@@ -18,7 +18,7 @@ enum class UnitKind {
   kMetricLoad = 5,
 };
 
-// The label behind a field's name in unit system `units`, such as " (ft)".
+// The label after a field's name in unit system `units`, such as " (ft)".
 std::string_view UnitLabel(UnitKind kind, UnitSystem units);
 
 // A label without its leading blank and without its parentheses: "ft".

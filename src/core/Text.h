@@ -34,11 +34,11 @@ constexpr char LowerCase(char c) {
 }
 std::string LowerCase(std::string_view text);
 
-// What a message shows of a text that may be of any length: its first 40 characters, with dots behind if
+// What a message shows of a text that may be of any length: its first 40 characters, with dots after if
 // there are more.
 std::string Excerpt(std::string_view text);
 
-// `text` with blanks in front, blanks behind, or dots behind up to `width`. A longer text is returned whole.
+// `text` with blanks in front, blanks after, or dots after up to `width`. A longer text is returned whole.
 std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);
 std::string DotPad(std::string_view text, std::size_t width);
@@ -47,7 +47,7 @@ std::string DotPad(std::string_view text, std::size_t width);
 // word longer than the width loses its front to "...". A width of 20 or less returns the text unchanged.
 std::string WrapText(std::string_view text, std::size_t width);
 
-// One line of a text without its end, and what stands behind it. CR LF, CR and LF end a line.
+// One line of a text without its end, and what stands after it. CR LF, CR and LF end a line.
 struct SplitLine {
   std::string_view line;
   std::string_view rest;

@@ -23,7 +23,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds kBetweenWatches{100};
+constexpr milliseconds kWatchInterval{100};
 
 [[noreturn]] void ThrowNotStarted(int code, const std::string& program) {
   if (code == EAGAIN || code == EMFILE || code == ENFILE) {
@@ -143,9 +143,9 @@ class Child {
 };
 
 // The two limits and the watch while a child runs.
-class Patience {
+class ChildLimits {
  public:
-  Patience(milliseconds limit, const std::function<void()>& watch)
+  ChildLimits(milliseconds limit, const std::function<void()>& watch)
       : end_(Clock::now() + limit), watch_(watch) {}
 
   bool IsOver() const { return Clock::now() >= end_; }
@@ -158,29 +158,29 @@ class Patience {
 
   void Watch() {
     if (Clock::now() >= next_) {
-      next_ = Clock::now() + kBetweenWatches;
+      next_ = Clock::now() + kWatchInterval;
       watch_();
     }
   }
 
  private:
   Clock::time_point end_;
-  Clock::time_point next_ = Clock::now() + kBetweenWatches;
+  Clock::time_point next_ = Clock::now() + kWatchInterval;
   const std::function<void()>& watch_;
 };
 
 }  // namespace
 
 ChildResult RunChild(const ChildCall& call, const std::function<void()>& watch) {
-  static constexpr milliseconds kBetweenLooks{5};  // at a child that has closed its output
+  static constexpr milliseconds kPollInterval{5};  // at a child that has closed its output
   ChildResult result;
   Child child(call);
-  Patience patience(call.Limit, watch);
+  ChildLimits patience(call.Limit, watch);
   for (bool prints = true; prints || !child.HasEnded();) {
     if (prints) {
-      prints = child.Read(patience.Step(kBetweenWatches), result.Output);
+      prints = child.Read(patience.Step(kWatchInterval), result.Output);
     } else {
-      ::poll(nullptr, 0, static_cast<int>(patience.Step(kBetweenLooks).count()));
+      ::poll(nullptr, 0, static_cast<int>(patience.Step(kPollInterval).count()));
     }
     if (result.Output.size() > call.MostOutput) {
       result.End = ChildEnd::kPrintedTooMuch;

@@ -14,7 +14,7 @@ namespace korva {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
-// So many lines behind the last value have a notice of their own.
+// So many lines after the last value have a notice of their own.
 constexpr int kMostRestNotices = 20;
 
 // What stood in the file, short enough for a message and without control characters.
@@ -55,11 +55,11 @@ double FieldCursor::ReadNumber(std::string_view expected) {
   if (field.end == End::kComma) {
     notices_.push_back(
         {FileNoticeKind::kComma, fieldLine_,
-         fmt::format("a comma ends {}; what stands behind it was read as the next value", expected)});
+         fmt::format("a comma ends {}; what follows it was read as the next value", expected)});
   } else if (field.end == End::kFile) {
     notices_.push_back(
         {FileNoticeKind::kNoLineEnd, fieldLine_,
-         fmt::format("{} has no line end behind it; the file may have been cut off", expected)});
+         fmt::format("{} has no line end after it; the file may have been cut off", expected)});
   }
   const std::size_t first = field.text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) {
@@ -104,9 +104,8 @@ void FieldCursor::NoticeRest() {
     const SplitLine split = TakeLine(rest_);
     rest_ = split.rest;
     if (split.line.find_first_not_of(kBlanks) != std::string_view::npos && ++found <= kMostRestNotices) {
-      notices_.push_back(
-          {FileNoticeKind::kNotRead, line_,
-           fmt::format("\"{}\" stands behind the last value and was not read", Shown(split.line))});
+      notices_.push_back({FileNoticeKind::kNotRead, line_,
+                          fmt::format("\"{}\" follows the last value and was not read", Shown(split.line))});
     }
     ++line_;
   }
@@ -126,7 +125,7 @@ FieldCursor::Field FieldCursor::TakeField(std::string_view expected) {
   if (quoted) {
     Advance(1);
   }
-  // A quote that nothing closes ends with its line, so that it cannot swallow the values behind it.
+  // A quote that nothing closes ends with its line, so that it cannot swallow the values after it.
   const auto ends = [end = quoted ? '"' : ','](char c) { return c == end || c == '\r' || c == '\n'; };
   const std::string_view text(rest_.begin(), std::find_if(rest_.begin(), rest_.end(), ends));
   Advance(text.size());

@@ -11,7 +11,7 @@
 namespace korva {
 
 // Walks the text of a file. A field ends at a comma or a line end, blanks in front of it do not count, and a
-// double quote at its start delimits it: what stands behind the closing quote begins the next field.
+// double quote at its start delimits it: what stands after the closing quote begins the next field.
 // `expected` names the value for messages. Run-time errors name file, line and what was expected: 62 where
 // the text has ended, also within a number, 13 for a text that is not wholly a number, 6 for a number beyond
 // the range of its type.

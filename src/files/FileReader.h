@@ -15,7 +15,7 @@ class FileReader {
   virtual std::uint64_t Size() const = 0;  // when it was opened
   // The next bytes, at most `most`; none at the end.
   virtual std::string Read(std::size_t most) = 0;
-  // Begins anew at the first byte.
+  // Begins again at the first byte.
   virtual void Rewind() = 0;
 };
 

@@ -27,12 +27,12 @@ OpenedFile OpenRegularFile(const std::string& path) {
   }
   struct stat state {};
   if (::fstat(file.Get(), &state) != 0) {
-    ThrowSystemError(errno, path, "looking at it");
+    ThrowSystemError(errno, path, "reading its properties");
   }
   if (!S_ISREG(state.st_mode)) {
     throw RuntimeError(
         ErrorNumber::kPathFileAccess,
-        fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is no regular file"));
+        fmt::format("{}: {}", path, S_ISDIR(state.st_mode) ? "is a folder" : "is not a regular file"));
   }
   return {std::move(file), static_cast<std::uint64_t>(state.st_size)};
 }

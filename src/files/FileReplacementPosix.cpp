@@ -27,7 +27,7 @@ class PosixFileReplacement final : public FileReplacement {
       if (fd_.Get() < 0 && (errno != EEXIST || number == kMostNames)) {
         const int code = errno;
         name_.clear();  // not ours to remove
-        ThrowSystemError(code, target, "making a file beside it");
+        ThrowSystemError(code, target, "creating a temporary file beside it");
       }
     }
     if (mode != 0 && ::fchmod(fd_.Get(), mode) != 0) {

@@ -19,7 +19,7 @@ void Require(const std::error_code& failure, const std::string& path, std::strin
   }
 }
 
-bool StandsBefore(const std::string& a, const std::string& b) {
+bool SortsBefore(const std::string& a, const std::string& b) {
   const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(),
                                            [](char x, char y) { return LowerCase(x) == LowerCase(y); });
   if (left == a.end() || right == b.end()) {
@@ -107,7 +107,7 @@ bool TryMakeFolderPath(const std::string& folder) {
   return FolderExists(folder);
 }
 
-void CloseToOthers(const std::string& folder) noexcept {
+void RestrictToOwner(const std::string& folder) noexcept {
   std::error_code failure;
   fs::permissions(PathOf(folder), fs::perms::owner_all, failure);
 }
@@ -142,8 +142,8 @@ FolderContent ReadFolder(const std::string& folder) {
     names.push_back(Utf8Of(entry.path().filename()));
   });
   Require(failure, folder + "/", "reading the folder");
-  std::sort(content.Folders.begin(), content.Folders.end(), StandsBefore);
-  std::sort(content.Files.begin(), content.Files.end(), StandsBefore);
+  std::sort(content.Folders.begin(), content.Folders.end(), SortsBefore);
+  std::sort(content.Files.begin(), content.Files.end(), SortsBefore);
   return content;
 }
 

@@ -38,7 +38,7 @@ void MakeFolderPath(const std::string& folder, std::string_view action = "making
 bool TryMakeFolderPath(const std::string& folder);
 
 // Takes other people's permissions off a folder, as far as that can be done.
-void CloseToOthers(const std::string& folder) noexcept;
+void RestrictToOwner(const std::string& folder) noexcept;
 
 // Gives a file another name, over one that has it. Run-time error of the system.
 void RenameFile(const std::string& from, const std::string& to, std::string_view action = "renaming it");

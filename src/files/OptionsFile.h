@@ -15,7 +15,7 @@ bool HasOptions(std::string_view text);
 // not begin with a number is 0, and a value outside its range becomes the range's lower bound. RoundKORVASF
 // is as the file says; programs set it to 0 at their start.
 OptionSettings ReadOptions(std::string_view text);
-// The same; `reset` tells that the swept range was empty and has been set anew.
+// The same; `reset` tells that the swept range was empty and has been reset.
 OptionSettings ReadOptions(std::string_view text, bool* reset);
 
 // Puts the section into the profile `text`.

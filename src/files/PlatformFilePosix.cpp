@@ -52,7 +52,7 @@ FileState StateOfFile(const std::string& path) {
     if (errno == ENOENT || errno == ENOTDIR) {
       return {};
     }
-    ThrowSystemError(errno, path, "looking at it");
+    ThrowSystemError(errno, path, "reading its properties");
   }
   return {.exists = true,
           .isRegular = S_ISREG(state.st_mode),

@@ -39,7 +39,7 @@ PrivateFolder::~PrivateFolder() {
   all.Names.erase(name_);
 }
 
-void RemovePrivateFoldersForGood() noexcept {
+void RemoveAllPrivateFolders() noexcept {
   static constexpr int kTries = 500;  // while other threads still write into them
   PrivateFolders& all = AllFolders();
   all.Mutex.lock();  // and never unlocked

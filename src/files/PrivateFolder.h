@@ -23,6 +23,6 @@ class PrivateFolder {
 
 // Removes all private folders of this process, and holds up whoever makes or drops one from then on: for a
 // process that is about to end.
-void RemovePrivateFoldersForGood() noexcept;
+void RemoveAllPrivateFolders() noexcept;
 
 }  // namespace korva

@@ -73,7 +73,7 @@ inline constexpr std::string_view kDescriptionEnd = "##EndDesc##";
 // error 9, otherwise the errors are those of the cursor.
 void ReadFieldLine(FieldCursor& cursor, const FieldLine& line, Project& project);
 
-// Reads units, title and description, with which every format begins behind its magic. Units other than the
+// Reads units, title and description, with which every format begins after its magic. Units other than the
 // two known become English. Errors are those of the cursor.
 void ReadProjectHead(FieldCursor& cursor, StoredProject& project);
 

@@ -34,7 +34,7 @@ constexpr auto kModelLines = std::to_array<FieldLine>({
     {"CalcMode", &Project::CalcMode, 54},
 });
 
-// The lines behind the description. Reader and writer both walk them; further ones stand at their end, in a
+// The lines after the description. Reader and writer both walk them; further ones stand at their end, in a
 // table of this file.
 constexpr std::array<FieldLines, 3> kPanelLines = {kGeometryLines, kModelLines, kGobLines};
 

@@ -35,7 +35,7 @@ void WriteFileSafely(const std::string& path, std::string_view bytes, FileReplac
   const FileState state = StateOfFile(path);
   if (state.exists && !state.isRegular) {
     throw RuntimeError(ErrorNumber::kPathFileAccess,
-                       fmt::format("{}: {}", path, state.isFolder ? "is a folder" : "is no regular file"));
+                       fmt::format("{}: {}", path, state.isFolder ? "is a folder" : "is not a regular file"));
   }
   if (state.exists) {
     RequireWritable(path);  // replacing it would not ask

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kCopy = ".KVL";
-constexpr std::string_view kAside = "kept-";
+constexpr std::string_view kKeptPrefix = "kept-";
 constexpr std::uint64_t kLongestName = std::uint64_t{64} * 1024;
 constexpr std::size_t kMostKept = 20;
 
@@ -27,8 +27,8 @@ std::string SessionOf(const std::string& path) {
   return name.substr(0, name.find('.'));
 }
 
-bool IsAside(const std::string& path) {
-  return FileBaseName(path, false).starts_with(kAside);
+bool IsKeptCopy(const std::string& path) {
+  return FileBaseName(path, false).starts_with(kKeptPrefix);
 }
 
 std::string LockedText(const std::string& path) {
@@ -46,7 +46,7 @@ SessionFolder::SessionFolder(const std::string& folder) : folder_(folder) {
     return;
   }
   if (TryMakeFolderPath(folder_)) {
-    CloseToOthers(folder_);
+    RestrictToOwner(folder_);
   }
   name_ = fmt::format("{}-{}", ProcessNumber(), std::chrono::system_clock::now().time_since_epoch().count());
   copyPath_ = fmt::format("{}{}{}", folder_, name_, kCopy);
@@ -57,7 +57,7 @@ std::string SessionFolder::NewDroppedPath() {
   return copyPath_.empty() ? copyPath_ : fmt::format("{}{}.{}{}", folder_, name_, ++dropped_, kCopy);
 }
 
-void SessionFolder::TellOpenFile(const std::string& fullName) const {
+void SessionFolder::RecordOpenFile(const std::string& fullName) const {
   if (lock_) {
     lock_->Write(fullName);
   }
@@ -78,7 +78,7 @@ std::vector<std::string> SessionFolder::TakeAbandoned() {
   std::vector<std::string> taken;
   for (const std::string& copy : NewestFiles(folder_, kCopy)) {
     const std::string session = SessionOf(copy);
-    if (IsAside(copy) || session == name_ || IsLocked(LockOf(session))) {
+    if (IsKeptCopy(copy) || session == name_ || IsLocked(LockOf(session))) {
       continue;
     }
     const std::string own = NewDroppedPath();
@@ -97,13 +97,13 @@ std::vector<std::string> SessionFolder::TakeAbandoned() {
   return taken;
 }
 
-void SessionFolder::PutAside(const std::string& path) noexcept {
+void SessionFolder::KeepAsDone(const std::string& path) noexcept {
   try {
     const std::string folder = FolderOf(path);
-    RenameFile(path, fmt::format("{}/{}{}", folder, kAside, FileBaseName(path, false)));
+    RenameFile(path, fmt::format("{}/{}{}", folder, kKeptPrefix, FileBaseName(path, false)));
     std::size_t kept = 0;
     for (const std::string& copy : NewestFiles(folder, kCopy)) {
-      if (IsAside(copy) && ++kept > kMostKept) {
+      if (IsKeptCopy(copy) && ++kept > kMostKept) {
         TryRemoveFile(copy);
       }
     }

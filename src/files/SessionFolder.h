@@ -22,7 +22,7 @@ class SessionFolder {
   std::string NewDroppedPath();
 
   // Tells other sessions the full name of the project that is open here.
-  void TellOpenFile(const std::string& fullName) const;
+  void RecordOpenFile(const std::string& fullName) const;
   // Whether another running session has that file open.
   bool IsOpenElsewhere(const std::string& fullName) const;
 
@@ -32,7 +32,7 @@ class SessionFolder {
   std::vector<std::string> TakeAbandoned();
 
   // Puts a copy aside so that it is not offered again.
-  static void PutAside(const std::string& path) noexcept;
+  static void KeepAsDone(const std::string& path) noexcept;
 
   // Removes what tells of this session, but not the work that was dropped, nor its copy if `keepCopy`.
   void End(bool keepCopy) noexcept;

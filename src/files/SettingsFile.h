@@ -35,7 +35,7 @@ Settings BuiltInSettings(const SettingsSurroundings& surroundings);
 
 // The settings as the profile `text` gives them: a missing key has its own value, a text that does not begin
 // with a number is 0, a value outside its range becomes the lower bound. `reset` tells that the swept range
-// of section "KORVAOptions" was empty and has been set anew, so that the section should be written back.
+// of section "KORVAOptions" was empty and has been reset, so that the section should be written back.
 Settings ReadSettings(std::string_view text, const SettingsSurroundings& surroundings, bool& reset);
 
 // Puts a section, or all, into the profile `text`; what else stands there is kept.

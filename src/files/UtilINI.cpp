@@ -19,7 +19,7 @@ struct IniPlace {
   bool sectionFound = false;
   bool found = false;
   std::size_t begin = 0;  // of the key's line; where a new one belongs if it was not found
-  std::size_t end = 0;    // behind that line's end
+  std::size_t end = 0;    // after that line's end
   std::string_view value;
 };
 
@@ -98,7 +98,7 @@ void SetIniValue(std::string& text, std::string_view section, std::string_view k
   }
   std::string line = std::string(Trimmed(key)) + "=" + OneLine(value) + std::string(kLineEnd);
   if (place.begin > 0 && text[place.begin - 1] != '\n' && text[place.begin - 1] != '\r') {
-    line.insert(0, kLineEnd);  // behind a last line without its end
+    line.insert(0, kLineEnd);  // after a last line without its end
   }
   text.replace(place.begin, place.end - place.begin, line);
 }

@@ -22,7 +22,7 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
 std::string GetIniValue(std::string_view text, std::string_view section, std::string_view key,
                         const std::string& fallback);
 
-// Gives `key` in `section` of the profile `text` the value, in the place where it stands or behind the
+// Gives `key` in `section` of the profile `text` the value, in the place where it stands or after the
 // section's last line; a section that is not there is added. Line breaks and other controls in a value become
 // blanks.
 void SetIniValue(std::string& text, std::string_view section, std::string_view key, std::string_view value);

@@ -30,7 +30,7 @@ constexpr int YTitleOf(GraphKind graph) {
 // All titles in the unit system `units`, and the default format, over those of `settings`.
 void SetDefaultTitles(GraphSettings& settings, UnitSystem units);
 
-// Makes titles and format anew if those of `graph` were never made, or for another unit system. A default X
+// Makes titles and format if those of `graph` were never made, or for another unit system. A default X
 // title without its unit gets that: an axis always tells it.
 void PrepareTitles(GraphSettings& settings, GraphKind graph, UnitSystem units);
 

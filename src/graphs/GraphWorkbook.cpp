@@ -41,7 +41,7 @@ void WriteText(lxw_worksheet* sheet, std::size_t row, std::uint16_t column, cons
   }
 }
 
-// What is to be known of the points, in a column behind the curves, and of the sweep, in the next one.
+// What is to be known of the points, in a column after the curves, and of the sweep, in the next one.
 void WriteNotices(lxw_worksheet* sheet, const Chart& chart) {
   const std::size_t curves = chart.Curves.size();
   const auto column = [&](int offset, const char* heading, const std::vector<std::string>& texts) {
@@ -213,7 +213,7 @@ void ReadBack(const std::string& file, std::size_t expectedCells) {
     cells += CellsOf(part);
   }
   if (state != UNZ_END_OF_LIST_OF_FILE || cells != expectedCells) {
-    Fail(fmt::format("{} of {} cells came out", cells, expectedCells));
+    Fail(fmt::format("{} of {} cells were written", cells, expectedCells));
   }
 }
 

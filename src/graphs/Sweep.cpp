@@ -126,7 +126,7 @@ Project PanelAt(const Project& project, GraphKind graph, float shown) {
   return panel;
 }
 
-SweepData RoomFor(GraphKind graph, const SweepSteps& steps, bool laminated) {
+SweepData AllocateData(GraphKind graph, const SweepSteps& steps, bool laminated) {
   SweepData data;
   data.GraphIndex = graph;
   data.CurveCount = laminated ? kMostCurves : kTraditionalCurves;
@@ -157,7 +157,7 @@ std::string PartialText(const SweepOutcome& outcome, GraphKind graph, const Swee
 
 }  // namespace
 
-SweepSteps StepsOfSweep(GraphKind graph, double base, SweepRange range, bool coarse) {
+SweepSteps SweepStepsFor(GraphKind graph, double base, SweepRange range, bool coarse) {
   const double low = static_cast<double>(range.Min) / 100;
   const double high = static_cast<double>(range.Max) / 100;
   // More than the range over the number of steps: the whole value counts once.
@@ -189,8 +189,8 @@ SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prep
   Calculation run = prepared;
   double& value = WorkingValue(run.Work, graph);
   const SweepSteps steps =
-      StepsOfSweep(graph, value, range, laminated != nullptr || graph == kBarrierDepthGraph);
-  SweepOutcome outcome = {RoomFor(graph, steps, laminated != nullptr), false, {}};
+      SweepStepsFor(graph, value, range, laminated != nullptr || graph == kBarrierDepthGraph);
+  SweepOutcome outcome = {AllocateData(graph, steps, laminated != nullptr), false, {}};
   SweepData& data = outcome.Data;
   RunPass(graph, steps, data.PointCount, outcome, [&](double x, std::size_t point) {
     value = x;
@@ -205,7 +205,7 @@ SweepOutcome RunSweep(GraphKind graph, SweepRange range, const Calculation& prep
   });
   if (laminated != nullptr && !outcome.Failure) {
     RunPass(graph, steps, data.LaminatedCount, outcome, [&](double x, std::size_t point) {
-      if (!laminated->GoOn(data.LaminatedCount + 1, data.PointCapacity)) {
+      if (!laminated->MayContinue(data.LaminatedCount + 1, data.PointCapacity)) {
         outcome.Cancelled = true;
         return false;
       }

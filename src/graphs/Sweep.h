@@ -30,13 +30,13 @@ struct SweepSteps {
 
 // The steps around `base`, the working value of the parameter. `coarse` sweeps (laminated, or the graph of
 // barriers over depth) take a fifth of them. Run-time error 6 for a value beyond 32 bits.
-SweepSteps StepsOfSweep(GraphKind graph, double base, SweepRange range, bool coarse);
+SweepSteps SweepStepsFor(GraphKind graph, double base, SweepRange range, bool coarse);
 
 // What a sweep with the laminated model needs of the outside.
 struct LaminatedSweep {
   std::function<StrondResults(const Project&)> Solve;
   // Told before each solution: its number from 1 on, and the point capacity. False ends the sweep.
-  std::function<bool(int step, int capacity)> GoOn;
+  std::function<bool(int step, int capacity)> MayContinue;
 };
 
 // What a person should know of a panel whose numbers are computed all the same.

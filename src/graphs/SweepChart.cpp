@@ -48,7 +48,7 @@ void AddNotices(Chart& chart, const SweepData& data) {
 }  // namespace
 
 double ReferenceFactor(GraphKind graph) {
-  return IsBarrierGraph(graph) ? kSoundBarrierSF : kSoundSF;
+  return IsBarrierGraph(graph) ? kRequiredBarrierSF : kRequiredSF;
 }
 
 Chart ChartOf(const SweepData& data, int curves, const GraphSettings& settings, bool showReference) {

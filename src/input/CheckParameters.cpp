@@ -19,12 +19,12 @@ ParameterRefusal Refused(const NumberField& field, std::string_view text, Refusa
   return {std::string(text), kind, RowOf(field.Frame).Tab, field.Control};
 }
 
-bool Takes(const Accepted& range, double value) {
-  return (range.LeastToo ? value >= range.Least : value > range.Least) && value <= range.Greatest;
+bool Takes(const AcceptedRange& range, double value) {
+  return (range.IncludesLeast ? value >= range.Least : value > range.Least) && value <= range.Greatest;
 }
 
 // Whether the bound holds that another field sets.
-bool FitsTheOther(const ParameterTexts& t, std::size_t field) {
+bool FitsOtherField(const ParameterTexts& t, std::size_t field) {
   constexpr NumberIndex kSpacing(&Project::XcutSpacing);
   constexpr NumberIndex kFirstSlabCut(&Project::SlabcutFirstGob);
   constexpr NumberIndex kSecondSlabCut(&Project::SlabcutSecondGob);
@@ -34,13 +34,13 @@ bool FitsTheOther(const ParameterTexts& t, std::size_t field) {
 }
 
 // Why a field's text is refused, or nothing.
-std::optional<std::string> FaultOf(const ParameterTexts& texts, std::size_t field) {
+std::optional<std::string> ReasonToRefuse(const ParameterTexts& texts, std::size_t field) {
   const NumberField& row = kNumberFields[field];
   const std::string& text = texts.Numbers[field];
   if (row.Refusal.empty()) {
     return CheckFieldRange(text, row.Range.Least, row.Range.Greatest, "");
   }
-  if (Takes(row.Range, FieldNumber(text)) && FitsTheOther(texts, field)) {
+  if (Takes(row.Range, FieldNumber(text)) && FitsOtherField(texts, field)) {
     return std::nullopt;
   }
   return std::string(row.Refusal);
@@ -53,7 +53,7 @@ Refusal CheckFrame(const ParameterTexts& texts, ParameterFrame frame) {
     if (field.Frame != frame || (flag && !texts.Flags[*flag])) {
       continue;
     }
-    if (const auto fault = FaultOf(texts, i)) {
+    if (const auto fault = ReasonToRefuse(texts, i)) {
       return Refused(field, *fault, field.Kind);
     }
   }

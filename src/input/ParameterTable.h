@@ -90,19 +90,20 @@ struct FlagIndex {
 };
 
 // What a field takes. Bounds that other fields set are the check's part, and stand here as words.
-struct Accepted {
+struct AcceptedRange {
   double Least = 0;
-  bool LeastToo = false;
+  bool IncludesLeast = false;
   double Greatest = std::numeric_limits<double>::infinity();
   const char* Words = nullptr;
 };
-inline constexpr Accepted kAboveZero;
-inline constexpr Accepted kZeroOrMore = {0, true};
-inline constexpr Accepted kWiderThanEntry = {.Words = "more than the entry width"};
-inline constexpr Accepted kXcutAngles = {kLeastXcutAngle, true, kGreatestAngle};
-inline constexpr Accepted kArchFactors = {kLeastArchFactor, true, kGreatestArchFactor};
-inline constexpr Accepted kAbutmentAngles = {0, true, kGreatestAngle};
-inline constexpr Accepted kSlabCuts = {.LeastToo = true, .Words = "0 to the width of the barrier pillar"};
+inline constexpr AcceptedRange kAboveZero;
+inline constexpr AcceptedRange kZeroOrMore = {0, true};
+inline constexpr AcceptedRange kWiderThanEntry = {.Words = "more than the entry width"};
+inline constexpr AcceptedRange kXcutAngles = {kLeastXcutAngle, true, kGreatestAngle};
+inline constexpr AcceptedRange kArchFactors = {kLeastArchFactor, true, kGreatestArchFactor};
+inline constexpr AcceptedRange kAbutmentAngles = {0, true, kGreatestAngle};
+inline constexpr AcceptedRange kSlabCuts = {.IncludesLeast = true,
+                                            .Words = "0 to the width of the barrier pillar"};
 
 enum class RefusalKind { kRange, kLogic };
 
@@ -118,10 +119,10 @@ struct NumberField {
   int Length;  // greatest length that can be typed
   std::optional<UnitKind> Unit;
   const char* Meaning;
-  const Accepted& Range;
-  std::string_view Refusal = {};         // the general words of a range check where there is none
-  const DataBaseValue* Usual = nullptr;  // leaving the box with another value warns
-  std::string_view Pattern = {};         // of the shown number; its general form where there is none
+  const AcceptedRange& Range;
+  std::string_view Refusal = {};            // the general words of a range check where there is none
+  const DataBaseValue* DataBase = nullptr;  // leaving the box with another value warns
+  std::string_view Pattern = {};            // of the shown number; its general form where there is none
   RefusalKind Kind = RefusalKind::kRange;
 };
 
@@ -202,7 +203,7 @@ inline constexpr NumberField kCenterField = {static_cast<double Project::*>(null
                                              kWiderThanEntry,
                                              "Invalid entry spacing"};
 
-constexpr std::size_t PlaceOf(NumberMember member) {
+constexpr std::size_t IndexOf(NumberMember member) {
   std::size_t at = 0;
   while (kNumberFields.at(at).Member != member) {
     ++at;
@@ -222,8 +223,8 @@ constexpr std::optional<std::size_t> FlagThatShows(const NumberField& number) {
 
 // The place of a box in its table, as FlagIndex has it.
 struct NumberIndex {
-  consteval NumberIndex(double Project::*member) : At(PlaceOf(member)) {}
-  consteval NumberIndex(float Project::*member) : At(PlaceOf(member)) {}
+  consteval NumberIndex(double Project::*member) : At(IndexOf(member)) {}
+  consteval NumberIndex(float Project::*member) : At(IndexOf(member)) {}
 
   std::size_t At;
 };

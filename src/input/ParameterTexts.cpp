@@ -60,7 +60,7 @@ int EntriesOf(const ParameterTexts& texts) {
 }
 
 std::string AcceptedText(const NumberField& field) {
-  const Accepted& range = field.Range;
+  const AcceptedRange& range = field.Range;
   std::string text;
   if (range.Words != nullptr) {
     text = range.Words;
@@ -68,9 +68,10 @@ std::string AcceptedText(const NumberField& field) {
     const bool angle = range.Greatest == kGreatestAngle;
     text = fmt::format("{} to {}{}", range.Least, range.Greatest, angle ? " degrees" : "");
   } else {
-    text = range.LeastToo ? fmt::format("{} or more", range.Least) : fmt::format("above {}", range.Least);
+    text =
+        range.IncludesLeast ? fmt::format("{} or more", range.Least) : fmt::format("above {}", range.Least);
   }
-  if (const DataBaseValue* usual = field.Usual) {
+  if (const DataBaseValue* usual = field.DataBase) {
     text += fmt::format("; the data base used {}", usual->English);
     if (field.Unit) {
       text += fmt::format(" {} ({} {})", BareUnit(UnitLabel(*field.Unit, kEnglish)), usual->Metric,

@@ -12,7 +12,7 @@ namespace korva {
 
 namespace {
 
-// Kept as these numbers, not derived anew from more exact definitions.
+// Kept as these numbers, not derived from more exact definitions.
 constexpr double kInchesPerFoot = 12.0;
 constexpr double kCmPerInch = 2.54;
 constexpr double kCmPerMeter = 100.0;

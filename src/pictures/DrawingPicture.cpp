@@ -156,8 +156,8 @@ class Painter {
          text.Room > 0 ? Lines(text.Text, text.Room * scale_) : std::vector{text.Text}) {
       const double width = Advance(line);
       const double x = -text.Along * width;
-      if (text.Plate) {
-        SetColour(cairo_, kPaper, kPlateShare);
+      if (text.Background) {
+        SetColour(cairo_, kPaper, kBackgroundOpacity);
         cairo_rectangle(cairo_, x - 1, y, width + 2, height);
         cairo_fill(cairo_);
       }

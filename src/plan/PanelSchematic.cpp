@@ -45,8 +45,8 @@ class SideBuilder {
     drawing_.Polygons.push_back(std::move(polygon));
   }
 
-  void AddText(double x, double y, std::string_view text, bool upright, bool plate = true) const {
-    drawing_.Texts.push_back({{Across(x), y}, upright, std::string(text), 0.5, plate});
+  void AddText(double x, double y, std::string_view text, bool upright, bool background = true) const {
+    drawing_.Texts.push_back({{Across(x), y}, upright, std::string(text), 0.5, background});
   }
 
  private:

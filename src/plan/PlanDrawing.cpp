@@ -26,7 +26,7 @@ Drawing PanelRecords(const PlanRequest& request, const PlanGeometry& geometry, d
     AddGobTexts(pen, request, geometry);
     AddPillarTexts(pen, request, geometry);
     AddNumbers(pen, request, geometry);
-    pen.PutOnPlates(geometry.ActiveMiningZone);
+    pen.AddBackgrounds(geometry.ActiveMiningZone);
   }
   return pen.Take();
 }

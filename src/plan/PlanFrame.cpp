@@ -24,7 +24,7 @@ constexpr double kSwatch = 1.6;
 constexpr double kBlockRows = 2;
 constexpr double kMostOfSide = 0.45;   // that the frame takes
 constexpr double kLeastShare = 0.005;  // of the side, that its texts are high
-constexpr double kSmaller = 0.95;
+constexpr double kShrinkFactor = 0.95;
 constexpr double kCellInset = 0.4;
 constexpr double kWideCell = 0.64;  // of the title block's width
 constexpr double kScaleShare = 5;   // of the world's width, at most, for the scale
@@ -75,7 +75,7 @@ PlanFrame::PlanFrame(const PlanRequest& request, const PlanGeometry& geometry, c
       zoneCutOff_(geometry.ZoneCutOff),
       kinds_(Kinds(panel)) {
   while (Above() + Below() > kMostOfSide * side_ && height_ > kLeastShare * side_) {
-    height_ *= kSmaller;
+    height_ *= kShrinkFactor;
   }
 }
 

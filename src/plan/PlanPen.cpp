@@ -72,8 +72,8 @@ std::string LengthText(double length, UnitSystem units) {
 
 PlanPen::PlanPen(double side, double textHeight) : tick_(side * kTickShare), height_(textHeight) {}
 
-void PlanPen::Text(DrawPoint at, std::string text, bool upright, double along, bool plate) {
-  drawing_.Texts.push_back({at, upright, std::move(text), along, plate});
+void PlanPen::Text(DrawPoint at, std::string text, bool upright, double along, bool background) {
+  drawing_.Texts.push_back({at, upright, std::move(text), along, background});
 }
 
 void PlanPen::Fit(double length, double height) {
@@ -101,27 +101,29 @@ void PlanPen::Name(const std::vector<DrawBox>& rooms, const std::vector<std::str
   }
 }
 
-void PlanPen::PutOnPlates(const std::vector<PlanPoint>& corners) {
+void PlanPen::AddBackgrounds(const std::vector<PlanPoint>& corners) {
   for (DrawText& text : drawing_.Texts) {
     const DrawBox box = BoxOf(text, height_);
     for (std::size_t i = 0; i < corners.size(); ++i) {
       const DrawLine side = {At(corners[i]), At(corners[(i + 1) % corners.size()])};
-      text.Plate = text.Plate || RunsThrough(side, box);
+      text.Background = text.Background || RunsThrough(side, box);
     }
   }
 }
 
-void PlanPen::Across(double x0, double x1, double y, const std::string& text, bool plate, bool above) {
+void PlanPen::HorizontalLine(double x0, double x1, double y, const std::string& text, bool background,
+                             bool above) {
   drawing_.Lines.push_back({{x0, y}, {x1, y}});
   for (const double x : {x0, x1}) {
     drawing_.Lines.push_back({{x, y - tick_ / 2}, {x, y + tick_ / 2}});
   }
-  Text({(x0 + x1) / 2, y}, text, false, 0.5, plate);
+  Text({(x0 + x1) / 2, y}, text, false, 0.5, background);
   Fit(kFitting * (x1 - x0), height_);
   Last().At.Y += (above ? 1 : -1) * kBesideLine * height_ * Last().Scale;
 }
 
-void PlanPen::Upward(double y0, double y1, double x, const std::string& text, bool plate, bool broken) {
+void PlanPen::VerticalLine(double y0, double y1, double x, const std::string& text, bool background,
+                           bool broken) {
   if (broken) {
     const double gap = y0 + kBreakAt * (y1 - y0);
     drawing_.Lines.push_back({{x, y0}, {x, gap - kBreak * tick_}});
@@ -135,7 +137,7 @@ void PlanPen::Upward(double y0, double y1, double x, const std::string& text, bo
   for (const double y : {y0, y1}) {
     drawing_.Lines.push_back({{x - tick_ / 2, y}, {x + tick_ / 2, y}});
   }
-  Text({x - kBesideLine * height_, (y0 + y1) / 2}, text, true, 0.5, plate);
+  Text({x - kBesideLine * height_, (y0 + y1) / 2}, text, true, 0.5, background);
 }
 
 double PlanPen::Lowest(double x0, double x1, double none) const {

@@ -42,21 +42,23 @@ class PlanPen {
     drawing_.Polygons.push_back(std::move(polygon));
   }
 
-  void Text(DrawPoint at, std::string text, bool upright, double along = 0.5, bool plate = false);
+  void Text(DrawPoint at, std::string text, bool upright, double along = 0.5, bool background = false);
   // The last text.
   DrawText& Last() { return drawing_.Texts.back(); }
   // Makes it smaller to take at most this length and height.
   void Fit(double length, double height);
-  // A text of one line or, where there is not the room, of `lines` one below the other or upright, on a plate
-  // in the middle of the room where it can be largest; of the first one if it has no choice.
+  // A text of one line or, where there is not the room, of `lines` one below the other or upright, on a
+  // background in the middle of the room where it can be largest; of the first one if it has no choice.
   void Name(const std::vector<DrawBox>& rooms, const std::vector<std::string>& lines);
   // Puts texts that the outline `corners` runs through on plates.
-  void PutOnPlates(const std::vector<PlanPoint>& corners);
+  void AddBackgrounds(const std::vector<PlanPoint>& corners);
 
   // A dimension line from x0 to x1 with its ticks, the text above it, or below.
-  void Across(double x0, double x1, double y, const std::string& text, bool plate, bool above = true);
+  void HorizontalLine(double x0, double x1, double y, const std::string& text, bool background,
+                      bool above = true);
   // The same upward, the text left of it. A line that is not to scale has break marks.
-  void Upward(double y0, double y1, double x, const std::string& text, bool plate, bool broken = false);
+  void VerticalLine(double y0, double y1, double x, const std::string& text, bool background,
+                    bool broken = false);
 
   // The lowest Y of what has been drawn between x0 and x1; `none` if there is nothing.
   double Lowest(double x0, double x1, double none) const;

@@ -24,7 +24,7 @@ std::string_view EmptyPageReason(OverburdenModel model, int sideGobs, int page) 
   if (laminated && page > kLastLaminatedPage) {
     return "This page is empty: the laminated model fills pages 1 to 4 only.";
   }
-  const int barriers = laminated ? 3 : 4;  // and the remnants behind them
+  const int barriers = laminated ? 3 : 4;  // and the remnants after them
   if (sideGobs == 0 && page >= barriers) {
     return page == barriers ? "There are no barrier pillars: the loading condition has no side gob."
                             : "There are no remnant pillars: the loading condition has no side gob.";

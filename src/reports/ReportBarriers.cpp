@@ -29,7 +29,7 @@ bool HasBleeder(const Project& project, int k) {
   return IsSet(k == kFirstSide ? project.RowC : project.RowD);
 }
 
-// The mark behind the row of a pillar that a bleeder row adds to.
+// The mark after the row of a pillar that a bleeder row adds to.
 std::string_view BleederMark(const Project& project, int k) {
   return !HasBleeder(project, k) ? "" : k == kFirstSide ? "*" : "**";
 }

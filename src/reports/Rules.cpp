@@ -30,7 +30,8 @@ RuleFacts CollectFacts(const Project& project, const Calculation& calculation, F
   watch.Step("the mean width-to-height ratio");
   constexpr auto kModerate = static_cast<double>(kModerateLimit.Feet);
   constexpr double kSpan = static_cast<double>(kDeepLimit.Feet) - kModerate;
-  facts.CritSF = static_cast<float>(kSoundSF - (static_cast<double>(facts.Depth) - kModerate) * 0.2 / kSpan);
+  facts.CritSF =
+      static_cast<float>(kRequiredSF - (static_cast<double>(facts.Depth) - kModerate) * 0.2 / kSpan);
   for (int c = kDevelopment; c <= kRetreat; ++c) {
     facts.SF[c] = RoundSF(r.SFKorva[c], roundKORVASF);
   }
@@ -73,18 +74,18 @@ class RuleSet {
     for (int c = kDevelopment; c <= LastCaseShown(project_, work_); ++c) {
       for (const int k : SideGobs(work_.LoadCond)) {
         SetIf(Rule::kLowShownBarrierFactor,
-              outcome_.Facts.Depth > kModerateLimit.Feet && calculation_.Out.BarrierSF[c][k] < kSoundSF);
+              outcome_.Facts.Depth > kModerateLimit.Feet && calculation_.Out.BarrierSF[c][k] < kRequiredSF);
       }
     }
   }
 
   void LowFactorRules(float sf) {
-    if (!(sf < kSoundSF)) {
+    if (!(sf < kRequiredSF)) {
       return;
     }
     const RuleFacts& f = outcome_.Facts;
     const bool narrow =
-        f.PanelWidth <= kWideLimit.Feet && (!HasSideGobs() || f.MinBarrierSF >= kSoundBarrierSF);
+        f.PanelWidth <= kWideLimit.Feet && (!HasSideGobs() || f.MinBarrierSF >= kRequiredBarrierSF);
     const bool moderate = f.Depth > kModerateLimit.Feet && f.Depth <= kDeepLimit.Feet;
     SetIf(Rule::kLowFactor, f.Depth <= kModerateLimit.Feet);
     SetIf(Rule::kModerateDepth, moderate && !(narrow && sf >= critSF_));
@@ -95,7 +96,7 @@ class RuleSet {
     const RuleFacts& f = outcome_.Facts;
     const bool activeGob = project_.ExtentActiveGob > 0;
     SetIf(Rule::kLowBarrierFactor,
-          f.Depth > kModerateLimit.Feet && HasSideGobs() && f.MinBarrierSF < kSoundSF);
+          f.Depth > kModerateLimit.Feet && HasSideGobs() && f.MinBarrierSF < kRequiredSF);
     SetIf(Rule::kSlenderPillars, sf < kSlenderSF && f.MeanRatio < kSlenderRatio);
     SetIf(Rule::kExtremeDepth, activeGob && f.Depth > kExtremeLimit.Feet);
     SetIf(Rule::kBurst, activeGob && f.Depth > kDeepLimit.Feet);

@@ -14,7 +14,7 @@ inline constexpr std::string_view kProgramIcon = "korva-strond";
 
 // Whether a desktop entry can name that program. A path with "=", "%" or control characters, or one that is
 // no UTF-8, is never found by the desktops.
-bool CanStandInEntry(std::string_view program);
+bool CanBeEntryText(std::string_view program);
 
 // The line of a desktop entry that starts `program` with one file, its name one argument whatever it holds.
 std::string ExecValue(std::string_view program);
@@ -42,7 +42,7 @@ std::vector<std::string> ListsOfDesktops(std::string_view desktops);
 // Whether the list gives project files other programs before this one.
 bool PrefersAnotherProgram(std::string_view list);
 
-// The same list without this program for project files; what was named behind it comes first again.
+// The same list without this program for project files; what was named after it comes first again.
 std::string WithoutDefaultProgram(std::string_view list);
 
 }  // namespace korva

@@ -21,17 +21,17 @@ struct AssociationPictures {
 };
 
 // What may keep a desktop from seeing an association that was made.
-struct AssociationDoubts {
-  std::vector<std::string> MissingTools;  // not installed; they make the desktop's lists anew
+struct AssociationCaveats {
+  std::vector<std::string> MissingTools;  // not installed; they rebuild the desktop's lists
   std::vector<std::string> OtherLists;    // of this desktop alone, and naming another program first
 };
 
 // Makes files with `extension`, capital letters and digits, open with the program `exeName` in `folder`,
 // which gets the file's name as its one argument. All of it or, with the run-time error of what failed,
 // nothing; 53 if there is no such program.
-AssociationDoubts AssociateFileType(const UserFolders& user, const std::string& folder,
-                                    const std::string& exeName, const std::string& extension,
-                                    const AssociationPictures& pictures);
+AssociationCaveats AssociateFileType(const UserFolders& user, const std::string& folder,
+                                     const std::string& exeName, const std::string& extension,
+                                     const AssociationPictures& pictures);
 
 // The extension that this user has associated last, if that can be taken back.
 std::optional<std::string> AssociatedExtension(const UserFolders& user);

@@ -60,7 +60,7 @@ Content ContentOf(const std::string& path) {
   return StateOfFile(path).exists ? Content(ReadWholeFile(path, kLargestFile)) : std::nullopt;
 }
 
-void Put(const std::string& path, const Content& content) {
+void WriteOrRemove(const std::string& path, const Content& content) {
   if (!content) {
     RemoveFile(ResolveLinks(path));
     return;
@@ -134,7 +134,7 @@ std::optional<Record> KeptRecord(const UserFolders& user) {
   return text ? RecordOf(*text, user) : std::nullopt;
 }
 
-// Makes the desktop's lists anew from the files; returns the tools that are missing.
+// Rebuilds the desktop's lists from the files; returns the tools that are missing.
 std::vector<std::string> RefreshDesktop(const UserFolders& user) {
   constexpr std::size_t kMostOutput = std::size_t{1} << 20;
   constexpr std::chrono::seconds kLimit{30};
@@ -206,28 +206,28 @@ void PutBack(const UserFolders& user, const Record& plan, const Content& record)
   try {
     for (const Change& change : plan.Changes) {
       if (ContentOf(change.Path) != change.Now) {
-        Put(change.Path, change.Now);
+        WriteOrRemove(change.Path, change.Now);
       }
     }
-    Put(RecordPath(user), record);
+    WriteOrRemove(RecordPath(user), record);
     RefreshDesktop(user);
   } catch (const std::exception&) {
-    return;  // the failure itself is told; the record is there for a later attempt
+    return;  // the failure itself is reported; the record is there for a later attempt
   }
 }
 
 // Puts one file back as it was before, or only the programs for project files in the user's list if that was
 // changed since. False if somebody has changed the file otherwise.
-bool TakeBack(const Change& change, bool isList) {
+bool Revert(const Change& change, bool isList) {
   const Content now = ContentOf(change.Path);
   if (!now || now == change.Before) {
     return true;
   }
   if (now == change.After) {
-    Put(change.Path, change.Before);
+    WriteOrRemove(change.Path, change.Before);
   } else if (isList) {
     if (const std::string list = WithoutAssociation(*now, change.Before); list != *now) {
-      Put(change.Path, list);
+      WriteOrRemove(change.Path, list);
     }
   }
   return now == change.After || isList;
@@ -235,14 +235,14 @@ bool TakeBack(const Change& change, bool isList) {
 
 }  // namespace
 
-AssociationDoubts AssociateFileType(const UserFolders& user, const std::string& folder,
-                                    const std::string& exeName, const std::string& extension,
-                                    const AssociationPictures& pictures) {
+AssociationCaveats AssociateFileType(const UserFolders& user, const std::string& folder,
+                                     const std::string& exeName, const std::string& extension,
+                                     const AssociationPictures& pictures) {
   if (user.Data.empty() || user.Config.empty()) {
-    throw RuntimeError(ErrorNumber::kPathNotFound, "this user has no folder for the files of programs");
+    throw RuntimeError(ErrorNumber::kPathNotFound, "this user has no folder for application data");
   }
   const std::string program = folder + exeName;
-  if (!CanStandInEntry(program)) {
+  if (!CanBeEntryText(program)) {
     throw RuntimeError(ErrorNumber::kInvalidCall,
                        program + ": a desktop cannot start a program with \"=\", \"%\" or such in its path");
   }
@@ -252,10 +252,10 @@ AssociationDoubts AssociateFileType(const UserFolders& user, const std::string& 
   const Content record = ContentOf(RecordPath(user));
   const Record plan = Planned(user, program, extension, pictures);
   try {
-    Put(RecordPath(user), RecordText(plan));
+    WriteOrRemove(RecordPath(user), RecordText(plan));
     for (const Change& change : plan.Changes) {
       if (change.Now != change.After) {
-        Put(change.Path, change.After);
+        WriteOrRemove(change.Path, change.After);
       }
     }
     return {RefreshDesktop(user), OtherLists(user)};
@@ -281,12 +281,12 @@ std::vector<std::string> DissociateFileType(const UserFolders& user) {
   }
   std::vector<std::string> left;
   for (std::size_t i = kFiles; i-- > 0;) {
-    if (!TakeBack(record->Changes[i], i == kDefaults)) {
+    if (!Revert(record->Changes[i], i == kDefaults)) {
       left.push_back(record->Changes[i].Path);
     }
   }
   RefreshDesktop(user);
-  Put(RecordPath(user), std::nullopt);
+  WriteOrRemove(RecordPath(user), std::nullopt);
   return left;
 }
 

@@ -16,7 +16,7 @@ constexpr std::size_t kMostLineBytes = std::size_t{64} << 10;
 constexpr std::size_t kMostChunkLines = std::size_t{16} << 20;  // a file of 256 MiB in chunks of 256 bytes
 constexpr int kOk = 200;
 
-constexpr std::string_view kNotHttp = "the server does not answer as a web server does";
+constexpr std::string_view kNotHttp = "the server did not send a valid HTTP response";
 constexpr std::string_view kTooLarge = "the file is too large";
 constexpr std::string_view kOtherLength = "the file has another length than the server said";
 
@@ -30,7 +30,7 @@ std::optional<Number> WholeNumber(std::string_view text, int base) {
   return whole ? std::optional(number) : std::nullopt;
 }
 
-bool SendsOn(int status) {
+bool IsRedirect(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
@@ -62,7 +62,7 @@ std::size_t HttpAnswer::TakeLine(std::string_view bytes) {
   lineBytes_ += count;
   const bool inHead = phase_ == Phase::kStatus || phase_ == Phase::kHeaders;
   if (lineBytes_ > (inHead ? kMostLineBytes : kMostChunkLines) || line_.size() + count > kMostLineBytes) {
-    Fail("the server's answer has no end");
+    Fail("the server's answer is incomplete");
     return count;
   }
   line_.append(bytes.substr(0, count));
@@ -112,7 +112,7 @@ void HttpAnswer::ReadLine(std::string_view line) {
 
 // "HTTP/1.1 200 OK"
 void HttpAnswer::ReadStatus(std::string_view line) {
-  constexpr std::size_t kVersion = 9;  // characters, with the blank behind it
+  constexpr std::size_t kVersion = 9;  // characters, with the blank after it
   constexpr std::size_t kDigits = 3;
   const auto status = WholeNumber<int>(line.substr(std::min(kVersion, line.size()), kDigits), 10);
   if (!line.starts_with("HTTP/1.") || line.size() < kVersion + kDigits || line[kVersion - 1] != ' ' ||
@@ -141,11 +141,11 @@ void HttpAnswer::ReadHeader(std::string_view line) {
   } else if (name == "transfer-encoding" && status_ == kOk) {
     isChunked_ = LowerCase(value) == "chunked";
     if (!isChunked_) {
-      Fail("the server sent the file in another form than asked for");
+      Fail("the server sent the file in a format that was not requested");
     }
   } else if (name == "content-encoding" && status_ == kOk) {
     if (!value.empty() && LowerCase(value) != "identity") {
-      Fail("the server sent the file in another form than asked for");
+      Fail("the server sent the file in a format that was not requested");
     }
   } else if (name == "location") {
     location_ = value;
@@ -161,7 +161,7 @@ void HttpAnswer::EndHead() {
     return;
   }
   if (status_ != kOk) {
-    if (!SendsOn(status_) || location_.empty()) {
+    if (!IsRedirect(status_) || location_.empty()) {
       Fail(fmt::format("the server answered with status {}", status_));
     }
     phase_ = Phase::kEnd;
@@ -216,7 +216,7 @@ void HttpAnswer::Close() {
   phase_ = Phase::kEnd;
 }
 
-// The first fault is the one that is told.
+// The first fault is the one that is reported.
 void HttpAnswer::Fail(std::string_view fault) {
   if (fault_.empty()) {
     fault_ = fault;

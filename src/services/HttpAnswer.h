@@ -11,7 +11,7 @@
 namespace korva {
 
 // The request for `target` (path and query, as they stand in an address) of `host` (with its port, if that is
-// not the usual one); the server is to close the connection behind the file.
+// not the usual one); the server is to close the connection after the file.
 std::string HttpRequest(std::string_view host, std::string_view target);
 
 // A file is complete only with status 200, in the form and of the length that the server has said. A head of
@@ -21,7 +21,7 @@ class HttpAnswer {
  public:
   explicit HttpAnswer(std::uint64_t mostBytes) : most_(mostBytes) {}
 
-  // Takes the next bytes; those behind the end are not looked at.
+  // Takes the next bytes; those after the end are not looked at.
   void Take(std::string_view bytes);
   // Nothing comes any more.
   void Close();

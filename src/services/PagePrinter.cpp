@@ -61,7 +61,7 @@ std::string Printable(std::string_view line) {
   return printable.substr(0, printable.find_last_not_of(' ') + 1);
 }
 
-// Takes what fits into `columns` from the front of `rest`, up to a blank if there is one behind a word.
+// Takes what fits into `columns` from the front of `rest`, up to a blank if there is one after a word.
 std::string TakePiece(std::string_view& rest, std::size_t columns) {
   if (BytesOfCharacters(rest, columns) == rest.size()) {
     std::string whole(rest);
@@ -204,7 +204,7 @@ std::size_t PagePrinter::Columns() const {
 std::vector<PrintedSheet> SheetsOf(std::string_view text, PaperSize paper, const std::tm& now) {
   PagePrinter printer(paper, now);
   printer.PrintOut(PrintMode::kBegin, {});
-  const std::size_t end = text.find_last_not_of(" \r\n") + 1;  // empty lines behind it ask for no sheet
+  const std::size_t end = text.find_last_not_of(" \r\n") + 1;  // empty lines after it ask for no sheet
   for (const TextPiece& piece : PiecesOf(text.substr(0, end))) {
     if (printer.WouldCut(piece.Kept)) {
       printer.PrintOut(PrintMode::kNewPage, {});

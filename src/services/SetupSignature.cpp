@@ -22,7 +22,7 @@ using PublicKey = std::array<unsigned char, kHeadBytes + crypto_sign_PUBLICKEYBY
 using Signature = std::array<unsigned char, kHeadBytes + crypto_sign_BYTES>;
 using GlobalSignature = std::array<unsigned char, crypto_sign_BYTES>;
 
-const unsigned char* BytesOf(std::string_view text) {
+const unsigned char* DecodeBytes(std::string_view text) {
   return reinterpret_cast<const unsigned char*>(text.data());
 }
 
@@ -61,9 +61,9 @@ std::optional<SignatureFile> ReadSignatureFile(std::string_view text) {
   return SignatureFile{*ofFile, lines[2].substr(kTrustedComment.size()), *ofComment};
 }
 
-bool Verifies(const unsigned char* signature, std::string_view message, const PublicKey& key) {
-  return crypto_sign_verify_detached(signature, BytesOf(message), message.size(), key.data() + kHeadBytes) ==
-         0;
+bool IsValid(const unsigned char* signature, std::string_view message, const PublicKey& key) {
+  return crypto_sign_verify_detached(signature, DecodeBytes(message), message.size(),
+                                     key.data() + kHeadBytes) == 0;
 }
 
 bool FileVerifies(const Signature& signature, std::string_view file, const PublicKey& key) {
@@ -72,19 +72,19 @@ bool FileVerifies(const Signature& signature, std::string_view file, const Publi
     return false;
   }
   if (signature[1] == 'd') {
-    return Verifies(signatureItself, file, key);
+    return IsValid(signatureItself, file, key);
   }
   std::array<unsigned char, crypto_generichash_BYTES_MAX> hash{};
   return signature[1] == 'D' &&
-         crypto_generichash(hash.data(), hash.size(), BytesOf(file), file.size(), nullptr, 0) == 0 &&
-         Verifies(signatureItself, {reinterpret_cast<const char*>(hash.data()), hash.size()}, key);
+         crypto_generichash(hash.data(), hash.size(), DecodeBytes(file), file.size(), nullptr, 0) == 0 &&
+         IsValid(signatureItself, {reinterpret_cast<const char*>(hash.data()), hash.size()}, key);
 }
 
-bool CommentVerifies(const SignatureFile& signature, const PublicKey& key) {
+bool HasValidComment(const SignatureFile& signature, const PublicKey& key) {
   const Signature& ofFile = signature.OfFile;
   std::string signedText(reinterpret_cast<const char*>(ofFile.data()) + kHeadBytes, crypto_sign_BYTES);
   signedText += signature.Comment;
-  return Verifies(signature.OfComment.data(), signedText, key);
+  return IsValid(signature.OfComment.data(), signedText, key);
 }
 
 // The comment is words with tabs between them, such as "timestamp:1700000000\tfile:setup.exe\thashed".
@@ -121,13 +121,13 @@ std::string SignatureFault(std::string_view file, std::string_view name, std::st
   }
   const auto read = ReadSignatureFile(signature);
   if (!read) {
-    return "the signature is not in the form of one";
+    return "the signature is malformed";
   }
   if (!std::equal(key->begin() + kAlgorithmBytes, key->begin() + kHeadBytes,
                   read->OfFile.begin() + kAlgorithmBytes)) {
     return "the signature was made with another key";
   }
-  if (!FileVerifies(read->OfFile, file, *key) || !CommentVerifies(*read, *key)) {
+  if (!FileVerifies(read->OfFile, file, *key) || !HasValidComment(*read, *key)) {
     return "the signature does not belong to the file";
   }
   return NamesFile(read->Comment, name) ? std::string() : "the signature was made for a file of another name";

@@ -15,11 +15,11 @@ bool IsHeading(std::string_view line) {
   return words.starts_with('[') && words.ends_with(']');
 }
 
-// Where a piece ends: before the next heading, and behind empty lines, too.
+// Where a piece ends: before the next heading, and after empty lines, too.
 enum class Cut { kHeadings, kEmptyLines };
 
 // Takes lines as long as they belong to it: headings, what stands between them and the text below, and that
-// text with the empty lines behind it.
+// text with the empty lines after it.
 class PieceBuilder {
  public:
   explicit PieceBuilder(Cut cut) : cut_(cut) {}

@@ -20,7 +20,7 @@ bool IsControl(char32_t point) {
 }
 
 // What a text does not hold, or what would steer the box that shows it.
-bool IsUnfit(char32_t point) {
+bool IsUnprintablePoint(char32_t point) {
   const bool highControl = point >= 0x80 && point < 0xA0;
   const bool separator = point == 0x2028 || point == 0x2029;
   const bool noCharacter = (point >= 0xFDD0 && point <= 0xFDEF) || (point & 0xFFFE) == 0xFFFE;
@@ -126,7 +126,7 @@ void ShownFile::Put(char32_t point, std::string_view bytes, std::string& shown) 
   if (IsControl(point)) {
     shown += SignOf(point);
   } else {
-    shown += IsUnfit(point) ? kReplacement : bytes;
+    shown += IsUnprintablePoint(point) ? kReplacement : bytes;
   }
 }
 

@@ -23,19 +23,20 @@ void MakeFolderOf(const std::string& path, SolverFolder place) {
 }
 
 // So that a run that leaves nothing cannot be taken for the one before it.
-void SetAside(const std::string& result) {
+void RenameEarlierResult(const std::string& result) {
   if (StateOfFile(result).exists) {
-    RenameFile(result, result + ".old", "the result of an earlier run cannot be set aside");
+    RenameFile(result, result + ".old", "the result of an earlier run cannot be renamed");
   }
 }
 
 // Held while the run lasts, by a file beside the exchange file.
-std::unique_ptr<FileLock> Hold(const std::string& exchange) {
+std::unique_ptr<FileLock> LockRun(const std::string& exchange) {
   const std::string lockFile = exchange + ".lock";
   auto lock = TryLock(lockFile);
   if (!lock && StateOfFile(lockFile).exists) {
-    throw RuntimeError(ErrorNumber::kFileAlreadyOpen,
-                       fmt::format("{}: another run of a project of this name is going on", exchange));
+    throw RuntimeError(
+        ErrorNumber::kFileAlreadyOpen,
+        fmt::format("{}: a project of this name is being calculated by another run", exchange));
   }
   return lock;
 }
@@ -49,8 +50,8 @@ StrondRun RunStrond2D(const Project& project, UnitSystem units, const std::strin
       StrondOutputPath(projectPath, ".OUT", place), StrondResultPath(projectPath, ".CSV", place), {}};
   const std::string line = StrondLine(project, units);
   MakeFolderOf(exchange, place.iOptDir);
-  const auto held = Hold(exchange);
-  SetAside(run.StrondResultFile);
+  const auto lock = LockRun(exchange);
+  RenameEarlierResult(run.StrondResultFile);
   WriteFileSafely(exchange, line);
   const int status = solver(exchange);
   if (!StateOfFile(run.StrondResultFile).exists) {

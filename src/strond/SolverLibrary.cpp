@@ -34,24 +34,24 @@ std::string SolverStatusText(int status) {
     case KORVASTROND_NO_EXCHANGE_FILE:
       return "it could not read the exchange file";
     case KORVASTROND_NOT_52_FIELDS:
-      return "it found no 52 fields in the exchange file";
+      return "the exchange file does not have 52 fields";
     case KORVASTROND_NO_CONVERGENCE:
-      return "the stresses did not settle";
+      return "the stresses did not converge";
     case KORVASTROND_NO_YIELD_BALANCE:
-      return "the overloaded barriers did not settle";
+      return "the overloaded barriers reached no balance";
     case KORVASTROND_RESULT_NOT_WRITTEN:
       return "it could not write the result file";
     case KORVASTROND_OUT_OF_MEMORY:
       return "it ran out of memory";
     case KORVASTROND_INTERNAL_ERROR:
-      return "it met an error of its own";
+      return "it failed with an internal error";
     default:
       break;
   }
   if (status > KORVASTROND_FIELD && status <= KORVASTROND_FIELD + kStrondFields) {
-    return fmt::format("it has no model for this {}", StrondFieldName(status - KORVASTROND_FIELD));
+    return fmt::format("it does not support this {}", StrondFieldName(status - KORVASTROND_FIELD));
   }
-  return fmt::format("it gave back {}", status);
+  return fmt::format("it returned {}", status);
 }
 
 ErrorNumber SolverStatusError(int status) {

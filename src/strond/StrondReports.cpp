@@ -38,7 +38,7 @@ struct Shown {
   }
 };
 
-// Lines of the stability factors; `rest` gives what stands behind a case's laminated factor.
+// Lines of the stability factors; `rest` gives what stands after a case's laminated factor.
 template <class Rest>
 void AddFactors(PageText& page, const StrondResults& results, const Shown& shown, Rest&& rest) {
   for (int c = 0; c <= shown.LastCase; ++c) {
@@ -50,7 +50,7 @@ void AddFactors(PageText& page, const StrondResults& results, const Shown& shown
   }
 }
 
-// A block of factors by case and side; `rest` gives what stands behind a laminated one.
+// A block of factors by case and side; `rest` gives what stands after a laminated one.
 template <class Values, class Titles, class Rest>
 void AddSideFactors(PageText& page, std::string_view heading, const Values& values, const Titles& titles,
                     const Shown& shown, Rest&& rest) {
@@ -86,7 +86,7 @@ std::string PillarPage(const StrondResults& results, const Project& project, Uni
 
 // Barriers or remnants. The rows have no line end of their own: with two side gobs both stand in one line.
 template <class Data>
-std::string BearingPage(std::string_view title, std::string_view heading, const Data& data, UnitSystem units,
+std::string SupportPage(std::string_view title, std::string_view heading, const Data& data, UnitSystem units,
                         const Shown& shown) {
   constexpr double kNewtonsPerKN = 1000;
   const std::string length(UnitLabel(UnitKind::kLength, units));
@@ -113,9 +113,9 @@ void AddTables(StrondPages& pages, const StrondResults& results, const Project& 
                const Shown& shown) {
   pages.Page[2] = PillarPage(results, project, units);
   pages.Page[3] =
-      BearingPage(kBarriersHeading, "BARRIER               AREA      STRENGTH          LOAD          LOAD",
+      SupportPage(kBarriersHeading, "BARRIER               AREA      STRENGTH          LOAD          LOAD",
                   results.StrondBarrierData, units, shown);
-  pages.Page[4] = BearingPage("[REMNANT PILLAR PARAMETERS]",
+  pages.Page[4] = SupportPage("[REMNANT PILLAR PARAMETERS]",
                               "REMNANT               AREA      STRENGTH          LOAD          LOAD",
                               results.StrondRemnantData, units, shown);
 }

@@ -62,19 +62,19 @@ std::optional<ParsedNumber> WholeNumber(std::string_view text) {
 }
 
 // What a cell of no use holds, with its text.
-std::string WhatStandsIn(const Cell& cell) {
+std::string DescribeCell(const Cell& cell) {
   switch (cell.Kind) {
     case CellKind::kDate:
       return fmt::format("{} is a date", cell.Text);
     case CellKind::kBoolean:
-      return fmt::format("{} is a truth value", cell.Text);
+      return fmt::format("{} is a boolean value", cell.Text);
     case CellKind::kError:
       return fmt::format("{} is an error value", cell.Text);
     case CellKind::kText:
       return fmt::format("\"{}\" is not a number with a decimal point", Excerpt(cell.Text));
     case CellKind::kEmpty:
     case CellKind::kNumber:
-    case CellKind::kNoValue:  // told with all others of the row
+    case CellKind::kNoValue:  // reported with all others of the row
       break;
   }
   return "the number is out of range";
@@ -118,7 +118,7 @@ class CaseReader {
     }
     const auto number = cell.Kind == CellKind::kText ? WholeNumber(cell.Text) : std::nullopt;
     if (!number) {
-      Fail(ErrorNumber::kTypeMismatch, column, WhatStandsIn(cell));
+      Fail(ErrorNumber::kTypeMismatch, column, DescribeCell(cell));
     }
     if (number->overflow) {
       Fail(ErrorNumber::kOverflow, column, fmt::format("\"{}\" is out of range", Excerpt(cell.Text)));
@@ -141,7 +141,7 @@ class CaseReader {
       return {};
     }
     if (cell.Kind == CellKind::kError) {
-      Fail(ErrorNumber::kTypeMismatch, column, WhatStandsIn(cell));
+      Fail(ErrorNumber::kTypeMismatch, column, DescribeCell(cell));
     }
     std::string text = cell.Kind == CellKind::kNumber ? GeneralText(cell.Number) : cell.Text;
     std::replace_if(text.begin(), text.end(), IsControl, ' ');

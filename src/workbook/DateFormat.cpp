@@ -10,7 +10,7 @@ namespace korva {
 namespace {
 
 constexpr std::int64_t kSecondsOfDay = 86'400;
-constexpr std::int64_t kLeapDayThatNeverWas = 60;  // of the system that begins in 1900
+constexpr std::int64_t kFalseLeapDay = 60;  // of the system that begins in 1900
 
 // With zeros in front up to `width`.
 std::string Padded(std::int64_t number, std::size_t width) {
@@ -21,12 +21,12 @@ std::string Padded(std::int64_t number, std::size_t width) {
 std::string DayText(std::int64_t day, DateSystem system) {
   using std::chrono::days;
   using std::chrono::sys_days;
-  if (system == DateSystem::k1900 && day == kLeapDayThatNeverWas) {
+  if (system == DateSystem::k1900 && day == kFalseLeapDay) {
     return "1900-02-29";
   }
-  const sys_days start = system == DateSystem::k1904  ? sys_days{std::chrono::year{1904} / 1 / 1}
-                         : day < kLeapDayThatNeverWas ? sys_days{std::chrono::year{1899} / 12 / 31}
-                                                      : sys_days{std::chrono::year{1899} / 12 / 30};
+  const sys_days start = system == DateSystem::k1904 ? sys_days{std::chrono::year{1904} / 1 / 1}
+                         : day < kFalseLeapDay       ? sys_days{std::chrono::year{1899} / 12 / 31}
+                                                     : sys_days{std::chrono::year{1899} / 12 / 30};
   const std::chrono::year_month_day date = start + days{day};
   return Padded(static_cast<int>(date.year()), 4) + "-" + Padded(static_cast<unsigned>(date.month()), 2) +
          "-" + Padded(static_cast<unsigned>(date.day()), 2);
@@ -65,7 +65,7 @@ bool IsDateFormat(std::string_view code) {
     } else if (letter == '"') {
       const auto end = code.find('"', 1);
       code.remove_prefix(end == std::string_view::npos ? code.size() : end + 1);
-    } else if (IsOneOf(letter, "\\_*")) {  // with the character behind it
+    } else if (IsOneOf(letter, "\\_*")) {  // with the character after it
       code.remove_prefix(code.size() < 2 ? 1 : 2);
     } else if (IsOneOf(letter, "yYmMdDhHsS")) {
       return true;

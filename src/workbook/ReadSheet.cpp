@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-// The first part of an OpenDocument file stands unpacked behind the zip's first head and tells what it is.
+// The first part of an OpenDocument file stands unpacked after the zip's first head and tells what it is.
 bool IsOpenDocument(std::string_view bytes) {
   constexpr std::size_t kHead = 30;
   return bytes.size() > kHead &&
@@ -31,7 +31,7 @@ Sheet ReadSheet(const std::string& workbook, std::string_view name, const std::f
   if (bytes.starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1")) {
     return ReadXlsSheet(workbook, name, FindXlsReader(), reading);
   }
-  reading.Refuse("is no Excel workbook (.xls or .xlsx)");
+  reading.Refuse("is not an Excel workbook (.xls or .xlsx)");
 }
 
 }  // namespace korva

@@ -15,7 +15,7 @@ inline constexpr std::uint64_t kLargestWorkbook = std::uint64_t{64} << 20;
 
 // The cells of the worksheet `name`, in which ASCII letters of either size are one, of the file `workbook`,
 // .xls or .xlsx by its content. Formulas count with the value that the file holds, but not
-// in a workbook that asks to be calculated anew when it is opened: those that scripts write hold zeros then.
+// in a workbook that asks to be calculated again when it is opened: those that scripts write hold zeros then.
 // An empty text is no cell, be it the value of a formula or not. A number is a date if its style shows it as
 // one and the days of the workbook reach it; less than one day is a time. The .xls workbooks are those since
 // 1995.

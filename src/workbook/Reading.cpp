@@ -9,8 +9,8 @@
 
 namespace korva {
 
-void Reading::GoOn() const {
-  if (goOn_ && !goOn_()) {
+void Reading::MayContinue() const {
+  if (openParameters_ && !openParameters_()) {
     throw RuntimeError(ErrorNumber::kDialogCancelled, fmt::format("{}: reading it was ended", file_));
   }
 }

@@ -11,7 +11,7 @@ namespace korva {
 void SheetBuilder::Put(const CellPlace& place, Cell cell) {
   static constexpr std::size_t kCellsBetweenQuestions = 4096;
   if (++seen_ % kCellsBetweenQuestions == 0) {
-    reading_.GoOn();
+    reading_.MayContinue();
   }
   if (place.Row < 1 || place.Row > kMostRows || place.Column < 1 || place.Column > kMostColumns) {
     reading_.Damaged(
@@ -32,10 +32,10 @@ void SheetBuilder::Put(const CellPlace& place, Cell cell) {
     reading_.Damaged(fmt::format("cell {} holds no finite number", CellName(place)));
   }
   if (!IsUtf8(cell.Text)) {
-    reading_.Damaged(fmt::format("the text of cell {} is no UTF-8", CellName(place)));
+    reading_.Damaged(fmt::format("the text of cell {} is not UTF-8", CellName(place)));
   }
   if (sheet_.At(place.Row, place.Column).Kind != CellKind::kEmpty) {
-    reading_.Damaged(fmt::format("cell {} is there twice", CellName(place)));
+    reading_.Damaged(fmt::format("cell {} appears twice", CellName(place)));
   }
   sheet_.Set(place.Row, place.Column, std::move(cell));
 }

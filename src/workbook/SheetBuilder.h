@@ -18,7 +18,7 @@ class SheetBuilder {
   explicit SheetBuilder(const Reading& reading) : reading_(reading) {}
 
   // An empty text makes an empty cell. Ends the reading for a cell outside the largest worksheet, a second
-  // one at the same place, a text that is no UTF-8, a number that is not finite, and for more than the
+  // one at the same place, a text that is not UTF-8, a number that is not finite, and for more than the
   // bounds.
   void Put(const CellPlace& place, Cell cell);
 

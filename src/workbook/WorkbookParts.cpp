@@ -53,7 +53,7 @@ std::string PartOfKind(const std::vector<Relationship>& all, std::string_view ki
 std::string WorkbookPart(ZipParts& zip, const Reading& reading) {
   std::string part = PartOfKind(RelationshipsOf("", zip, reading), "officeDocument");
   if (part.empty()) {
-    reading.Refuse("is a zip, but no workbook");
+    reading.Refuse("is a zip file, but not a workbook");
   }
   if (part.ends_with(".bin")) {
     reading.Refuse("is a binary workbook (.xlsb), which cannot be read; save it as .xlsx");
@@ -115,7 +115,7 @@ WorkbookParts FindParts(ZipParts& zip, std::string_view name, const Reading& rea
     }
   }
   if (parts.Sheet.empty()) {
-    reading.Damaged(fmt::format("nothing tells which part is its worksheet \"{}\"", name));
+    reading.Damaged(fmt::format("no relationship names the part of its worksheet \"{}\"", name));
   }
   return parts;
 }

@@ -11,7 +11,7 @@ namespace korva {
 namespace {
 
 [[noreturn]] void BadAnswer(const Reading& reading) {
-  reading.Refuse("the program korva-xls gave no whole answer about this workbook");
+  reading.Refuse("the program korva-xls gave an incomplete answer about this workbook");
 }
 
 // Takes the text up to `end` off the front, and `end`. Fails the reading if it is not there.

@@ -26,7 +26,7 @@ constexpr std::size_t kLargestAnswer = std::size_t{128} << 20;
     case XlsStatus::kTooLarge:
       reading.TooLarge("it takes more memory, or has more cells, than a worksheet may");
     case XlsStatus::kNoWorkbook:
-      reading.Refuse("is a document, but no workbook that can be read; save it as .xlsx");
+      reading.Refuse("is a document, but not a workbook that can be read; save it as .xlsx");
     case XlsStatus::kNotOpened:
       reading.Refuse("the program korva-xls could not open it");
     case XlsStatus::kDone:
@@ -58,12 +58,12 @@ XlsReader FindXlsReader() {
 Sheet ReadXlsSheet(const std::string& workbook, std::string_view name, const XlsReader& reader,
                    const Reading& reading) {
   const ChildCall call{reader.Program, {workbook, std::string(name)}, kLargestAnswer, reader.Limit};
-  const ChildResult result = RunChild(call, [&reading] { reading.GoOn(); });
+  const ChildResult result = RunChild(call, [&reading] { reading.MayContinue(); });
   switch (result.End) {
     case ChildEnd::kExited:
       break;
     case ChildEnd::kKilled:
-      reading.Damaged("the program korva-xls broke off over it");
+      reading.Damaged("the program korva-xls was ended while reading it");
     case ChildEnd::kTookTooLong:
       reading.TooLarge(fmt::format("reading it takes more than {} s",
                                    std::chrono::duration<double>(reader.Limit).count()));

@@ -121,7 +121,7 @@ class XlsxCells {
     if (type == "s") {
       const auto index = ParseCount(text);
       if (!index || static_cast<std::size_t>(*index) >= legend_.SharedStrings.size()) {
-        BadValue(place, text, "no text of the workbook");
+        BadValue(place, text, "not a text of the workbook");
       }
       return {CellKind::kText, 0, legend_.SharedStrings[static_cast<std::size_t>(*index)]};
     }
@@ -139,7 +139,7 @@ class XlsxCells {
       return {CellKind::kDate, 0, std::string(text)};
     }
     if (type != "e") {
-      BadValue(place, type, "no type of cell");
+      BadValue(place, type, "not a type of cell");
     }
     return {CellKind::kError, 0, std::string(text)};
   }

@@ -20,7 +20,7 @@ pugi::xml_document ParseXml(const std::string& bytes, std::string_view part, std
                             const Reading& reading) {
   const auto marks = std::count_if(bytes.begin(), bytes.end(), [](char c) { return c == '<' || c == '='; });
   if (static_cast<std::size_t>(marks) > kMostXmlMarks) {
-    reading.TooLarge(fmt::format("its part {} has more than {} marks", part, kMostXmlMarks));
+    reading.TooLarge(fmt::format("its part {} has more than {} tags and attributes", part, kMostXmlMarks));
   }
   pugi::xml_document document;
   const pugi::xml_parse_result result =
@@ -29,12 +29,12 @@ pugi::xml_document ParseXml(const std::string& bytes, std::string_view part, std
     reading.TooLarge(fmt::format("there is no memory for its part {}", part));
   }
   if (!result) {
-    reading.Damaged(fmt::format("its part {} is no XML from byte {} on", part, result.offset));
+    reading.Damaged(fmt::format("its part {} is not XML from byte {} on", part, result.offset));
   }
   if (!IsElement(document.document_element(), root)) {
     reading.Damaged(fmt::format("its part {} is no {}", part, root));
   }
-  reading.GoOn();
+  reading.MayContinue();
   return document;
 }
 

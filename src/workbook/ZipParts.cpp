@@ -85,7 +85,7 @@ void ZipParts::ListParts() {
       reading_.Damaged("its list of parts cannot be read");
     }
     if (!parts_.emplace(KeyOf(name.data()), position).second) {
-      reading_.Damaged(fmt::format("its part {} is there twice", name.data()));
+      reading_.Damaged(fmt::format("its part {} appears twice", name.data()));
     }
   }
   if (state != UNZ_END_OF_LIST_OF_FILE) {
@@ -98,7 +98,7 @@ bool ZipParts::Has(std::string_view name) const {
 }
 
 std::string ZipParts::Read(std::string_view name) {
-  reading_.GoOn();
+  reading_.MayContinue();
   const auto part = parts_.find(KeyOf(name));
   if (part == parts_.end()) {
     reading_.Damaged(fmt::format("it has no part {}", name));
@@ -135,10 +135,10 @@ std::string ZipParts::Unpacked(std::string_view name, std::uint64_t size) {
     if (count == 0) {
       break;
     }
-    reading_.GoOn();
+    reading_.MayContinue();
   }
   if (unzCloseCurrentFile(zip_.get()) != UNZ_OK || bytes.size() != size) {
-    reading_.Damaged(fmt::format("its part {} is not what was packed", name));
+    reading_.Damaged(fmt::format("its part {} fails its checksum", name));
   }
   unpacked_ += size;
   return bytes;

@@ -234,7 +234,7 @@ TEST(LayOutChart, KeepsItsRulesInEverySize) {
     ExpectLegendClear(chart, layout);
     EXPECT_GE(layout.Plot.Width(), 60);
     EXPECT_GE(layout.Plot.Height(), 50);
-    EXPECT_FALSE(layout.LegendLeftOut && size.Width > 900 && size.Height > 500) << "there is room for it";
+    EXPECT_FALSE(layout.LegendOmitted && size.Width > 900 && size.Height > 500) << "there is room for it";
     legends += layout.Legend ? 1 : 0;
     for (const PlacedPoint& point : layout.Points) {
       const DrawPoint value = layout.ValueAt(point.At);
@@ -280,7 +280,7 @@ TEST(LayOutChart, GivesUpTheLegendLast) {
     curve.Y = {3, 0.1, 3, 0.1, 3};
   }
   const ChartLayout small = LayOutChart(chart, {267, 180}, TextWidth);
-  EXPECT_TRUE(small.LegendLeftOut);
+  EXPECT_TRUE(small.LegendOmitted);
   const std::vector<std::string> texts = TextsOf(small.Drawn);
   EXPECT_TRUE(texts.front().starts_with("A heading that") && texts.front().ends_with("\xE2\x80\xA6"))
       << texts.front();

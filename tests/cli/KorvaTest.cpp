@@ -351,11 +351,11 @@ TEST_F(KorvaCommand, OnlyTheLaminatedModelNeedsATemporaryFolder) {
 
 // Another library of the same interface takes the solver's place by its name.
 TEST_F(KorvaCommand, TheSolverLibraryCanBeReplacedAndItsFailuresAreTold) {
-  for (const auto& [status, reason] : {std::pair{"-7", "it gave back -7"},
-                                       {"3", "the stresses did not settle"},
-                                       {"4", "the overloaded barriers did not settle"},
+  for (const auto& [status, reason] : {std::pair{"-7", "it returned -7"},
+                                       {"3", "the stresses did not converge"},
+                                       {"4", "the overloaded barriers reached no balance"},
                                        {"6", "it ran out of memory"},
-                                       {"7", "it met an error of its own"}}) {
+                                       {"7", "it failed with an internal error"}}) {
     const ProgramResult report =
         Call({"report", "laminated.KVL"},
              {{"LD_LIBRARY_PATH", KORVA_REPLACED_SOLVER}, {"KORVA_TEST_STATUS", status}});

@@ -24,7 +24,7 @@ class CaseImportTest : public CommandBench {
     korva.Preferences.DataPath = folder / "";
     FileNew(korva);
     steps.KeepWork = [this] { ++kept; };
-    steps.GoOn = [this](const CaseImportState& state) { return state.Row < stopAt; };
+    steps.MayContinue = [this](const CaseImportState& state) { return state.Row < stopAt; };
   }
 
   CaseImportState Import(const std::string& row, const std::string& workbook = KORVA_EXAMPLES "/cases.xlsx") {

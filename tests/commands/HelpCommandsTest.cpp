@@ -41,7 +41,7 @@ TEST_F(HelpCommands, WhatIsNotThereIsSaid) {
   OpenResource(korva, ports.All, 0);
   korva.Places.Docs.clear();  // the current folder is none of ours
   ports.Messages.Expect("Help file (korva-strond.qch) not available");
-  SayHelpNotAvailable(korva, ports.Messages);
+  ShowHelpNotAvailable(korva, ports.Messages);
   EXPECT_EQ(DocumentPath(korva.Places, "CHANGELOG.md"), folder / "bin/CHANGELOG.md");
   EXPECT_TRUE(ports.Documents.Opened.empty());
   for (const int index : {-1, kResources}) {

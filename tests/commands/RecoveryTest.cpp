@@ -134,7 +134,7 @@ TEST_F(RecoveryTest, OtherSessionsKnowEachProjectThatHasTakenThePlace) {
   OpenAndEdit(a, 510);
   ports.Files.Expect(std::nullopt);
   EXPECT_FALSE(menu->Open());  // takes the folder from the name
-  recovery->TellSessions();
+  recovery->RecordOpenFile();
   EXPECT_TRUE(isOpen(a));
   korva.ProjectFileName = folder / "1-case.KVL";
   FileSave(korva);

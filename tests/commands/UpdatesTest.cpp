@@ -84,7 +84,7 @@ TEST_F(UpdatesTest, StartsNothingThatChangedSinceItsDownload) {
                         " was not started: the signature does not belong to the file");
   updates.Install();
   fs::remove(File() + ".minisig");
-  ports.Messages.Expect("Update file: " + File() + " was not started: its signature is not there");
+  ports.Messages.Expect("Update file: " + File() + " was not started: its signature is missing");
   updates.Install();
   fs::remove(File());
   ports.Messages.Expect("Update file: " + File() + " not found");

@@ -38,7 +38,7 @@ namespace korva::desktop {
 // A graph of the open project, run and shown.
 inline std::unique_ptr<frmGraph> OpenGraph(FormBench& bench, GraphKind graph,
                                            std::optional<OverburdenModel> model = {}) {
-  auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph, model);
+  auto job = PrepareSweep(bench.State, bench.Ports.Messages, graph, model);
   KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
   auto window = std::make_unique<frmGraph>(bench.Forms);
   window->GraphInit(graph);
@@ -56,11 +56,11 @@ class AllForms {
     Korva& korva = bench.State;
     if (korva.ProjectEmpty) {
       korva.ProjectFileName = KORVA_EXAMPLES "/two-side-gobs.KVL";
-      FileOpen(korva, bench.Outside.Messages);
-      CalculateStabilityFactors(korva, bench.Outside.Messages);
+      FileOpen(korva, bench.Ports.Messages);
+      CalculateStabilityFactors(korva, bench.Ports.Messages);
     }
     const std::string warnings = std::exchange(korva.WarningText, {});
-    Add<frmMain>(korva, bench.Outside.All, bench.Pictures);
+    Add<frmMain>(korva, bench.Ports.All, bench.Pictures);
     Add<frmKORVADesc>(bench.Forms);
     Add<frmKORVAParm>(bench.Forms);
     Add<frmResTxtPlt>(bench.Forms, nullptr);

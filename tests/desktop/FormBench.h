@@ -24,7 +24,7 @@ class CountingMain final : public MainWindow {
   void KeepWork() override {}
   void KeepDroppedWork() override { ++Kept; }
   void ShowHelp(const std::vector<std::string>& labels) override { HelpLabels = labels; }
-  void EndAtOnce() override { ++Ended; }
+  void QuitNow() override { ++Ended; }
   void SetInputEnabled(bool enabled) override { Enabled = enabled; }
 
   int Refreshed = 0;
@@ -61,10 +61,10 @@ struct FormBench {
   FormBench() { State.Preferences.DisplayHistoryWin = true; }
 
   Korva State;
-  ScriptedPorts Outside;
+  ScriptedPorts Ports;
   CountingMain Main;
   KeptPictures Pictures;
-  Session Forms{State, Outside.All, Main, Pictures};
+  Session Forms{State, Ports.All, Main, Pictures};
 
   const std::string& History() const { return State.SessionHistory.Text; }
 };

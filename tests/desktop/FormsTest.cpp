@@ -98,15 +98,15 @@ TEST_F(Forms, OtherUnitsResetAnUnlockedProjectTextsIncluded) {
 TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
   bench.State.Stored = test::Stored(test::DevelopmentPanel());
   bench.State.ProjectEmpty = false;
-  ASSERT_TRUE(CalculateStabilityFactors(bench.State, bench.Outside.Messages));
+  ASSERT_TRUE(CalculateStabilityFactors(bench.State, bench.Ports.Messages));
   bench.State.WarningText = std::string(1024, 'w');
   QWidget caller;
   caller.setEnabled(false);
   QPointer<frmResTxtPlt> form = new frmResTxtPlt(bench.Forms, &caller);
-  bench.Outside.Messages.Expect("wwww");
+  bench.Ports.Messages.Expect("wwww");
   form->show();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench.Outside.Messages.Shown.empty(); }));
-  EXPECT_EQ(bench.Outside.Messages.Shown[0].title, "KORVA Warnings");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench.Ports.Messages.Shown.empty(); }));
+  EXPECT_EQ(bench.Ports.Messages.Shown[0].title, "KORVA Warnings");
 
   auto& page = The<QPlainTextEdit>(*form, "RichTextBox1");
   auto& next = The<QPushButton>(*form, "cmdNextPage");
@@ -120,7 +120,7 @@ TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
   Click(*form, "Command5");
   EXPECT_FALSE(previous.isEnabled());
   Click(*form, "cmdCopyPage");
-  EXPECT_EQ(bench.Outside.Clipboard.Text, bench.State.OutBuf[0]);
+  EXPECT_EQ(bench.Ports.Clipboard.Text, bench.State.OutBuf[0]);
   for (int i = 0; i < 5; ++i) {
     Click(*form, "cmdNextPage");
   }
@@ -128,7 +128,7 @@ TEST_F(Forms, ResultsPageThroughCopyAndReturn) {
   EXPECT_TRUE(label("lblPageEmpty").contains(QStringLiteral("no side gob")));
   Click(*form, "cmdCopyAll");
   const OutputPages& pages = bench.State.OutBuf;
-  EXPECT_EQ(bench.Outside.Clipboard.Text, std::accumulate(pages.begin(), pages.end(), std::string()));
+  EXPECT_EQ(bench.Ports.Clipboard.Text, std::accumulate(pages.begin(), pages.end(), std::string()));
   EXPECT_NE(bench.History().find("Output page # 0copied to clipboard"), std::string::npos);
   QTest::keyClick(form, Qt::Key_Escape);
   EXPECT_TRUE(caller.isEnabled() && caller.isVisible());
@@ -148,7 +148,7 @@ TEST_F(Forms, KeysOnTheLastPageReachNoOtherButton) {
     EXPECT_TRUE(The<QLabel>(form, "lblPage").text().startsWith(QLatin1String(last))) << "and not back";
     EXPECT_TRUE(The<QWidget>(form, "RichTextBox1").hasFocus());
   }
-  EXPECT_EQ(bench.Outside.Clipboard.Text, "");
+  EXPECT_EQ(bench.Ports.Clipboard.Text, "");
 }
 
 // A text that would be a heading and a link if it were read as rich text.
@@ -168,7 +168,7 @@ TEST_F(Forms, NoPartOfAMessageIsReadAsRichText) {
 }
 
 TEST_F(Forms, ResultsArePrintedAndSaved) {
-  KeptPrinter& printer = bench.Outside.Printer;
+  KeptPrinter& printer = bench.Ports.Printer;
   for (int page = 0; page <= 5; ++page) {
     bench.State.OutBuf[page] = "page " + std::to_string(page) + "\r\n";
   }
@@ -190,17 +190,17 @@ TEST_F(Forms, ResultsArePrintedAndSaved) {
             (std::vector<std::string>{"page 0", "page 1", "page 2", "page 3", "page 4", "page 5"}));
   EXPECT_TRUE(The<QPlainTextEdit>(form, "RichTextBox1").toPlainText().startsWith(QStringLiteral("page 1")));
   EXPECT_TRUE(bench.History().ends_with("3. All pages printed\r\n")) << bench.History();
-  bench.Outside.Files.Expect(folder / "all.pdf");
+  bench.Ports.Files.Expect(folder / "all.pdf");
   Click(form, "cmdSavePdf");
   EXPECT_TRUE(TempFolder::Bytes(folder / "all.pdf").starts_with("%PDF"));
-  EXPECT_EQ(bench.Outside.Files.Asked[0].Name, "panel.pdf");
-  bench.Outside.Files.Expect(folder / "none/all.pdf");
-  bench.Outside.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
+  EXPECT_EQ(bench.Ports.Files.Asked[0].Name, "panel.pdf");
+  bench.Ports.Files.Expect(folder / "none/all.pdf");
+  bench.Ports.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
   Click(form, "cmdSavePdf");
 }
 
 TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
-  KeptPrinter& printer = bench.Outside.Printer;
+  KeptPrinter& printer = bench.Ports.Printer;
   bench.State.OutBuf[0] = "first\r\nsecond\r\n";
   frmPreview form(bench.Forms);
   EXPECT_EQ(form.windowTitle(), QStringLiteral("Print Preview"));
@@ -208,10 +208,10 @@ TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
   EXPECT_TRUE(text.isReadOnly());
   EXPECT_EQ(text.toPlainText(), QStringLiteral("first\nsecond\n"));
   Click(form, "Command2");
-  EXPECT_EQ(bench.Outside.Clipboard.Text, bench.State.OutBuf[0]);
+  EXPECT_EQ(bench.Ports.Clipboard.Text, bench.State.OutBuf[0]);
   printer.Failures = 1;
-  bench.Outside.Messages.Expect("Error occurred: Printer error (482)", MessageButtons::kRetryCancel,
-                                MessageAnswer::kRetry);
+  bench.Ports.Messages.Expect("Error occurred: Printer error (482)", MessageButtons::kRetryCancel,
+                              MessageAnswer::kRetry);
   Click(form, "Command3");
   ASSERT_EQ(printer.Printed.size(), 1U);
   EXPECT_EQ(printer.Printed[0].Sheets.at(0).Texts.back().Text, "second");
@@ -222,7 +222,7 @@ TEST_F(Forms, PreviewShowsCopiesPrintsAndSavesPage0) {
   printer.Loaded = {16838, 11906};
   Click(form, "Command3");
   EXPECT_LT(sheets.widget()->height(), high) << "landscape now";
-  bench.Outside.Files.Expect(folder / "inputs.pdf");
+  bench.Ports.Files.Expect(folder / "inputs.pdf");
   Click(form, "cmdSavePdf");
   EXPECT_TRUE(TempFolder::Bytes(folder / "inputs.pdf").starts_with("%PDF"));
   EXPECT_EQ(bench.History().find("1. Preview displayed\r\n2. Output copied to clipboard\r\n"), 0U);
@@ -295,7 +295,7 @@ TEST_F(Forms, EachCheckBoxIsOfItsOwnSetting) {
     }
   }
   frmSet form(bench.Forms);
-  bench.Outside.Messages.Expect("Option will take effect upon restarting this program");
+  bench.Ports.Messages.Expect("Option will take effect upon restarting this program");
   The<QCheckBox>(form, "chkShortNames").toggle();
 }
 
@@ -303,18 +303,18 @@ TEST_F(Forms, SettingsRefuseAndCancelLeavesAllButTheExtensionForEditors) {
   frmSet form(bench.Forms);
   form.show();
   The<FieldBox>(form, "Text2").setText(QStringLiteral("/no/such/folder"));
-  bench.Outside.Messages.Expect("Invalid Path for Data Files");
+  bench.Ports.Messages.Expect("Invalid Path for Data Files");
   Click(form, "cmdOK");
-  EXPECT_EQ(bench.Outside.Messages.Shown.back().title, "Error");
+  EXPECT_EQ(bench.Ports.Messages.Shown.back().title, "Error");
   EXPECT_EQ(form.focusWidget()->objectName(), QStringLiteral("Text2"));
   EXPECT_TRUE(form.isVisible());
   The<QCheckBox>(form, "chkDispHist").setChecked(false);
   EXPECT_FALSE(The<QWidget>(form, "Text3").isEnabled() || The<QWidget>(form, "Command5").isEnabled());
   Click(form, "cmdSetDefault");
-  bench.Outside.Files.Expect("/usr/bin/vi");
+  bench.Ports.Files.Expect("/usr/bin/vi");
   Click(form, "cmdSelect");
   EXPECT_EQ(The<FieldBox>(form, "Text4").Text(), "/usr/bin/vi");
-  EXPECT_EQ(bench.Outside.Files.Asked[0].Title, "Select External Editor");
+  EXPECT_EQ(bench.Ports.Files.Asked[0].Title, "Select External Editor");
   Click(form, "cmdCancel");
   EXPECT_EQ(bench.State.Preferences.FileExtension, "EXE");
   EXPECT_EQ(bench.State.Preferences.ExternalEditor, "Notepad.exe");

@@ -113,7 +113,7 @@ TEST_F(OldProjects, ShowEveryFieldInTheForm) {
     bench.State.Stored = {};
     Write(std::string(magic) + "\r\n 1 \r\nNorth\r\n##StartDesc##\r\nA panel\r\n##EndDesc##\r\n",
           LinesOf(format));
-    ASSERT_TRUE(FileOpen(bench.State, bench.Outside.Messages));
+    ASSERT_TRUE(FileOpen(bench.State, bench.Ports.Messages));
     ExpectShown(LinesOf(format));
     EXPECT_EQ(bench.State.Stored.ProjectInput.ArchAuto, format < 53 ? 1 : 0);
     ++format;
@@ -123,7 +123,7 @@ TEST_F(OldProjects, ShowEveryFieldInTheForm) {
 TEST_F(OldProjects, ThoseOfTheSiblingShowEveryFieldToo) {
   Write("VOSK_103\r\n 1 \r\nNorth\r\n##StartDesc##\r\nA panel\r\n##EndDesc##\r\n##KORVA START##\r\n",
         LinesOfVosk());
-  ASSERT_TRUE(FileOpenVOSK(bench.State, bench.Outside.Messages));
+  ASSERT_TRUE(FileOpenVOSK(bench.State, bench.Ports.Messages));
   ExpectShown(LinesOfVosk());
 }
 

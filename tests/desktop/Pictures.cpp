@@ -47,8 +47,8 @@ void SaveCaseImport() {
   std::filesystem::current_path(cases / "");
   The<QTabWidget>(options, "SSTab1").setCurrentIndex(1);
   The<QLineEdit>(options, "Text3").setText(QStringLiteral("999"));
-  bench.Outside.Messages.Expect("This operation", MessageButtons::kYesNo, MessageAnswer::kYes);
-  bench.Outside.Files.Expect(KORVA_WORKBOOKS "/cases.xlsx");
+  bench.Ports.Messages.Expect("This operation", MessageButtons::kYesNo, MessageAnswer::kYes);
+  bench.Ports.Files.Expect(KORVA_WORKBOOKS "/cases.xlsx");
   QTimer::singleShot(0, &options, [&options] { Save(options, QStringLiteral("frmKORVAOpts-importing")); });
   Click(options, "cmdImport");
   Save(options, QStringLiteral("frmKORVAOpts-imported"));
@@ -56,7 +56,7 @@ void SaveCaseImport() {
 }
 
 frmPicture* OpenPlan(FormBench& bench, QWidget& opener) {
-  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+  CalculateStabilityFactors(bench.State, bench.Ports.Messages);
   return frmPicture::Open(bench.Forms, opener, kPlanFromResults);
 }
 
@@ -64,7 +64,7 @@ frmPicture* OpenPlan(FormBench& bench, QWidget& opener) {
 void SavePlans(FormBench& bench) {
   const auto save = [&bench](const char* example, const char* name, auto change) {
     bench.State.ProjectFileName = example + std::string(".KVL");
-    FileOpen(bench.State, bench.Outside.Messages);
+    FileOpen(bench.State, bench.Ports.Messages);
     change(bench.State.Stored.ProjectInput);
     QWidget opener;
     frmPicture* plan = OpenPlan(bench, opener);
@@ -141,7 +141,7 @@ void SaveTextBrow(FormBench& bench) {
 void SaveTutorial() {
   FormBench bench;
   bench.State.ProjectFileName = "tutorial.KVL";
-  FileOpen(bench.State, bench.Outside.Messages);
+  FileOpen(bench.State, bench.Ports.Messages);
   frmKORVAParm form(bench.Forms);
   The<QTabWidget>(form, "SSTab1").setCurrentIndex(2);
   Save(form, QStringLiteral("tutorial-retreat"));
@@ -198,16 +198,16 @@ void SaveAll() {
   bench.State.Updates = BuiltInUpdateSource();
   QDir::setCurrent(QStringLiteral(KORVA_EXAMPLES));
   FileNew(bench.State);
-  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  frmMain main(bench.State, bench.Ports.All, bench.Pictures);
   const auto saveMain = [&main](const char* name) {
     main.Refresh();
     Save(main, QLatin1String(name));
   };
   saveMain("frmMain-start");
   bench.State.ProjectFileName = "two-side-gobs.KVL";
-  FileOpen(bench.State, bench.Outside.Messages);
+  FileOpen(bench.State, bench.Ports.Messages);
   bench.State.ProjectFileName = "/home/ann/mine/two-side-gobs.KVL";
-  CalculateStabilityFactors(bench.State, bench.Outside.Messages);
+  CalculateStabilityFactors(bench.State, bench.Ports.Messages);
   saveMain("frmMain");
   bench.State.Stored.ProjectInput.DepthCover += 100;
   bench.State.ProjectSaved = false;

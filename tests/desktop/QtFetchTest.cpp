@@ -100,7 +100,7 @@ TEST(QtFetch, BringsAFileAsItIs) {
 TEST(LateFetch, LoadsTheSocketsAndAsksNoServerThatCannotExist) {
   LateFetch port;
   EXPECT_EQ(Fetched(port, "https://www.example.invalid/file").Reason,
-            "this program was built without a server to ask");
+            "this program was built without an update server");
   PlainServer server(Page("1106"));
   auto ended = port.Fetch(
       {server.Address(), 6, 5s}, [](std::uint64_t) {}, [](const FetchAnswer&) { FAIL(); });
@@ -118,7 +118,7 @@ TEST(QtFetch, RefusesWhatIsNotTheWholeFile) {
             "the file has another length than the server said")
       << "cut off";
   EXPECT_EQ(ReasonOf("HTTP/1.1 200 OK\r\n" + QByteArray("X: y\r\n").repeated(100'000), false),
-            "the server's answer has no end");
+            "the server's answer is incomplete");
   EXPECT_EQ(ReasonOf("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(5'000'000, '1'), false), "the file is too large")
       << "without an announced length";
   EXPECT_EQ(ReasonOf(""), "the server closed the connection");
@@ -147,11 +147,11 @@ TEST(QtFetch, FollowsOnlySafeRedirects) {
   for (const char* target :
        {"http://www.example.invalid/", "file:///etc/hostname", "data:,1106", "http://127.0.0.1:99999/",
         "http://127.0.0.1@www.example.invalid/", "http://user@127.0.0.1/", "ht tp://127.0.0.1/"}) {
-    EXPECT_EQ(ReasonOf(Redirect(target)), "the server redirects to an address that is not safe") << target;
+    EXPECT_EQ(ReasonOf(Redirect(target)), "the server redirects to an address that is not secure") << target;
   }
   for (const char* address : {"http://www.example.invalid/file", "ftp://127.0.0.1/file",
                               "file:///etc/hostname", "", "http://127.0.0.1@www.example.invalid/"}) {
-    EXPECT_EQ(Fetched(port, address).Reason, "the address is not a safe one") << address;
+    EXPECT_EQ(Fetched(port, address).Reason, "the address is not secure") << address;
   }
 }
 
@@ -220,7 +220,7 @@ TEST_F(QtFetchTls, NeverGoesBackToPlainHttp) {
   server.Socket.setSslConfiguration(own);
   QtFetch knowing(trusting);
   EXPECT_EQ(Fetched(knowing, server.Address("https")).Reason,
-            "the server redirects to an address that is not safe");
+            "the server redirects to an address that is not secure");
   EXPECT_EQ(plain.Requests, 0);
 }
 

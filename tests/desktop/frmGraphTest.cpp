@@ -36,7 +36,7 @@ class GraphWindow : public testing::Test {
   ~GraphWindow() override { delete window.data(); }
 
   frmGraph& Open(GraphKind graph = kDepthGraph) {
-    auto job = PrepareSweep(bench.State, bench.Outside.Messages, graph);
+    auto job = PrepareSweep(bench.State, bench.Ports.Messages, graph);
     KeepSweep(bench.State, *job, RunSweepJob(*job, [](int, int) { return true; }));
     bench.Main.Enabled = false;
     window = new frmGraph(bench.Forms);
@@ -55,7 +55,7 @@ class GraphWindow : public testing::Test {
     return {at.X, at.Y};
   }
   void DoubleClick(const PictureBox& box) {
-    QTest::mouseDClick(&Plot(), Qt::LeftButton, {}, QPointF(box.Across(), box.Down()).toPoint());
+    QTest::mouseDClick(&Plot(), Qt::LeftButton, {}, QPointF(box.CenterX(), box.CenterY()).toPoint());
   }
   void Choose(const char* item) { The<QAction>(*window, item).trigger(); }
   GraphSettings& Settings() { return bench.State.Preferences.Graph; }
@@ -228,7 +228,7 @@ TEST_F(GraphWindow, OptionsAreTakenByOKAlone) {
 
   // "Help" empties the graph, whatever its caption says; an entry that is none is refused.
   InOptions([&](QWidget& options) {
-    bench.Outside.Messages.Expect("Please select a valid entry");
+    bench.Ports.Messages.Expect("Please select a valid entry");
     The<QComboBox>(options, "Combo1").setCurrentIndex(-1);
     EXPECT_EQ(The<QComboBox>(options, "Combo1").currentIndex(), 0);
     Click(options, "Command3");
@@ -255,32 +255,32 @@ TEST_F(GraphWindow, PrintsItselfInItsProportions) {
 TEST_F(GraphWindow, CopiesExportsAndSavesPictures) {
   Open();
   Choose("GraphEditItem(0)");
-  EXPECT_TRUE(bench.Outside.Clipboard.Picture == PictureBytes(PictureKind::kPng, Plot().Sheet()));
-  bench.Outside.Messages.Expect("Exported 2 Curves");
+  EXPECT_TRUE(bench.Ports.Clipboard.Picture == PictureBytes(PictureKind::kPng, Plot().Sheet()));
+  bench.Ports.Messages.Expect("Exported 2 Curves");
   Choose("GraphFileItem(2)");
-  ASSERT_EQ(bench.Outside.Documents.Opened.size(), 1U);
-  EXPECT_EQ(bench.Outside.Documents.Opened[0], folder / "panel graph 1.xlsx");
+  ASSERT_EQ(bench.Ports.Documents.Opened.size(), 1U);
+  EXPECT_EQ(bench.Ports.Documents.Opened[0], folder / "panel graph 1.xlsx");
   bench.State.Preferences.Options.AskOfficeInstall = false;
-  bench.Outside.Messages.Expect(
+  bench.Ports.Messages.Expect(
       "This option will only work if Microsoft Excel is installed on this computer. Proceed?",
       MessageButtons::kYesNo, MessageAnswer::kNo);
   Choose("GraphFileItem(2)");
-  EXPECT_EQ(bench.Outside.Documents.Opened.size(), 1U);
+  EXPECT_EQ(bench.Ports.Documents.Opened.size(), 1U);
 
   Plot().Edit = [](const QString&, const QString&) { return QStringLiteral("Cover"); };
   DoubleClick(Plot().Layout().XTitle);
-  bench.Outside.Files.Expect(folder / "graph.pdf");
+  bench.Ports.Files.Expect(folder / "graph.pdf");
   Choose("GraphFileItem(5)");
   EXPECT_EQ(TempFolder::Bytes(folder / "graph.pdf").find("%PDF"), 0U);
   EXPECT_EQ(Settings().XAxisTitle[kDepthGraph], "Cover");
   // The file holds what the screen shows, zoomed or not.
   Plot().ZoomBy(2, PlaceOf(0, 9));
-  bench.Outside.Files.Expect(folder / "graph.png");
+  bench.Ports.Files.Expect(folder / "graph.png");
   Choose("GraphFileItem(5)");
   EXPECT_TRUE(TempFolder::Bytes(folder / "graph.png") ==
               PictureBytes(PictureKind::kPng, Plot().Layout().Drawn));
-  bench.Outside.Files.Expect(folder / "none/graph.pdf");
-  bench.Outside.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
+  bench.Ports.Files.Expect(folder / "none/graph.pdf");
+  bench.Ports.Messages.Expect("Error occurred: Path not found (76). Procedure Terminated");
   Choose("GraphFileItem(5)");
   Choose("GraphFileItem(4)");
   EXPECT_TRUE(bench.Main.Enabled);

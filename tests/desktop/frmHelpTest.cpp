@@ -208,7 +208,7 @@ TEST_F(HelpWindow, EveryLinkLeadsToAPlace) {
 }
 
 TEST_F(HelpWindow, OpensAtTheControlAndAtMenuCommands) {
-  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  frmMain main(bench.State, bench.Ports.All, bench.Pictures);
   main.Begin({});
   frmSet settings(bench.Forms, &main);
   settings.show();
@@ -237,7 +237,7 @@ void ClickInWindow(const QWidget& control) {
 }
 
 TEST_F(HelpWindow, StaysUsableWhileDialogsWait) {
-  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  frmMain main(bench.State, bench.Ports.All, bench.Pictures);
   main.Begin({});
   main.ShowHelp({"frmmain"});
   frmHelp& help = *OpenHelp();
@@ -283,7 +283,7 @@ TEST_F(HelpWindow, ContentsIndexAndSearchLeadToPages) {
   help->ShowTopic({"theory-traditional"});
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("The traditional loading model"));
   help->ShowTopic({"frmhelp-lstsearch"});
-  EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Ways to a page"));
+  EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Contents, index and search"));
   EXPECT_EQ(contents.currentIndex().parent().data().toString(), QStringLiteral("The help window"));
   help->ShowIndex();
   auto& words = The<QHelpIndexWidget>(*help, "Index");
@@ -486,7 +486,7 @@ TEST_F(HelpWindow, KeysLeadFromATextToTheListBelowAndBack) {
 }
 
 TEST_F(HelpWindow, BoxesHaveTheirOwnTopics) {
-  frmMain main(bench.State, bench.Outside.All, bench.Pictures);
+  frmMain main(bench.State, bench.Ports.All, bench.Pictures);
   main.Begin({});
   QtMessages boxes;
   std::vector<std::string> shown;
@@ -649,7 +649,7 @@ TEST_F(HelpWindow, LinksOutOfTheHelpAreOnlyShown) {
   const auto help = frmHelp::Open(bench.Forms);
   auto& browser = The<QTextBrowser>(*help, "Browser");
   const QUrl page = browser.source();
-  bench.Outside.Messages.Expect("This link leads out of the help: https://example.invalid/");
+  bench.Ports.Messages.Expect("This link leads out of the help: https://example.invalid/");
   browser.setSource(QUrl(QStringLiteral("https://example.invalid/")));
   EXPECT_EQ(browser.source(), page);
   EXPECT_FALSE(browser.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("file:///etc/passwd")))
@@ -663,7 +663,7 @@ TEST_F(HelpWindow, AMissingOrDamagedFileIsSaidAndNothingIsLeftBehind) {
   const auto leftovers = [&temp] { return temp.Names().size(); };
   const QByteArray whole = Built("korva-strond.qch");
   const auto refused = [&] {
-    bench.Outside.Messages.Expect("Help file (korva-strond.qch) not available");
+    bench.Ports.Messages.Expect("Help file (korva-strond.qch) not available");
     EXPECT_EQ(frmHelp::Open(bench.Forms), nullptr);
   };
   refused();

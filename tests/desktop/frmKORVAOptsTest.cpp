@@ -45,7 +45,7 @@ TEST_F(OptionsForm, AssociatesProjectFilesAndTakesThatBack) {
   folder_.Put("korva-strond", "");
   bench_.State.Places.DataHome = folder_ / "data/";
   bench_.State.Places.ConfigHome = folder_ / "config/";
-  auto& messages = bench_.Outside.Messages;
+  auto& messages = bench_.Ports.Messages;
   {
     frmKORVAOpts form(bench_.Forms);
     form.show();
@@ -128,7 +128,7 @@ TEST_F(OptionsForm, StoresEveryChoiceAndSurvivesARestart) {
   EXPECT_EQ(Options().CellSizeMetric, 0.25F);
 
   bench_.State.Stored = test::Stored(test::DevelopmentPanel());
-  const auto job = PrepareSweep(bench_.State, bench_.Outside.Messages, kDepthGraph);
+  const auto job = PrepareSweep(bench_.State, bench_.Ports.Messages, kDepthGraph);
   EXPECT_EQ(job->Range.Min, 40);
   EXPECT_EQ(job->Range.Max, 120);
   EXPECT_EQ(job->Place.iOptDir, SolverFolder{0});
@@ -149,13 +149,13 @@ TEST_F(OptionsForm, RefusesARangeThatIsNone) {
   frmKORVAOpts form(bench_.Forms);
   form.show();
   The<QLineEdit>(form, "Text1").setText(QStringLiteral("1"));
-  bench_.Outside.Messages.Expect("Value '1' is outside input range");
+  bench_.Ports.Messages.Expect("Value '1' is outside input range");
   Click(form, "Command2");
   EXPECT_TRUE(form.isVisible());
   EXPECT_EQ(The<QTabWidget>(form, "SSTab1").currentIndex(), 2);
-  EXPECT_EQ(bench_.Outside.Messages.Shown.back().title, "Program Options: Range Error");
+  EXPECT_EQ(bench_.Ports.Messages.Shown.back().title, "Program Options: Range Error");
   The<QLineEdit>(form, "Text1").setText(QStringLiteral("150"));
-  bench_.Outside.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
+  bench_.Ports.Messages.Expect("Invalid range for parametric graphs. Min Value should be < Max Value");
   Click(form, "Command2");
   EXPECT_TRUE(form.isVisible());
 }
@@ -167,9 +167,9 @@ class CaseImportInTheForm : public OptionsForm {
     std::filesystem::current_path(folder_ / "cases");
     form_.show();
     The<QTabWidget>(form_, "SSTab1").setCurrentIndex(1);
-    bench_.Outside.Messages.Expect("This operation will override current data. Proceed?",
-                                   MessageButtons::kYesNo, MessageAnswer::kYes);
-    bench_.Outside.Files.Expect(KORVA_EXAMPLES "/cases.xlsx");
+    bench_.Ports.Messages.Expect("This operation will override current data. Proceed?",
+                                 MessageButtons::kYesNo, MessageAnswer::kYes);
+    bench_.Ports.Files.Expect(KORVA_EXAMPLES "/cases.xlsx");
   }
   ~CaseImportInTheForm() override { std::filesystem::current_path(before_); }
 

@@ -44,7 +44,7 @@ class ParameterForm : public testing::Test {
     QTest::keyClicks(&Box(name), QLatin1String(text));
   }
   bool Shown(const char* name) { return !The<QWidget>(*form, name).isHidden(); }
-  void Expect(const char* text) { bench.Outside.Messages.Expect(text); }
+  void Expect(const char* text) { bench.Ports.Messages.Expect(text); }
   int ShownPicture() {
     int shown = -1;
     for (int i = 0; i < 29; ++i) {
@@ -101,8 +101,8 @@ TEST_F(ParameterForm, DependentFieldsFollowWhatIsTyped) {
   EXPECT_FALSE(Box("txtXcutCenters(2)").isEnabled());
   Check("chkEqual").setChecked(false);
   EXPECT_TRUE(Box("txtXcutCenters(2)").isEnabled());
-  bench.Outside.Messages.Expect("Changes in Input Data will be discarded. Proceed?", MessageButtons::kYesNo,
-                                MessageAnswer::kYes);
+  bench.Ports.Messages.Expect("Changes in Input Data will be discarded. Proceed?", MessageButtons::kYesNo,
+                              MessageAnswer::kYes);
   form->close();
 }
 
@@ -193,10 +193,10 @@ TEST_F(ParameterForm, AButtonPressedOnLeavingAFieldIsClickedAfterTheWarning) {
       Expect(refusal.c_str());
     }
     // The box of the warning takes the release.
-    bench.Outside.Messages.WhileShown = [this] { QTest::mouseRelease(form, Qt::LeftButton); };
+    bench.Ports.Messages.WhileShown = [this] { QTest::mouseRelease(form, Qt::LeftButton); };
     auto& pressed = The<QAbstractButton>(*form, button);
     QTest::mousePress(&pressed, Qt::LeftButton, {}, QPoint(8, pressed.height() / 2));
-    bench.Outside.Messages.WhileShown = nullptr;
+    bench.Ports.Messages.WhileShown = nullptr;
     QCoreApplication::processEvents();
     EXPECT_FALSE(pressed.isDown()) << button;
   };
@@ -313,14 +313,14 @@ TEST_F(ParameterForm, ARefusalGoesToItsFieldAndStoresNothing) {
   Type("txtXcutSpacing", "20");
   Expect("Invalid crosscut spacing");
   Click(*form, "cmdOK");
-  EXPECT_EQ(bench.Outside.Messages.Shown.back().title, "Project Parameters: Range Error");
-  EXPECT_EQ(bench.Outside.Messages.Shown.back().icon, MessageIcon::kCritical);
+  EXPECT_EQ(bench.Ports.Messages.Shown.back().title, "Project Parameters: Range Error");
+  EXPECT_EQ(bench.Ports.Messages.Shown.back().icon, MessageIcon::kCritical);
   EXPECT_EQ(The<QTabWidget>(*form, "SSTab1").currentIndex(), 0);
   EXPECT_EQ(form->focusWidget(), &Box("txtXcutSpacing"));
   EXPECT_EQ(Input().DepthCover, 400);
 
-  bench.Outside.Messages.Expect("Changes in Input Data will be discarded. Proceed?", MessageButtons::kYesNo,
-                                MessageAnswer::kNo);
+  bench.Ports.Messages.Expect("Changes in Input Data will be discarded. Proceed?", MessageButtons::kYesNo,
+                              MessageAnswer::kNo);
   QTest::keyClick(form, Qt::Key_Escape);
   EXPECT_FALSE(form->isHidden());
   bench.State.Preferences.Options.IssueWarningCancel = false;
@@ -369,15 +369,15 @@ TEST_F(ParameterForm, ResultsOpenOnlyForARunThatWasWantedAndDone) {
   Open();
   Click(*form, "optLam(1)");
   const auto run = [this](MessageAnswer answer) {
-    bench.Outside.Messages.Expect("The laminated model will invoke Strondel in the background",
-                                  MessageButtons::kYesNo, answer);
+    bench.Ports.Messages.Expect("The laminated model will invoke Strondel in the background",
+                                MessageButtons::kYesNo, answer);
     Click(*form, "cmdResults");
   };
   run(MessageAnswer::kNo);
   EXPECT_TRUE(form->isVisible());
   std::filesystem::create_directory(folder / "Untitled.KVSD");  // where the exchange file belongs
-  bench.Outside.Messages.WhileShown = [this] {
-    bench.Outside.Messages.WhileShown = nullptr;
+  bench.Ports.Messages.WhileShown = [this] {
+    bench.Ports.Messages.WhileShown = nullptr;
     Expect("Error occurred: Path/File access error (75). Procedure Terminated");
   };
   run(MessageAnswer::kYes);
@@ -393,7 +393,7 @@ TEST_F(ParameterForm, CopyClipPutsAPictureOnTheClipboard) {
   Open();
   Expect("Screenshot of dialog copied to clipboard");
   Click(*form, "cmdCopyClip");
-  EXPECT_EQ(QImage::fromData(QByteArrayView(bench.Outside.Clipboard.Picture)).size(), form->size());
+  EXPECT_EQ(QImage::fromData(QByteArrayView(bench.Ports.Clipboard.Picture)).size(), form->size());
 }
 
 TEST_F(ParameterForm, ItsTabsHaveOneLeftEdgeAndItsNumbersOne) {

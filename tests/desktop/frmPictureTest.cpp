@@ -27,7 +27,7 @@ class PlanWindow : public testing::Test {
   PlanWindow() {
     bench_.State.Stored = test::Stored(test::TwoSideGobs());
     bench_.State.ProjectEmpty = false;
-    CalculateStabilityFactors(bench_.State, bench_.Outside.Messages);
+    CalculateStabilityFactors(bench_.State, bench_.Ports.Messages);
   }
   ~PlanWindow() override {
     ClosePlans();
@@ -129,10 +129,10 @@ TEST_F(PlanWindow, MaximisingEndsInOneSizeWhateverTheWindowManagerRestores) {
 TEST_F(PlanWindow, CopiesPrintsAndSavesThePicture) {
   OpenFor(kPlanFromForm);
   Item("mnuEditItem(0)").trigger();
-  EXPECT_EQ(QImage::fromData(QByteArrayView(bench_.Outside.Clipboard.Picture)).width(), View().width());
+  EXPECT_EQ(QImage::fromData(QByteArrayView(bench_.Ports.Clipboard.Picture)).width(), View().width());
   EXPECT_FALSE(The<QLabel>(*window_, "picTMPCopy").isVisible());
   const TempFolder folder;
-  bench_.Outside.Files.Expect(folder / "plan.svg");
+  bench_.Ports.Files.Expect(folder / "plan.svg");
   Item("mnuPlotFileItem(3)").trigger();
   EXPECT_EQ(TempFolder::Bytes(folder / "plan.svg").find("<?xml"), 0U);
   EXPECT_NE(bench_.History().find("Plan saved to file"), std::string::npos);

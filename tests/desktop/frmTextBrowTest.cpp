@@ -141,7 +141,7 @@ TEST_F(TextBrowse, AFolderThatIsGoneIsTold) {
   Open();
   Select("Dir1", QStringLiteral("mine"));
   fs::remove_all(folder / "mine");
-  const auto refuse = [this] { bench.Outside.Messages.Expect("Error occurred: Path not found (76)"); };
+  const auto refuse = [this] { bench.Ports.Messages.Expect("Error occurred: Path not found (76)"); };
   refuse();
   PressEnter("Dir1");
   EXPECT_EQ(Files().size(), 2) << "everything stays";
@@ -167,15 +167,15 @@ TEST_F(TextBrowse, ADoubleClickOrEnterShowsAFile) {
   EXPECT_TRUE(The<QPlainTextEdit>(*form, "RichTextBox1").isReadOnly());
 
   fs::remove(folder / "a.KVL");
-  bench.Outside.Messages.Expect("Error occurred: File not found (53)", MessageButtons::kRetryCancel,
-                                MessageAnswer::kCancel);
+  bench.Ports.Messages.Expect("Error occurred: File not found (53)", MessageButtons::kRetryCancel,
+                              MessageAnswer::kCancel);
   ShowNamed(QStringLiteral("a.KVL"));
   EXPECT_EQ(Shown(), QString()) << "not another file's text under this name";
 
   fs::create_symlink("/proc/self/mem", folder / "fault.kvl");  // can be opened, and not be read
   PressEnter("Text2");
-  bench.Outside.Messages.Expect("Error occurred: Device I/O error (57)", MessageButtons::kRetryCancel,
-                                MessageAnswer::kCancel);
+  bench.Ports.Messages.Expect("Error occurred: Device I/O error (57)", MessageButtons::kRetryCancel,
+                              MessageAnswer::kCancel);
   ShowNamed(QStringLiteral("fault.kvl"));
   EXPECT_TRUE(QTest::qWaitFor([this] { return Words() == QStringLiteral("The rest could not be read"); }));
 }
@@ -189,7 +189,7 @@ TEST_F(TextBrowse, TheExternalViewerGetsACopy) {
   bench.State.Preferences.ExternalEditor = "ed";
   ShowNamed(QStringLiteral("a.KVL"));
   const std::string scratch = folder / "Temp/~tmpbr.tmp";
-  EXPECT_EQ(bench.Outside.Programs.Calls, (std::vector<std::vector<std::string>>{{"ed", scratch}}));
+  EXPECT_EQ(bench.Ports.Programs.Calls, (std::vector<std::vector<std::string>>{{"ed", scratch}}));
   EXPECT_EQ(TempFolder::Bytes(scratch), "first\r\nline\r\n");
   EXPECT_EQ(Shown(), QString());
   form->close();
@@ -216,7 +216,7 @@ TEST_F(TextBrowse, TheFontIsTheSettings) {
   EXPECT_EQ(text.font().family() + QString::number(text.font().pointSize()),
             QStringLiteral("Liberation Serif13"));
   EXPECT_TRUE(text.font().bold());
-  bench.Outside.Values.Fonts = {FontSettings{"Liberation Mono", 9, 0, 0}, std::nullopt};
+  bench.Ports.Values.Fonts = {FontSettings{"Liberation Mono", 9, 0, 0}, std::nullopt};
   Click(*form, "cmdSetFont");
   Click(*form, "cmdSetFont");  // and Cancel
   EXPECT_EQ(text.font().pointSize(), 9);

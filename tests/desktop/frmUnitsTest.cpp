@@ -47,9 +47,9 @@ TEST(UnitsForm, CopiesItsResultsAndTellsAnOverflow) {
   The<QRadioButton>(form, "Option1(4)").click();
   The<QLineEdit>(form, "txtStress").setText(QStringLiteral("2"));
   Click(form, "cmdCopy");
-  EXPECT_EQ(bench.Outside.Clipboard.Text.substr(bench.Outside.Clipboard.Text.find("2000000")),
+  EXPECT_EQ(bench.Ports.Clipboard.Text.substr(bench.Ports.Clipboard.Text.find("2000000")),
             "2000000 Pa\n2 MPa\n");
-  bench.Outside.Messages.Expect("Error occurred: Overflow (6). Procedure Terminated");
+  bench.Ports.Messages.Expect("Error occurred: Overflow (6). Procedure Terminated");
   The<QLineEdit>(form, "txtStress").setText(QStringLiteral("2e305"));
   EXPECT_EQ(TextIn(form, "Text6"), "") << "no earlier result stays";
 }
@@ -64,7 +64,7 @@ TEST(ConversionForm, OffersTheOtherUnitsAlone) {
   EXPECT_TRUE(The<QRadioButton>(form, "Option1(1)").isChecked());
   EXPECT_TRUE(The<QRadioButton>(form, "Option2(0)").isChecked());
   EXPECT_FALSE(The<QRadioButton>(form, "Option2(1)").isEnabled());
-  bench.Outside.Messages.Expect("Conversion Completed: The conversion form will be closed");
+  bench.Ports.Messages.Expect("Conversion Completed: The conversion form will be closed");
   Click(form, "Command2");
   EXPECT_FALSE(form.isVisible());
   EXPECT_EQ(bench.State.Stored.ProjectUnits, kMetric);
@@ -79,8 +79,8 @@ TEST(ConversionForm, TellsAFailureAndLeavesTheProject) {
   const StoredProject before = bench.State.Stored;
   frmConvert form(bench.Forms);
   form.show();
-  bench.Outside.Messages.Expect("Error occurred: Overflow (6). Procedure Terminated");
-  bench.Outside.Messages.Expect("Error in the Conversion Procedure. Call technical support");
+  bench.Ports.Messages.Expect("Error occurred: Overflow (6). Procedure Terminated");
+  bench.Ports.Messages.Expect("Error in the Conversion Procedure. Call technical support");
   Click(form, "Command2");
   EXPECT_EQ(bench.State.Stored.ProjectUnits, kMetric);
   EXPECT_EQ(bench.State.Stored.ProjectInput, before.ProjectInput);

@@ -40,26 +40,26 @@ TEST(UpdateForm, ShowsEachStepAndEndsTheProgramForTheSetup) {
   frmUpdate form(bench.Forms);
   form.show();
   EXPECT_FALSE(IsEnabled(form, "cmdDownUpdate") || IsEnabled(form, "cmdInstall"));
-  EXPECT_TRUE(bench.Outside.Fetches.Asked.empty()) << "nothing is asked before a button is pressed";
+  EXPECT_TRUE(bench.Ports.Fetches.Asked.empty()) << "nothing is asked before a button is pressed";
   EXPECT_FALSE(The<QWidget>(form, "ProgressBar1").isVisible()) << "an idle bar looks like a box for text";
   Click(form, "lblURL");
-  EXPECT_EQ(bench.Outside.Documents.Opened, std::vector<std::string>{"https://example.invalid/page/"});
+  EXPECT_EQ(bench.Ports.Documents.Opened, std::vector<std::string>{"https://example.invalid/page/"});
   Click(form, "cmdCheck");
   EXPECT_FALSE(IsEnabled(form, "cmdCheck")) << "one fetch at a time";
   EXPECT_TRUE(The<QWidget>(form, "ProgressBar1").isVisible());
-  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
-                                MessageAnswer::kCancel);
-  bench.Outside.Fetches.Give("1106");
+  bench.Ports.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                              MessageAnswer::kCancel);
+  bench.Ports.Fetches.Give("1106");
   EXPECT_TRUE(IsEnabled(form, "cmdDownUpdate"));
   EXPECT_FALSE(The<QWidget>(form, "ProgressBar1").isVisible());
   Click(form, "cmdDownUpdate");
-  bench.Outside.Fetches.Give(std::string(test::kSetupSignature));
-  bench.Outside.Fetches.Tell(40000);
+  bench.Ports.Fetches.Give(std::string(test::kSetupSignature));
+  bench.Ports.Fetches.Tell(40000);
   EXPECT_EQ(TextOf(form, "lblbytes"), "40000");
   EXPECT_EQ(The<QProgressBar>(form, "ProgressBar1").value(), 3);
   EXPECT_FALSE(IsEnabled(form, "cmdInstall"));
-  bench.Outside.Messages.Expect("Download completed. Program at: ");
-  bench.Outside.Fetches.Give(std::string(test::kSetup));
+  bench.Ports.Messages.Expect("Download completed. Program at: ");
+  bench.Ports.Fetches.Give(std::string(test::kSetup));
   Click(form, "cmdInstall");
   EXPECT_EQ(bench.Main.Ended, 1);
 }
@@ -74,19 +74,19 @@ TEST(UpdateForm, KeysNeverReachCloseWhileSomethingIsFetched) {
   press(Qt::Key_Return);
   for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
     press(key);
-    EXPECT_TRUE(form.isVisible() && bench.Outside.Fetches.IsRunning());
+    EXPECT_TRUE(form.isVisible() && bench.Ports.Fetches.IsRunning());
   }
-  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
-                                MessageAnswer::kCancel);
-  bench.Outside.Fetches.Give("1106");
+  bench.Ports.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                              MessageAnswer::kCancel);
+  bench.Ports.Fetches.Give("1106");
   EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus()) << "the next step";
   press(Qt::Key_Space);
   press(Qt::Key_Space);
   EXPECT_TRUE(form.isVisible());
-  bench.Outside.Fetches.Fail("the server closed the connection");
+  bench.Ports.Fetches.Fail("the server closed the connection");
   EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus());
   EXPECT_EQ(TextOf(form, "lblbytes"),
-            "Download failed: its signature did not come: the server closed the connection");
+            "Download failed: its signature could not be fetched: the server closed the connection");
 }
 
 TEST(UpdateForm, KeepsKeysWaitingAlsoBeforeItIsShownAndBehindOthers) {
@@ -100,9 +100,9 @@ TEST(UpdateForm, KeepsKeysWaitingAlsoBeforeItIsShownAndBehindOthers) {
   other.show();
   QApplication::setActiveWindow(&other);
   bench.State.AutoUpdate = false;
-  bench.Outside.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
-                                MessageAnswer::kNo);
-  bench.Outside.Fetches.Give("1106");
+  bench.Ports.Messages.Expect("A new version is available. Download?", MessageButtons::kYesNoCancel,
+                              MessageAnswer::kNo);
+  bench.Ports.Fetches.Give("1106");
   QApplication::setActiveWindow(&form);
   EXPECT_TRUE(The<QPushButton>(form, "cmdDownUpdate").hasFocus());
 }
@@ -116,7 +116,7 @@ TEST(UpdateForm, ClosingEndsAFetchAndWritesTheSettings) {
     The<QCheckBox>(form, "chkShow").setChecked(true);
     Click(form, "Command1");
   }
-  EXPECT_FALSE(bench.Outside.Fetches.IsRunning());
+  EXPECT_FALSE(bench.Ports.Fetches.IsRunning());
   EXPECT_EQ(bench.State.Preferences.RemindAnnualUpdates, 0);
   EXPECT_TRUE(std::filesystem::exists(bench.State.Places.IniFile));
 }

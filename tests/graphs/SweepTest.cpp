@@ -33,19 +33,19 @@ LaminatedSweep EchoSweep() {
   return {Echo, [](int, int) { return true; }};
 }
 
-TEST(StepsOfSweep, AreWorkedByHand) {
+TEST(SweepStepsFor, AreWorkedByHand) {
   // (1.5 + 1 - 0.5) / 50 of 100.
-  const SweepSteps fine = StepsOfSweep(kDepthGraph, 100, {50, 150}, false);
+  const SweepSteps fine = SweepStepsFor(kDepthGraph, 100, {50, 150}, false);
   EXPECT_EQ(fine.Low, 50);
   EXPECT_EQ(fine.High, 150);
   EXPECT_EQ(fine.Step, static_cast<float>(100 * static_cast<double>(0.04F)));
   EXPECT_EQ(fine.PointCapacity, 27);
   // (1.5 + 1 - 1) / 10 = 0.15; 0.5 / 0.15 + 2 = 5.33.
-  EXPECT_EQ(StepsOfSweep(kDepthGraph, 100, {100, 150}, true).PointCapacity, 5);
-  EXPECT_EQ(StepsOfSweep(kFirstBarrierGraph, 0, {50, 150}, false).Step, 1);
-  EXPECT_EQ(StepsOfSweep(kDepthGraph, 100, {150, 50}, false).Step, 100) << "no range, no step";
-  EXPECT_EQ(StepsOfSweep(kDepthGraph, 10, {50, 50}, false).PointCapacity, 2);
-  ExpectError(ErrorNumber::kOverflow, [] { StepsOfSweep(kDepthGraph, 1e39, {50, 150}, false); });
+  EXPECT_EQ(SweepStepsFor(kDepthGraph, 100, {100, 150}, true).PointCapacity, 5);
+  EXPECT_EQ(SweepStepsFor(kFirstBarrierGraph, 0, {50, 150}, false).Step, 1);
+  EXPECT_EQ(SweepStepsFor(kDepthGraph, 100, {150, 50}, false).Step, 100) << "no range, no step";
+  EXPECT_EQ(SweepStepsFor(kDepthGraph, 10, {50, 50}, false).PointCapacity, 2);
+  ExpectError(ErrorNumber::kOverflow, [] { SweepStepsFor(kDepthGraph, 1e39, {50, 150}, false); });
 }
 
 TEST(RunSweep, CountsItsStepsByTheRange) {

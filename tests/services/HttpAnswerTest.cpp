@@ -99,13 +99,13 @@ TEST(HttpAnswer, RefusesWhatIsNotTheWholeFile) {
   for (const char* chunk : {"zz\r\n", "2\r\n1106\r\n", "-2\r\n", "\r\n", "2\r\n11zz\r\n"}) {
     EXPECT_EQ(FaultOf(kChunked + chunk), "the server sent a damaged file") << chunk;
   }
-  const std::string form = "the server sent the file in another form than asked for";
+  const std::string form = "the server sent the file in a format that was not requested";
   EXPECT_EQ(FaultOf(kOk + "Content-Encoding: gzip\r\n\r\n1106"), form);
   EXPECT_EQ(FaultOf(kOk + "Transfer-Encoding: gzip, chunked\r\n\r\n1106"), form);
   for (const char* other :
        {"220 ready\r\n\r\n", "HTTP/2 200\r\n\r\n", "HTTP/1.1 2x0 OK\r\n\r\n", "HTTP/1.1 2000\r\n\r\n",
         "HTTP/1.1 099 OK\r\n\r\n", "\r\n", "HTTP/1.1 200 OK\r\nno colon\r\n\r\n", "HTTP/1.1 200 OK\r\n"}) {
-    EXPECT_EQ(FaultOf(other), "the server does not answer as a web server does") << other;
+    EXPECT_EQ(FaultOf(other), "the server did not send a valid HTTP response") << other;
   }
   EXPECT_EQ(FaultOf(""), "the server closed the connection");
 }
@@ -116,7 +116,7 @@ TEST(HttpAnswer, HasBounds) {
   EXPECT_EQ(FaultOf(kOk + "\r\n" + std::string(1001, 'x'), false), large);
   EXPECT_EQ(FaultOf(kChunked + "3e8\r\n" + std::string(1000, 'x') + "\r\n1\r\n", false), large);
   EXPECT_EQ(FaultOf(kChunked + "ffffffffffffffff\r\n", false), large);
-  const std::string endless = "the server's answer has no end";
+  const std::string endless = "the server's answer is incomplete";
   EXPECT_EQ(FaultOf(kOk + "X: " + std::string(70'000, 'y'), false), endless) << "one line";
   std::string heads;
   for (int i = 0; i < 5000; ++i) {

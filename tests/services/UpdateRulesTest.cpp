@@ -104,8 +104,7 @@ TEST(SetupSignature, NeedsTheMakersKey) {
             "the signature was made with another key");
   EXPECT_EQ(SignatureFault(kSetup, kName, kSetupSignature, Altered(kSetupKey, 40)),
             "the signature does not belong to the file");
-  EXPECT_EQ(SignatureFault(kSetup, kName, "<html>404</html>", kSetupKey),
-            "the signature is not in the form of one");
+  EXPECT_EQ(SignatureFault(kSetup, kName, "<html>404</html>", kSetupKey), "the signature is malformed");
 }
 
 }  // namespace

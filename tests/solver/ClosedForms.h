@@ -33,8 +33,8 @@ inline double WideGobError(double r, double finer, double off) {
   const double cell = kLength / finer;
   const int gobCells = 64 * static_cast<int>(std::ceil(finer * 12 / std::sqrt(r) / 64));
   Bed bed = Strip(-gobCells * cell - off * cell, gobCells + 16 * static_cast<int>(finer), finer);
-  bed.Lay({.X0 = -kEndless, .X1 = 0}, r);
-  bed.Lay({.X0 = 0, .X1 = kEndless}, 1);
+  bed.Lay({.X0 = -kUnbounded, .X1 = 0}, r);
+  bed.Lay({.X0 = 0, .X1 = kUnbounded}, 1);
   bed.Solve(kLength);
   return std::abs(ShedLoad(bed, 0) / (kLength * (1 / std::sqrt(r) - 1)) - 1);
 }
@@ -46,7 +46,7 @@ struct OpeningErrors {
 };
 inline OpeningErrors OpeningError(double a, double finer) {
   Bed bed = Strip(0, 16 * static_cast<int>(finer), finer);
-  bed.Lay({.X0 = a, .X1 = kEndless}, 1);
+  bed.Lay({.X0 = a, .X1 = kUnbounded}, 1);
   bed.Solve(kLength);
   const double middle = 1 + a / kLength + a * a / (2 * kLength * kLength);
   return {std::abs(ShedLoad(bed, a) / a - 1), std::abs(bed.Solution[0] / middle - 1)};
@@ -56,7 +56,7 @@ inline OpeningErrors OpeningError(double a, double finer) {
 inline double GobError(double a, double ratio, double abutment, double finer) {
   Bed bed = Strip(0, 32 * static_cast<int>(finer), finer);
   bed.Lay({.X0 = 0, .X1 = a}, ratio);
-  bed.Lay({.X0 = a, .X1 = kEndless}, abutment);
+  bed.Lay({.X0 = a, .X1 = kUnbounded}, abutment);
   bed.Solve(kLength);
   const double exact = ShedByStrip(ratio, kLength, {.Width = 2 * a, .AbutmentStiffness = abutment});
   return std::abs(ShedLoad(bed, a, abutment) / exact - 1);
@@ -88,7 +88,7 @@ inline void VisitQuarterDisc(const Grid& grid, double radius,
 // The load on a disc, one quarter of which lies on 1100 by 1100 with mirrors at its edges.
 inline double DiscError(double radius, double r, int side) {
   Bed bed({.Cx = 1100.0 / side, .Cy = 1100.0 / side, .Nx = side, .Ny = side});
-  bed.Lay({.X0 = -kEndless, .X1 = kEndless}, 1);
+  bed.Lay({.X0 = -kUnbounded, .X1 = kUnbounded}, 1);
   VisitQuarterDisc(bed.Cells, radius, [&](const Ground& strip) { bed.Lay(strip, r - 1); });
   bed.Solve(kLength);
   double load = 0;

@@ -69,7 +69,7 @@ Project WrittenPanel() {
 
 void ExpectRefused(const Project& p, const std::string& name) {
   const int code = CodeOf(StrondLine(p, kEnglish));
-  EXPECT_EQ(SolverStatusText(code), "it has no model for this " + name);
+  EXPECT_EQ(SolverStatusText(code), "it does not support this " + name);
 }
 
 // What the program writes of a panel, the solver reads as the same, and refuses by the same name.

@@ -15,7 +15,7 @@ namespace {
 
 TEST(Membrane, SolidGroundBearsItsCover) {
   Bed bed({.Cx = 5, .Cy = 5, .Nx = 64, .Ny = 96});
-  bed.Lay({.X0 = -kEndless, .X1 = kEndless}, 1);
+  bed.Lay({.X0 = -kUnbounded, .X1 = kUnbounded}, 1);
   bed.Solve(kLength);
   EXPECT_TRUE(bed.Outcome.Converged);
   for (const double u : bed.Solution) {

@@ -26,7 +26,7 @@ TEST(Raster, ARectangleCoversItsAreaCellByCell) {
 
 TEST(Raster, WhatLiesBeyondTheGridIsLeftOut) {
   const Grid grid = {.Nx = 4, .Ny = 4};
-  EXPECT_EQ(Covered(grid, {}, {.X0 = -kEndless, .X1 = kEndless}), 16);
+  EXPECT_EQ(Covered(grid, {}, {.X0 = -kUnbounded, .X1 = kUnbounded}), 16);
   EXPECT_EQ(Covered(grid, {}, {.X0 = 5, .X1 = 9}), 0);
   EXPECT_EQ(Covered(grid, {}, {.X0 = 3, .X1 = 2}), 0);
   EXPECT_EQ(Covered(grid, {}, {.X0 = -3, .X1 = 1, .Y0 = 3.5, .Y1 = 8}), 0.5);

@@ -102,7 +102,7 @@ TEST(ReadCase, ACellThatCannotBeTakenIsNamed) {
       {5, {CellKind::kText, 0, "12,5"}, ErrorNumber::kTypeMismatch, "column 5 (E): \"12,5\" is not a number"},
       {32, {CellKind::kText, 0, ""}, ErrorNumber::kTypeMismatch, "column 32 (AF): \"\" is not a number"},
       {4, {CellKind::kDate, 37014, "2001-05-03"}, ErrorNumber::kTypeMismatch, "2001-05-03 is a date"},
-      {11, {CellKind::kBoolean, 0, "TRUE"}, ErrorNumber::kTypeMismatch, "TRUE is a truth value"},
+      {11, {CellKind::kBoolean, 0, "TRUE"}, ErrorNumber::kTypeMismatch, "TRUE is a boolean value"},
       {20, {CellKind::kError, 0, "#DIV/0!"}, ErrorNumber::kTypeMismatch, "#DIV/0! is an error value"},
       {3, {CellKind::kError, 0, "#REF!"}, ErrorNumber::kTypeMismatch, "column 3 (C): #REF!"},
       {33,

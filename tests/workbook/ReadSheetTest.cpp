@@ -157,7 +157,7 @@ TEST(ReadSheet, TakesNoFormulaThatAnOldWorkbookWantsCalculated) {
 
 TEST(ReadSheet, RefusesWhatIsNoWorkbook) {
   const TempFolder folder;
-  EXPECT_TRUE(Has(Refused(folder.Put("a.xlsx", "")), "no Excel workbook"));
+  EXPECT_TRUE(Has(Refused(folder.Put("a.xlsx", "")), "not an Excel workbook"));
   Refused(folder.Put("b.xls", "case,name\n1,a\n"));
   const std::string ods =
       "PK\3\4" + std::string(26, '\0') + "mimetypeapplication/vnd.oasis.opendocument.spreadsheetPK\3\4";
@@ -174,7 +174,7 @@ TEST(ReadSheet, SaysThatAPasswordLocksIt) {
   EXPECT_TRUE(Has(Refused(folder.Put("new.xlsx", locked)), "password"));
   std::string other = TempFolder::Bytes(kOld);
   RenameStream(other, "Workbook", "WordDocument");
-  EXPECT_TRUE(Has(Refused(folder.Put("letter.doc", other)), "no workbook"));
+  EXPECT_TRUE(Has(Refused(folder.Put("letter.doc", other)), "not a workbook"));
   locked = TempFolder::Bytes(kOld);
   const auto begin = locked.find(std::string("\x09\x08\x10\0\0\x06\x05\0", 8));
   ASSERT_NE(begin, std::string::npos);

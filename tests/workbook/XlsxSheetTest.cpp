@@ -170,7 +170,7 @@ TEST(ReadXlsxSheet, NamesTheCellThatIsDamaged) {
       {"<row><c t='str'><v>\xFF</v></c></row>", "A1"},
       {"<row><c t='\xFF'><v>1</v></c></row>", "\"ÿ\""},
       {"<row><c t='str'><v>a&#xD800;</v></c></row>", "A1"},
-      {"<row r='2'><c r='B2'><v>1</v></c><c r='B2'><v>1</v></c></row>", "B2 is there twice"},
+      {"<row r='2'><c r='B2'><v>1</v></c><c r='B2'><v>1</v></c></row>", "B2 appears twice"},
       {"<row r='2'><c r='B3'><v>1</v></c></row>", "\"B3\""},
       {"<row><c r='XFE1'><v>1</v></c></row>", "XFE1"},
       {"<row><c r='XFD1'/><c><v>1</v></c></row>", "16385"},
@@ -205,7 +205,7 @@ TEST(ReadXlsxSheet, RefusesBrokenPartsAndZips) {
       Refused(BookOf(parts));
     }
   }
-  EXPECT_TRUE(Has(Refused(test::ZipOf({test::Stored("content.xml", "<a/>")})), "no workbook"));
+  EXPECT_TRUE(Has(Refused(test::ZipOf({test::Stored("content.xml", "<a/>")})), "not a workbook"));
   BookParts binary;
   binary.RootLinks.replace(binary.RootLinks.find(".xml"), 4, ".bin");
   EXPECT_TRUE(Has(Refused(BookOf(binary)), ".xlsb"));
