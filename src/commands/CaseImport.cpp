@@ -75,10 +75,7 @@ std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
   if (!korva.LastCaseWorkbook.empty()) {
     question.Name = FileBaseName(korva.LastCaseWorkbook, false);
   }
-  question.Folder = korva.Preferences.DataPath;
-  if (question.Folder.size() > 1 && question.Folder.ends_with('/')) {
-    question.Folder.pop_back();
-  }
+  question.Folder = FolderOf(korva.Preferences.DataPath);
   question.Filters = {kAllFiles, "Excel Files (*.XLS)", "Excel Files (*.XLSX)"};
   question.ActiveFilter = 1;
   const auto chosen = files.ChooseFile(question);
@@ -133,7 +130,8 @@ class DialogImport {
       state_.Row = row;
       if (row == 0) {
         FileNew(korva_, {.ResetUnits = false});
-        throw RuntimeError(ErrorNumber::kSubscript, "0 imports row 3, and 999 rows 3 to 647");
+        throw RuntimeError(ErrorNumber::kSubscript, fmt::format("0 imports row {0}, and {1} rows {0} to {2}",
+                                                                kFirstCaseRow, kAllRows, kLastCaseRow));
       }
       if (HoldsCase(sheet, row)) {
         ImportCase(korva_, sheet, row, folder_);

@@ -2,11 +2,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "commands/Attempt.h"
 #include "core/Text.h"
 #include "core/Version.h"
+#include "input/CheckSettings.h"
 
 namespace korva {
 
@@ -14,12 +13,6 @@ namespace {
 
 constexpr const char* kTopic = "messages-association";
 constexpr std::size_t kLongestExtension = 3;
-
-bool IsExtension(std::string_view text) {
-  return !text.empty() && text.size() <= kLongestExtension &&
-         std::all_of(text.begin(), text.end(),
-                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
-}
 
 UserFolders UserOf(const Korva& korva) {
   return {korva.Places.DataHome, korva.Places.ConfigHome};
@@ -42,7 +35,7 @@ std::string CaveatsText(const AssociationCaveats& doubts) {
 
 void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& pictures) {
   const std::string extension = korva.Preferences.FileExtension;
-  if (!IsExtension(extension)) {
+  if (extension.empty() || extension.size() > kLongestExtension || !IsExtensionText(extension)) {
     ShowMessage(
         korva, ports.Messages,
         {.text = fmt::format("The file extension of the settings, \"{}\", cannot be associated. It has "

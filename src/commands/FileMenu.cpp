@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "commands/FileCommands.h"
@@ -20,11 +19,6 @@ namespace {
 
 std::string SaveQuestion(const std::string& fileName) {
   return fmt::format("Save changes to: {}?", fileName);
-}
-
-std::string FolderOfName(const std::string& name) {
-  const auto slash = name.rfind('/');
-  return slash == std::string::npos ? std::string() : name.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 }  // namespace
@@ -52,8 +46,7 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
     name = FileBaseName(name, false);
     question.Name = name;
   }
-  const std::string& dataPath = korva_.Preferences.DataPath;
-  question.Folder = lastName.empty() || lastName == "1" ? FolderOfName(dataPath) : FolderOfName(lastName);
+  question.Folder = FolderOf(lastName.empty() || lastName == "1" ? korva_.Preferences.DataPath : lastName);
   const std::string& extension = korva_.Preferences.FileExtension;
   question.DefaultExtension = extension;
   question.Filters = {kAllFiles, fmt::format("{} Files (*.{})", ExeName,
@@ -188,9 +181,7 @@ std::string FileMenu::SaveWarning(bool chosen) const {
     case DiskState::kAsKnown:
       break;
   }
-  return recovery_.IsOpenElsewhere() ? "{} is open in another window of this program. What is saved in one "
-                                       "window replaces what was saved in the other. Save it?"
-                                     : "";
+  return recovery_.IsOpenElsewhere() ? std::string(kOpenElsewhere) + " Save it?" : "";
 }
 
 bool FileMenu::MayReplace(bool chosen) {

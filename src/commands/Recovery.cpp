@@ -199,16 +199,10 @@ bool Recovery::IsOpenElsewhere() const {
 void Recovery::RecordOpenFile(MessagePort& messages) {
   RecordOpenFile();
   if (IsOpenElsewhere()) {
-    ShowMessage(
-        korva_, messages,
-        {fmt::format("{} is open in another window of this program. What is saved in one window replaces "
-                     "what was saved in the other.",
-                     korva_.ProjectFileName),
-         MessageButtons::kOk,
-         MessageIcon::kExclamation,
-         {},
-         {},
-         "messages-files"});
+    ShowMessage(korva_, messages,
+                {.text = fmt::format(kOpenElsewhere, korva_.ProjectFileName),
+                 .icon = MessageIcon::kExclamation,
+                 .topic = "messages-files"});
   }
 }
 

@@ -4,12 +4,16 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/Korva.h"
 #include "core/Messages.h"
 #include "files/SessionFolder.h"
 
 namespace korva {
+
+inline constexpr std::string_view kOpenElsewhere =
+    "{} is open in another window of this program. What is saved in one window replaces what was saved in the other.";
 
 class Recovery {
  public:

@@ -2,6 +2,7 @@
 
 #include "commands/Examples.h"
 #include "commands/SettingsCommands.h"
+#include "core/FileNames.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "core/Version.h"
@@ -15,13 +16,6 @@
 namespace korva {
 
 namespace {
-
-std::string WithSeparator(std::string path) {
-  if (!path.empty() && path.back() != '/') {
-    path += '/';
-  }
-  return path;
-}
 
 // The folder that holds all of the program's, without creating anything for the desktop.
 std::string UserRoot(const MachineFolders& machine) {
@@ -45,7 +39,7 @@ Folders MakeFolders(const MachineFolders& machine) {
   places.Docs = WithSeparator(machine.Docs);
   places.DataHome = WithSeparator(machine.DataHome);
   places.ConfigHome = WithSeparator(machine.ConfigHome);
-  places.StateFolder = machine.StateHome.empty() ? std::string() : WithSeparator(machine.StateHome);
+  places.StateFolder = WithSeparator(machine.StateHome);
   places.SystemTempFolder = WithSeparator(machine.SystemTemp);
   places.DataRoot = root + "MyFolvane/";
   places.TempRoot = places.DataRoot + "Temp/";

@@ -27,9 +27,12 @@ std::string FolderOf(const std::string& path) {
   return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
+std::string WithSeparator(std::string_view folder) {
+  return std::string(folder) + (folder.empty() || folder.ends_with('/') ? "" : "/");
+}
+
 std::string NameWithin(const std::string& folder, std::string_view name) {
-  const bool bare = folder.empty() || folder.ends_with('/');
-  return folder + (bare ? "" : "/") + std::string(name);
+  return WithSeparator(folder).append(name);
 }
 
 std::string SafeFileName(std::string_view text) {

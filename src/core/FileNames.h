@@ -15,6 +15,9 @@ std::string FileBaseName(const std::string& path, bool strip);
 // root.
 std::string FolderOf(const std::string& path);
 
+// A folder's name with a separator at its end; none for no name.
+std::string WithSeparator(std::string_view folder);
+
 // The name of what stands in `folder`, which may have a separator at its end or be empty.
 std::string NameWithin(const std::string& folder, std::string_view name);
 

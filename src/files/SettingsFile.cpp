@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "core/FileNames.h"
 #include "core/Limits.h"
 #include "core/Tables.h"
 #include "core/Text.h"
@@ -95,14 +96,8 @@ void WriteFont(std::string& text, std::string_view section, std::string_view pre
 
 // A folder that exists, with a separator at its end; the product folder for none.
 std::string DataPathOf(const std::string& value, const SettingsSurroundings& surroundings) {
-  std::string path(Trimmed(value));
-  if (path.empty() || path == "0") {
-    return surroundings.ProductFolder;
-  }
-  if (path.back() != '/') {
-    path += '/';
-  }
-  return FolderExists(path) ? path : surroundings.ProductFolder;
+  const std::string path = WithSeparator(Trimmed(value));
+  return Trimmed(value) != "0" && FolderExists(path) ? path : surroundings.ProductFolder;
 }
 
 RecentFiles ReadRecentFiles(std::string_view text) {

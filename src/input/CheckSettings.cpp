@@ -2,26 +2,20 @@
 
 #include <algorithm>
 
+#include "core/FileNames.h"
 #include "core/Limits.h"
 #include "core/Text.h"
 #include "input/CheckFieldRange.h"
 
 namespace korva {
 
-namespace {
-
-bool IsExtensionCharacter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+bool IsExtensionText(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
 }
 
-}  // namespace
-
 std::string FolderText(const std::string& path) {
-  std::string folder(Trimmed(path));
-  if (folder.empty() || folder.back() != '/') {
-    folder += '/';
-  }
-  return folder;
+  return WithSeparator(Trimmed(path));
 }
 
 std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
@@ -34,7 +28,7 @@ std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
           CheckFieldRange(texts.MaxDisplaySize, kLeastHistory, kGreatestHistory, kHistorySizeCaption)) {
     return SettingsRefusal{*fault, Kind::kRange, kHistorySizeBox};
   }
-  if (!std::all_of(texts.FileExtension.begin(), texts.FileExtension.end(), IsExtensionCharacter)) {
+  if (!IsExtensionText(texts.FileExtension)) {
     return SettingsRefusal{"Invalid character in file extension", Kind::kInvalidCharacter, kExtensionBox};
   }
   return std::nullopt;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace korva {
 
@@ -29,6 +30,9 @@ struct SettingsRefusal {
 
 // A folder's name without outer blanks and with a separator at its end.
 std::string FolderText(const std::string& path);
+
+// Whether a file extension has capital letters and digits alone.
+bool IsExtensionText(std::string_view text);
 
 // The first fault, or nothing if the texts may be taken.
 std::optional<SettingsRefusal> CheckSettings(const SettingsTexts& texts,
