@@ -42,7 +42,8 @@ void frmKORVADesc::Build() {
   label->setBuddy(title_);
   description_ = new DescriptionBox(QStringLiteral("Text2"), kLongestDescription, texts);
   description_->setAccessibleName(QStringLiteral("Description"));
-  description_->setToolTip(QStringLiteral("Description of the project, at most 1000 characters"));
+  description_->setToolTip(
+      QStringLiteral("Description of the project, at most %1 characters").arg(kLongestDescription));
   const QFontMetrics metrics(description_->font());
   description_->setMinimumSize(metrics.averageCharWidth() * kDescriptionColumns,
                                metrics.lineSpacing() * kDescriptionLines);

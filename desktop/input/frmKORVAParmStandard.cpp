@@ -65,20 +65,23 @@ QGroupBox* frmKORVAParmControls::GeometryFrame() {
   grid->addWidget(NewLabel(QStringLiteral("Label10"), QStringLiteral("(center-to-center)"), geometry),
                   grid->rowCount(), 0);
 
+  const QString caption = QLatin1String(kEntriesCaption);
   Combo1 = NewList(QStringLiteral("Combo1"), geometry);
-  Combo1->setAccessibleName(QStringLiteral("Number of entries"));
-  Combo1->setToolTip(QStringLiteral("Number of parallel entries of the panel. Accepted: 2 to 10."));
-  for (int entries = 2; entries <= kMaxEntries; ++entries) {
+  Combo1->setAccessibleName(caption);
+  Combo1->setToolTip(QStringLiteral("Number of parallel entries of the panel. Accepted: %1 to %2.")
+                         .arg(kLeastEntries)
+                         .arg(kMaxEntries));
+  for (int entries = kLeastEntries; entries <= kMaxEntries; ++entries) {
     Combo1->addItem(QString::number(entries));
   }
   order_.push_back(Combo1);
-  QLabel* label = NewLabel(QStringLiteral("Label6"), QStringLiteral("Number of entries"), geometry);
+  QLabel* label = NewLabel(QStringLiteral("Label6"), caption, geometry);
   label->setBuddy(Combo1);
   const int line = grid->rowCount();
   grid->addWidget(label, line, 0);
   grid->addWidget(Combo1, line, 1);
   txtNumberEntries = new FieldBox(QStringLiteral("txtNumberEntries"), 0, geometry);
-  txtNumberEntries->Explain(QStringLiteral("Number of entries"), QStringLiteral("Number of entries"));
+  txtNumberEntries->Explain(caption, caption);
   txtNumberEntries->hide();
   return geometry;
 }

@@ -45,7 +45,7 @@ std::vector<SummaryRow> KeyInputs(const StoredProject& stored) {
                                               stored.ProjectUnits)};
   };
   return {row(&Project::DepthCover),   row(&Project::EntryHeight),
-          row(&Project::EntryWidth),   {"Number of entries", std::to_string(project.NumberEntries)},
+          row(&Project::EntryWidth),   {kEntriesCaption, std::to_string(project.NumberEntries)},
           row(&Project::XcutSpacing),  {"Crosscut angle", GeneralText(project.XcutAngle) + " deg"},
           row(&Project::CoalStrength), {"Loading condition", ConditionName(project.LoadingCondition)}};
 }

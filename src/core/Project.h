@@ -11,6 +11,7 @@
 
 namespace korva {
 
+inline constexpr int kLeastEntries = 2;
 inline constexpr int kMaxEntries = 10;
 inline constexpr int kMaxRows = kMaxEntries - 1;
 

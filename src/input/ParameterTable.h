@@ -191,6 +191,8 @@ inline constexpr auto kNumberFields = std::to_array<NumberField>({
      UnitKind::kLength, "Width of the pillars of row D", kAboveZero, kInvalidWidthRowD},
 });
 
+inline constexpr const char* kEntriesCaption = "Number of entries";
+
 // The boxes of the centers, all alike: names and caption are those of number 1 without the number.
 inline constexpr NumberField kCenterField = {static_cast<double Project::*>(nullptr),
                                              ParameterFrame::kGeometry,
