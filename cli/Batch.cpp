@@ -94,7 +94,7 @@ std::string TableText(const std::vector<BatchRow>& rows) {
     const auto results = ResultTexts(
         row, [&](int c) { return shown(c) ? row.ShownSF[c] : "-"; },
         [&](int c, int k, double value) {
-          return shown(c) && k <= LastStage(row.LoadCond) ? Format(value, "##0.00") : "-";
+          return shown(c) && k <= LastStage(row.LoadCond) ? Format(value, kFactorPattern) : "-";
         });
     text += "  " + PadRight(UnitSystemName(row.Units), 7) + "  " + PadRight(ModelName(row.CalcMode), 11);
     for (const std::string& result : results) {

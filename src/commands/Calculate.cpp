@@ -12,8 +12,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kFactorPattern = "##0.00";
-
 constexpr std::string_view kTakesMinutes =
     "The laminated model will invoke Strondel in the background and may take a few minutes to run.";
 constexpr std::string_view kWithoutWarnings =

@@ -11,7 +11,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kScientific = "#.00E+00";
 constexpr int kScientificDigits = 3;
 constexpr std::string_view kAtMostTwoDecimals = "#.##";
 
@@ -101,7 +100,7 @@ std::string FormatDigits(double value, int significant, std::string_view pattern
     throw RuntimeError(ErrorNumber::kOverflow, "a result has no finite value");
   }
   const Decimal decimal = ToDecimal(value, significant);
-  if (pattern == kScientific) {
+  if (pattern == kLoadPattern) {
     return ScientificText(decimal);
   }
   if (pattern == kAtMostTwoDecimals) {

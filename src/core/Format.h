@@ -6,6 +6,9 @@
 
 namespace korva {
 
+inline constexpr std::string_view kFactorPattern = "##0.00";
+inline constexpr std::string_view kLoadPattern = "#.00E+00";
+
 // `value` in a pattern such as "0", "##0.00" or "#.00E+00": the number at 15 significant digits (7 for a
 // 32-bit value) rounded half away from zero to the pattern's decimals. A fixed pattern gives at least as many
 // integer digits as it has zeros in front of the point; "#.##" at most two decimals and no point after a

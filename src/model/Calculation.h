@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 
 #include "core/IndexRange.h"
 #include "core/IndexedArray.h"
@@ -28,9 +29,19 @@ using ByCase = IndexedArray<T, kDevelopment, kRetreat>;
 template <class T>
 using BySide = IndexedArray<T, kFirstSide, kSecondSide>;
 template <class T>
+using BySideRow = IndexedArray<T, 1, kSideStressRows>;
+template <class T>
 using ByStage = IndexedArray<T, kTributary, kSecondSide>;
 template <class T>
 using ByGob = IndexedArray<T, kFront, kSecondSide>;
+
+// The places of case c and side k in tables of two.
+constexpr std::size_t StageIndex(int c) {
+  return static_cast<std::size_t>(c - kDevelopment);
+}
+constexpr std::size_t SideIndex(int k) {
+  return static_cast<std::size_t>(k - kFirstSide);
+}
 
 // The loading condition as a run takes it: the last stage j whose load it adds up. Each one adds to those
 // before it.
@@ -95,130 +106,75 @@ struct WorkValues {
 
 // Loads and capacities in lb or kN, stresses and strengths in psf or kPa, lengths and areas in ft or m.
 // Arrays without a case hold what the retreat case left. What a run does not write is 0.
+#define KORVA_RESULTS(X)                                                                     \
+  X(ByCase<double>, SFKorva)                                                                 \
+  X(ByCase<BySide<double>>, BarrierSF)                                                       \
+  X(BySide<double>, RemnantSF)                                                               \
+  X(ByRow<double>, PillarArea)                                                               \
+  X(ByRow<double>, PillarMinDim)                                                             \
+  X(ByRow<double>, PillarMaxDim)                                                             \
+  X(ByRow<double>, PillarSide)                                                               \
+  X(ByRow<double>, PillarStrength)                                                           \
+  X(ByRow<double>, PillarCapacity)                                                           \
+  X(BySide<double>, BarrierStrength)                                                         \
+  X(BySide<double>, BarrierCapacity) /* within the AMZ */                                    \
+  X(ByGob<double>, AbutLoad)         /* per unit length of gob edge */                       \
+  X(BySide<double>, RSide)           /* share of a side abutment that the barrier carries */ \
+  X(ByCase<ByStage<double>>, AMZLoad)                                                        \
+  X(ByCase<ByStage<double>>, LTRANSBAR)                                                      \
+  X(ByCase<ByStage<double>>, LTRANSREM)                                                      \
+  X(ByCase<ByStage<double>>, AMZTotalLoad) /* cumulative, through the stage */               \
+  X(ByCase<BySide<double>>, BarTribLoad)                                                     \
+  X(ByCase<BySide<double>>, BarFrontLoad)                                                    \
+  X(ByCase<BySide<double>>, BarSideLoad)                                                     \
+  X(ByCase<BySide<double>>, BarArchLoad)                                                     \
+  X(ByCase<BySide<double>>, BarTotalLoad)                                                    \
+  X(ByCase<BySide<double>>, SlabLoad)                                                        \
+  X(ByCase<BySide<double>>, LFBAR)                                                           \
+  X(ByCase<BySide<double>>, RemnantLoad)                                                     \
+  X(BySide<double>, RemnantWidth)                                                            \
+  X(BySide<double>, RemnantStrength)                                                         \
+  X(BySide<double>, RemnantOwnCapacity)                                                      \
+  X(BySide<double>, RemnantCapacity)                                                         \
+  X(BySide<double>, RowStrength) /* leave rows C and D */                                    \
+  X(BySide<double>, RowCapacity)                                                             \
+  X(BySide<double>, RowTribLoad)                                                             \
+  X(BySide<double>, RowExcess)                                                               \
+  X(BySide<double>, BarTribStress)                                                           \
+  X(BySide<double>, BarFrontStress)                                                          \
+  X(BySide<double>, BarSideStress)                                                           \
+  X(BySide<double>, BarTotalStress)                                                          \
+  X(BySideRow<double>, SideStressFirst)                                                      \
+  X(BySideRow<double>, SideStressSecond)                                                     \
+  X(double, AMZArea)                                                                         \
+  X(double, AMZPillarArea)                                                                   \
+  X(double, ExtractionAMZ)                                                                   \
+  X(double, PillarLength)                                                                    \
+  X(double, AMZCapacity)                                                                     \
+  X(double, NetPanelWidth)                                                                   \
+  X(double, NetAMZArea)                                                                      \
+  X(double, NetAMZCapacity)                                                                  \
+  X(double, DevLoad)                                                                         \
+  X(double, AbutExtent)                                                                      \
+  X(double, RFront)                                                                          \
+  X(double, TanAbut)                                                                         \
+  X(double, CritHalf)                                                                        \
+  X(double, FrontWidth)                                                                      \
+  X(double, RemnantLength)                                                                   \
+  X(float, Fpa)                                                                              \
+  X(float, TribStress)
+
 struct Results {
-  ByCase<double> SFKorva;
-  ByCase<BySide<double>> BarrierSF;
-  BySide<double> RemnantSF;
-
-  ByRow<double> PillarArea;
-  ByRow<double> PillarMinDim;
-  ByRow<double> PillarMaxDim;
-  ByRow<double> PillarSide;
-  ByRow<double> PillarStrength;
-  ByRow<double> PillarCapacity;
-
-  BySide<double> BarrierStrength;
-  BySide<double> BarrierCapacity;  // within the AMZ
-  ByGob<double> AbutLoad;          // per unit length of gob edge
-  BySide<double> RSide;            // share of a side abutment that the barrier carries
-  ByCase<ByStage<double>> AMZLoad;
-  ByCase<ByStage<double>> LTRANSBAR;
-  ByCase<ByStage<double>> LTRANSREM;
-  ByCase<ByStage<double>> AMZTotalLoad;  // cumulative, through the stage
-
-  ByCase<BySide<double>> BarTribLoad;
-  ByCase<BySide<double>> BarFrontLoad;
-  ByCase<BySide<double>> BarSideLoad;
-  ByCase<BySide<double>> BarArchLoad;
-  ByCase<BySide<double>> BarTotalLoad;
-  ByCase<BySide<double>> SlabLoad;
-  ByCase<BySide<double>> LFBAR;
-  ByCase<BySide<double>> RemnantLoad;
-
-  BySide<double> RemnantWidth;
-  BySide<double> RemnantStrength;
-  BySide<double> RemnantOwnCapacity;
-  BySide<double> RemnantCapacity;
-  BySide<double> RowStrength;  // leave rows C and D
-  BySide<double> RowCapacity;
-  BySide<double> RowTribLoad;
-  BySide<double> RowExcess;
-  BySide<double> BarTribStress;
-  BySide<double> BarFrontStress;
-  BySide<double> BarSideStress;
-  BySide<double> BarTotalStress;
-  IndexedArray<double, 1, kSideStressRows> SideStressFirst;
-  IndexedArray<double, 1, kSideStressRows> SideStressSecond;
-
-  double AMZArea = 0;
-  double AMZPillarArea = 0;
-  double ExtractionAMZ = 0;
-  double PillarLength = 0;
-  double AMZCapacity = 0;
-  double NetPanelWidth = 0;
-  double NetAMZArea = 0;
-  double NetAMZCapacity = 0;
-  double DevLoad = 0;
-  double AbutExtent = 0;
-  double RFront = 0;
-  double TanAbut = 0;
-  double CritHalf = 0;
-  double FrontWidth = 0;
-  double RemnantLength = 0;
-  float Fpa = 0;
-  float TribStress = 0;
+#define KORVA_MEMBER(type, name) type name{};
+  KORVA_RESULTS(KORVA_MEMBER)
+#undef KORVA_MEMBER
 };
 
 // Calls visit(name, member) for every result, in the order above.
 template <class ResultsRecord, class Visitor>
 void VisitResults(ResultsRecord& r, Visitor&& visit) {
-#define KORVA_VISIT(name) visit(#name, r.name)
-  KORVA_VISIT(SFKorva);
-  KORVA_VISIT(BarrierSF);
-  KORVA_VISIT(RemnantSF);
-  KORVA_VISIT(PillarArea);
-  KORVA_VISIT(PillarMinDim);
-  KORVA_VISIT(PillarMaxDim);
-  KORVA_VISIT(PillarSide);
-  KORVA_VISIT(PillarStrength);
-  KORVA_VISIT(PillarCapacity);
-  KORVA_VISIT(BarrierStrength);
-  KORVA_VISIT(BarrierCapacity);
-  KORVA_VISIT(AbutLoad);
-  KORVA_VISIT(RSide);
-  KORVA_VISIT(AMZLoad);
-  KORVA_VISIT(LTRANSBAR);
-  KORVA_VISIT(LTRANSREM);
-  KORVA_VISIT(AMZTotalLoad);
-  KORVA_VISIT(BarTribLoad);
-  KORVA_VISIT(BarFrontLoad);
-  KORVA_VISIT(BarSideLoad);
-  KORVA_VISIT(BarArchLoad);
-  KORVA_VISIT(BarTotalLoad);
-  KORVA_VISIT(SlabLoad);
-  KORVA_VISIT(LFBAR);
-  KORVA_VISIT(RemnantLoad);
-  KORVA_VISIT(RemnantWidth);
-  KORVA_VISIT(RemnantStrength);
-  KORVA_VISIT(RemnantOwnCapacity);
-  KORVA_VISIT(RemnantCapacity);
-  KORVA_VISIT(RowStrength);
-  KORVA_VISIT(RowCapacity);
-  KORVA_VISIT(RowTribLoad);
-  KORVA_VISIT(RowExcess);
-  KORVA_VISIT(BarTribStress);
-  KORVA_VISIT(BarFrontStress);
-  KORVA_VISIT(BarSideStress);
-  KORVA_VISIT(BarTotalStress);
-  KORVA_VISIT(SideStressFirst);
-  KORVA_VISIT(SideStressSecond);
-  KORVA_VISIT(AMZArea);
-  KORVA_VISIT(AMZPillarArea);
-  KORVA_VISIT(ExtractionAMZ);
-  KORVA_VISIT(PillarLength);
-  KORVA_VISIT(AMZCapacity);
-  KORVA_VISIT(NetPanelWidth);
-  KORVA_VISIT(NetAMZArea);
-  KORVA_VISIT(NetAMZCapacity);
-  KORVA_VISIT(DevLoad);
-  KORVA_VISIT(AbutExtent);
-  KORVA_VISIT(RFront);
-  KORVA_VISIT(TanAbut);
-  KORVA_VISIT(CritHalf);
-  KORVA_VISIT(FrontWidth);
-  KORVA_VISIT(RemnantLength);
-  KORVA_VISIT(Fpa);
-  KORVA_VISIT(TribStress);
+#define KORVA_VISIT(type, name) visit(#name, r.name);
+  KORVA_RESULTS(KORVA_VISIT)
 #undef KORVA_VISIT
 }
 

@@ -1,5 +1,7 @@
 #include "reports/OutputResults.h"
 
+#include "core/Tables.h"
+
 namespace korva {
 
 namespace {
@@ -40,7 +42,8 @@ void ChangeStresses(Results& r, double scale) {
 }  // namespace
 
 OutputResults ConvertResultUnits(const Calculation& calculation, const OutputUnits& units) {
-  OutputResults output{calculation.Work, calculation.Out, " (kN)", " (kPa)"};
+  OutputResults output{calculation.Work, calculation.Out, UnitLabel(UnitKind::kMetricLoad, kMetric),
+                       UnitLabel(UnitKind::kMetricStress, kMetric)};
   if (calculation.Work.Units == kMetric) {
     return output;
   }

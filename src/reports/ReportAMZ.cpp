@@ -44,8 +44,8 @@ class AMZPage {
     }
     Row("AMZ Breadth", w_.AMZBreadth, "##0.0", length_);
     Row("AMZ Area", r_.AMZArea, "##0.0", length_, "*", bareLength_);
-    Row("Extraction Ratio within AMZ", r_.ExtractionAMZ, "##0.00");
-    Row("Tributary Area Load on AMZ", r_.DevLoad, "#.00E+00", output_.LoadLabel);
+    Row("Extraction Ratio within AMZ", r_.ExtractionAMZ, kFactorPattern);
+    Row("Tributary Area Load on AMZ", r_.DevLoad, kLoadPattern, output_.LoadLabel);
     static constexpr std::array<std::string_view, 3> kLabels = {
         "Front Abutment Load", "First Side Abutment Load", "Second Side Abutment Load"};
     for (int j = kFront; j <= LastStage(w_.LoadCond); ++j) {
@@ -62,16 +62,16 @@ class AMZPage {
     static constexpr std::array<std::string_view, 2> kLabels = {"R-FACTOR For First Side Abutment",
                                                                 "R-FACTOR For Second Side Abutment"};
     for (const int k : SideGobs(w_.LoadCond)) {
-      Row(kLabels[static_cast<std::size_t>(k - kFirstSide)], r_.RSide[k], "##0.000");
+      Row(kLabels[SideIndex(k)], r_.RSide[k], "##0.000");
     }
     page_.Line();
   }
 
   // The build-up of the load on the AMZ. The entries with a star are reduced by the pressure arch factor.
   void CaseBlock(int c) {
-    const std::string_view name = kCaseNames[static_cast<std::size_t>(c - kDevelopment)];
+    const std::string_view name = kCaseNames[StageIndex(c)];
     const auto fpa = static_cast<double>(r_.Fpa);
-    const auto load = [this](std::string_view label, double value) { Row(label, value, "#.00E+00"); };
+    const auto load = [this](std::string_view label, double value) { Row(label, value, kLoadPattern); };
     page_.Line(name, " LOADINGS ON AMZ", output_.LoadLabel);
     load("Tributary Area*", fpa * r_.DevLoad);
     if (c == kRetreat) {

@@ -10,12 +10,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::string_view kLoadPattern = "#.00E+00";
-
-std::size_t SideIndex(int k) {
-  return static_cast<std::size_t>(k - kFirstSide);
-}
-
 std::string LoadCell(double load, std::size_t width) {
   return PadLeft(Format(load, kLoadPattern), width);
 }
@@ -54,7 +48,7 @@ void BarrierTable(PageText& page, const OutputResults& output, const Project& pr
             PadLeft(fmt::format("CAPACITY{}", output.LoadLabel), 18));
   for (const int k : SideGobs(w.LoadCond)) {
     page.Line(SideName(k), PadLeft(Format(w.BarrierWidth[k], "0.00"), 12),
-              PadLeft(Format(output.Out.BarrierStrength[k], "##0.00"), 15),
+              PadLeft(Format(output.Out.BarrierStrength[k], kFactorPattern), 15),
               LoadCell(output.Out.BarrierCapacity[k], 18), BleederMark(project, k));
   }
   BleederFootnotes(page, w, project);
@@ -71,7 +65,7 @@ void BarrierLoadTable(PageText& page, const OutputResults& output, int c) {
     page.Line(PadRight(label, 20), cell(kFirstSide), two ? cell(kSecondSide) : "");
   };
 
-  page.Line("[BARRIER PILLAR LOADS - ", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
+  page.Line("[BARRIER PILLAR LOADS - ", StageTitles[StageIndex(c)], "]");
   page.Line(PadRight(fmt::format("LOAD{}", output.LoadLabel), 15), PadLeft("1st BARRIER", 21),
             two ? PadLeft("2nd BARRIER", 16) : "");
   row(

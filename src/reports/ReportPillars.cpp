@@ -23,8 +23,8 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
   page.Line("              CENTER     DIMENSION     DIMENSION");
   page.Line(PadLeft(length, 20), PadLeft(length, 14), PadLeft(length, 14));
   for (int i = 1; i <= w.NumRows; ++i) {
-    page.Line(number(i), cell(w.EntryCenters[i], "##0.00"), cell(r.PillarMinDim[i], "##0.00"),
-              cell(r.PillarMaxDim[i], "##0.00"));
+    page.Line(number(i), cell(w.EntryCenters[i], kFactorPattern), cell(r.PillarMinDim[i], kFactorPattern),
+              cell(r.PillarMaxDim[i], kFactorPattern));
   }
   page.Line();
   page.Line("PILLAR          AREA      STRENGTH  LOAD-BEARING");
@@ -32,11 +32,11 @@ std::string ReportPillars(const OutputResults& output, const OptionSettings& opt
   page.Line(PadLeft(fmt::format("{}*{}", bareLength, bareLength), 20), PadLeft(output.StressLabel, 14),
             PadLeft(output.LoadLabel, 14));
   for (int i = 1; i <= w.NumRows; ++i) {
-    page.Line(number(i), cell(r.PillarArea[i], "#.00E+00"), cell(r.PillarStrength[i], "##0.00"),
-              cell(r.PillarCapacity[i], "#.00E+00"));
+    page.Line(number(i), cell(r.PillarArea[i], kLoadPattern), cell(r.PillarStrength[i], kFactorPattern),
+              cell(r.PillarCapacity[i], kLoadPattern));
   }
   page.Line();
-  page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, "#.00E+00"),
+  page.Line("TOTAL LOAD-BEARING CAPACITY OF PILLARS WITHIN AMZ: ", Format(r.AMZCapacity, kLoadPattern),
             output.LoadLabel);
   if (options.PrintPlotReminder) {
     page.Line();

@@ -25,8 +25,8 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
 
   PageText page(kFactorsHeading);
   for (int c = kDevelopment; c <= lastCase; ++c) {
-    const auto stage = static_cast<std::size_t>(c - kDevelopment);
-    page.Line(FactorRow(ModelStageTitles[stage], Format(outcome.Facts.SF[c], "##0.00")));
+    const auto stage = StageIndex(c);
+    page.Line(FactorRow(ModelStageTitles[stage], Format(outcome.Facts.SF[c], kFactorPattern)));
     if (sideGobs) {
       page.Line(SideGobNotes[2 * stage + (loadCond == kTwoSideGobs ? 1 : 0)]);
     }
@@ -34,10 +34,10 @@ std::string ReportStabilityFactors(const Calculation& calculation, const Project
   if (sideGobs) {
     page.Line().Line(kBarrierFactorsHeading).Line();
     for (int c = kDevelopment; c <= lastCase; ++c) {
-      page.Line("[", StageTitles[static_cast<std::size_t>(c - kDevelopment)], "]");
+      page.Line("[", StageTitles[StageIndex(c)], "]");
       for (const int k : SideGobs(loadCond)) {
-        page.Line(FactorRow(BarrierTitles[static_cast<std::size_t>(k - kFirstSide)],
-                            Format(calculation.Out.BarrierSF[c][k], "##0.00")));
+        page.Line(
+            FactorRow(BarrierTitles[SideIndex(k)], Format(calculation.Out.BarrierSF[c][k], kFactorPattern)));
       }
     }
   }

@@ -14,13 +14,10 @@ namespace {
 constexpr std::size_t kLabelWidth = 45;
 constexpr std::size_t kFactorWidth = 6;
 constexpr std::size_t kColumn = 14;
-constexpr std::string_view kFactorPattern = "##0.00";
 const std::string kGap(10, ' ');
 
-std::string FactorText(double value) {
-  return PadLeft(Format(value, kFactorPattern), kFactorWidth);
-}
-std::string FactorText(float value) {
+template <class Number>
+std::string FactorText(Number value) {
   return PadLeft(Format(value, kFactorPattern), kFactorWidth);
 }
 
@@ -67,13 +64,16 @@ void AddSideFactors(PageText& page, std::string_view heading, const Values& valu
   }
 }
 
+std::string_view StressUnitName(UnitSystem units) {
+  return units == kMetric ? "(Pa)" : "(psi)";
+}
+
 std::string PillarPage(const StrondResults& results, const Project& project, UnitSystem units) {
   const std::string length(UnitLabel(UnitKind::kLength, units));
-  const std::string stress = units == kMetric ? "(Pa)" : "(psi)";
   PageText page(kPillarsHeading);
   page.Line("PILLAR         ENTRY        PILLAR        PILLAR");
   page.Line("              CENTER         WIDTH      STRENGTH");
-  page.Line(PadLeft(length, 20), PadLeft(length, kColumn), PadLeft(stress, kColumn));
+  page.Line(PadLeft(length, 20), PadLeft(length, kColumn), PadLeft(StressUnitName(units), kColumn));
   for (int pillar = 1; pillar < project.NumberEntries; ++pillar) {
     const double center = project.XcutCenters[pillar];
     page.Line(PadLeft(Format(static_cast<double>(pillar), "0"), 6),
@@ -90,14 +90,13 @@ std::string SupportPage(std::string_view title, std::string_view heading, const 
                         const Shown& shown) {
   constexpr double kNewtonsPerKN = 1000;
   const std::string length(UnitLabel(UnitKind::kLength, units));
-  const std::string stress = units == kMetric ? "(Pa)" : "(psi)";
   const std::string load = units == kMetric ? "(kN)" : "(tons)";
   const double loadUnit = units == kMetric ? kNewtonsPerKN : kPoundsPerTon;
   PageText page(title);
   page.Line(heading);
   page.Line("PILLAR                                     DEVELOPMENT       RETREAT");
-  page.Line(PadLeft(length + "x" + length, 26), PadLeft(stress, kColumn), PadLeft(load, kColumn),
-            PadLeft(load, kColumn));
+  page.Line(PadLeft(length + "x" + length, 26), PadLeft(StressUnitName(units), kColumn),
+            PadLeft(load, kColumn), PadLeft(load, kColumn));
   const auto whole = [](double value) { return PadLeft(Format(value, "0"), kColumn); };
   for (int side = 0; side < shown.Sides; ++side) {
     const auto& values = data[side];
