@@ -55,10 +55,7 @@ void StoreCalcParameters(Korva& korva, const ParameterTexts& texts) {
 
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts) {
   if (korva.Preferences.Options.IssueWarningCancel && ParametersChanged(texts, korva.Stored.ProjectInput) &&
-      ShowMessage(korva, messages,
-                  {.text = "Changes in Input Data will be discarded. Proceed?",
-                   .buttons = MessageButtons::kYesNo,
-                   .topic = "messages-forms"}) != MessageAnswer::kYes) {
+      !IsConfirmed(korva, messages, "Changes in Input Data will be discarded. Proceed?", "messages-forms")) {
     return false;
   }
   LogNotModified(korva);
