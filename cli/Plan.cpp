@@ -118,7 +118,7 @@ Command AddPlan(CLI::App& app, const CommonOptions& common) {
           "what the pillars show: 1 dimensions, 2 strength, 3 load bearing capacity, 4 stress of the "
           "side abutments, 5 the same and the tributary stress")
       ->type_name("N")
-      ->check(CLI::Range(kPlotDimensions, kPlotTotalStress));
+      ->check(CLI::Range(int{kPlotDimensions}, int{kPlotTotalStress}));
   AddModelOption(*parser, call->Model);
   auto* json = parser->add_flag("--json", call->AsJson, "the coordinates as JSON");
   parser->add_option("-o", call->Out, "draw into this file, .svg, .pdf or .png; without it, SVG is printed")

@@ -55,7 +55,7 @@ std::string Utf8OfCodePage(std::string_view bytes, std::uint16_t codePage) {
 }
 
 // Puts `reader` at the front of the record that goes on with its own.
-void MayContinue(ByteReader& reader, RecordReader& records) {
+void ContinueInNextRecord(ByteReader& reader, RecordReader& records) {
   Record more;
   if (!records.TakeContinued(more)) {
     throw Failure{XlsStatus::kDamaged};
@@ -71,7 +71,7 @@ std::string TakeUnicode(std::size_t length, bool wide, ByteReader& reader, Recor
     if (length == 0) {
       return Utf8OfUnits(units);
     }
-    MayContinue(reader, records);
+    ContinueInNextRecord(reader, records);
     wide = (reader.Byte() & kTwoBytesEach) != 0;
   }
 }
@@ -85,7 +85,7 @@ std::string TakeBytes(std::size_t length, ByteReader& reader, RecordReader& reco
     if (length == 0) {
       return bytes;
     }
-    MayContinue(reader, records);
+    ContinueInNextRecord(reader, records);
   }
 }
 
@@ -155,7 +155,7 @@ std::string TakeText(std::size_t length, ByteReader& reader, const TextCoding& c
 std::string TakeSharedText(ByteReader& reader, RecordReader& records) {
   static constexpr std::size_t kBytesOfRun = 4;
   if (reader.Left() == 0) {
-    MayContinue(reader, records);
+    ContinueInNextRecord(reader, records);
   }
   const std::size_t length = reader.Word();
   const std::uint8_t flags = reader.Byte();

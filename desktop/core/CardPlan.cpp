@@ -31,8 +31,8 @@ void CardPlan::Show(const Korva& korva) {
     request->Full = true;  // with the active mining zone
   }
   drawing_ = request ? PanelOverview(*request) : std::nullopt;
-  const int picture = PanelPictureIndex(
-      {project.LoadingCondition, project.RowA != 0, project.RowB != 0, project.RowC != 0, project.RowD != 0});
+  const int picture = PanelPictureIndex({project.LoadingCondition, IsSet(project.RowA), IsSet(project.RowB),
+                                         IsSet(project.RowC), IsSet(project.RowD)});
   const QString panel = FromUtf8(PanelSchematicText(PanelPictureOf(picture)));
   const QString text = drawing_ ? QStringLiteral("The panel to scale: ") + panel : kNoPlan;
   setAccessibleName(text);

@@ -117,11 +117,11 @@ QGroupBox* frmSet::FilesFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Files"), this);
   extension_ = NewBox(kExtensionBox, "Default extension for data files",
                       "Extension of project files. Accepted: letters A to Z and digits, or nothing.");
+  auto* setPath = NewButton("cmdSetPath", "Set / Change Path", "Chooses the folder from the disk", *this,
+                            [this] { ChoosePath(); });
   path_ = NewBox(kDataPathBox, "Path for data files",
                  "Folder that the file dialogs open in. Accepted: a folder that exists.");
   path_->setMinimumWidth(QFontMetrics(path_->font()).averageCharWidth() * 48);
-  auto* setPath = NewButton("cmdSetPath", "Set / Change Path", "Chooses the folder from the disk", *this,
-                            [this] { ChoosePath(); });
   auto* grid = new QGridLayout(frame);
   auto* extensionLabel =
       NewLabel(QStringLiteral("lblExtension"), QStringLiteral("Default extension for data files:"), frame);
@@ -232,8 +232,7 @@ SettingsTexts frmSet::Texts() const {
 void frmSet::Check() {
   const auto refusal = CheckSettings(Texts(), FolderExists);
   if (!refusal) {
-    AcceptSettings(session_.State, Entered());
-    session_.Main.ApplyDisplaySettings();
+    AcceptSettings(session_.State, Entered(), [this] { session_.Main.ApplyDisplaySettings(); });
     accept();
     return;
   }

@@ -24,7 +24,7 @@ DrawPoint PointOf(const QPointF& position) {
 }
 
 // The range moved and sized so that some of the whole stays in sight.
-AxisRange WithinReach(AxisRange range, const AxisRange& whole) {
+AxisRange WithinSight(AxisRange range, const AxisRange& whole) {
   const double all = whole.High - whole.Low;
   const double span = std::clamp(range.High - range.Low, kLeastSpan * all, kMostSpan * all);
   const double middle = std::clamp((range.Low + range.High) / 2, whole.Low - span / 2, whole.High + span / 2);
@@ -89,7 +89,7 @@ void ChartView::ShowBox(const PictureBox& box) {
   const DrawPoint low = layout_.ValueAt({box.Left, box.Bottom});
   const DrawPoint high = layout_.ValueAt({box.Right, box.Top});
   const ChartWindow whole = WholeOf(chart_);
-  seen_ = {WithinReach({low.X, high.X}, whole.X), WithinReach({low.Y, high.Y}, whole.Y)};
+  seen_ = {WithinSight({low.X, high.X}, whole.X), WithinSight({low.Y, high.Y}, whole.Y)};
   Arrange();
 }
 

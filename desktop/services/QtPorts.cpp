@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QImage>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>

@@ -234,6 +234,13 @@ QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okNam
     row->addWidget(button);
   }
   row->addWidget(NewButton(cancelName, "Cancel", "", dialog, [&dialog] { dialog.reject(); }));
+  QWidget* last = nullptr;  // Tab goes along the row
+  for (int i = 0; i < row->count(); ++i) {
+    if (QWidget* button = row->itemAt(i)->widget()) {
+      QWidget::setTabOrder(last, button);
+      last = button;
+    }
+  }
   return row;
 }
 

@@ -20,7 +20,7 @@ enum {
   KORVASTROND_NO_EXCHANGE_FILE = 1, /* the exchange file cannot be read */
   KORVASTROND_NOT_52_FIELDS = 2,    /* it is not one line of 52 fields separated by commas */
   KORVASTROND_NO_CONVERGENCE = 3,   /* the stresses did not converge */
-  KORVASTROND_NO_YIELD_BALANCE = 4, /* overloaded barriers did not settle */
+  KORVASTROND_NO_YIELD_BALANCE = 4, /* overloaded barriers reached no balance */
   KORVASTROND_RESULT_NOT_WRITTEN = 5,
   KORVASTROND_OUT_OF_MEMORY = 6,
   KORVASTROND_INTERNAL_ERROR = 7,

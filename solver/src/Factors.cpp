@@ -112,9 +112,9 @@ class Run {
         SetSupport(factors_.Remnant.at(Index(side)), given.Barrier - given.SlabCut, layout_.RemnantLength);
       }
     }
-    SolveCase(0);
+    SolveCase(kDevelopment);
     if (layout_.Retreats) {
-      SolveCase(1);
+      SolveCase(kRetreat);
     } else {
       RepeatDevelopment();
     }
@@ -132,10 +132,10 @@ class Run {
  private:
   static double SquareOf(double value) { return value * value; }
 
-  void SetSupport(Support& bearing, double width, double length) const {
+  void SetSupport(Support& support, double width, double length) const {
     if (width > 0 && length > 0) {
-      bearing.Strength = LongPillarShape(width, panel_.EntryHeight) * CoalStrength(panel_);
-      bearing.Area = width * length;
+      support.Strength = LongPillarShape(width, panel_.EntryHeight) * CoalStrength(panel_);
+      support.Area = width * length;
     }
   }
 
@@ -144,8 +144,8 @@ class Run {
     return layout_.BarrierBetween(side, -layout_.RemnantLength, 0, panel_.Sides.at(Index(side)).SlabCut);
   }
 
-  double Capacity(const Support& bearing) const {
-    return bearing.Strength * StrengthUnit(panel_.Metric) * bearing.Area;
+  double Capacity(const Support& support) const {
+    return support.Strength * StrengthUnit(panel_.Metric) * support.Area;
   }
 
   std::vector<Part> Parts(int c, Yield& kept) const {

@@ -62,8 +62,9 @@ bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts
   return true;
 }
 
-void AcceptSettings(Korva& korva, const Settings& settings) {
+void AcceptSettings(Korva& korva, const Settings& settings, const std::function<void()>& apply) {
   korva.Preferences = settings;
+  apply();
   HistoryLog(korva, "Settings Modified");
   SaveSettings(korva, SettingsSection::kSettings);
 }

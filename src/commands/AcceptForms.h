@@ -1,6 +1,7 @@
 // What OK of the forms changes in the project, the settings and the options.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/Korva.h"
@@ -34,8 +35,9 @@ void StoreCalcParameters(Korva& korva, const ParameterTexts& texts);
 // False if the form has to stay open.
 bool DiscardParameters(Korva& korva, MessagePort& messages, const ParameterTexts& texts);
 
-// Takes the settings, the options or the format of graphs over and saves them.
-void AcceptSettings(Korva& korva, const Settings& settings);
+// Takes the settings, the options or the format of graphs over and saves them. `apply` shows the settings
+// before the history speaks of them.
+void AcceptSettings(Korva& korva, const Settings& settings, const std::function<void()>& apply);
 void AcceptOptions(Korva& korva, const OptionSettings& options);
 void AcceptGraph(Korva& korva, const GraphSettings& graph);
 

@@ -75,7 +75,7 @@ std::string ChooseWorkbook(Korva& korva, FileChoicePort& files) {
   if (!korva.LastCaseWorkbook.empty()) {
     question.Name = FileBaseName(korva.LastCaseWorkbook, false);
   }
-  question.Folder = FolderOf(korva.Preferences.DataPath);
+  question.Folder = FolderOf(WithSeparator(korva.Preferences.DataPath));
   question.Filters = {kAllFiles, "Excel Files (*.XLS)", "Excel Files (*.XLSX)"};
   question.ActiveFilter = 1;
   const auto chosen = files.ChooseFile(question);

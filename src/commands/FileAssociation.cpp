@@ -23,11 +23,11 @@ std::string Listed(std::string_view heading, const std::vector<std::string>& nam
   return names.empty() ? std::string() : fmt::format("{}\n{}", heading, fmt::join(names, "\n"));
 }
 
-std::string CaveatsText(const AssociationCaveats& doubts) {
+std::string CaveatsText(const AssociationCaveats& caveats) {
   const std::string tools =
-      Listed("Desktops may not see it before these tools are installed and have run:", doubts.MissingTools);
-  const std::string lists =
-      Listed("This desktop still opens the files with the program that these lists name:", doubts.OtherLists);
+      Listed("Desktops may not see it before these tools are installed and have run:", caveats.MissingTools);
+  const std::string lists = Listed(
+      "This desktop still opens the files with the program that these lists name:", caveats.OtherLists);
   return tools + (tools.empty() || lists.empty() ? "" : "\n") + lists;
 }
 
@@ -53,10 +53,10 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
     return;
   }
   const std::string program(ProgramFile);
-  AssociationCaveats doubts;
+  AssociationCaveats caveats;
   const auto associate = [&] {
     const BusyPointer busy(ports.Busy);
-    doubts = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
+    caveats = AssociateFileType(UserOf(korva), korva.Places.AppPath, program, extension, pictures);
   };
   if (Attempt(korva, ports.Messages, associate) != AttemptResult::kDone) {
     return;
@@ -67,7 +67,7 @@ void AskFileAssociation(Korva& korva, Ports& ports, const AssociationPictures& p
                            "function to be successfully completed the user needs to have access to the "
                            "registry",
                            extension, program, kLineEnd, kLineEnd),
-       .detail = CaveatsText(doubts),
+       .detail = CaveatsText(caveats),
        .topic = kTopic});
   HistoryLog(korva, fmt::format("{} {} {}", extension, program, korva.Places.AppPath));
 }

@@ -46,7 +46,8 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
     name = FileBaseName(name, false);
     question.Name = name;
   }
-  question.Folder = FolderOf(lastName.empty() || lastName == "1" ? korva_.Preferences.DataPath : lastName);
+  const std::string& from = lastName.empty() || lastName == "1" ? korva_.Preferences.DataPath : lastName;
+  question.Folder = from.find('/') == std::string::npos ? std::string() : FolderOf(from);
   const std::string& extension = korva_.Preferences.FileExtension;
   question.DefaultExtension = extension;
   question.Filters = {kAllFiles, fmt::format("{} Files (*.{})", ExeName,
@@ -63,7 +64,7 @@ void FileMenu::ChooseFile(FileDialog dialog, std::string& lastName) {
 void FileMenu::New() {
   recovery_.KeepDroppedWork();
   FileNew(korva_);
-  recovery_.RecordOpenFile(ports_.Messages);
+  recovery_.AnnounceOpenFile(ports_.Messages);
 }
 
 bool FileMenu::Open() {
@@ -80,7 +81,7 @@ bool FileMenu::ImportVosk() {
           AttemptResult::kDone &&
       Load(FileOpenVOSK);
   korva_.ProjectFileName = kUntitled;
-  recovery_.RecordOpenFile(ports_.Messages);
+  recovery_.AnnounceOpenFile(ports_.Messages);
   return imported;
 }
 
@@ -99,7 +100,7 @@ bool FileMenu::LoadProjFile() {
   if (opened) {
     AddRecentFile();
   }
-  recovery_.RecordOpenFile(ports_.Messages);
+  recovery_.AnnounceOpenFile(ports_.Messages);
   return opened;
 }
 

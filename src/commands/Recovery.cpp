@@ -174,14 +174,14 @@ bool Recovery::OfferCopies(MessagePort& messages) {
                       fmt::format("Unsaved work on {} was kept when the program ended. Restore it?", name),
                       "messages-files", MessageButtons::kYesNo, MessageIcon::kQuestion);
       if (wanted && Restore(path)) {
-        SessionFolder::KeepAsDone(path);
-        RecordOpenFile(messages);
+        SessionFolder::RenameAsKept(path);
+        AnnounceOpenFile(messages);
         return true;
       }
     } catch (const RuntimeError& error) {
       HistoryLog(korva_, std::string("Recovery copy: ") + error.what());
     }
-    SessionFolder::KeepAsDone(path);
+    SessionFolder::RenameAsKept(path);
   }
   return false;
 }
@@ -196,7 +196,7 @@ bool Recovery::IsOpenElsewhere() const {
   return !name.empty() && folder_.IsOpenElsewhere(name);
 }
 
-void Recovery::RecordOpenFile(MessagePort& messages) {
+void Recovery::AnnounceOpenFile(MessagePort& messages) {
   RecordOpenFile();
   if (IsOpenElsewhere()) {
     ShowMessage(korva_, messages,

@@ -35,7 +35,7 @@ class Recovery {
   bool OfferCopies(MessagePort& messages);
 
   // Tells other sessions which file is open here, and the person if another has it open too.
-  void RecordOpenFile(MessagePort& messages);
+  void AnnounceOpenFile(MessagePort& messages);
   // The first half of that.
   void RecordOpenFile();
   // Whether another session has the file ProjectFileName open.

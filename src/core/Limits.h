@@ -27,7 +27,7 @@ inline constexpr int kLeastHistory = 4096;
 inline constexpr int kGreatestHistory = 16384;
 inline constexpr double kGreatestRange = 150;
 
-// Points of a symbol of a graph, and of a font.
+// Pixels of a symbol of a graph, and points of a font.
 inline constexpr int kLeastSymbol = 3;
 inline constexpr int kGreatestSymbol = 20;
 inline constexpr float kLeastFont = 7;

@@ -39,7 +39,7 @@ struct MessageTitles {
   std::string TitleLogicError = "Logic Error";
 };
 
-// Whose prefix the titles have; "Settings: " is that of slot 8, which no window names.
+// The windows whose prefix the titles of messages have.
 enum class TitleSlot {
   kDescription = 1,
   kParameters,

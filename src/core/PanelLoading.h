@@ -12,8 +12,8 @@ enum class PanelLoading : int {
   kVoskFirstSideGob = 4   // that the sibling's files hold; a calculation takes it as one side gob
 };
 
-// Whether gobs take part: the active one, and those of the first and the second side. Every number beyond
-// these counts as one side gob.
+// Whether gobs take part: the active one, and those of the first and the second side. A number beyond these,
+// which a sibling's file may hold, is drawn as one side gob; no calculation takes it.
 constexpr bool HasActiveGob(PanelLoading loading) {
   return loading >= PanelLoading::kActiveSection;
 }

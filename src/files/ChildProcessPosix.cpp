@@ -143,9 +143,9 @@ class Child {
 };
 
 // The two limits and the watch while a child runs.
-class ChildLimits {
+class ChildDeadline {
  public:
-  ChildLimits(milliseconds limit, const std::function<void()>& watch)
+  ChildDeadline(milliseconds limit, const std::function<void()>& watch)
       : end_(Clock::now() + limit), watch_(watch) {}
 
   bool IsOver() const { return Clock::now() >= end_; }
@@ -175,22 +175,22 @@ ChildResult RunChild(const ChildCall& call, const std::function<void()>& watch) 
   static constexpr milliseconds kPollInterval{5};  // at a child that has closed its output
   ChildResult result;
   Child child(call);
-  ChildLimits patience(call.Limit, watch);
+  ChildDeadline deadline(call.Limit, watch);
   for (bool prints = true; prints || !child.HasEnded();) {
     if (prints) {
-      prints = child.Read(patience.Step(kWatchInterval), result.Output);
+      prints = child.Read(deadline.Step(kWatchInterval), result.Output);
     } else {
-      ::poll(nullptr, 0, static_cast<int>(patience.Step(kPollInterval).count()));
+      ::poll(nullptr, 0, static_cast<int>(deadline.Step(kPollInterval).count()));
     }
     if (result.Output.size() > call.MostOutput) {
       result.End = ChildEnd::kPrintedTooMuch;
       return result;
     }
-    if (patience.IsOver()) {
+    if (deadline.IsOver()) {
       result.End = ChildEnd::kTookTooLong;
       return result;
     }
-    patience.Watch();
+    deadline.Watch();
   }
   const int status = child.Status();
   result.End = WIFEXITED(status) ? ChildEnd::kExited : ChildEnd::kKilled;

@@ -97,7 +97,7 @@ std::vector<std::string> SessionFolder::TakeAbandoned() {
   return taken;
 }
 
-void SessionFolder::KeepAsDone(const std::string& path) noexcept {
+void SessionFolder::RenameAsKept(const std::string& path) noexcept {
   try {
     const std::string folder = FolderOf(path);
     RenameFile(path, fmt::format("{}/{}{}", folder, kKeptPrefix, FileBaseName(path, false)));

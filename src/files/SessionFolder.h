@@ -32,7 +32,7 @@ class SessionFolder {
   std::vector<std::string> TakeAbandoned();
 
   // Puts a copy aside so that it is not offered again.
-  static void KeepAsDone(const std::string& path) noexcept;
+  static void RenameAsKept(const std::string& path) noexcept;
 
   // Removes what tells of this session, but not the work that was dropped, nor its copy if `keepCopy`.
   void End(bool keepCopy) noexcept;

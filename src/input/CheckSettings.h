@@ -28,7 +28,7 @@ struct SettingsRefusal {
   std::string Control;  // that gets the focus
 };
 
-// A folder's name without outer blanks and with a separator at its end.
+// A folder's name without outer blanks and with a separator at its end; empty for an empty one.
 std::string FolderText(const std::string& path);
 
 // Whether a file extension has capital letters and digits alone.

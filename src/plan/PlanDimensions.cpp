@@ -32,8 +32,8 @@ class Dimensions {
       const DrawPoint left = At(g_.Pillars[i][1][0]);
       const DrawPoint right = At(g_.Pillars[i][1][1]);
       const bool above = S() / 2 > 2 * kBesideLine * pen_.Height();  // there is room below the pillar
-      pen_.HorizontalLine(left.X - W() / 2, right.X + W() / 2, std::min(left.Y, right.Y) - S() / 2,
-                          Whole(p_.XcutCenters[i]), false, above);
+      pen_.HorizontalDimension(left.X - W() / 2, right.X + W() / 2, std::min(left.Y, right.Y) - S() / 2,
+                               Whole(p_.XcutCenters[i]), false, above);
     }
   }
 
@@ -53,7 +53,7 @@ class Dimensions {
       const double x = edge - (once ? 1 : p_.NumberEntries - i) * W();
       const double near = At(g_.Pillars[i][1][0]).Y;
       const double far = At(g_.Pillars[i][1][3]).Y;
-      pen_.VerticalLine(near - crosscut / 2, far + crosscut / 2, x, Whole(S()), false);
+      pen_.VerticalDimension(near - crosscut / 2, far + crosscut / 2, x, Whole(S()), false);
       DrawText& text = pen_.Last();
       if (!once) {
         pen_.Fit(S(), kFitting * W());
@@ -71,7 +71,7 @@ class Dimensions {
         const double width = WidthOf(gob, p_);
         if (g_.GobDrawn[gob] && width > 0) {
           const auto [left, right] = std::minmax({At(g_.Gobs[gob][0]).X, At(g_.Gobs[gob][1]).X});
-          pen_.HorizontalLine(left, right, y, Whole(width), true);
+          pen_.HorizontalDimension(left, right, y, Whole(width), true);
         }
       };
       across(kFirstBarrier);
@@ -96,7 +96,7 @@ class Dimensions {
     const double inner = edge + (At(outline[0]).X < edge ? -width : width);
     const double step = At(outline[2]).Y + width / CrosscutSine(p_);
     const double above = std::min(step, static_cast<double>(g_.GobTop)) + W();
-    pen_.HorizontalLine(std::min(edge, inner), std::max(edge, inner), above, Small(width), true);
+    pen_.HorizontalDimension(std::min(edge, inner), std::max(edge, inner), above, Small(width), true);
   }
 
   void AddBleederWidths(double y) {
@@ -106,8 +106,8 @@ class Dimensions {
       if (found != g_.Bleeders.end()) {
         const DrawPoint near = At(found->Corners[0]);
         const double clear = near.Y - 2 * kBesideLine * pen_.Height();  // the text stands below the pillar
-        pen_.HorizontalLine(near.X, At(found->Corners[1]).X, std::min(y, clear),
-                            Small(BleederWidth(p_, side)), false);
+        pen_.HorizontalDimension(near.X, At(found->Corners[1]).X, std::min(y, clear),
+                                 Small(BleederWidth(p_, side)), false);
       }
     }
   }

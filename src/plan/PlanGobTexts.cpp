@@ -60,7 +60,7 @@ class GobTexts {
     const double x = corner.X - W() / 2;
     const auto top = static_cast<double>(g_.GobTop);
     const std::string extent = Whole(p_.ExtentActiveGob);
-    pen_.VerticalLine(corner.Y, top, x, extent, true, true);
+    pen_.VerticalDimension(corner.Y, top, x, extent, true, true);
     const double free = (1 - kBreakAt) * (top - corner.Y) - (1 + kAwayFromBreak) * pen_.Tick();
     pen_.Fit(free / kBelowEnd, pen_.Height());
     DrawText& text = pen_.Last();

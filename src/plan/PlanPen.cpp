@@ -111,8 +111,8 @@ void PlanPen::AddBackgrounds(const std::vector<PlanPoint>& corners) {
   }
 }
 
-void PlanPen::HorizontalLine(double x0, double x1, double y, const std::string& text, bool background,
-                             bool above) {
+void PlanPen::HorizontalDimension(double x0, double x1, double y, const std::string& text, bool background,
+                                  bool above) {
   drawing_.Lines.push_back({{x0, y}, {x1, y}});
   for (const double x : {x0, x1}) {
     drawing_.Lines.push_back({{x, y - tick_ / 2}, {x, y + tick_ / 2}});
@@ -122,8 +122,8 @@ void PlanPen::HorizontalLine(double x0, double x1, double y, const std::string& 
   Last().At.Y += (above ? 1 : -1) * kBesideLine * height_ * Last().Scale;
 }
 
-void PlanPen::VerticalLine(double y0, double y1, double x, const std::string& text, bool background,
-                           bool broken) {
+void PlanPen::VerticalDimension(double y0, double y1, double x, const std::string& text, bool background,
+                                bool broken) {
   if (broken) {
     const double gap = y0 + kBreakAt * (y1 - y0);
     drawing_.Lines.push_back({{x, y0}, {x, gap - kBreak * tick_}});

@@ -54,11 +54,11 @@ class PlanPen {
   void AddBackgrounds(const std::vector<PlanPoint>& corners);
 
   // A dimension line from x0 to x1 with its ticks, the text above it, or below.
-  void HorizontalLine(double x0, double x1, double y, const std::string& text, bool background,
-                      bool above = true);
+  void HorizontalDimension(double x0, double x1, double y, const std::string& text, bool background,
+                           bool above = true);
   // The same upward, the text left of it. A line that is not to scale has break marks.
-  void VerticalLine(double y0, double y1, double x, const std::string& text, bool background,
-                    bool broken = false);
+  void VerticalDimension(double y0, double y1, double x, const std::string& text, bool background,
+                         bool broken = false);
 
   // The lowest Y of what has been drawn between x0 and x1; `none` if there is nothing.
   double Lowest(double x0, double x1, double none) const;

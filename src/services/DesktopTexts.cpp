@@ -95,7 +95,7 @@ void Append(std::string& text, const Line& line) {
 
 }  // namespace
 
-bool CanBeEntryText(std::string_view program) {
+bool CanNameProgram(std::string_view program) {
   return IsUtf8(program) && std::none_of(program.begin(), program.end(),
                                          [](char c) { return c == '=' || c == '%' || IsControl(c); });
 }

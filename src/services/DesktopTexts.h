@@ -14,7 +14,7 @@ inline constexpr std::string_view kProgramIcon = "korva-strond";
 
 // Whether a desktop entry can name that program. A path with "=", "%" or control characters, or one that is
 // no UTF-8, is never found by the desktops.
-bool CanBeEntryText(std::string_view program);
+bool CanNameProgram(std::string_view program);
 
 // The line of a desktop entry that starts `program` with one file, its name one argument whatever it holds.
 std::string ExecValue(std::string_view program);

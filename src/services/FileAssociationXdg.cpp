@@ -242,7 +242,7 @@ AssociationCaveats AssociateFileType(const UserFolders& user, const std::string&
     throw RuntimeError(ErrorNumber::kPathNotFound, "this user has no folder for application data");
   }
   const std::string program = folder + exeName;
-  if (!CanBeEntryText(program)) {
+  if (!CanNameProgram(program)) {
     throw RuntimeError(ErrorNumber::kInvalidCall,
                        program + ": a desktop cannot start a program with \"=\", \"%\" or such in its path");
   }

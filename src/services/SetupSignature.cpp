@@ -22,7 +22,7 @@ using PublicKey = std::array<unsigned char, kHeadBytes + crypto_sign_PUBLICKEYBY
 using Signature = std::array<unsigned char, kHeadBytes + crypto_sign_BYTES>;
 using GlobalSignature = std::array<unsigned char, crypto_sign_BYTES>;
 
-const unsigned char* DecodeBytes(std::string_view text) {
+const unsigned char* AsBytes(std::string_view text) {
   return reinterpret_cast<const unsigned char*>(text.data());
 }
 
@@ -62,8 +62,8 @@ std::optional<SignatureFile> ReadSignatureFile(std::string_view text) {
 }
 
 bool IsValid(const unsigned char* signature, std::string_view message, const PublicKey& key) {
-  return crypto_sign_verify_detached(signature, DecodeBytes(message), message.size(),
-                                     key.data() + kHeadBytes) == 0;
+  return crypto_sign_verify_detached(signature, AsBytes(message), message.size(), key.data() + kHeadBytes) ==
+         0;
 }
 
 bool FileVerifies(const Signature& signature, std::string_view file, const PublicKey& key) {
@@ -76,7 +76,7 @@ bool FileVerifies(const Signature& signature, std::string_view file, const Publi
   }
   std::array<unsigned char, crypto_generichash_BYTES_MAX> hash{};
   return signature[1] == 'D' &&
-         crypto_generichash(hash.data(), hash.size(), DecodeBytes(file), file.size(), nullptr, 0) == 0 &&
+         crypto_generichash(hash.data(), hash.size(), AsBytes(file), file.size(), nullptr, 0) == 0 &&
          IsValid(signatureItself, {reinterpret_cast<const char*>(hash.data()), hash.size()}, key);
 }
 

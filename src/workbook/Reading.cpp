@@ -9,8 +9,8 @@
 
 namespace korva {
 
-void Reading::MayContinue() const {
-  if (openParameters_ && !openParameters_()) {
+void Reading::ThrowIfCancelled() const {
+  if (askWhetherToGoOn_ && !askWhetherToGoOn_()) {
     throw RuntimeError(ErrorNumber::kDialogCancelled, fmt::format("{}: reading it was ended", file_));
   }
 }

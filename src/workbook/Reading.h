@@ -13,14 +13,14 @@ inline constexpr std::string_view kLockedWorkbook =
 
 class Reading {
  public:
-  Reading(std::string file, std::function<bool()> goOn)
-      : file_(std::move(file)), openParameters_(std::move(goOn)) {}
+  Reading(std::string file, std::function<bool()> askWhetherToGoOn)
+      : file_(std::move(file)), askWhetherToGoOn_(std::move(askWhetherToGoOn)) {}
 
   const std::string& File() const { return file_; }
 
   // Asks whether to go on, and ends the reading with the run-time error for a cancelled dialog if not. An
   // empty function always goes on.
-  void MayContinue() const;
+  void ThrowIfCancelled() const;
 
   // The ends of a reading that fails: run-time errors 57, 57, 7 and 9. Words out of the file may be any
   // bytes.
@@ -31,7 +31,7 @@ class Reading {
 
  private:
   std::string file_;
-  std::function<bool()> openParameters_;
+  std::function<bool()> askWhetherToGoOn_;
 };
 
 }  // namespace korva

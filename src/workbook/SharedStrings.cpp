@@ -83,7 +83,7 @@ std::vector<std::string> ReadSharedStrings(ZipParts& zip, const std::string& par
       reading.TooLarge("it has more texts than cells");
     }
   }
-  reading.MayContinue();
+  reading.ThrowIfCancelled();
   return texts;
 }
 

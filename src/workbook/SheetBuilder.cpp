@@ -11,7 +11,7 @@ namespace korva {
 void SheetBuilder::Put(const CellPlace& place, Cell cell) {
   static constexpr std::size_t kCellsBetweenQuestions = 4096;
   if (++seen_ % kCellsBetweenQuestions == 0) {
-    reading_.MayContinue();
+    reading_.ThrowIfCancelled();
   }
   if (place.Row < 1 || place.Row > kMostRows || place.Column < 1 || place.Column > kMostColumns) {
     reading_.Damaged(

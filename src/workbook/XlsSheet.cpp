@@ -58,7 +58,7 @@ XlsReader FindXlsReader() {
 Sheet ReadXlsSheet(const std::string& workbook, std::string_view name, const XlsReader& reader,
                    const Reading& reading) {
   const ChildCall call{reader.Program, {workbook, std::string(name)}, kLargestAnswer, reader.Limit};
-  const ChildResult result = RunChild(call, [&reading] { reading.MayContinue(); });
+  const ChildResult result = RunChild(call, [&reading] { reading.ThrowIfCancelled(); });
   switch (result.End) {
     case ChildEnd::kExited:
       break;

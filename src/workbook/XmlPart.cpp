@@ -20,7 +20,8 @@ pugi::xml_document ParseXml(const std::string& bytes, std::string_view part, std
                             const Reading& reading) {
   const auto marks = std::count_if(bytes.begin(), bytes.end(), [](char c) { return c == '<' || c == '='; });
   if (static_cast<std::size_t>(marks) > kMostXmlMarks) {
-    reading.TooLarge(fmt::format("its part {} has more than {} tags and attributes", part, kMostXmlMarks));
+    reading.TooLarge(
+        fmt::format("its part {} has more than {} of the characters < and =", part, kMostXmlMarks));
   }
   pugi::xml_document document;
   const pugi::xml_parse_result result =
@@ -34,7 +35,7 @@ pugi::xml_document ParseXml(const std::string& bytes, std::string_view part, std
   if (!IsElement(document.document_element(), root)) {
     reading.Damaged(fmt::format("its part {} is no {}", part, root));
   }
-  reading.MayContinue();
+  reading.ThrowIfCancelled();
   return document;
 }
 

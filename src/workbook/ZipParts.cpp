@@ -98,7 +98,7 @@ bool ZipParts::Has(std::string_view name) const {
 }
 
 std::string ZipParts::Read(std::string_view name) {
-  reading_.MayContinue();
+  reading_.ThrowIfCancelled();
   const auto part = parts_.find(KeyOf(name));
   if (part == parts_.end()) {
     reading_.Damaged(fmt::format("it has no part {}", name));
@@ -135,10 +135,10 @@ std::string ZipParts::Unpacked(std::string_view name, std::uint64_t size) {
     if (count == 0) {
       break;
     }
-    reading_.MayContinue();
+    reading_.ThrowIfCancelled();
   }
   if (unzCloseCurrentFile(zip_.get()) != UNZ_OK || bytes.size() != size) {
-    reading_.Damaged(fmt::format("its part {} fails its checksum", name));
+    reading_.Damaged(fmt::format("its part {} does not match its entry", name));
   }
   unpacked_ += size;
   return bytes;

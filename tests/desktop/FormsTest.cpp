@@ -75,6 +75,17 @@ TEST_F(Forms, DescriptionIsStoredAndUntouchedTextSurvives) {
   EXPECT_EQ(bench.Main.ParametersOpened, 1);
 }
 
+TEST_F(Forms, TabGoesAlongTheButtonsAsTheyStand) {
+  const frmKORVADesc form(bench.Forms);
+  QStringList names;
+  for (const QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain()) {
+    if (qobject_cast<const QPushButton*>(next) != nullptr) {
+      names << next->objectName();
+    }
+  }
+  EXPECT_EQ(names.join(' ').toStdString(), "Command3 Command2 Command4 Command1");
+}
+
 TEST_F(Forms, OtherUnitsResetAnUnlockedProjectTextsIncluded) {
   Korva& korva = bench.State;
   {

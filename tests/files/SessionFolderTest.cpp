@@ -134,7 +134,7 @@ TEST(SessionFolder, IsPrivateAndKeepsTwentyCopiesThatWereOffered) {
     const auto taken = session.TakeAbandoned();
     ASSERT_EQ(taken.size(), 1U);
     names.insert(taken[0]);
-    SessionFolder::KeepAsDone(taken[0]);
+    SessionFolder::RenameAsKept(taken[0]);
   }
   EXPECT_EQ(names.size(), 25U);
   EXPECT_EQ(count("kept-", ".KVL"), 20);

@@ -45,11 +45,11 @@ TEST(DesktopTexts, ExecNamesTheProgramWhateverItsPathHolds) {
   EXPECT_EQ(ExecValue("/opt/my \"$x\"/k"), R"("/opt/my \\"\\$x\\"/k" %f)");
   for (const std::string path :
        {"/opt/a b/k", "/o'p/t", R"(/a\b/"c"/`d`/$e)", R"(/\\/"")", "/ä ö/k", "/x;y&z|(a)<b>*?#~/k"}) {
-    EXPECT_TRUE(CanBeEntryText(path)) << path;
+    EXPECT_TRUE(CanNameProgram(path)) << path;
     EXPECT_EQ(WordsOfExec(ExecValue(path)), (std::vector<std::string>{path, "%f"}));
   }
   for (const char* path : {"/a=b/k", "/50%/k", "/a\nb/k", "/\xFF/k"}) {
-    EXPECT_FALSE(CanBeEntryText(path)) << path;
+    EXPECT_FALSE(CanNameProgram(path)) << path;
   }
 }
 
