@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <ranges>
 
 #include "desktop/AllForms.h"
 #include "desktop/plan/SchematicView.h"
@@ -175,8 +174,11 @@ void SaveHelp(FormBench& bench) {
 // Every form, with each of its tabs in front.
 void SaveForms(FormBench& bench) {
   const AllForms forms(bench);
-  for (const auto& form : forms.List() | std::views::drop(1)) {  // the main window has its own
+  for (const auto& form : forms.List()) {
     const QString name = form->objectName();
+    if (name == QLatin1String("frmMain")) {
+      continue;  // has its own
+    }
     auto* tabs = form->findChild<QTabWidget*>();
     Save(*form, name);
     for (int tab = 0; tabs != nullptr && tab < tabs->count(); ++tab) {
