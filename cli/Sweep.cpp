@@ -145,17 +145,17 @@ std::optional<RuntimeError> RunAndKeep(Korva& korva, SweepJob& job) {
 }
 
 void PrintNotes(const Korva& korva, const SweepCall& call) {
-  const auto tell = [&call](std::string_view text) { Warn(call.File, text); };
+  const auto warn = [&call](std::string_view text) { Warn(call.File, text); };
   for (const NoticeRange& range : NoticeRanges(korva.Sweep)) {
-    tell(fmt::format("{} {}: {}", ParameterName(call.Graph), range.Values, range.Reason));
+    warn(fmt::format("{} {}: {}", ParameterName(call.Graph), range.Values, range.Reason));
   }
   const std::vector<int> without = CurvesWithoutFactor(korva.Sweep);
   // A graph without any was told of before the sweep.
   if (!without.empty() && IsLaminatedCurve(without.front())) {
-    tell("there is no second barrier; the laminated factors are 0");
+    warn("there is no second barrier; the laminated factors are 0");
   }
   if (!korva.Sweep.Partial.empty()) {
-    tell("partial: " + korva.Sweep.Partial);
+    warn("partial: " + korva.Sweep.Partial);
   }
 }
 

@@ -98,12 +98,6 @@ QAction* AddItem(QMenu& menu, const QString& name, const ItemRow& row, const std
   return action;
 }
 
-QMenu* AddNamedMenu(QMenuBar& bar, const char* name, const char* caption) {
-  QMenu* menu = AddMenu(bar, name, caption);
-  menu->menuAction()->setObjectName(menu->objectName());
-  return menu;
-}
-
 }  // namespace
 
 MainMenus::MainMenus(QMainWindow& window, const Commands& commands) {
@@ -115,7 +109,7 @@ MainMenus::MainMenus(QMainWindow& window, const Commands& commands) {
       items_[name] = AddItem(menu, name, rows[i], [command, i] { command(i); });
     }
   };
-  fileMenu_ = AddNamedMenu(bar, "mnuFile", "&File");
+  fileMenu_ = AddMenu(bar, "mnuFile", "&File");
   fill(*fileMenu_, "mnuFileItem", FileItems(), commands.File);
   for (int i = kRecentSeparator; i <= kMostRecentFiles; ++i) {
     const QString name = IndexedName("mnuFileArray", i);
@@ -123,17 +117,17 @@ MainMenus::MainMenus(QMainWindow& window, const Commands& commands) {
                            [command = commands.Recent, i] { command(i); });
     items_[name]->setVisible(false);
   }
-  fill(*AddNamedMenu(bar, "mnuEdit", "&Input"), "mnuEditItem", EditItems(), commands.Edit);
+  fill(*AddMenu(bar, "mnuEdit", "&Input"), "mnuEditItem", EditItems(), commands.Edit);
 
-  QMenu* output = AddNamedMenu(bar, "mnuCalc", "&Output");
+  QMenu* output = AddMenu(bar, "mnuCalc", "&Output");
   fill(*output, "mnuCalcItem", {{"Stability Factors...", Qt::Key_F5}, {""}}, commands.Calc);
   QMenu* graph = output->addMenu(QStringLiteral("Graph"));
   graph->setObjectName(QStringLiteral("mnuCalcItem(2)"));
   graph->menuAction()->setObjectName(QStringLiteral("mnuCalcItem(2)"));
   fill(*graph, "mnuCalcGrafItem", GraphItems(), commands.Graph);
 
-  fill(*AddNamedMenu(bar, "mnuUtil", "&Utilities"), "mnuUtilItem", UtilItems(), commands.Util);
-  fill(*AddNamedMenu(bar, "mnuHelp", "&Help"), "mnuHelpItem", HelpItems(), commands.Help);
+  fill(*AddMenu(bar, "mnuUtil", "&Utilities"), "mnuUtilItem", UtilItems(), commands.Util);
+  fill(*AddMenu(bar, "mnuHelp", "&Help"), "mnuHelpItem", HelpItems(), commands.Help);
   AddToolBar(window, commands);
 }
 

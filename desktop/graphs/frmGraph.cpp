@@ -25,7 +25,6 @@ namespace korva::desktop {
 namespace {
 
 constexpr int kLeastSide = 267;  // 4000 twips
-constexpr std::string_view kPointPattern = "##0.00";
 
 }  // namespace
 
@@ -137,8 +136,8 @@ void frmGraph::TrackPoint(QPointF position) {
     graph1_->unsetCursor();
     return;
   }
-  lblSF_->setText(FromUtf8(Format(point->Y, kPointPattern)));
-  lblX_->setText(FromUtf8(Format(point->X, kPointPattern)));
+  lblSF_->setText(FromUtf8(Format(point->Y, kFactorPattern)));
+  lblX_->setText(FromUtf8(Format(point->X, kFactorPattern)));
   const Chart& shown = graph1_->Shown();
   lblCurve_->setText(shown.Legend ? FromUtf8(shown.Curves[point->Curve].Label) : QString());
   graph1_->setCursor(Qt::CrossCursor);

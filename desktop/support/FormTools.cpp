@@ -150,6 +150,7 @@ QComboBox* NewList(const QString& name, QWidget* parent) {
 QMenu* AddMenu(QMenuBar& bar, const char* name, const char* caption) {
   QMenu* menu = bar.addMenu(QLatin1String(caption));
   menu->setObjectName(QLatin1String(name));
+  menu->menuAction()->setObjectName(menu->objectName());
   return menu;
 }
 
@@ -213,7 +214,7 @@ void KeepPlace(QWidget& widget) {
   widget.setSizePolicy(policy);
 }
 
-QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons) {
+QBoxLayout* NewButtonRow(QPushButton* help, const QList<QPushButton*>& buttons) {
   auto* row = new QHBoxLayout;
   if (help != nullptr) {
     row->addWidget(help);
@@ -226,22 +227,17 @@ QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> 
 }
 
 QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
-                           const std::function<void()>& ok, std::initializer_list<QPushButton*> between) {
+                           const std::function<void()>& ok, const QList<QPushButton*>& between) {
   QPushButton* accept = NewButton(okName, "OK", "", dialog, ok);
   accept->setDefault(true);
-  QBoxLayout* row = NewButtonRow(help, {accept});
-  for (QPushButton* button : between) {
-    row->addWidget(button);
+  QPushButton* cancel = NewButton(cancelName, "Cancel", "", dialog, [&dialog] { dialog.reject(); });
+  const QList<QPushButton*> buttons = QList{accept} + between + QList{cancel};
+  QWidget* last = help;  // Tab goes along the row
+  for (QPushButton* button : buttons) {
+    QWidget::setTabOrder(last, button);
+    last = button;
   }
-  row->addWidget(NewButton(cancelName, "Cancel", "", dialog, [&dialog] { dialog.reject(); }));
-  QWidget* last = nullptr;  // Tab goes along the row
-  for (int i = 0; i < row->count(); ++i) {
-    if (QWidget* button = row->itemAt(i)->widget()) {
-      QWidget::setTabOrder(last, button);
-      last = button;
-    }
-  }
-  return row;
+  return NewButtonRow(help, buttons);
 }
 
 void DropButtonIcons(const QWidget& dialog) {

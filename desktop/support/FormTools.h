@@ -5,12 +5,12 @@
 #include <QFont>
 #include <QFormLayout>
 #include <QLabel>
+#include <QList>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QString>
 #include <QWidget>
 #include <functional>
-#include <initializer_list>
 #include <span>
 #include <string_view>
 
@@ -81,11 +81,11 @@ QVBoxLayout* NewColumn(QWidget* widget);
 void KeepPlace(QWidget& widget);
 
 // A row of buttons at the bottom: `help` at the left, the others at the right in their order.
-QBoxLayout* NewButtonRow(QPushButton* help, std::initializer_list<QPushButton*> buttons);
+QBoxLayout* NewButtonRow(QPushButton* help, const QList<QPushButton*>& buttons);
 
 // The same of a dialog: OK, the default, which does `ok`, the buttons `between`, and Cancel.
 QBoxLayout* NewOkCancelRow(QDialog& dialog, QPushButton* help, const char* okName, const char* cancelName,
-                           const std::function<void()>& ok, std::initializer_list<QPushButton*> between = {});
+                           const std::function<void()>& ok, const QList<QPushButton*>& between = {});
 
 // Takes the toolkit's pictures off the buttons of one of its own dialogs: no other window has them.
 void DropButtonIcons(const QWidget& dialog);

@@ -32,9 +32,9 @@ void AddLine(std::string& text, std::initializer_list<double> values) {
   text += "\r\n";
 }
 
-void AddSupports(std::string& text, const std::array<Support, kSides>& bearings) {
-  for (const Support& b : bearings) {
-    AddLine(text, {b.Strength, b.Area, b.Load[0], b.Load[1]});
+void AddSupports(std::string& text, const std::array<Support, kSides>& supports) {
+  for (const Support& support : supports) {
+    AddLine(text, {support.Strength, support.Area, support.Load[0], support.Load[1]});
   }
 }
 

@@ -186,9 +186,9 @@ std::string FileMenu::SaveWarning(bool chosen) const {
 }
 
 bool FileMenu::MayReplace(bool chosen) {
-  const std::string doubt = SaveWarning(chosen);
-  return doubt.empty() ||
-         IsConfirmed(korva_, ports_.Messages, fmt::format(fmt::runtime(doubt), korva_.ProjectFileName),
+  const std::string warning = SaveWarning(chosen);
+  return warning.empty() ||
+         IsConfirmed(korva_, ports_.Messages, fmt::format(fmt::runtime(warning), korva_.ProjectFileName),
                      "messages-files", MessageButtons::kYesNoDefaultNo, MessageIcon::kExclamation);
 }
 

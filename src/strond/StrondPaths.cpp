@@ -23,8 +23,8 @@ constexpr std::array<PlaceFiles, 4> kPlaces = {{
     {&StrondPlace::Docs, "{0}{1}{2}", "{0}{1}/{1}{2}", "{0}{1}_KVSD{2}"},
 }};
 
-std::string PathOf(std::string_view PlaceFiles::*file, const std::string& projectPath, std::string_view ext,
-                   const StrondPlace& place) {
+std::string StrondFile(std::string_view PlaceFiles::*file, const std::string& projectPath,
+                       std::string_view ext, const StrondPlace& place) {
   const auto index = static_cast<std::size_t>(place.iOptDir);
   return index >= kPlaces.size()
              ? std::string()
@@ -43,15 +43,15 @@ StrondPlace StrondPlaceOf(const Folders& folders, SolverFolder iOptDir) {
 }
 
 std::string StrondInputPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  return PathOf(&PlaceFiles::Input, projectPath, ext, place);
+  return StrondFile(&PlaceFiles::Input, projectPath, ext, place);
 }
 
 std::string StrondOutputPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  return PathOf(&PlaceFiles::Output, projectPath, ext, place);
+  return StrondFile(&PlaceFiles::Output, projectPath, ext, place);
 }
 
 std::string StrondResultPath(const std::string& projectPath, std::string_view ext, const StrondPlace& place) {
-  return PathOf(&PlaceFiles::Result, projectPath, ext, place);
+  return StrondFile(&PlaceFiles::Result, projectPath, ext, place);
 }
 
 }  // namespace korva

@@ -3,15 +3,13 @@
 //   <!-- check: korva ARGUMENTS [with FIELD=VALUE...] [in metric units] -->  text that the command prints, in
 //                                                           pieces between lines of "..."
 //   <!-- check: calc FILE -->          a table whose first cell names a result and whose last one holds it
-//   <!-- check: table FILE NAME... --> a table with a column for each name: fields of the parameters form
-//   first,
-//                                      by their controls' names without txt or chk, which are set, then
+//   <!-- check: table FILE NAME... --> a table with a column for each name: first fields of the parameters
+//                                      form by their controls' names without txt or chk, which are set, then
 //                                      results as calc names them, or RULES for the rules that spoke, or
 //                                      WARNINGS for those that print a text, by name
-//   <!-- check: rows FILE NAME... : FIELD=VALUE... : ... -->  a table with words in its first column and one
-//   for
-//                                      each name; behind each colon stands what a row changes, "-" for
-//                                      nothing
+//   <!-- check: rows FILE NAME... : FIELD=VALUE... : ... -->  a table with words in its first column and then
+//                                      a column for each name; behind each colon stands what a row changes,
+//                                      "-" for nothing
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <gtest/gtest.h>

@@ -104,7 +104,9 @@ TEST_F(PlanCommand, ShowsWhatTheModelOfTheProjectComputes) {
   EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "3", "--json"}).Out), "(tons)"));
   EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "5", "--json"}).Out), "Total (psi)"));
   for (const char* option : {"PlotEntryDims=0", "PlotGobExtLoose=0"}) {
-    EXPECT_NE(Call({"two.KVL", "--set", option}).Out, Call({"two.KVL"}).Out) << option;
+    const ProgramResult changed = Call({"two.KVL", "--set", option});
+    EXPECT_EQ(changed.Status, 0) << changed.Err;
+    EXPECT_NE(changed.Out, Call({"two.KVL"}).Out) << option;
   }
   EXPECT_TRUE(Says(json::parse(Call({"two.KVL", "--plot", "2", "--model", "laminated", "--json"}).Out),
                    "KORVA-STROND: Unit Pillar Strength"));

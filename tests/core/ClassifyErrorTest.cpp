@@ -36,6 +36,7 @@ TEST_F(ClassifyErrorTest, DeviceFileAndPrinterErrorsOfferRetryAndOthersEndTheCom
     EXPECT_EQ(Classify(number), ErrorAction::kEndCommand) << number;
     const std::string end = "(" + std::to_string(number) + "). Procedure Terminated";
     EXPECT_NE(port_.Shown.back().text.find(end), std::string::npos);
+    EXPECT_EQ(port_.Shown.back().topic, "error-" + std::to_string(number));
   }
 }
 
